@@ -1,0 +1,10 @@
+# Compiler options shared by every target.
+add_library(tesselor_options INTERFACE)
+target_compile_options(tesselor_options INTERFACE -Wall -Wextra -Wno-unused-parameter -ffp-contract=off)
+if(TESSELOR_WARNINGS_AS_ERRORS)
+  target_compile_options(tesselor_options INTERFACE -Werror)
+endif()
+if(TESSELOR_SANITIZE)
+  target_compile_options(tesselor_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(tesselor_options INTERFACE -fsanitize=address,undefined)
+endif()

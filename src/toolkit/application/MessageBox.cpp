@@ -1,0 +1,30 @@
+#include "toolkit/application/MessageBox.h"
+
+#include "toolkit/base/Diagnostics.h"
+
+#include <utility>
+
+namespace Toolkit {
+
+namespace {
+MessageBox::Presenter& CurrentPresenter() {
+  static MessageBox::Presenter presenter;
+  return presenter;
+}
+} // namespace
+
+void MessageBox::Show(std::string text, std::string caption, MessageBoxButton buttons, MessageBoxImage image,
+                      Callback callback) {
+  if (CurrentPresenter()) {
+    CurrentPresenter()({std::move(text), std::move(caption), buttons, image, std::move(callback)});
+    return;
+  }
+  TOOLKIT_WARN("MessageBox", caption + ": " + text);
+  if (callback) callback(MessageBoxResult::None);
+}
+
+MessageBox::Presenter MessageBox::SetPresenter(Presenter presenter) {
+  return std::exchange(CurrentPresenter(), std::move(presenter));
+}
+
+} // namespace Toolkit

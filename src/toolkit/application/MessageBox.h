@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace Toolkit {
+
+enum class MessageBoxButton { OK = 0, OKCancel = 1 };
+enum class MessageBoxImage { None = 0, Error = 16, Warning = 48 };
+enum class MessageBoxResult { None = 0, OK = 1, Cancel = 2 };
+
+/// A box with a text, a caption and buttons. `Show` returns at once; the answer comes to the callback, later or never.
+/// Only the answer OK means that the user agreed.
+class MessageBox {
+public:
+  using Callback = std::function<void(MessageBoxResult)>;
+
+  struct Request {
+    std::string text;
+    std::string caption;
+    MessageBoxButton buttons = MessageBoxButton::OK;
+    MessageBoxImage image = MessageBoxImage::None;
+    Callback callback;
+  };
+  /// Shows requests. The display installs one; tests install their own.
+  using Presenter = std::function<void(Request)>;
+
+  static void Show(std::string text, std::string caption, MessageBoxButton buttons = MessageBoxButton::OK,
+                   MessageBoxImage image = MessageBoxImage::None, Callback callback = {});
+
+  /// Replaces the presenter and returns the former one. An empty presenter writes each box to the toolkit's log at
+  /// level Warning (caption and text) and answers it with None, so nothing that needs a user's consent goes on.
+  static Presenter SetPresenter(Presenter presenter);
+};
+
+} // namespace Toolkit
