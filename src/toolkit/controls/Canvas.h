@@ -1,0 +1,37 @@
+#pragma once
+
+#include "toolkit/controls/Panel.h"
+
+namespace Toolkit {
+
+/// Places children at coordinates. Each child is a layout root of its own: its size never changes the canvas, and a
+/// change inside one child lays out that child only.
+class Canvas : public Panel {
+  TOOLKIT_TYPE(Canvas)
+public:
+  static inline const DependencyProperty* LeftProperty = nullptr;
+  static inline const DependencyProperty* TopProperty = nullptr;
+  static inline const DependencyProperty* RightProperty = nullptr;
+  static inline const DependencyProperty* BottomProperty = nullptr;
+
+  Canvas() = default;
+  /// Not a number while it was never set.
+  static float GetLeft(const UIElement* element) { return element->Get<float>(LeftProperty); }
+  static void SetLeft(UIElement* element, float value) { element->SetValue(LeftProperty, value); }
+  static float GetTop(const UIElement* element) { return element->Get<float>(TopProperty); }
+  static void SetTop(UIElement* element, float value) { element->SetValue(TopProperty, value); }
+
+protected:
+  Size MeasureOverride(Size available) override;
+  Size ArrangeOverride(Size finalSize) override;
+  void OnChildrenChanged() override;
+  void OnChildAdded(UIElement* child) override;
+  void OnChildDesiredSizeChanged(UIElement* child) override;
+
+private:
+  friend void PlaceOnCanvas(DependencyObject& object, const PropertyChange& change);
+  void ArrangeChild(UIElement& child);
+  Size size;
+};
+
+} // namespace Toolkit

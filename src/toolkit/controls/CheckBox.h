@@ -1,0 +1,23 @@
+#pragma once
+
+#include "toolkit/controls/ButtonBase.h"
+
+namespace Toolkit {
+
+/// A button with two states. `IsChecked` changes before `Click` is raised.
+class CheckBox : public ButtonBase {
+  TOOLKIT_TYPE(CheckBox)
+public:
+  static inline const DependencyProperty* IsCheckedProperty = nullptr;
+  CheckBox() = default;
+  bool IsChecked() const { return Get<bool>(IsCheckedProperty); }
+  void SetIsChecked(bool value) { SetValue(IsCheckedProperty, value); }
+  void Render(Painter& painter) override;
+
+protected:
+  void OnClick() override;
+  Size MeasureOverride(Size available) override;
+  Size ArrangeOverride(Size finalSize) override;
+};
+
+} // namespace Toolkit

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "toolkit/visual/FrameworkElement.h"
+
+#include <vector>
+
+namespace Toolkit {
+
+class Brush;
+
+/// An element that lays out any number of children. Owns them.
+class Panel : public FrameworkElement {
+  TOOLKIT_TYPE(Panel)
+public:
+  static inline const DependencyProperty* BackgroundProperty = nullptr;
+  /// Attached: higher values are drawn and hit later, that is, on top. Equal values keep the order of the children.
+  static inline const DependencyProperty* ZIndexProperty = nullptr;
+
+  static int32_t GetZIndex(const UIElement* element) { return element->Get<int32_t>(ZIndexProperty); }
+  static void SetZIndex(UIElement* element, int32_t value) { element->SetValue(ZIndexProperty, value); }
+
+  size_t ChildCount() const { return children.size(); }
+  UIElement* Child(size_t index) const { return children[index].Get(); }
+  void AddChild(UIElement* child);
+  void InsertChild(size_t index, UIElement* child);
+  /// False if it is no child.
+  bool RemoveChild(UIElement* child);
+  void ClearChildren();
+  bool HasChild(const UIElement* child) const { return child && child->VisualParent() == this; }
+
+  size_t VisualChildCount() const override { return children.size(); }
+  UIElement* VisualChild(size_t index) const override { return children[index].Get(); }
+  /// The children in drawing order.
+  const std::vector<UIElement*>& ZOrderedChildren() const;
+  void Render(Painter& painter) override;
+  UIElement* HitTest(Point point) override;
+  /// A child's `ZIndex` changed.
+  void InvalidateZOrder() { zOrderValid = false; }
+
+protected:
+  Panel() = default;
+  ~Panel() override;
+  bool HitTestSelf(Point point) const override;
+  /// The set of children changed; the base invalidates the measure.
+  virtual void OnChildrenChanged() { InvalidateMeasure(); }
+  virtual void OnChildAdded(UIElement* child) {}
+  virtual void OnChildRemoved(UIElement* child) {}
+
+private:
+  std::vector<Ptr<UIElement>> children;
+  mutable std::vector<UIElement*> zOrdered;
+  mutable bool zOrderValid = false;
+};
+
+} // namespace Toolkit

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "toolkit/controls/Control.h"
+
+namespace Toolkit {
+
+enum class TickPlacement : uint8_t { None, TopLeft, BottomRight, Both };
+const EnumDescription& DescribeEnum(TickPlacement);
+
+/// A value chosen on a horizontal track, by dragging, clicking the track or with the arrow and page keys.
+class Slider : public Control {
+  TOOLKIT_TYPE(Slider)
+public:
+  static inline const DependencyProperty* ValueProperty = nullptr;
+  static inline const DependencyProperty* MinimumProperty = nullptr;
+  static inline const DependencyProperty* MaximumProperty = nullptr;
+  static inline const DependencyProperty* TickFrequencyProperty = nullptr;
+  static inline const DependencyProperty* SmallChangeProperty = nullptr;
+  static inline const DependencyProperty* LargeChangeProperty = nullptr;
+  static inline const DependencyProperty* TickPlacementProperty = nullptr;
+  static inline const DependencyProperty* IsSnapToTickEnabledProperty = nullptr;
+  static const RoutedEvent ValueChangedEvent;
+
+  Slider() = default;
+  float GetValueNumber() const { return Get<float>(ValueProperty); }
+  /// Kept between `Minimum` and `Maximum`.
+  void SetValueNumber(float value);
+  void Render(Painter& painter) override;
+
+protected:
+  void OnRoutedEvent(const RoutedEventArgs& args) override;
+  void OnPropertyChanged(const PropertyChange& change) override;
+  Size MeasureOverride(Size available) override;
+  bool HitTestSelf(Point point) const override;
+
+private:
+  void MoveTo(Point point);
+};
+
+} // namespace Toolkit

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "toolkit/controls/Control.h"
+#include "toolkit/controls/TextElement.h"
+
+#include <memory>
+#include <string>
+
+namespace Toolkit {
+
+class TextEditor;
+
+enum class ScrollBarVisibility : uint8_t { Disabled, Auto, Hidden, Visible };
+const EnumDescription& DescribeEnum(ScrollBarVisibility);
+
+/// A box in which text is edited. It draws its own frame and text; what only an editing session needs (caret,
+/// selection, undo, scroll bars) is made when the session begins.
+class TextBox : public Control {
+  TOOLKIT_TYPE(TextBox)
+public:
+  /// Two-way bindings carry it to their source when the focus leaves, unless they say otherwise.
+  static inline const DependencyProperty* TextProperty = nullptr;
+  static inline const DependencyProperty* TextWrappingProperty = nullptr;
+  static inline const DependencyProperty* TextAlignmentProperty = nullptr;
+  static inline const DependencyProperty* AcceptsReturnProperty = nullptr;
+  static inline const DependencyProperty* IsReadOnlyProperty = nullptr;
+  static inline const DependencyProperty* MaxLengthProperty = nullptr;
+  static inline const DependencyProperty* PlaceholderProperty = nullptr;
+  static inline const DependencyProperty* CaretBrushProperty = nullptr;
+  static inline const DependencyProperty* SelectionBrushProperty = nullptr;
+  static inline const DependencyProperty* VerticalScrollBarVisibilityProperty = nullptr;
+  static inline const DependencyProperty* HorizontalScrollBarVisibilityProperty = nullptr;
+  /// Bubbling, raised on every change of the text, whoever made it.
+  static const RoutedEvent TextChangedEvent, SelectionChangedEvent;
+
+  TextBox();
+  ~TextBox() override;
+  std::string_view GetText() const { return GetString(TextProperty); }
+  void SetText(std::string_view text) { SetValue(TextProperty, text); }
+  /// Byte offsets into the text.
+  size_t CaretIndex() const;
+  void Select(size_t start, size_t length);
+  void SelectAll();
+  size_t SelectionStart() const;
+  size_t SelectionLength() const;
+  /// Bytes of the given visual line, its line end included; 0 if there is no such line.
+  size_t LineLength(size_t line) const;
+  void Render(Painter& painter) override;
+
+protected:
+  void OnPropertyChanged(const PropertyChange& change) override;
+  void OnRoutedEvent(const RoutedEventArgs& args) override;
+  Size MeasureOverride(Size available) override;
+  Size ArrangeOverride(Size finalSize) override;
+  bool HitTestSelf(Point point) const override { return true; }
+
+private:
+  friend class TextEditor;
+  TextEditor& Editor() const;
+  mutable std::unique_ptr<TextEditor> editor;
+};
+
+} // namespace Toolkit

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "toolkit/visual/InputEvents.h"
+#include "toolkit/visual/UIElement.h"
+
+#include <bitset>
+
+namespace Toolkit {
+
+/// Where raw input enters the tree: the display feeds it, hit testing and routing do the rest. One per root; the
+/// current one serves `Mouse` and `Keyboard`.
+class InputState {
+public:
+  explicit InputState(UIElement& root);
+  ~InputState();
+  InputState(const InputState&) = delete;
+  InputState& operator=(const InputState&) = delete;
+  static InputState* Current();
+
+  // Raw input, positions in the root's coordinates. Each returns true if a handler took it.
+  bool MouseMove(Point position);
+  bool MouseDown(MouseButton button, Point position, uint32_t clickCount);
+  bool MouseUp(MouseButton button, Point position);
+  bool MouseWheel(Point position, float notches);
+  void MouseLeave();
+  bool KeyDown(Key key, bool isRepeat = false);
+  bool KeyUp(Key key);
+  bool TextInput(std::string_view text);
+  /// The window lost the system's focus: keys and buttons count as released.
+  void ReleaseAll();
+
+  Point MousePosition() const { return mousePosition; }
+  bool IsKeyDown(Key key) const { return keys[static_cast<size_t>(key)]; }
+  MouseButtonState ButtonState(MouseButton button) const { return buttons[static_cast<size_t>(button)]; }
+  UIElement* Focused() const { return focused.Get(); }
+  UIElement* Hovered() const { return hovered.Get(); }
+  UIElement* Captured() const { return captured.Get(); }
+  /// All mouse input goes to `element` until it is released with null.
+  void Capture(UIElement* element) { captured = WeakPtr<UIElement>(element); }
+  /// Null takes the focus away.
+  bool SetFocus(UIElement* element);
+  /// Moves the focus to the next element that can take it, in tree order; backwards if `forward` is false.
+  bool MoveFocus(bool forward);
+  /// The element under the mouse may have changed: after layout.
+  void UpdateHover();
+  void ElementGone(UIElement& element);
+
+private:
+  void FillMouse(MouseEventArgs& args) const;
+  UIElement* Target(Point position) const;
+  void SetHovered(UIElement* element);
+  bool Route(const RoutedEvent& preview, const RoutedEvent& bubbling, RoutedEventArgs& args, UIElement& target);
+
+  UIElement& root;
+  InputState* outer;
+  Point mousePosition{-1, -1};
+  MouseButtonState buttons[3] = {};
+  std::bitset<static_cast<size_t>(Key::Count)> keys;
+  WeakPtr<UIElement> focused, hovered, captured;
+};
+
+class Mouse {
+public:
+  /// The mouse in the coordinates of `relativeTo`, or of the root if that is null.
+  static Point GetPosition(const UIElement* relativeTo);
+  static MouseButtonState GetButtonState(MouseButton button);
+};
+
+class Keyboard {
+public:
+  static bool IsKeyDown(Key key);
+  static UIElement* GetFocused();
+};
+
+} // namespace Toolkit

@@ -1,0 +1,164 @@
+#pragma once
+
+#include "toolkit/base/DependencyObject.h"
+#include "toolkit/base/Geometry.h"
+#include "toolkit/base/RoutedEvent.h"
+
+#include <memory>
+#include <vector>
+
+namespace Toolkit {
+
+class LayoutQueue;
+class Painter;
+
+enum class Visibility : uint8_t { Collapsed = 0, Hidden = 1, Visible = 2 };
+const EnumDescription& DescribeEnum(Visibility);
+
+/// A node of the visual tree: layout, routed events, input and hit testing. The parent owns it; its pointer to the
+/// parent is raw and cleared on detach.
+class UIElement : public DependencyObject {
+  TOOLKIT_TYPE(UIElement)
+public:
+  static inline const DependencyProperty* VisibilityProperty = nullptr;
+  static inline const DependencyProperty* OpacityProperty = nullptr;
+  static inline const DependencyProperty* IsEnabledProperty = nullptr;
+  static inline const DependencyProperty* IsHitTestVisibleProperty = nullptr;
+  static inline const DependencyProperty* FocusableProperty = nullptr;
+  static inline const DependencyProperty* ClipToBoundsProperty = nullptr;
+  static inline const DependencyProperty* RenderTransformProperty = nullptr;
+  static inline const DependencyProperty* RenderTransformOriginProperty = nullptr;
+  static inline const DependencyProperty* EffectProperty = nullptr;
+  static inline const DependencyProperty* IsMouseOverProperty = nullptr;
+  static inline const DependencyProperty* IsFocusedProperty = nullptr;
+
+  static const RoutedEvent PreviewMouseDownEvent, MouseDownEvent, PreviewMouseUpEvent, MouseUpEvent;
+  static const RoutedEvent PreviewMouseLeftButtonDownEvent, MouseLeftButtonDownEvent;
+  static const RoutedEvent PreviewMouseLeftButtonUpEvent, MouseLeftButtonUpEvent;
+  static const RoutedEvent PreviewMouseRightButtonDownEvent, MouseRightButtonDownEvent;
+  static const RoutedEvent PreviewMouseRightButtonUpEvent, MouseRightButtonUpEvent;
+  static const RoutedEvent PreviewMouseMoveEvent, MouseMoveEvent, MouseEnterEvent, MouseLeaveEvent;
+  static const RoutedEvent PreviewMouseWheelEvent, MouseWheelEvent;
+  static const RoutedEvent PreviewKeyDownEvent, KeyDownEvent, PreviewKeyUpEvent, KeyUpEvent;
+  static const RoutedEvent PreviewTextInputEvent, TextInputEvent;
+  static const RoutedEvent GotFocusEvent, LostFocusEvent;
+
+  ~UIElement() override;
+
+  Visibility GetVisibility() const { return Get<Visibility>(VisibilityProperty); }
+  void SetVisibility(Visibility value) { SetValue(VisibilityProperty, value); }
+  bool IsEnabled() const;
+  /// Visible, and so are all ancestors up to the root it hangs on.
+  bool IsVisible() const;
+
+  // The tree.
+  UIElement* VisualParent() const { return visualParent; }
+  /// The visual parent, or else the element that logically holds this one (content that is not shown yet).
+  virtual UIElement* UIParent() const { return visualParent; }
+  virtual size_t VisualChildCount() const { return 0; }
+  virtual UIElement* VisualChild(size_t index) const { return nullptr; }
+  DependencyObject* InheritanceParent() const override { return UIParent(); }
+  bool IsAncestorOf(const UIElement* element) const;
+  /// True while the element hangs below a root that is laid out.
+  bool IsAttached() const { return attached; }
+  /// Makes this element a root that is laid out and takes input, or ends that.
+  void AttachAsRoot();
+  void DetachAsRoot();
+
+  // Layout.
+  void Measure(Size available);
+  void Arrange(const Rect& finalRect);
+  Size DesiredSize() const { return desiredSize; }
+  Size RenderSize() const { return renderSize; }
+  float ActualWidth() const { return renderSize.width; }
+  float ActualHeight() const { return renderSize.height; }
+  /// The position in the parent, before any transform.
+  Point Offset() const { return offset; }
+  void InvalidateMeasure();
+  void InvalidateArrange();
+  void InvalidateVisual();
+  bool IsMeasureValid() const { return !measureDirty; }
+  bool IsArrangeValid() const { return !arrangeDirty; }
+  /// Runs all layout that is due, of this element's whole root.
+  void UpdateLayout();
+
+  // Geometry.
+  /// The map from this element's coordinates to its parent's.
+  Matrix TransformToParent() const;
+  /// The map from this element's coordinates to those of `ancestor`; to the root's if `ancestor` is null.
+  Matrix TransformToAncestor(const UIElement* ancestor) const;
+  Point PointFromRoot(Point rootPoint) const { return TransformToAncestor(nullptr).Inverse().Map(rootPoint); }
+  /// The topmost element at a point of this element's coordinates, or null.
+  virtual UIElement* HitTest(Point point);
+
+  // Events.
+  void AddHandler(const RoutedEvent& event, RoutedEventHandler handler, bool handledEventsToo = false);
+  void RemoveHandler(const RoutedEvent& event, const RoutedEventHandler& handler);
+  /// Sends the event along its route, which is captured before the first call.
+  void RaiseEvent(const RoutedEventArgs& args);
+
+  /// Gives this element the keyboard focus; false if it cannot take it.
+  bool Focus();
+  bool IsFocused() const { return Get<bool>(IsFocusedProperty); }
+
+protected:
+  UIElement();
+
+  /// A child was added to or taken from what `VisualChild` lists.
+  void AddVisualChild(UIElement* child);
+  void RemoveVisualChild(UIElement* child);
+  void OnPropertyChanged(const PropertyChange& change) override;
+  void RefreshInheritanceOfChildren(uint16_t changedBits) override;
+
+  /// Returns the wanted size, margin included.
+  virtual Size MeasureCore(Size available) { return {}; }
+  virtual void ArrangeCore(const Rect& finalRect);
+  /// A child's wanted size changed outside this element's own measure.
+  virtual void OnChildDesiredSizeChanged(UIElement* child) { InvalidateMeasure(); }
+  /// True if `point` hits this element itself, apart from its children.
+  virtual bool HitTestSelf(Point point) const { return false; }
+  /// The class's own part in an event, before the handlers of this element.
+  virtual void OnRoutedEvent(const RoutedEventArgs& args) {}
+  /// The element has come below a root, or has left it.
+  virtual void OnAttached() {}
+  virtual void OnDetached() {}
+  void SetRenderSize(Size size, Point position);
+  Size PreviousAvailable() const { return previousAvailable; }
+
+public:
+  /// Records how the element itself looks, in its own coordinates and without its children.
+  virtual void Render(Painter& painter) {}
+
+private:
+  friend class LayoutQueue;
+  friend class InputState;
+  struct HandlerEntry {
+    const RoutedEvent* event;
+    bool handledEventsToo;
+    RoutedEventHandler handler;
+  };
+  void InvokeHandlers(const RoutedEventArgs& args);
+  void SetAttached(bool value);
+
+  UIElement* visualParent = nullptr;
+  std::unique_ptr<std::vector<HandlerEntry>> handlers;
+  Size desiredSize;
+  Size previousAvailable;
+  Size renderSize;
+  Point offset;
+  Rect finalRect;
+  bool measureDirty : 1 = true;
+  bool arrangeDirty : 1 = true;
+  bool neverMeasured : 1 = true;
+  bool neverArranged : 1 = true;
+  bool measuring : 1 = false;
+  bool inMeasureQueue : 1 = false;
+  bool inArrangeQueue : 1 = false;
+  bool attached : 1 = false;
+
+protected:
+  /// Set by a class that needs its `OnAttached` and `OnDetached` called.
+  bool wantsAttachment : 1 = false;
+};
+
+} // namespace Toolkit
