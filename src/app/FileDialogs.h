@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace Tesselor {
+
+/// Shows the dialogs of the desktop, or what stands in for them.
+class FileDialogBackend {
+public:
+  virtual ~FileDialogBackend() = default;
+  virtual std::optional<std::string> Open(const std::string& filter) = 0;
+  virtual std::optional<std::string> Save(const std::string& filter) = 0;
+};
+
+/// The system's dialogs for choosing a file; both block until the dialog is closed and give the path in UTF-8.
+/// Nothing comes back from a dialog that was cancelled, and a dialog that can't be shown counts as cancelled.
+///
+/// `filter` lists extensions without dots: commas join extensions into one choice, semicolons separate choices
+/// ("json,txt;png"). An empty filter shows all files.
+class FileDialogs {
+public:
+  static std::optional<std::string> Open(const std::string& filter = {});
+  static std::optional<std::string> Save(const std::string& filter = {});
+
+  /// Installs a backend, which stays the caller's and must outlive its installation; returns the former one. Null, as
+  /// at the start, means the desktop's own dialogs.
+  static FileDialogBackend* SetBackend(FileDialogBackend* backend);
+};
+
+} // namespace Tesselor
