@@ -1,0 +1,40 @@
+#pragma once
+
+#include "toolkit/application/MessageBox.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace TestSupport {
+
+/// Takes the place of the screen for message boxes: keeps every request and answers it at once.
+class CapturedBoxes {
+public:
+  explicit CapturedBoxes(Toolkit::MessageBoxResult answer = Toolkit::MessageBoxResult::OK) {
+    former = Toolkit::MessageBox::SetPresenter([this, answer](Toolkit::MessageBox::Request request) {
+      const auto callback = request.callback;
+      boxes.push_back(std::move(request));
+      if (callback)
+        callback(answer);
+    });
+  }
+  ~CapturedBoxes() { Toolkit::MessageBox::SetPresenter(std::move(former)); }
+  CapturedBoxes(const CapturedBoxes&) = delete;
+  CapturedBoxes& operator=(const CapturedBoxes&) = delete;
+
+  /// "<caption>: <text>" of each box, in order.
+  std::vector<std::string> Texts() const {
+    std::vector<std::string> texts;
+    for (const auto& box : boxes)
+      texts.push_back(box.caption + ": " + box.text);
+    return texts;
+  }
+
+  std::vector<Toolkit::MessageBox::Request> boxes;
+
+private:
+  Toolkit::MessageBox::Presenter former;
+};
+
+} // namespace TestSupport
