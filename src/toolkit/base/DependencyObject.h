@@ -97,12 +97,6 @@ private:
   uint16_t entryCapacity = 0;
   uint16_t entryInheritedBits = 0;
   bool constantsFromTemplate = false;
-
-protected:
-  /// For `UIElement`, in what would be padding: depth in the visual tree.
-  uint8_t reservedByte = 0;
-
-private:
   uint64_t entryMask = 0;
   const PropertySet* constants = nullptr;
   const PropertySet* styleValues = nullptr;

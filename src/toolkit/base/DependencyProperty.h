@@ -41,6 +41,8 @@ public:
     Inherits = 32,
     /// A binding without a mode of its own is two-way.
     BindsTwoWay = 64,
+    /// An element that a document gives as value is made when it is first needed, not with its owner.
+    DefersContent = 128,
   };
   using Changed = void (*)(DependencyObject& object, const PropertyChange& change);
 

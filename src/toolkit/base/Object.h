@@ -24,7 +24,11 @@ public:
 
   void AddRef() const { ++referenceCount; }
   void Release() const {
-    if (--referenceCount == 0) delete this;
+    if (--referenceCount == 0) {
+      // References taken and dropped while the object is being destroyed must not destroy it again.
+      referenceCount = 1u << 30;
+      delete this;
+    }
   }
   uint32_t ReferenceCount() const { return referenceCount; }
 

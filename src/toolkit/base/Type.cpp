@@ -45,6 +45,13 @@ const ReflectedMember* Type::FindMember(Symbol wanted) const {
   return nullptr;
 }
 
+const ListMember* Type::FindList(Symbol wanted) const {
+  for (const Type* type = this; type; type = type->base)
+    for (const ListMember& list : type->lists)
+      if (list.name == wanted) return &list;
+  return nullptr;
+}
+
 const RoutedEvent* Type::FindEvent(Symbol wanted) const {
   for (const Type* type = this; type; type = type->base)
     for (const RoutedEvent* event : type->events)

@@ -23,6 +23,13 @@ struct ReflectedMember {
   void (*set)(Object& object, const Value& value) = nullptr;
 };
 
+/// A member that takes any number of children in a document, such as `Children`.
+struct ListMember {
+  Symbol name;
+  const Type& (*itemType)() = nullptr;
+  void (*add)(Object& owner, Object* item) = nullptr;
+};
+
 /// What the toolkit knows about a class: its name, base, properties, reflected members, events and content member.
 /// One description per class, made on first use by the class's `Describe`, alive until the process ends.
 class Type {
@@ -45,9 +52,16 @@ public:
   /// The nearest declaration of that name, in this class or a base; null if there is none.
   const DependencyProperty* FindProperty(Symbol name) const;
   const ReflectedMember* FindMember(Symbol name) const;
+  const ListMember* FindList(Symbol name) const;
   const RoutedEvent* FindEvent(Symbol name) const;
   /// Name of the property or member that takes the children of an element in a document; empty if there is none.
   Symbol ContentMember() const;
+  /// Objects of the class never change after loading, so that all instances of a document share one.
+  bool IsShareable() const {
+    for (const Type* t = this; t; t = t->base)
+      if (t->shareable) return true;
+    return false;
+  }
 
 private:
   friend class TypeRegistry;
@@ -56,8 +70,10 @@ private:
   const Type* base;
   Factory factory;
   Symbol content;
+  bool shareable = false;
   std::vector<const DependencyProperty*> properties;
   std::vector<ReflectedMember> members;
+  std::vector<ListMember> lists;
   std::vector<const RoutedEvent*> events;
 };
 
@@ -136,11 +152,25 @@ public:
     });
   }
 
+  /// Makes a property that is registered elsewhere one of this class.
+  const DependencyProperty* Declare(const DependencyProperty* property) {
+    type.properties.push_back(property);
+    return property;
+  }
   const RoutedEvent* Event(const RoutedEvent* event) {
     type.events.push_back(event);
     return event;
   }
+  /// `Add` is a member function that takes a pointer to the item.
+  template <auto Add> void List(std::string_view name) {
+    using Traits = Reflection::Accessor<decltype(Add)>;
+    using Item = typename Reflection::Pointee<typename Traits::Result>::Type;
+    type.lists.push_back({Symbol(name), &Item::StaticType, [](Object& owner, Object* item) {
+                            (static_cast<typename Traits::Class&>(owner).*Add)(static_cast<Item*>(item));
+                          }});
+  }
   void Content(std::string_view name) { type.content = Symbol(name); }
+  void Shareable() { type.shareable = true; }
 
 private:
   template <auto Getter> void AddMember(std::string_view name, void (*set)(Object&, const Value&)) {

@@ -12,7 +12,6 @@ public:
   CheckBox() = default;
   bool IsChecked() const { return Get<bool>(IsCheckedProperty); }
   void SetIsChecked(bool value) { SetValue(IsCheckedProperty, value); }
-  void Render(Painter& painter) override;
 
 protected:
   void OnClick() override;

@@ -14,7 +14,6 @@ public:
   ComboBox() = default;
   bool IsDropDownOpen() const { return Get<bool>(IsDropDownOpenProperty); }
   void SetIsDropDownOpen(bool open) { SetValue(IsDropDownOpenProperty, open); }
-  void Render(Painter& painter) override;
 
 protected:
   void OnRoutedEvent(const RoutedEventArgs& args) override;

@@ -33,7 +33,6 @@ public:
 
   size_t VisualChildCount() const override { return templateRoot ? 1 : 0; }
   UIElement* VisualChild(size_t) const override { return templateRoot.Get(); }
-  void Render(Painter& painter) override;
 
 protected:
   void PrepareForMeasure() override { ApplyTemplate(); }

@@ -32,7 +32,6 @@ public:
   UIElement* VisualChild(size_t index) const override { return children[index].Get(); }
   /// The children in drawing order.
   const std::vector<UIElement*>& ZOrderedChildren() const;
-  void Render(Painter& painter) override;
   UIElement* HitTest(Point point) override;
   /// A child's `ZIndex` changed.
   void InvalidateZOrder() { zOrderValid = false; }

@@ -25,7 +25,6 @@ public:
   float GetValueNumber() const { return Get<float>(ValueProperty); }
   /// Kept between `Minimum` and `Maximum`.
   void SetValueNumber(float value);
-  void Render(Painter& painter) override;
 
 protected:
   void OnRoutedEvent(const RoutedEventArgs& args) override;

@@ -45,7 +45,6 @@ public:
   size_t SelectionLength() const;
   /// Bytes of the given visual line, its line end included; 0 if there is no such line.
   size_t LineLength(size_t line) const;
-  void Render(Painter& painter) override;
 
 protected:
   void OnPropertyChanged(const PropertyChange& change) override;

@@ -50,10 +50,10 @@ public:
   Thickness GetMargin() const { return Get<Thickness>(MarginProperty); }
   void SetMargin(const Thickness& value) { SetValue(MarginProperty, value); }
   Object* GetDataContext() const { return GetValue(DataContextProperty).AsObject(); }
-  void SetDataContext(Object* value) { SetValue(DataContextProperty, value); }
+  void SetDataContext(Object* value);
   std::string_view GetName() const { return GetString(NameProperty); }
   void SetName(std::string_view name) { SetValue(NameProperty, name); }
-  void SetStyle(Style* style);
+  void SetStyle(Toolkit::Style* style);
 
   /// The element of that name in the nearest name scope at or above this element, or null.
   FrameworkElement* FindName(std::string_view name) const;
@@ -73,6 +73,7 @@ public:
 
   /// The element's own dictionary, made on first use.
   ResourceDictionary& Resources();
+  void SetResources(Ptr<ResourceDictionary> resources);
   /// Looks a resource up here, in the ancestors and in the application; null if it is nowhere.
   Object* FindResource(const Value& key) const;
 
@@ -102,7 +103,9 @@ protected:
   void RefreshInheritanceOfChildren(uint16_t changedBits) override;
   void OnAttached() override;
   void OnDetached() override;
-  /// The theme's style for this class applies unless it is set already.
+
+public:
+  /// The theme's style for this class applies from now on. The first measure does it for elements made by code.
   void ApplyThemeStyle();
 
 private:
@@ -114,8 +117,10 @@ private:
 
   UIElement* logicalParent = nullptr;
   FrameworkElement* templatedParent = nullptr;
-  Style* themeStyle = nullptr;
+  Toolkit::Style* themeStyle = nullptr;
   std::unique_ptr<Extras> extras;
+  bool themeApplied = false;
+  bool isOwnContext = false;
 };
 
 } // namespace Toolkit

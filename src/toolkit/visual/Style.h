@@ -68,6 +68,8 @@ public:
   explicit ConditionProbe(FrameworkElement& owner) : owner(&owner) {}
   DependencyObject* InheritanceParent() const override { return owner; }
   const TriggerCondition* condition = nullptr;
+  bool Holds() const;
+  void ReleaseOwner() { owner = nullptr; }
 
 protected:
   void OnPropertyChanged(const PropertyChange& change) override;

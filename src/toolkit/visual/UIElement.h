@@ -10,7 +10,6 @@
 namespace Toolkit {
 
 class LayoutQueue;
-class Painter;
 
 enum class Visibility : uint8_t { Collapsed = 0, Hidden = 1, Visible = 2 };
 const EnumDescription& DescribeEnum(Visibility);
@@ -115,6 +114,8 @@ protected:
   virtual void ArrangeCore(const Rect& finalRect);
   /// A child's wanted size changed outside this element's own measure.
   virtual void OnChildDesiredSizeChanged(UIElement* child) { InvalidateMeasure(); }
+  /// Arranges a child whose arrangement became invalid by itself. The base keeps the child's place.
+  virtual void ArrangeDirtyChild(UIElement& child) { child.Arrange(child.finalRect); }
   /// True if `point` hits this element itself, apart from its children.
   virtual bool HitTestSelf(Point point) const { return false; }
   /// The class's own part in an event, before the handlers of this element.
@@ -123,11 +124,11 @@ protected:
   virtual void OnAttached() {}
   virtual void OnDetached() {}
   void SetRenderSize(Size size, Point position);
+  bool HasHandler(const RoutedEvent& event) const;
+  bool WasMeasured() const { return !neverMeasured; }
   Size PreviousAvailable() const { return previousAvailable; }
 
 public:
-  /// Records how the element itself looks, in its own coordinates and without its children.
-  virtual void Render(Painter& painter) {}
 
 private:
   friend class LayoutQueue;

@@ -1,0 +1,253 @@
+#include "toolkit/visual/Input.h"
+
+#include "toolkit/visual/LayoutQueue.h"
+
+#include <vector>
+
+namespace Toolkit {
+
+namespace {
+InputState* current = nullptr;
+
+bool CanFocus(const UIElement& element) {
+  return element.Get<bool>(UIElement::FocusableProperty) && element.IsEnabled() && element.IsVisible() &&
+         element.IsAttached();
+}
+
+void CollectFocusable(UIElement& element, std::vector<UIElement*>& found) {
+  if (element.GetVisibility() != Visibility::Visible) return;
+  if (CanFocus(element)) found.push_back(&element);
+  for (size_t i = 0; i < element.VisualChildCount(); ++i)
+    if (UIElement* child = element.VisualChild(i)) CollectFocusable(*child, found);
+}
+} // namespace
+
+InputState::InputState(UIElement& root) : root(root), outer(current) { current = this; }
+InputState::~InputState() { current = outer; }
+InputState* InputState::Current() { return current; }
+
+void InputState::FillMouse(MouseEventArgs& args) const {
+  args.position = mousePosition;
+  args.leftButton = ButtonState(MouseButton::Left);
+  args.middleButton = ButtonState(MouseButton::Middle);
+  args.rightButton = ButtonState(MouseButton::Right);
+}
+
+UIElement* InputState::Target(Point position) const {
+  if (UIElement* element = captured.Get()) return element;
+  return root.HitTest(position);
+}
+
+bool InputState::Route(const RoutedEvent& preview, const RoutedEvent& bubbling, RoutedEventArgs& args,
+                       UIElement& target) {
+  Ptr<UIElement> alive(&target);
+  args.source = &target;
+  args.event = &preview;
+  target.RaiseEvent(args);
+  args.event = &bubbling;
+  target.RaiseEvent(args);
+  return args.handled;
+}
+
+void InputState::SetHovered(UIElement* element) {
+  UIElement* former = hovered.Get();
+  if (former == element) return;
+  hovered = WeakPtr<UIElement>(element);
+  MouseEventArgs leave(UIElement::MouseLeaveEvent), enter(UIElement::MouseEnterEvent);
+  FillMouse(leave);
+  FillMouse(enter);
+  std::vector<Ptr<UIElement>> left, entered;
+  for (UIElement* e = former; e; e = e->UIParent())
+    if (!element || !e->IsAncestorOf(element)) left.emplace_back(e);
+  for (UIElement* e = element; e; e = e->UIParent())
+    if (!former || !e->IsAncestorOf(former)) entered.emplace_back(e);
+  for (const Ptr<UIElement>& e : left) {
+    e->SetValue(UIElement::IsMouseOverProperty, false);
+    leave.source = e.Get();
+    e->RaiseEvent(leave);
+  }
+  for (size_t i = entered.size(); i-- > 0;) {
+    entered[i]->SetValue(UIElement::IsMouseOverProperty, true);
+    enter.source = entered[i].Get();
+    entered[i]->RaiseEvent(enter);
+  }
+}
+
+void InputState::UpdateHover() {
+  if (!captured) SetHovered(mousePosition.x < 0 && mousePosition.y < 0 ? nullptr : root.HitTest(mousePosition));
+}
+
+bool InputState::MouseMove(Point position) {
+  mousePosition = position;
+  UIElement* target = Target(position);
+  SetHovered(target);
+  if (!target) return false;
+  MouseEventArgs args(UIElement::PreviewMouseMoveEvent);
+  FillMouse(args);
+  return Route(UIElement::PreviewMouseMoveEvent, UIElement::MouseMoveEvent, args, *target);
+}
+
+bool InputState::MouseDown(MouseButton button, Point position, uint32_t clickCount) {
+  mousePosition = position;
+  buttons[static_cast<size_t>(button)] = MouseButtonState::Pressed;
+  UIElement* target = Target(position);
+  if (!target) return false;
+  Ptr<UIElement> alive(target);
+  MouseButtonEventArgs args(UIElement::PreviewMouseDownEvent);
+  FillMouse(args);
+  args.changedButton = button;
+  args.buttonState = MouseButtonState::Pressed;
+  args.clickCount = clickCount;
+  if (button != MouseButton::Middle) {
+    const bool left = button == MouseButton::Left;
+    args.source = target;
+    args.event = left ? &UIElement::PreviewMouseLeftButtonDownEvent : &UIElement::PreviewMouseRightButtonDownEvent;
+    target->RaiseEvent(args);
+    args.event = &UIElement::PreviewMouseDownEvent;
+    target->RaiseEvent(args);
+    args.event = left ? &UIElement::MouseLeftButtonDownEvent : &UIElement::MouseRightButtonDownEvent;
+    target->RaiseEvent(args);
+    args.event = &UIElement::MouseDownEvent;
+    target->RaiseEvent(args);
+    return args.handled;
+  }
+  return Route(UIElement::PreviewMouseDownEvent, UIElement::MouseDownEvent, args, *target);
+}
+
+bool InputState::MouseUp(MouseButton button, Point position) {
+  mousePosition = position;
+  buttons[static_cast<size_t>(button)] = MouseButtonState::Released;
+  UIElement* target = Target(position);
+  if (!target) return false;
+  Ptr<UIElement> alive(target);
+  MouseButtonEventArgs args(UIElement::PreviewMouseUpEvent);
+  FillMouse(args);
+  args.changedButton = button;
+  args.buttonState = MouseButtonState::Released;
+  if (button != MouseButton::Middle) {
+    const bool left = button == MouseButton::Left;
+    args.source = target;
+    args.event = left ? &UIElement::PreviewMouseLeftButtonUpEvent : &UIElement::PreviewMouseRightButtonUpEvent;
+    target->RaiseEvent(args);
+    args.event = &UIElement::PreviewMouseUpEvent;
+    target->RaiseEvent(args);
+    args.event = left ? &UIElement::MouseLeftButtonUpEvent : &UIElement::MouseRightButtonUpEvent;
+    target->RaiseEvent(args);
+    args.event = &UIElement::MouseUpEvent;
+    target->RaiseEvent(args);
+    return args.handled;
+  }
+  return Route(UIElement::PreviewMouseUpEvent, UIElement::MouseUpEvent, args, *target);
+}
+
+bool InputState::MouseWheel(Point position, float notches) {
+  mousePosition = position;
+  UIElement* target = Target(position);
+  if (!target) return false;
+  MouseWheelEventArgs args(UIElement::PreviewMouseWheelEvent);
+  FillMouse(args);
+  args.wheelRotation = notches;
+  return Route(UIElement::PreviewMouseWheelEvent, UIElement::MouseWheelEvent, args, *target);
+}
+
+void InputState::MouseLeave() {
+  mousePosition = {-1, -1};
+  SetHovered(nullptr);
+}
+
+bool InputState::KeyDown(Key key, bool isRepeat) {
+  keys[static_cast<size_t>(key)] = true;
+  UIElement* target = focused ? focused.Get() : &root;
+  KeyEventArgs args(UIElement::PreviewKeyDownEvent);
+  args.key = key;
+  args.isRepeat = isRepeat;
+  if (Route(UIElement::PreviewKeyDownEvent, UIElement::KeyDownEvent, args, *target)) return true;
+  if (key == Key::Tab) return MoveFocus(!IsKeyDown(Key::LeftShift) && !IsKeyDown(Key::RightShift));
+  return false;
+}
+
+bool InputState::KeyUp(Key key) {
+  keys[static_cast<size_t>(key)] = false;
+  UIElement* target = focused ? focused.Get() : &root;
+  KeyEventArgs args(UIElement::PreviewKeyUpEvent);
+  args.key = key;
+  return Route(UIElement::PreviewKeyUpEvent, UIElement::KeyUpEvent, args, *target);
+}
+
+bool InputState::TextInput(std::string_view text) {
+  UIElement* target = focused.Get();
+  if (!target) return false;
+  TextCompositionEventArgs args(UIElement::PreviewTextInputEvent);
+  args.text = std::string(text);
+  return Route(UIElement::PreviewTextInputEvent, UIElement::TextInputEvent, args, *target);
+}
+
+void InputState::ReleaseAll() {
+  keys.reset();
+  for (MouseButtonState& state : buttons) state = MouseButtonState::Released;
+  captured.Reset();
+}
+
+bool InputState::SetFocus(UIElement* element) {
+  if (element && !CanFocus(*element)) return false;
+  Ptr<UIElement> former(focused.Get());
+  if (former == element) return element != nullptr;
+  Ptr<UIElement> next(element);
+  focused = WeakPtr<UIElement>(element);
+  if (former) {
+    former->SetValue(UIElement::IsFocusedProperty, false);
+    former->RaiseEvent(RoutedEventArgs(UIElement::LostFocusEvent, former.Get()));
+  }
+  // A handler of the loss may have moved the focus on.
+  if (next && focused.Get() == next.Get()) {
+    next->SetValue(UIElement::IsFocusedProperty, true);
+    next->RaiseEvent(RoutedEventArgs(UIElement::GotFocusEvent, next.Get()));
+  }
+  return focused.Get() == element;
+}
+
+bool InputState::MoveFocus(bool forward) {
+  std::vector<UIElement*> order;
+  CollectFocusable(root, order);
+  if (order.empty()) return false;
+  size_t index = forward ? 0 : order.size() - 1;
+  for (size_t i = 0; i < order.size(); ++i) {
+    if (order[i] != focused.Get()) continue;
+    index = forward ? (i + 1) % order.size() : (i + order.size() - 1) % order.size();
+    break;
+  }
+  return SetFocus(order[index]);
+}
+
+void InputState::ElementGone(UIElement& element) {
+  if (UIElement* e = captured.Get(); e && element.IsAncestorOf(e)) captured.Reset();
+  if (UIElement* e = hovered.Get(); e && element.IsAncestorOf(e)) {
+    for (UIElement* h = e; h; h = h->UIParent()) h->SetValue(UIElement::IsMouseOverProperty, false);
+    hovered.Reset();
+  }
+  if (UIElement* e = focused.Get(); e && element.IsAncestorOf(e)) SetFocus(nullptr);
+}
+
+Point Mouse::GetPosition(const UIElement* relativeTo) {
+  InputState* input = InputState::Current();
+  if (!input) return {};
+  const Point position = input->MousePosition();
+  return relativeTo ? relativeTo->PointFromRoot(position) : position;
+}
+
+MouseButtonState Mouse::GetButtonState(MouseButton button) {
+  InputState* input = InputState::Current();
+  return input ? input->ButtonState(button) : MouseButtonState::Released;
+}
+
+bool Keyboard::IsKeyDown(Key key) {
+  InputState* input = InputState::Current();
+  return input && input->IsKeyDown(key);
+}
+
+UIElement* Keyboard::GetFocused() {
+  InputState* input = InputState::Current();
+  return input ? input->Focused() : nullptr;
+}
+
+} // namespace Toolkit
