@@ -126,7 +126,7 @@ void Workspace::LoadSchemas() {
   const auto load = [&](const DirectoryEntry& entry) {
     if (!IsSchemaFile(entry))
       return;
-    const std::string file = entry.path.generic_string();
+    const std::string file = entry.path.string();
     const std::optional<std::string> text = ReadTextFile(file);
     if (!text) {
       LogFile::Write("Failed to open schema file: " + file);

@@ -77,13 +77,13 @@ bool Workspaces::ImportWorkspaces(const std::string& directory) {
 
 size_t Workspaces::LoadDirectory(const std::string& directory, std::vector<std::string>& failures) {
   std::error_code error;
-  LogFile::Write("Iterating over " + std::filesystem::absolute(directory, error).generic_string());
+  LogFile::Write("Iterating over " + std::filesystem::absolute(directory, error).string());
   const auto log = [](const std::string& message) { LogFile::Write(message); };
   size_t count = 0;
   for (const DirectoryEntry& entry : ListDirectory(directory, log)) {
     if (!entry.isDirectory)
       continue;
-    LogFile::Write("Found workspace directory " + entry.path.generic_string());
+    LogFile::Write("Found workspace directory " + entry.path.string());
     // Reached from the directory above only, and never a workspace itself.
     if (entry.name == generatedName)
       continue;
