@@ -87,6 +87,17 @@ TEST(TextCache, MeasuresWhatALayoutHas) {
       EXPECT_EQ(cache.MeasureText(each, style), text.Layout(each, {}, style).Size()) << each;
 }
 
+TEST(TextCache, MeasuresEveryPairOfAsciiCharactersAsALayoutHasIt) {
+  TextTestFonts text;
+  TextCache cache(text.fonts);
+  for (char first = ' '; first <= '~'; ++first) {
+    std::string all;
+    for (char second = ' '; second <= '~'; ++second)
+      (all += first) += second;
+    EXPECT_EQ(cache.MeasureText(all, {12}), text.Layout(all).Size()) << all;
+  }
+}
+
 TEST(TextCache, GivesTheSameLayoutAgainAndTellsStylesAndWidthsApart) {
   TextTestFonts text;
   TextCache cache(text.fonts);

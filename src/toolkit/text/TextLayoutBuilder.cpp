@@ -35,9 +35,6 @@ void TextLayout::Builder::Build() {
   for (const Paragraph& paragraph : SplitParagraphs(decoded))
     AddParagraph(paragraph);
 
-  double widest = 0;
-  for (const LayoutLine& line : layout.lines)
-    widest = std::max(widest, static_cast<double>(line.width));
   layout.size = {RoundUpTextLength(widest), layout.lineHeight * static_cast<float>(layout.lines.size())};
   Align();
 }
@@ -241,17 +238,20 @@ void TextLayout::Builder::PlacePieces(LayoutLine& line) {
     layout.runs.push_back(placed);
   }
   line.endRun = static_cast<uint32_t>(layout.runs.size());
-  line.width = static_cast<float>(x);
-  if (!line.isWrapped || pieces.empty())
-    return;
-  // The blanks that a wrapped line ends with take no part in its width.
-  const auto end = layout.glyphs.end();
-  for (auto glyph = end; glyph != layout.glyphs.begin() + layout.runs[line.firstRun].firstGlyph; --glyph) {
-    const char c = layout.text[(glyph - 1)->cluster];
-    if (c != ' ' && c != '\t')
-      break;
-    line.width -= (glyph - 1)->advance;
+  if (line.isWrapped && !pieces.empty()) {
+    // The blanks that a wrapped line ends with take no part in its width.
+    const auto first = layout.glyphs.begin() + layout.runs[line.firstRun].firstGlyph;
+    for (auto glyph = layout.glyphs.end(); glyph != first; --glyph) {
+      const char c = layout.text[(glyph - 1)->cluster];
+      if (c != ' ' && c != '\t')
+        break;
+      x -= (glyph - 1)->advance;
+    }
   }
+  line.width = static_cast<float>(x);
+  // Kept apart from the lines' rounded widths, so that a size does not depend on how it was measured.
+  if (!line.isTrimmed)
+    widest = std::max(widest, x);
 }
 
 void TextLayout::Builder::PlaceEllipsis(LayoutLine& line) {
@@ -274,6 +274,7 @@ void TextLayout::Builder::PlaceEllipsis(LayoutLine& line) {
   layout.runs.push_back(run);
   line.endRun = static_cast<uint32_t>(layout.runs.size());
   line.width += run.width;
+  widest = std::max(widest, static_cast<double>(line.width));
 }
 
 void TextLayout::Builder::Align() {

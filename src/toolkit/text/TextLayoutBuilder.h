@@ -54,6 +54,7 @@ private:
   uint32_t paragraphFirst = 0;
   size_t nextRun = 0;
   float baselineOffset = 0;
+  double widest = 0;
   double ellipsisWidth = 0;
   FaceChoice ellipsisFace;
   uint32_t ellipsisGlyph = 0;

@@ -23,6 +23,20 @@ bool FollowsNeighbourFace(char32_t c) {
          (c >= 0x2060 && c <= 0x206F) || (c >= 0xFE00 && c <= 0xFE0F) || c == 0xFEFF || (c >= 0xE0000 && c <= 0xE0FFF);
 }
 
+/// What the characters of a run need from the font.
+enum class Complexity { Ascii, Simple, Full };
+
+/// Interface text must show what was typed, so in the scripts that do not need them contextual alternates (an arrow
+/// in place of "->") are off. ASCII has no marks to compose, and looking for them takes half the time of shaping.
+void ShapeBuffer(FontFace& face, hb_buffer_t* buffer, Complexity complexity) {
+  static const hb_feature_t off[] = {
+      {HB_TAG('c', 'a', 'l', 't'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
+      {HB_TAG('c', 'c', 'm', 'p'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
+  };
+  const unsigned count = complexity == Complexity::Ascii ? 2 : complexity == Complexity::Simple ? 1 : 0;
+  hb_shape(face.ShapingFont(), buffer, off, count);
+}
+
 bool IsMark(char32_t c) {
   const hb_unicode_general_category_t category = hb_unicode_general_category(hb_unicode_funcs_get_default(), c);
   return category == HB_UNICODE_GENERAL_CATEGORY_NON_SPACING_MARK ||
@@ -141,12 +155,19 @@ void TextShaper::ShapeRun(const DecodedText& text, size_t first, size_t end, Sha
     hb_buffer_clear_contents(buffer);
     hb_buffer_set_direction(buffer, run.IsRightToLeft() ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
     const bool isNeutral = script == HB_SCRIPT_COMMON || script == HB_SCRIPT_INHERITED;
-    hb_buffer_set_script(buffer, isNeutral ? HB_SCRIPT_LATIN : static_cast<hb_script_t>(script));
+    if (isNeutral)
+      script = HB_SCRIPT_LATIN;
+    hb_buffer_set_script(buffer, static_cast<hb_script_t>(script));
     hb_buffer_set_language(buffer, Language());
     const auto* characters = reinterpret_cast<const hb_codepoint_t*>(text.characters.data());
     hb_buffer_add_codepoints(buffer, characters, static_cast<int>(text.characters.size()), static_cast<unsigned>(first),
                              static_cast<int>(end - first));
-    hb_shape(face.ShapingFont(), buffer, nullptr, 0);
+    const auto begin = text.characters.begin();
+    const bool isAscii =
+        std::all_of(begin + static_cast<std::ptrdiff_t>(first), begin + static_cast<std::ptrdiff_t>(end),
+                    [](char32_t c) { return c >= ' ' && c <= '~'; });
+    const bool isSimple = script == HB_SCRIPT_LATIN || script == HB_SCRIPT_CYRILLIC || script == HB_SCRIPT_GREEK;
+    ShapeBuffer(face, buffer, isAscii ? Complexity::Ascii : isSimple ? Complexity::Simple : Complexity::Full);
 
     unsigned count = 0;
     const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
@@ -163,13 +184,17 @@ void TextShaper::ShapeRun(const DecodedText& text, size_t first, size_t end, Sha
 }
 
 double TextShaper::MeasureAscii(std::string_view text, const FaceChoice& choice, float size) {
-  const FontFace& face = fonts.Face(choice.face);
-  hb_buffer_clear_contents(buffer);
-  hb_buffer_set_direction(buffer, HB_DIRECTION_LTR);
-  hb_buffer_set_script(buffer, HB_SCRIPT_LATIN);
-  hb_buffer_set_language(buffer, Language());
-  hb_buffer_add_utf8(buffer, text.data(), static_cast<int>(text.size()), 0, static_cast<int>(text.size()));
-  hb_shape(face.ShapingFont(), buffer, nullptr, 0);
+  FontFace& face = fonts.Face(choice.face);
+  if (choice.face >= asciiAdvances.size())
+    asciiAdvances.resize(choice.face + 1u);
+  std::unique_ptr<AsciiAdvances>& advances = asciiAdvances[choice.face];
+  if (!advances)
+    advances = std::make_unique<AsciiAdvances>(face, buffer);
+  const double known = advances->Measure(text, size);
+  if (known >= 0)
+    return known;
+
+  ShapeAscii(face, text, buffer);
   unsigned count = 0;
   const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, &count);
   const float em = static_cast<float>(face.UnitsPerEm());
@@ -177,6 +202,15 @@ double TextShaper::MeasureAscii(std::string_view text, const FaceChoice& choice,
   for (unsigned i = 0; i < count; ++i)
     sum += static_cast<double>(static_cast<float>(positions[i].x_advance) / em) * size;
   return sum;
+}
+
+void ShapeAscii(FontFace& face, std::string_view text, hb_buffer_t* buffer) {
+  hb_buffer_clear_contents(buffer);
+  hb_buffer_set_direction(buffer, HB_DIRECTION_LTR);
+  hb_buffer_set_script(buffer, HB_SCRIPT_LATIN);
+  hb_buffer_set_language(buffer, Language());
+  hb_buffer_add_utf8(buffer, text.data(), static_cast<int>(text.size()), 0, static_cast<int>(text.size()));
+  ShapeBuffer(face, buffer, Complexity::Ascii);
 }
 
 } // namespace Toolkit

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <vector>
 
+#include "toolkit/text/AsciiAdvances.h"
 #include "toolkit/text/DecodedText.h"
 #include "toolkit/text/FontCollection.h"
 
@@ -65,7 +67,12 @@ private:
   std::vector<uint8_t> levels;
   std::vector<FaceChoice> faces;
   std::vector<uint32_t> scripts;
+  /// By face; made when the face is first measured.
+  std::vector<std::unique_ptr<AsciiAdvances>> asciiAdvances;
 };
+
+/// Shapes a printable ASCII text in one face, leaving the glyphs in the buffer.
+void ShapeAscii(FontFace& face, std::string_view text, hb_buffer_t* buffer);
 
 /// True if every byte is a printable ASCII character.
 bool IsPrintableAscii(std::string_view text);
