@@ -1,0 +1,257 @@
+// Writes a workspace and an asset of a given number of nodes, the same bytes for the same arguments:
+//   GenerateAsset <directory> <nodes> [--seed=<number>] [--no-layout]
+// The asset is a tree. A fifth of its nodes are branches, whose Multiple pin holds an array of children (up to three
+// branches and four leaves); one leaf in four hangs on the single pin of another. A node has ten fields and takes
+// about 500 bytes. Unless --no-layout is given, the metadata places every node, as a file that was saved before does.
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <cjson/cJSON.h>
+
+namespace {
+
+struct JsonDeleter {
+  void operator()(cJSON* item) const { cJSON_Delete(item); }
+};
+using Json = std::unique_ptr<cJSON, JsonDeleter>;
+
+/// SplitMix64: small, and the same on every platform.
+class RandomNumbers {
+public:
+  explicit RandomNumbers(uint64_t seed) : state(seed) {}
+  uint64_t Next() {
+    uint64_t z = (state += 0x9E3779B97F4A7C15ull);
+    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ull;
+    z = (z ^ (z >> 27)) * 0x94D049BB133111EBull;
+    return z ^ (z >> 31);
+  }
+  uint32_t Below(uint32_t limit) { return static_cast<uint32_t>(Next() % limit); }
+
+private:
+  uint64_t state;
+};
+
+const char* const rarities[] = {"Common", "Uncommon", "Rare", "Epic", "Legendary"};
+const char* const words[] = {"amber", "bridge", "cinder", "drum",  "ember",  "fjord", "grove", "harbour",
+                             "inlet", "jasper", "knell",  "larch", "marrow", "north", "ochre", "pillar"};
+
+std::string Uuid(RandomNumbers& random) {
+  char text[37];
+  const uint64_t high = random.Next(), low = random.Next();
+  std::snprintf(text, sizeof(text), "%08x-%04x-4%03x-8%03x-%012llx", static_cast<unsigned>(high >> 32),
+                static_cast<unsigned>(high >> 16 & 0xFFFF), static_cast<unsigned>(high & 0xFFF),
+                static_cast<unsigned>(low >> 52), static_cast<unsigned long long>(low & 0xFFFFFFFFFFFFull));
+  return text;
+}
+
+std::string Words(RandomNumbers& random, uint32_t count) {
+  std::string text;
+  for (uint32_t i = 0; i < count; ++i) {
+    if (i > 0)
+      text += ' ';
+    text += words[random.Below(std::size(words))];
+  }
+  return text;
+}
+
+void WriteFile(const std::filesystem::path& path, const std::string& text) {
+  std::ofstream file(path, std::ios::binary);
+  file << text;
+  file.close();
+  if (!file) {
+    std::cerr << "Cannot write " << path << "\n";
+    std::exit(1);
+  }
+}
+
+std::string NodeSchema(const std::string& id, bool hasChildren) {
+  std::string values;
+  for (const char* rarity : rarities)
+    values += (values.empty() ? "\"" : ", \"") + std::string(rarity) + "\"";
+  const std::string childPin =
+      hasChildren ? R"({"id": "Steps", "Type": "Step", "color": "orange", "Multiple": true, "Label": "Steps"})"
+                  : R"({"id": "Outcome", "Type": "Step", "color": "green", "Label": "Outcome"})";
+  const std::string childKey = hasChildren ? R"("Steps$Pin": {"node": "Step", "pin": "Steps"})"
+                                           : R"("Outcome$Pin": {"node": "Leaf", "pin": "Outcome"})";
+  return R"({
+  "id": ")" +
+         id + R"(",
+  "title": ")" +
+         id + R"(",
+  "color": ")" +
+         (hasChildren ? "blue" : "purple") + R"(",
+  "Description": "A node of the benchmark's tree.",
+  "inputs": [{"id": "In", "Type": "Step", "color": "orange", "Label": "In"}],
+  "outputs": [)" +
+         childPin + R"(],
+  "content": [
+    {"Id": "Name", "Type": "SmallString", "Options": {"Label": "Name", "Width": 160, "Default": ""}},
+    {"Id": "Tag", "Type": "SmallString", "Options": {"Label": "Tag", "Default": "none"}},
+    {"Id": "Count", "Type": "Int", "Options": {"Label": "Count", "Default": 1, "Min": 0, "Max": 1000000}},
+    {"Id": "Priority", "Type": "Int", "Options": {"Label": "Priority", "Default": 0}},
+    {"Id": "Weight", "Type": "Float", "Options": {"Label": "Weight", "Default": 1.0}},
+    {"Id": "Delay", "Type": "Float", "Options": {"Label": "Delay", "Default": 0.0}},
+    {"Id": "Enabled", "Type": "Checkbox", "Options": {"Label": "Enabled", "Default": true}},
+    {"Id": "Rarity", "Type": "Enum", "Options": {"Label": "Rarity", "Values": [)" +
+         values + R"(], "Default": "Common"}},
+    {"Id": "Value", "Type": "Mixed", "Options": {"Label": "Value"}},
+    {"Id": "Description", "Type": "String", "Options": {"Label": "Description", "Width": 240, "Height": 60}}
+  ],
+  "Schema": {
+    "Kind": "$Const:)" +
+         id + R"(",
+    "Name": "Name", "Tag": "Tag", "Count": "Count", "Priority": "Priority", "Weight": "Weight", "Delay": "Delay",
+    "Enabled": "Enabled", "Rarity": "Rarity", "Value": "Value", "Description": "Description",
+    )" + childKey +
+         R"(
+  }
+}
+)";
+}
+
+void WriteWorkspace(const std::filesystem::path& directory) {
+  const std::filesystem::path workspace = directory / "Workspaces" / "Benchmark";
+  std::filesystem::create_directories(workspace);
+  WriteFile(workspace / "_Workspace.json", R"({
+  "WorkspaceName": "Benchmark",
+  "Roots": {"Tree": {"RootNodeType": "Branch", "MenuName": "Benchmark tree"}},
+  "NodeCategories": {"Steps": ["Branch", "Leaf"]},
+  "Variants": {
+    "Step": {"VariantFieldName": "Kind", "Variants": {"Branch": "Branch", "Leaf": "Leaf", "": "Leaf"}}
+  }
+}
+)");
+  WriteFile(workspace / "Branch.json", NodeSchema("Branch", true));
+  WriteFile(workspace / "Leaf.json", NodeSchema("Leaf", false));
+}
+
+/// Grows the tree in the order of the file and, along with it, the metadata's table of places.
+class TreeWriter {
+public:
+  TreeWriter(uint32_t nodes, uint64_t seed) : nodes(nodes), branches(nodes < 5 ? 1 : nodes / 5), random(seed) {}
+
+  Json Write(bool withLayout) {
+    places.reset(cJSON_CreateObject());
+    Json root(Branch(0, 0));
+    cJSON* metadata = cJSON_AddObjectToObject(root.get(), "$NodeEditorMetadata");
+    if (withLayout) {
+      cJSON_AddItemToObject(metadata, "$Nodes", places.release());
+    } else {
+      cJSON_AddObjectToObject(metadata, "$Nodes");
+    }
+    cJSON_AddArrayToObject(metadata, "$FloatingNodes");
+    cJSON_AddObjectToObject(metadata, "$Links");
+    cJSON_AddArrayToObject(metadata, "$Groups");
+    cJSON_AddArrayToObject(metadata, "$Comments");
+    cJSON_AddStringToObject(metadata, "$WorkspaceID", "Benchmark tree");
+    return root;
+  }
+
+  uint32_t Written() const { return written; }
+
+private:
+  cJSON* Branch(uint32_t branch, int depth) {
+    cJSON* node = Node("Branch", depth);
+    cJSON* steps = cJSON_AddArrayToObject(node, "Steps");
+    for (uint32_t child = 3 * branch + 1; child <= 3 * branch + 3 && child < branches; ++child)
+      cJSON_AddItemToArray(steps, Branch(child, depth + 1));
+    // What the division by five left over hangs on the first branch.
+    uint32_t leaves = 4 + (branch == 0 ? nodes - branches * 5 : 0);
+    if (nodes < 5)
+      leaves = nodes - 1;
+    for (; leaves > 0; --leaves) {
+      cJSON* leaf = Node("Leaf", depth + 1);
+      if (leaves == 2) {
+        --leaves;
+        cJSON_AddItemToObject(leaf, "Outcome", Node("Leaf", depth + 2));
+      }
+      cJSON_AddItemToArray(steps, leaf);
+    }
+    return node;
+  }
+
+  cJSON* Node(const std::string& type, int depth) {
+    const std::string id = type + "-" + Uuid(random);
+    cJSON* node = cJSON_CreateObject();
+    cJSON_AddStringToObject(node, "$NodeId", id.c_str());
+    cJSON_AddStringToObject(node, "Kind", type.c_str());
+    cJSON_AddStringToObject(node, "Name", (Words(random, 2) + " " + std::to_string(written)).c_str());
+    cJSON_AddStringToObject(node, "Tag", words[random.Below(std::size(words))]);
+    cJSON_AddNumberToObject(node, "Count", random.Below(1000));
+    cJSON_AddNumberToObject(node, "Priority", random.Below(10));
+    // Quarters have an exact form in text and in both kinds of floating-point number.
+    cJSON_AddNumberToObject(node, "Weight", random.Below(400) / 4.0);
+    cJSON_AddNumberToObject(node, "Delay", random.Below(40) / 4.0);
+    cJSON_AddBoolToObject(node, "Enabled", random.Below(4) != 0);
+    cJSON_AddStringToObject(node, "Rarity", rarities[random.Below(std::size(rarities))]);
+    switch (random.Below(3)) {
+    case 0:
+      cJSON_AddNumberToObject(node, "Value", random.Below(100000));
+      break;
+    case 1:
+      cJSON_AddBoolToObject(node, "Value", random.Below(2) != 0);
+      break;
+    default:
+      cJSON_AddStringToObject(node, "Value", words[random.Below(std::size(words))]);
+    }
+    cJSON_AddStringToObject(node, "Description", Words(random, 18).c_str());
+
+    cJSON* place = cJSON_AddObjectToObject(places.get(), id.c_str());
+    cJSON* position = cJSON_AddObjectToObject(place, "$Position");
+    cJSON_AddNumberToObject(position, "$x", depth * 600);
+    cJSON_AddNumberToObject(position, "$y", nextRow * 600.0);
+    if (written == 0)
+      cJSON_AddStringToObject(place, "$Title", ("[ROOT] " + type).c_str());
+    // A canvas has room for some two thousand rows: larger trees go on beside the first ones.
+    nextRow = (nextRow + 1) % 1000;
+    ++written;
+    return node;
+  }
+
+  uint32_t nodes;
+  uint32_t branches;
+  RandomNumbers random;
+  Json places;
+  uint32_t written = 0;
+  uint32_t nextRow = 0;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+  uint64_t seed = 1;
+  bool withLayout = true;
+  std::vector<std::string> plain;
+  for (int i = 1; i < argc; ++i) {
+    const std::string argument = argv[i];
+    if (argument.starts_with("--seed=")) {
+      seed = std::strtoull(argument.c_str() + 7, nullptr, 10);
+    } else if (argument == "--no-layout") {
+      withLayout = false;
+    } else {
+      plain.push_back(argument);
+    }
+  }
+  const long nodes = plain.size() == 2 ? std::strtol(plain[1].c_str(), nullptr, 10) : 0;
+  if (nodes <= 0) {
+    std::cerr << "Usage: GenerateAsset <directory> <nodes> [--seed=<number>] [--no-layout]\n";
+    return 1;
+  }
+  const std::filesystem::path directory = plain[0];
+  WriteWorkspace(directory);
+  TreeWriter writer(static_cast<uint32_t>(nodes), seed);
+  const Json root = writer.Write(withLayout);
+  char* text = cJSON_Print(root.get());
+  const std::filesystem::path path = directory / ("asset-" + plain[1] + ".json");
+  WriteFile(path, text);
+  std::cout << path.string() << ": " << writer.Written() << " nodes, " << std::string_view(text).size() << " bytes\n";
+  cJSON_free(text);
+  return writer.Written() == nodes ? 0 : 1;
+}
