@@ -205,22 +205,22 @@ private:
 
     cJSON* place = cJSON_AddObjectToObject(places.get(), id.c_str());
     cJSON* position = cJSON_AddObjectToObject(place, "$Position");
-    cJSON_AddNumberToObject(position, "$x", depth * 600);
-    cJSON_AddNumberToObject(position, "$y", nextRow * 600.0);
+    // A column of the canvas has room for a thousand rows; larger trees go on beside it.
+    cJSON_AddNumberToObject(position, "$x", depth * 600 + written / rowsPerColumn * 8000.0);
+    cJSON_AddNumberToObject(position, "$y", written % rowsPerColumn * 600.0);
     if (written == 0)
       cJSON_AddStringToObject(place, "$Title", ("[ROOT] " + type).c_str());
-    // A canvas has room for some two thousand rows: larger trees go on beside the first ones.
-    nextRow = (nextRow + 1) % 1000;
     ++written;
     return node;
   }
+
+  static constexpr uint32_t rowsPerColumn = 1000;
 
   uint32_t nodes;
   uint32_t branches;
   RandomNumbers random;
   Json places;
   uint32_t written = 0;
-  uint32_t nextRow = 0;
 };
 
 } // namespace

@@ -1,0 +1,199 @@
+// Measures the unattended round trip of the built editor beside a bare parse and print of the same file:
+//   RoundTrip <tesselor> [nodes ...] [--repeat=<number>]
+// For each size it generates an asset (with the program GenerateAsset beside this one) and runs, each in a process of
+// its own and without a display: the JSON library's parse and print; the editor on an asset of one node, which is
+// what an empty start costs; the editor's load and save. Prints a Markdown table; times are the best of the runs.
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <cjson/cJSON.h>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+/// A child that runs longer than this is ended and counts as failed.
+constexpr unsigned limitInSeconds = 600;
+
+struct Cost {
+  double wallMilliseconds = 0;
+  double cpuMilliseconds = 0;
+  double peakMegabytes = 0;
+  bool succeeded = false;
+};
+
+double Milliseconds(const timeval& time) {
+  return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
+}
+
+double MonotonicMilliseconds() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+/// Runs the body in a child process; its result is the child's exit code.
+Cost MeasureChild(const std::function<int()>& body) {
+  Cost cost;
+  std::cout.flush();
+  const double start = MonotonicMilliseconds();
+  const pid_t child = fork();
+  if (child == 0) {
+    alarm(limitInSeconds);
+    _exit(body());
+  }
+  if (child < 0)
+    return cost;
+  int status = 0;
+  rusage usage{};
+  if (wait4(child, &status, 0, &usage) != child)
+    return cost;
+  cost.wallMilliseconds = MonotonicMilliseconds() - start;
+  cost.cpuMilliseconds = Milliseconds(usage.ru_utime) + Milliseconds(usage.ru_stime);
+  cost.peakMegabytes = static_cast<double>(usage.ru_maxrss) / 1024;
+  cost.succeeded = WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  return cost;
+}
+
+Cost BestOf(int repeat, const std::function<Cost()>& measure) {
+  Cost best;
+  for (int i = 0; i < repeat; ++i) {
+    const Cost cost = measure();
+    if (!cost.succeeded)
+      return cost;
+    if (!best.succeeded || cost.cpuMilliseconds < best.cpuMilliseconds)
+      best = cost;
+  }
+  return best;
+}
+
+/// Reads the file, parses it, prints it, and takes the result's first byte, as the editor does at the least.
+int ParseAndPrint(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream content;
+  content << file.rdbuf();
+  const std::string text = content.str();
+  cJSON* tree = cJSON_ParseWithLength(text.data(), text.size());
+  if (!tree)
+    return 1;
+  char* printed = cJSON_Print(tree);
+  return printed && printed[0] == '{' ? 0 : 1;
+}
+
+/// Replaces the process by the editor, which writes nothing to this program's output.
+int RunEditor(const std::string& program, const std::filesystem::path& directory, const std::string& asset,
+              const std::string& output) {
+  if (chdir(directory.c_str()) != 0)
+    return 126;
+  unsetenv("DISPLAY");
+  unsetenv("WAYLAND_DISPLAY");
+  const int sink = open("/dev/null", O_RDWR);
+  dup2(sink, STDIN_FILENO);
+  dup2(sink, STDOUT_FILENO);
+  dup2(sink, STDERR_FILENO);
+  const std::string load = "--load-asset=" + asset, save = "--save-to=" + output;
+  execl(program.c_str(), program.c_str(), load.c_str(), save.c_str(), "--exit-after-save", nullptr);
+  return 127;
+}
+
+bool Generate(const std::filesystem::path& directory, const std::string& nodes) {
+  const std::filesystem::path generator =
+      std::filesystem::read_symlink("/proc/self/exe").parent_path() / "GenerateAsset";
+  return MeasureChild([&] {
+           const int sink = open("/dev/null", O_WRONLY);
+           dup2(sink, STDOUT_FILENO);
+           execl(generator.c_str(), generator.c_str(), directory.c_str(), nodes.c_str(), nullptr);
+           return 127;
+         })
+      .succeeded;
+}
+
+void PrintRow(const std::string& nodes, const std::string& what, const Cost& cost, const Cost* bare) {
+  if (!cost.succeeded) {
+    std::printf("| %s | %s | failed | | | |\n", nodes.c_str(), what.c_str());
+    return;
+  }
+  char ratio[32] = "";
+  if (bare && bare->cpuMilliseconds > 0)
+    std::snprintf(ratio, sizeof(ratio), "%.1f", cost.cpuMilliseconds / bare->cpuMilliseconds);
+  std::printf("| %s | %s | %.1f | %.1f | %.0f | %s |\n", nodes.c_str(), what.c_str(), cost.wallMilliseconds,
+              cost.cpuMilliseconds, cost.peakMegabytes, ratio);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  int repeat = 3;
+  std::string program;
+  std::vector<std::string> sizes;
+  for (int i = 1; i < argc; ++i) {
+    const std::string argument = argv[i];
+    if (argument.starts_with("--repeat=")) {
+      repeat = std::max(1, std::atoi(argument.c_str() + 9));
+    } else if (program.empty()) {
+      program = std::filesystem::absolute(argument).string();
+    } else {
+      sizes.push_back(argument);
+    }
+  }
+  if (program.empty() || access(program.c_str(), X_OK) != 0) {
+    std::cerr << "Usage: RoundTrip <tesselor> [nodes ...] [--repeat=<number>]\n";
+    return 1;
+  }
+  if (sizes.empty())
+    sizes = {"1000", "10000", "50000"};
+
+  std::string pattern = (std::filesystem::temp_directory_path() / "tesselor-bench-XXXXXX").string();
+  if (!mkdtemp(pattern.data())) {
+    std::perror("mkdtemp");
+    return 1;
+  }
+  const std::filesystem::path directory = pattern;
+  bool allSucceeded = Generate(directory, "1");
+  const auto editor = [&](const std::string& nodes) {
+    return BestOf(repeat, [&] {
+      const std::string output = "saved-" + nodes + ".json";
+      std::filesystem::remove(directory / output);
+      Cost cost = MeasureChild([&] { return RunEditor(program, directory, "asset-" + nodes + ".json", output); });
+      // An exit code alone does not say that the asset was written.
+      cost.succeeded = cost.succeeded && std::filesystem::exists(directory / output);
+      return cost;
+    });
+  };
+
+  std::printf("| nodes | what | wall (ms) | CPU (ms) | peak memory (MB) | CPU against parse and print |\n");
+  std::printf("|---|---|---|---|---|---|\n");
+  const Cost start = editor("1");
+  PrintRow("1", "editor: start, load and save one node", start, nullptr);
+  allSucceeded = allSucceeded && start.succeeded;
+  for (const std::string& nodes : sizes) {
+    if (!Generate(directory, nodes)) {
+      std::cerr << "Cannot generate an asset of " << nodes << " nodes.\n";
+      allSucceeded = false;
+      continue;
+    }
+    const std::filesystem::path asset = directory / ("asset-" + nodes + ".json");
+    const Cost bare = BestOf(repeat, [&] { return MeasureChild([&] { return ParseAndPrint(asset); }); });
+    const Cost whole = editor(nodes);
+    PrintRow(nodes, "bare parse and print", bare, nullptr);
+    PrintRow(nodes, "editor: start, load and save", whole, &bare);
+    allSucceeded = allSucceeded && bare.succeeded && whole.succeeded;
+    std::fflush(stdout);
+  }
+  std::error_code ignored;
+  std::filesystem::remove_all(directory, ignored);
+  return allSucceeded ? 0 : 1;
+}
