@@ -56,6 +56,9 @@ public:
   /// Gives the object the constants of its place in a compiled document. Only once, before anything else is set.
   void SetConstants(const PropertySet* constants, bool fromTemplate);
 
+  /// False for a class that has to see each value set, because it keeps something in step with it.
+  virtual bool AcceptsConstants() const { return true; }
+
   /// Attaches an expression, replacing one on the same property. It takes effect by its `Activate`.
   void SetExpression(std::unique_ptr<ValueExpression> expression);
   ValueExpression* FindExpression(const DependencyProperty* property) const;

@@ -7,6 +7,7 @@
 namespace Toolkit {
 
 class FrameworkElement;
+class ResourceDictionary;
 
 /// Documents by name.
 class GUI {
@@ -23,6 +24,8 @@ public:
 
   /// Makes the object that a document describes; null, with a diagnostic, if that fails.
   static Ptr<Object> Load(std::string_view documentName);
+  /// Makes the resources of a document whose root is a resource dictionary; null, with a diagnostic, if that fails.
+  static Ptr<ResourceDictionary> LoadResources(std::string_view documentName);
 };
 
 } // namespace Toolkit
