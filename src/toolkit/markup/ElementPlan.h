@@ -2,6 +2,7 @@
 
 #include "toolkit/base/PropertySet.h"
 #include "toolkit/base/Type.h"
+#include "toolkit/visual/NameScope.h"
 #include "toolkit/visual/ResourceDictionary.h"
 #include "toolkit/visual/Style.h"
 
