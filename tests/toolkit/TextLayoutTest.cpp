@@ -63,6 +63,8 @@ TEST_F(TextLayoutTest, WrapsAtSpacesAndCutsOnlyWordsThatDoNotFit) {
   EXPECT_EQ(LineTexts(cut), (Strings{"mm", "mm", "mm"}));
   // A grapheme is never cut, and each line takes one at least.
   EXPECT_EQ(LineTexts(text.Layout("e\u0301e\u0301", Wrapped(1))), (Strings{"e\u0301", "e\u0301"}));
+  // Nor where the mark comes from another face than its base.
+  EXPECT_EQ(LineTexts(text.Layout("(\u05C7(", Wrapped(1))), (Strings{"(\u05C7", "("}));
   EXPECT_EQ(LineTexts(text.Layout("\u4F60\u597D", Wrapped(1))), (Strings{"\u4F60", "\u597D"}));
 }
 

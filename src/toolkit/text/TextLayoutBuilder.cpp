@@ -63,6 +63,24 @@ void TextLayout::Builder::MeasureClusters(const Paragraph& paragraph) {
     float& width = widths[glyph.cluster - paragraph.first];
     width = (width == InsideCluster ? 0 : width) + glyph.advance;
   }
+  // A mark from another face than its base is a cluster of its own, but lines are never cut inside a grapheme.
+  constexpr char32_t firstMark = 0x300;
+  uint32_t start = paragraph.first;
+  size_t graphemeEnd = 0;
+  for (uint32_t i = paragraph.first; i < paragraph.end; ++i) {
+    if (decoded.offsets[i] >= graphemeEnd) {
+      start = i;
+      const bool isAlone = i + 1 == paragraph.end || decoded.characters[i + 1] < firstMark;
+      graphemeEnd = isAlone ? decoded.offsets[i + 1] : NextGrapheme(layout.text, decoded.offsets[i]);
+      continue;
+    }
+    float& width = widths[i - paragraph.first];
+    if (width == InsideCluster)
+      continue;
+    float& startWidth = widths[start - paragraph.first];
+    startWidth = std::max(startWidth, 0.0f) + width;
+    width = InsideCluster;
+  }
 }
 
 double TextLayout::Builder::TabWidth(double x) const {
