@@ -1,0 +1,28 @@
+#include "fields/BaseField.h"
+
+#include "fields/FieldOptions.h"
+#include "toolkit/markup/GUI.h"
+
+namespace Tesselor {
+
+TOOLKIT_TYPE_IMPL(BaseField, Toolkit::UserControl, "Tesselor.BaseField")
+void BaseField::Describe(Toolkit::TypeBuilder<BaseField>& type) {
+  LabelProperty = type.Property<std::string>("Label", "Data");
+  DescriptionProperty = type.Property<std::string>("Description");
+}
+
+void BaseField::DeserializeOptions(const cJSON* options, bool) {
+  const FieldOptions common(options);
+  if (const auto label = common.SharedText(FieldOption::Label))
+    SetValue(LabelProperty, *label);
+  if (const auto description = common.SharedText(FieldOption::Description))
+    SetValue(DescriptionProperty, *description);
+  active = common.Boolean(FieldOption::Active).value_or(active);
+  required = common.Boolean(FieldOption::Required).value_or(required);
+}
+
+void BaseField::BindToSelf() { SetDataContext(this); }
+
+void BaseField::LoadDocument(std::string_view name) { Toolkit::GUI::LoadComponent(*this, name); }
+
+} // namespace Tesselor

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "toolkit/controls/UserControl.h"
+
+#include <string>
+#include <string_view>
+
+struct cJSON;
+
+namespace Tesselor {
+
+class FieldOwner;
+
+/// One typed editor inside a node: the control that shows and edits one value of an asset, and the code that moves
+/// the value from and to JSON. Made by `sCreateField`, owned by the node's field tables or by a `FieldObject`. A field
+/// never reaches into its node but through `FieldOwner`, and never keeps the JSON that it is given.
+class BaseField : public Toolkit::UserControl {
+  TOOLKIT_TYPE(BaseField)
+public:
+  static inline const Toolkit::DependencyProperty* LabelProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* DescriptionProperty = nullptr;
+
+  /// Writes the value into `object` under exactly this key. A class may write nothing.
+  virtual void Serialize(cJSON* object, const std::string& key) = 0;
+  /// Takes the value under `key`, in any letter case. A missing key or a type that the field doesn't take leaves the
+  /// field as it is.
+  virtual void Deserialize(const cJSON* object, const std::string& key) = 0;
+  /// Takes the schema's options. With `applyDefaults` a declared default becomes the value. Overrides call this first.
+  virtual void DeserializeOptions(const cJSON* options, bool applyDefaults);
+  /// Takes the value from `item` itself.
+  virtual void DeserializeValue(const cJSON* item) {}
+  /// The value equals the declared default. Always false for a class without a comparable default.
+  virtual bool IsDefault() const { return false; }
+  /// Whether a node offers the value for writing when it does not write all defaults.
+  virtual bool ShouldSerialize() const { return required || hasLoadedValue || !IsDefault(); }
+  /// The value as plain text, for a search.
+  virtual std::string GetValueAsString() const { return {}; }
+
+  std::string_view GetLabel() const { return GetString(LabelProperty); }
+  bool IsRequired() const { return required; }
+  /// Shown on its node. A hidden field is loaded and written all the same.
+  bool IsActive() const { return active; }
+  bool HasLoadedValue() const { return hasLoadedValue; }
+  /// The value came from a file, so it goes back into it even when it equals the default.
+  void MarkLoaded() { hasLoadedValue = true; }
+
+  /// The node that holds the field, which outlives this; null for a field nested in another and for a copy.
+  FieldOwner* OwnerNode() const { return ownerNode; }
+  void SetOwnerNode(FieldOwner* node) { ownerNode = node; }
+
+private:
+  /// Loads the class's document; called once, from the constructor.
+  virtual void InitializeComponent() = 0;
+
+protected:
+  BaseField() = default;
+  /// The bindings of a field's document read the field's own properties, carriers and collections, which must exist
+  /// by now.
+  void BindToSelf();
+  void LoadDocument(std::string_view name);
+
+  bool hasDefault = false;
+  bool required = false;
+  bool hasLoadedValue = false;
+  bool active = true;
+  FieldOwner* ownerNode = nullptr;
+};
+
+} // namespace Tesselor

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "fields/BaseField.h"
+#include "fields/FieldCheckboxData.h"
+
+namespace Tesselor {
+
+/// True or false.
+class FieldCheckbox : public BaseField {
+  TOOLKIT_TYPE(FieldCheckbox)
+public:
+  FieldCheckbox();
+  FieldCheckboxData* GetFieldCheckboxData() const { return fieldCheckboxData.Get(); }
+
+  void Serialize(cJSON* object, const std::string& key) override;
+  void Deserialize(const cJSON* object, const std::string& key) override;
+  void DeserializeOptions(const cJSON* options, bool applyDefaults) override;
+  bool IsDefault() const override;
+  std::string GetValueAsString() const override;
+
+private:
+  void InitializeComponent() override;
+
+  Toolkit::Ptr<FieldCheckboxData> fieldCheckboxData;
+  bool defaultValue = false;
+};
+
+} // namespace Tesselor

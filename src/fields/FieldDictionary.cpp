@@ -1,0 +1,173 @@
+#include "fields/FieldDictionary.h"
+
+#include "actions/ActionHistory.h"
+#include "app/FileDialogs.h"
+#include "fields/AssetIdReader.h"
+#include "fields/EventAttribute.h"
+#include "fields/FieldDictionaryActionCommand.h"
+#include "fields/FieldOptions.h"
+#include "toolkit/controls/ButtonBase.h"
+
+#include <algorithm>
+#include <cjson/cJSON.h>
+
+namespace Tesselor {
+
+TOOLKIT_TYPE_IMPL(FieldDictionary, BaseField, "Tesselor.FieldDictionary")
+void FieldDictionary::Describe(Toolkit::TypeBuilder<FieldDictionary>& type) {
+  WidthProperty = type.Property<int32_t>("Width", 75);
+  type.Member<&FieldDictionary::ReflectedRows>("Dictionary");
+}
+
+FieldDictionary::FieldDictionary() : rows(Toolkit::MakePtr<Rows>()) { InitializeComponent(); }
+
+void FieldDictionary::InitializeComponent() {
+  BindToSelf();
+  LoadDocument("FieldDictionary.xaml");
+}
+
+bool FieldDictionary::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
+  const EventAttribute attribute(source, eventName, handlerName);
+  const Toolkit::RoutedEvent& click = Toolkit::ButtonBase::ClickEvent;
+  return attribute.Connect<&FieldDictionary::OnDictionaryLoaded>(LoadedEvent, "OnDictionaryLoaded", this) ||
+         attribute.Connect<&FieldDictionary::OnAddItem>(click, "OnAddItem", this) ||
+         attribute.Connect<&FieldDictionary::OnRemoveItem>(click, "OnRemoveItem", this) ||
+         attribute.Connect<&FieldDictionary::OnMoveUp>(click, "OnMoveUp", this) ||
+         attribute.Connect<&FieldDictionary::OnMoveDown>(click, "OnMoveDown", this) ||
+         attribute.Connect<&FieldDictionary::OnSelectFile>(click, "OnSelectFile", this) ||
+         attribute.Connect<&FieldDictionary::OnInputLostFocus>(LostFocusEvent, "OnInputLostFocus", this);
+}
+
+void FieldDictionary::Serialize(cJSON* object, const std::string& key) {
+  if (rows->Count() == 0)
+    return;
+  cJSON* members = cJSON_CreateObject();
+  for (size_t i = 0; i < rows->Count(); ++i) {
+    const FieldDictionaryStringData& row = *rows->Get(i);
+    cJSON_AddItemToObject(members, row.GetKey().CString(), CreateItemJson(itemType, row.GetValue()));
+  }
+  cJSON_AddItemToObject(object, key.c_str(), members);
+}
+
+void FieldDictionary::Deserialize(const cJSON* object, const std::string& key) {
+  const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
+  if (!cJSON_IsObject(item))
+    return;
+  for (const cJSON* member = item->child; member; member = member->next)
+    AddRow(member->string, ItemText(itemType, member));
+  hasLoadedValue = true;
+}
+
+void FieldDictionary::DeserializeOptions(const cJSON* options, bool applyDefaults) {
+  BaseField::DeserializeOptions(options, applyDefaults);
+  const FieldOptions own(options);
+  if (const auto width = own.Integer(FieldOption::Width))
+    SetValue(WidthProperty, *width);
+  static constexpr FieldItemType allowed[] = {FieldItemType::String, FieldItemType::Uuid, FieldItemType::Int,
+                                              FieldItemType::Float,  FieldItemType::Bool, FieldItemType::Mixed};
+  itemType = ReadItemType(own, allowed);
+}
+
+std::string FieldDictionary::GetValueAsString() const {
+  std::string text;
+  for (size_t i = 0; i < rows->Count(); ++i) {
+    if (i > 0)
+      text += ' ';
+    text += rows->Get(i)->GetKey().View();
+    text += ' ';
+    text += rows->Get(i)->GetValue().View();
+  }
+  return text;
+}
+
+FieldDictionary::Values FieldDictionary::GetValues() const {
+  Values values;
+  values.reserve(rows->Count());
+  for (size_t i = 0; i < rows->Count(); ++i)
+    values.emplace_back(rows->Get(i)->GetKey(), rows->Get(i)->GetValue());
+  // Stable, so that the first row of a key stays the first.
+  std::stable_sort(values.begin(), values.end(),
+                   [](const auto& a, const auto& b) { return a.first.View() < b.first.View(); });
+  const auto last =
+      std::unique(values.begin(), values.end(), [](const auto& a, const auto& b) { return a.first == b.first; });
+  values.erase(last, values.end());
+  return values;
+}
+
+void FieldDictionary::SetValues(const Values& values) {
+  isRestoring = true;
+  rows->Clear();
+  for (const auto& [key, value] : values)
+    AddRow(key, value);
+  UpdateMoveButtons(*rows);
+  previousValues = GetValues();
+  isRestoring = false;
+}
+
+void FieldDictionary::AddRow(const Toolkit::SharedString& key, const Toolkit::SharedString& value) {
+  auto row = Toolkit::MakePtr<FieldDictionaryStringData>();
+  row->SetKey(key);
+  row->SetValue(value);
+  if (itemType == FieldItemType::Uuid)
+    row->SetSelectFileButtonVisibility(Toolkit::Visibility::Visible);
+  rows->Add(std::move(row));
+}
+
+void FieldDictionary::PushUndoIfChanged() {
+  Values current = GetValues();
+  if (current == previousValues)
+    return;
+  ActionHistory::Instance().Push(std::make_unique<FieldDictionaryActionCommand>(Toolkit::Ptr<FieldDictionary>(this),
+                                                                                std::move(previousValues), current));
+  previousValues = std::move(current);
+}
+
+void FieldDictionary::MoveRow(Toolkit::Object* sender, int step) {
+  const FieldRowData* row = RowOfButton(sender);
+  const int index = row ? rows->IndexOfItem(row) : -1;
+  if (index < 0)
+    return;
+  const int target = index + step;
+  if (target >= 0 && target < rows->CountValue())
+    rows->Move(static_cast<size_t>(index), static_cast<size_t>(target));
+  UpdateMoveButtons(*rows);
+  PushUndoIfChanged();
+}
+
+void FieldDictionary::OnDictionaryLoaded(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  previousValues = GetValues();
+}
+
+void FieldDictionary::OnAddItem(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  AddRow({}, {});
+  UpdateMoveButtons(*rows);
+  PushUndoIfChanged();
+}
+
+void FieldDictionary::OnRemoveItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
+  const FieldRowData* row = RowOfButton(sender);
+  const int index = row ? rows->IndexOfItem(row) : -1;
+  if (index < 0)
+    return;
+  rows->RemoveAt(static_cast<size_t>(index));
+  UpdateMoveButtons(*rows);
+  PushUndoIfChanged();
+}
+
+void FieldDictionary::OnInputLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  if (!isRestoring)
+    PushUndoIfChanged();
+}
+
+void FieldDictionary::OnSelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
+  const Toolkit::Ptr<FieldRowData> row(RowOfButton(sender));
+  if (!row)
+    return;
+  const std::optional<std::string> path = FileDialogs::Open();
+  if (!path)
+    return;
+  if (const std::optional<std::string> id = ReadAssetId(*path))
+    row->SetValue(*id);
+}
+
+} // namespace Tesselor

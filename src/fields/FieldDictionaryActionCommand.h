@@ -1,0 +1,22 @@
+#pragma once
+
+#include "actions/IActionCommand.h"
+#include "fields/FieldDictionary.h"
+
+namespace Tesselor {
+
+/// A change of a dictionary: rows added, removed or edited. The order of the rows is not part of it.
+class FieldDictionaryActionCommand final : public IActionCommand {
+public:
+  FieldDictionaryActionCommand(Toolkit::Ptr<FieldDictionary> field, FieldDictionary::Values oldValues,
+                               FieldDictionary::Values newValues)
+      : field(std::move(field)), oldValues(std::move(oldValues)), newValues(std::move(newValues)) {}
+  void Do() override { field->SetValues(newValues); }
+  void Undo() override { field->SetValues(oldValues); }
+
+private:
+  Toolkit::Ptr<FieldDictionary> field;
+  FieldDictionary::Values oldValues, newValues;
+};
+
+} // namespace Tesselor

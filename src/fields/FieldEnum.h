@@ -1,0 +1,55 @@
+#pragma once
+
+#include "fields/BaseField.h"
+#include "fields/EnumItemData.h"
+#include "toolkit/base/ObservableCollection.h"
+
+#include <string_view>
+
+namespace Toolkit {
+class ComboBox;
+}
+
+namespace Tesselor {
+
+/// One string out of a list that the schema gives. The value lives in the combo box's selection and nowhere else.
+class FieldEnum : public BaseField {
+  TOOLKIT_TYPE(FieldEnum)
+public:
+  using Options = Toolkit::ObservableCollection<EnumItemData>;
+  static inline const Toolkit::DependencyProperty* WidthProperty = nullptr;
+
+  FieldEnum();
+  /// What the combo box offers, in its order.
+  Options* GetEnumOptions() const { return enumOptions.Get(); }
+
+  /// Writes nothing without a selection.
+  void Serialize(cJSON* object, const std::string& key) override;
+  void Deserialize(const cJSON* object, const std::string& key) override;
+  void DeserializeOptions(const cJSON* options, bool applyDefaults) override;
+  bool IsDefault() const override;
+  std::string GetValueAsString() const override;
+
+protected:
+  /// For a class with a document of its own, whose constructor calls `Complete`.
+  struct WithoutDocument {};
+  explicit FieldEnum(WithoutDocument);
+  /// Finds the elements of the loaded document.
+  void Complete();
+
+  /// Selects the first option of that text, or else the first option at all, with a box. Without any option there is
+  /// a box and a log line, and no selection.
+  void SetSelectedEnum(std::string_view value);
+  EnumItemData* SelectedOption() const;
+
+  Toolkit::Ptr<Options> enumOptions;
+  Toolkit::Ptr<Toolkit::ComboBox> comboBox;
+
+private:
+  void InitializeComponent() override;
+  Toolkit::ObservableCollectionBase* ReflectedOptions() const { return enumOptions.Get(); }
+
+  Toolkit::SharedString defaultText;
+};
+
+} // namespace Tesselor

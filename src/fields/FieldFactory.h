@@ -1,0 +1,18 @@
+#pragma once
+
+#include "fields/BaseField.h"
+
+#include <string_view>
+
+namespace Tesselor {
+
+struct NodeFieldBlueprint;
+
+/// Makes the control for one field of a schema and gives it its options, if they are a JSON object. With
+/// `applyDefaults` declared defaults become values. An unknown type is told to the user; null comes back.
+Toolkit::Ptr<BaseField> sCreateField(const NodeFieldBlueprint* blueprint, bool applyDefaults);
+
+/// The same from the parts of a blueprint. `options` may be null and is not kept.
+Toolkit::Ptr<BaseField> CreateField(std::string_view type, const cJSON* options, bool applyDefaults);
+
+} // namespace Tesselor

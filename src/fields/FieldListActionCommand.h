@@ -1,0 +1,21 @@
+#pragma once
+
+#include "actions/IActionCommand.h"
+#include "fields/FieldList.h"
+
+namespace Tesselor {
+
+/// A change of a list's rows: added, removed, moved or edited ones.
+class FieldListActionCommand final : public IActionCommand {
+public:
+  FieldListActionCommand(Toolkit::Ptr<FieldList> field, FieldList::Values oldValues, FieldList::Values newValues)
+      : field(std::move(field)), oldValues(std::move(oldValues)), newValues(std::move(newValues)) {}
+  void Do() override { field->SetValues(newValues); }
+  void Undo() override { field->SetValues(oldValues); }
+
+private:
+  Toolkit::Ptr<FieldList> field;
+  FieldList::Values oldValues, newValues;
+};
+
+} // namespace Tesselor

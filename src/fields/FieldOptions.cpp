@@ -1,0 +1,83 @@
+#include "fields/FieldOptions.h"
+
+#include <cjson/cJSON.h>
+#include <functional>
+#include <string_view>
+
+namespace Tesselor {
+
+namespace {
+
+constexpr size_t optionCount = static_cast<size_t>(FieldOption::Count);
+
+/// In the order of `FieldOption`, in lower case.
+constexpr std::array<std::string_view, optionCount> lowerNames = {
+    "active",        "default", "description", "fields", "fontsize", "height",   "isnodename",
+    "isuuid",        "label",   "largechange", "max",    "min",      "required", "text",
+    "tickfrequency", "type",    "useuuid",     "values", "width"};
+
+constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool Matches(std::string_view lowerName, std::string_view key) {
+  if (lowerName.size() != key.size())
+    return false;
+  for (size_t i = 0; i < key.size(); ++i)
+    if (Lower(key[i]) != lowerName[i])
+      return false;
+  return true;
+}
+
+} // namespace
+
+FieldOptions::FieldOptions(const cJSON* options) {
+  if (!options)
+    return;
+  for (const cJSON* child = options->child; child; child = child->next) {
+    if (!child->string)
+      continue;
+    const std::string_view key(child->string);
+    for (size_t i = 0; i < optionCount; ++i) {
+      if (!Matches(lowerNames[i], key))
+        continue;
+      if (!items[i])
+        items[i] = child;
+      break;
+    }
+  }
+}
+
+std::optional<int32_t> FieldOptions::Integer(FieldOption option) const {
+  const cJSON* item = Item(option);
+  return item ? std::optional<int32_t>(item->valueint) : std::nullopt;
+}
+
+std::optional<bool> FieldOptions::Boolean(FieldOption option) const {
+  const cJSON* item = Item(option);
+  return cJSON_IsBool(item) ? std::optional<bool>(cJSON_IsTrue(item)) : std::nullopt;
+}
+
+bool FieldOptions::IsTrue(FieldOption option) const { return cJSON_IsTrue(Item(option)); }
+
+std::optional<double> FieldOptions::Number(FieldOption option) const {
+  const cJSON* item = Item(option);
+  return cJSON_IsNumber(item) ? std::optional<double>(item->valuedouble) : std::nullopt;
+}
+
+const char* FieldOptions::Text(FieldOption option) const {
+  const cJSON* item = Item(option);
+  return cJSON_IsString(item) ? item->valuestring : nullptr;
+}
+
+std::optional<Toolkit::SharedString> FieldOptions::SharedText(FieldOption option) const {
+  const char* text = Text(option);
+  if (!text)
+    return std::nullopt;
+  static std::array<Toolkit::SharedString, 1024> recentTexts;
+  const std::string_view view(text);
+  Toolkit::SharedString& recent = recentTexts[std::hash<std::string_view>()(view) % recentTexts.size()];
+  if (recent.View() != view)
+    recent = Toolkit::SharedString(view);
+  return recent;
+}
+
+} // namespace Tesselor

@@ -1,0 +1,97 @@
+#include "fields/FieldRawJson.h"
+
+#include "fields/FieldErrorBox.h"
+#include "fields/FieldOptions.h"
+
+#include <cjson/cJSON.h>
+#include <cstring>
+#include <memory>
+
+namespace Tesselor {
+
+namespace {
+
+/// Whether the whole text is one JSON value that the parser would take inside a file as well.
+bool IsCompleteJson(const char* text) {
+  // The parser skips a byte order mark at the very start only.
+  if (static_cast<unsigned char>(text[0]) == 0xef)
+    return false;
+  cJSON* json = cJSON_ParseWithLengthOpts(text, std::strlen(text) + 1, nullptr, true);
+  cJSON_Delete(json);
+  return json != nullptr;
+}
+
+} // namespace
+
+TOOLKIT_TYPE_IMPL(FieldRawJson, BaseField, "Tesselor.FieldRawJson")
+void FieldRawJson::Describe(Toolkit::TypeBuilder<FieldRawJson>& type) {
+  WidthProperty = type.Property<int32_t>("Width", 250);
+  type.Member<&FieldRawJson::GetFieldTextData>("FieldTextData");
+}
+
+FieldRawJson::FieldRawJson() {
+  static const Toolkit::SharedString initialText("{\n    \n}");
+  lastValidText = initialText;
+  fieldTextData = Toolkit::MakePtr<FieldTextData>(initialText);
+  InitializeComponent();
+}
+
+void FieldRawJson::InitializeComponent() {
+  BindToSelf();
+  LoadDocument("FieldRawJson.xaml");
+}
+
+void FieldRawJson::Serialize(cJSON* object, const std::string& key) {
+  cJSON_AddRawToObject(object, key.c_str(), TextToSave().CString());
+}
+
+const Toolkit::SharedString& FieldRawJson::TextToSave() {
+  if (!RememberIfValid())
+    ShowFieldError("Field '" + std::string(GetLabel()) +
+                   "' does not hold valid JSON. The last valid value is saved instead.");
+  return lastValidText;
+}
+
+void FieldRawJson::Deserialize(const cJSON* object, const std::string& key) {
+  const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
+  if (!item)
+    return;
+  const std::unique_ptr<char, decltype(&cJSON_free)> printed(cJSON_Print(item), &cJSON_free);
+  if (!printed)
+    return;
+  lastValidText = Toolkit::SharedString(printed.get());
+  fieldTextData->SetValue(lastValidText);
+  hasLoadedValue = true;
+}
+
+void FieldRawJson::DeserializeOptions(const cJSON* options, bool applyDefaults) {
+  BaseField::DeserializeOptions(options, applyDefaults);
+  const FieldOptions own(options);
+  if (const auto width = own.Integer(FieldOption::Width))
+    SetValue(WidthProperty, *width);
+  if (const auto text = own.SharedText(FieldOption::Default); text && applyDefaults) {
+    fieldTextData->SetValue(*text);
+    RememberIfValid();
+  }
+}
+
+std::string FieldRawJson::GetValueAsString() const { return std::string(fieldTextData->GetValue()); }
+
+void FieldRawJson::OnRoutedEvent(const Toolkit::RoutedEventArgs& args) {
+  BaseField::OnRoutedEvent(args);
+  // An editing session begins with what may have been undone to, and ends with what was typed.
+  if (args.event == &GotFocusEvent || args.event == &LostFocusEvent)
+    RememberIfValid();
+}
+
+bool FieldRawJson::RememberIfValid() {
+  const Toolkit::SharedString& text = fieldTextData->GetText();
+  if (text == lastValidText)
+    return true;
+  if (!IsCompleteJson(text.CString()))
+    return false;
+  lastValidText = text;
+  return true;
+}
+
+} // namespace Tesselor

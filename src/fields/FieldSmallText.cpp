@@ -1,0 +1,97 @@
+#include "fields/FieldSmallText.h"
+
+#include "app/Uuid.h"
+#include "fields/EventAttribute.h"
+#include "fields/FieldOptions.h"
+#include "fields/FieldOwner.h"
+#include "toolkit/controls/ButtonBase.h"
+
+#include <cjson/cJSON.h>
+
+namespace Tesselor {
+
+using Toolkit::Visibility;
+
+TOOLKIT_TYPE_IMPL(FieldSmallText, BaseField, "Tesselor.FieldSmallText")
+void FieldSmallText::Describe(Toolkit::TypeBuilder<FieldSmallText>& type) {
+  WidthProperty = type.Property<int32_t>("Width", 75);
+  IsUUIDVisibilityProperty = type.Property<Visibility>("IsUUIDVisibility", Visibility::Collapsed);
+  GenerateNodeNameVisibilityProperty = type.Property<Visibility>("GenerateNodeNameVisibility", Visibility::Collapsed);
+  type.Member<&FieldSmallText::GetFieldTextData>("FieldTextData");
+}
+
+FieldSmallText::FieldSmallText() : fieldTextData(Toolkit::MakePtr<FieldTextData>()) { InitializeComponent(); }
+
+void FieldSmallText::InitializeComponent() {
+  BindToSelf();
+  LoadDocument("FieldSmallText.xaml");
+}
+
+bool FieldSmallText::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
+  const EventAttribute attribute(source, eventName, handlerName);
+  const Toolkit::RoutedEvent& click = Toolkit::ButtonBase::ClickEvent;
+  return attribute.Connect<&FieldSmallText::GenerateUUIDEvent>(click, "GenerateUUIDEvent", this) ||
+         attribute.Connect<&FieldSmallText::GenerateNodeNameEvent>(click, "GenerateNodeNameEvent", this) ||
+         attribute.Connect<&FieldSmallText::OnInputLostFocus>(LostFocusEvent, "OnInputLostFocus", this);
+}
+
+void FieldSmallText::Serialize(cJSON* object, const std::string& key) {
+  if (fieldTextData->GetText().IsEmpty() && !ShouldSerialize())
+    return;
+  cJSON_AddStringToObject(object, key.c_str(), fieldTextData->GetText().CString());
+}
+
+void FieldSmallText::Deserialize(const cJSON* object, const std::string& key) {
+  const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
+  if (!cJSON_IsString(item))
+    return;
+  fieldTextData->SetValue(item->valuestring);
+  hasLoadedValue = true;
+}
+
+void FieldSmallText::DeserializeOptions(const cJSON* options, bool applyDefaults) {
+  BaseField::DeserializeOptions(options, applyDefaults);
+  const FieldOptions own(options);
+  if (const auto width = own.Integer(FieldOption::Width))
+    SetValue(WidthProperty, *width);
+  if (own.Has(FieldOption::IsUUID)) {
+    const bool isShown = own.IsTrue(FieldOption::IsUUID);
+    SetValue(IsUUIDVisibilityProperty, isShown ? Visibility::Visible : Visibility::Collapsed);
+    fieldTextData->SetValue(GenerateUuid());
+  }
+  if (own.Has(FieldOption::IsNodeName)) {
+    const bool isShown = own.IsTrue(FieldOption::IsNodeName);
+    SetValue(GenerateNodeNameVisibilityProperty, isShown ? Visibility::Visible : Visibility::Collapsed);
+  }
+  if (const auto text = own.SharedText(FieldOption::Default)) {
+    defaultText = *text;
+    hasDefault = true;
+    if (applyDefaults)
+      fieldTextData->SetValue(defaultText);
+  }
+}
+
+bool FieldSmallText::IsDefault() const { return hasDefault && fieldTextData->GetText() == defaultText; }
+
+std::string FieldSmallText::GetValueAsString() const { return std::string(fieldTextData->GetValue()); }
+
+void FieldSmallText::GenerateUUIDEvent(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  fieldTextData->SetValue(GenerateUuid());
+}
+
+void FieldSmallText::GenerateNodeNameEvent(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  std::string name;
+  if (ownerNode) {
+    name = ownerNode->NodeName();
+    if (name.empty())
+      name = ownerNode->FindUpstreamName();
+  }
+  fieldTextData->SetValue(name + "_inline");
+}
+
+void FieldSmallText::OnInputLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  if (ownerNode && Get<Visibility>(GenerateNodeNameVisibilityProperty) == Visibility::Visible)
+    ownerNode->SetNodeName(fieldTextData->GetValue());
+}
+
+} // namespace Tesselor
