@@ -176,6 +176,27 @@ TEST_F(TextLayoutTest, LaysRightToLeftTextOutInVisualOrder) {
   EXPECT_EQ(layout.SelectionRectangles(0, mixed.size()).size(), 1u);
 }
 
+TEST_F(TextLayoutTest, OrdersEachLineOfWrappedRightToLeftTextByItself) {
+  const std::string word = Hebrew;
+  const float width = text.Layout(word).Size().width;
+  const TextLayout layout = text.Layout(word + " " + word + " " + word, Wrapped(width));
+  ASSERT_EQ(layout.Lines().size(), 3u);
+  EXPECT_EQ(layout.Size().width, width);
+  for (const LayoutLine& line : layout.Lines()) {
+    const std::string shown = layout.Text().substr(line.textStart, line.textEnd - line.textStart);
+    // The word begins at its right edge and ends at the line's left one; the blank behind it hangs over on the right.
+    EXPECT_NEAR(layout.CaretPosition(line.textStart).x, width, TextStep) << shown;
+    EXPECT_EQ(layout.HitTest(0.5f, line.y + 1), line.textStart + word.size()) << shown;
+    uint32_t glyphs = 0;
+    for (uint32_t run = line.firstRun; run < line.endRun; ++run)
+      glyphs += layout.Runs()[run].endGlyph - layout.Runs()[run].firstGlyph;
+    EXPECT_EQ(glyphs, shown.size() == word.size() ? 3u : 4u) << shown;
+  }
+  // A tab separates two stretches that stand in the line's own order.
+  const TextLayout tabbed = text.Layout(word + "\t" + word);
+  EXPECT_LT(tabbed.CaretPosition(0).x, tabbed.CaretPosition(word.size() + 1).x);
+}
+
 TEST_F(TextLayoutTest, NumbersInsideRightToLeftTextKeepTheirOrder) {
   const TextLayout layout = text.Layout(std::string(Hebrew) + " 12 " + Hebrew);
   EXPECT_LT(layout.CaretPosition(7).x, layout.CaretPosition(8).x);

@@ -115,8 +115,7 @@ void TextShaper::FindLevels(const DecodedText& text, size_t first, size_t end, S
   if (fribidi_get_par_embedding_levels_ex(types.data(), brackets.data(), length, &base, embedding.data()) == 0)
     return;
   for (size_t i = 0; i < count; ++i) {
-    // A tab separates segments: it has the paragraph's own level.
-    levels[i] = characters[i] == '\t' ? 0 : static_cast<uint8_t>(std::max<int>(0, embedding[i]));
+    levels[i] = static_cast<uint8_t>(std::max<int>(0, embedding[i]));
     if (levels[i] & 1)
       result.hasRightToLeft = true;
   }
