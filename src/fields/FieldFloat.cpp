@@ -77,9 +77,13 @@ bool FieldFloat::IsDefault() const {
 std::string FieldFloat::GetValueAsString() const { return std::string(fieldTextData->GetValue()); }
 
 void FieldFloat::OnTextChanged(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  const auto filtered = FilterFloatText(inputText->GetText(), minValue, maxValue);
+  if (!filtered)
+    return;
   // Setting the text comes back here, until the filter has nothing left to change.
-  if (const auto filtered = FilterFloatText(inputText->GetText(), minValue, maxValue))
-    inputText->SetText(*filtered);
+  inputText->SetText(*filtered);
+  // While the binding carries a text to the box, it does not carry the box's answer back.
+  fieldTextData->SetValue(inputText->GetText());
 }
 
 } // namespace Tesselor

@@ -76,9 +76,13 @@ bool FieldInt::IsDefault() const {
 std::string FieldInt::GetValueAsString() const { return std::string(fieldTextData->GetValue()); }
 
 void FieldInt::OnTextChanged(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  const auto filtered = FilterIntegerText(inputText->GetText(), minValue, maxValue);
+  if (!filtered)
+    return;
   // Setting the text comes back here, until the filter has nothing left to change.
-  if (const auto filtered = FilterIntegerText(inputText->GetText(), minValue, maxValue))
-    inputText->SetText(*filtered);
+  inputText->SetText(*filtered);
+  // While the binding carries a text to the box, it does not carry the box's answer back.
+  fieldTextData->SetValue(inputText->GetText());
 }
 
 } // namespace Tesselor
