@@ -27,6 +27,7 @@ protected:
   void OnChildrenChanged() override;
   void OnChildAdded(UIElement* child) override;
   void OnChildDesiredSizeChanged(UIElement* child) override;
+  void ArrangeDirtyChild(UIElement& child) override;
 
 private:
   friend void PlaceOnCanvas(DependencyObject& object, const PropertyChange& change);

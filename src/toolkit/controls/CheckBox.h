@@ -17,6 +17,7 @@ protected:
   void OnClick() override;
   Size MeasureOverride(Size available) override;
   Size ArrangeOverride(Size finalSize) override;
+  bool HitTestSelf(Point point) const override { return Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point); }
 };
 
 } // namespace Toolkit

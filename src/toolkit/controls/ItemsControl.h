@@ -43,6 +43,7 @@ public:
   size_t ItemCount() const;
   Object* ItemAt(size_t index) const;
   ObservableCollection<Object>& Items();
+  void AddItem(Object* item);
   void SetItemsSource(ObservableCollectionBase* source) { SetValue(ItemsSourceProperty, source); }
   const ItemContainerGenerator& GetItemContainerGenerator() const { return generator; }
   Panel* ItemsHost() const { return host.Get(); }
@@ -72,6 +73,8 @@ private:
   Ptr<ObservableCollection<Object>> ownItems;
   Ptr<Panel> host;
   std::vector<Ptr<Object>> containerItems;
+  // Bindings made for `DisplayMemberPath`; their expressions refer to them.
+  std::vector<Ptr<Object>> memberBindings;
   bool containersDue = true;
 };
 

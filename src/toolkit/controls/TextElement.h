@@ -1,7 +1,7 @@
 #pragma once
 
 #include "toolkit/base/DependencyObject.h"
-#include "toolkit/text/TextEnums.h"
+#include "toolkit/text/TextCache.h"
 
 namespace Toolkit {
 
@@ -22,6 +22,16 @@ public:
   static inline const DependencyProperty* FontWeightProperty = nullptr;
   static inline const DependencyProperty* FontStyleProperty = nullptr;
   static inline const DependencyProperty* ForegroundProperty = nullptr;
+
+  /// The style of text in an element, from the properties above.
+  static TextStyle StyleOf(const DependencyObject& object);
+  /// Makes the properties members of another class.
+  template <class C> static void DeclareOn(TypeBuilder<C>& type) {
+    StaticType();
+    for (const DependencyProperty* property :
+         {FontFamilyProperty, FontSizeProperty, FontWeightProperty, FontStyleProperty, ForegroundProperty})
+      type.Declare(property);
+  }
 };
 
 } // namespace Toolkit

@@ -125,6 +125,11 @@ void UIElement::RemoveVisualChild(UIElement* child) {
   LayoutQueue::Current().VisualChanged();
 }
 
+void UIElement::ReleaseVisualChild(UIElement* child) {
+  if (child->ReferenceCount() > 1 || child->attached) RemoveVisualChild(child);
+  else child->visualParent = nullptr;
+}
+
 void UIElement::OnPropertyChanged(const PropertyChange& change) {
   DependencyObject::OnPropertyChanged(change);
   const uint32_t flags = change.property.flags;

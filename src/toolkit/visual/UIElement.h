@@ -106,6 +106,8 @@ protected:
   /// A child was added to or taken from what `VisualChild` lists.
   void AddVisualChild(UIElement* child);
   void RemoveVisualChild(UIElement* child);
+  /// As `RemoveVisualChild`, from a destructor: a child that goes with its parent is not told of the change.
+  void ReleaseVisualChild(UIElement* child);
   void OnPropertyChanged(const PropertyChange& change) override;
   void RefreshInheritanceOfChildren(uint16_t changedBits) override;
 

@@ -1,0 +1,60 @@
+#include "toolkit/controls/Canvas.h"
+
+#include "toolkit/visual/LayoutQueue.h"
+
+namespace Toolkit {
+
+void PlaceOnCanvas(DependencyObject& object, const PropertyChange&) {
+  auto* element = DynamicCast<UIElement>(static_cast<Object*>(&object));
+  if (!element) return;
+  auto* canvas = DynamicCast<Canvas>(static_cast<Object*>(element->VisualParent()));
+  // Only the place changes, so the arrangement inside stays.
+  if (canvas && element->IsMeasureValid()) canvas->ArrangeChild(*element);
+}
+
+TOOLKIT_TYPE_IMPL(Canvas, Panel, "Canvas")
+void Canvas::Describe(TypeBuilder<Canvas>& type) {
+  LeftProperty = type.Property<float>("Left", Auto, 0, &PlaceOnCanvas);
+  TopProperty = type.Property<float>("Top", Auto, 0, &PlaceOnCanvas);
+  RightProperty = type.Property<float>("Right", Auto, 0, &PlaceOnCanvas);
+  BottomProperty = type.Property<float>("Bottom", Auto, 0, &PlaceOnCanvas);
+}
+
+Size Canvas::MeasureOverride(Size) {
+  for (size_t i = 0; i < ChildCount(); ++i) Child(i)->Measure({Infinity, Infinity});
+  return {};
+}
+
+Size Canvas::ArrangeOverride(Size finalSize) {
+  size = finalSize;
+  for (size_t i = 0; i < ChildCount(); ++i) ArrangeChild(*Child(i));
+  return finalSize;
+}
+
+void Canvas::ArrangeDirtyChild(UIElement& child) { ArrangeChild(child); }
+
+void Canvas::ArrangeChild(UIElement& child) {
+  const Size wanted = child.DesiredSize();
+  float x = GetLeft(&child), y = GetTop(&child);
+  if (IsAuto(x)) {
+    const float right = child.Get<float>(RightProperty);
+    x = IsAuto(right) ? 0 : size.width - right - wanted.width;
+  }
+  if (IsAuto(y)) {
+    const float bottom = child.Get<float>(BottomProperty);
+    y = IsAuto(bottom) ? 0 : size.height - bottom - wanted.height;
+  }
+  child.Arrange({x, y, wanted.width, wanted.height});
+}
+
+void Canvas::OnChildrenChanged() {}
+
+void Canvas::OnChildAdded(UIElement* child) {
+  if (IsAttached()) LayoutQueue::Current().AddMeasure(*child);
+}
+
+void Canvas::OnChildDesiredSizeChanged(UIElement* child) {
+  if (IsAttached()) LayoutQueue::Current().AddArrange(*child);
+}
+
+} // namespace Toolkit

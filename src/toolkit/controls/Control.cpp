@@ -1,0 +1,86 @@
+#include "toolkit/controls/Control.h"
+
+#include "toolkit/base/Diagnostics.h"
+#include "toolkit/controls/TextElement.h"
+#include "toolkit/markup/Template.h"
+#include "toolkit/render/Brush.h"
+#include "toolkit/visual/NameScope.h"
+
+#include <algorithm>
+
+namespace Toolkit {
+
+TOOLKIT_TYPE_IMPL(Control, FrameworkElement, "Control")
+void Control::Describe(TypeBuilder<Control>& type) {
+  using P = DependencyProperty;
+  BackgroundProperty = type.Property<Brush*>("Background", nullptr, P::AffectsRender);
+  BorderBrushProperty = type.Property<Brush*>("BorderBrush", nullptr, P::AffectsRender);
+  BorderThicknessProperty = type.Property<Thickness>("BorderThickness", Thickness(), P::AffectsMeasure);
+  CornerRadiusProperty = type.Property<CornerRadius>("CornerRadius", CornerRadius(), P::AffectsRender);
+  PaddingProperty = type.Property<Thickness>("Padding", Thickness(), P::AffectsMeasure);
+  HorizontalContentAlignmentProperty = type.Property<HorizontalAlignment>(
+      "HorizontalContentAlignment", HorizontalAlignment::Left, P::AffectsArrange);
+  VerticalContentAlignmentProperty =
+      type.Property<VerticalAlignment>("VerticalContentAlignment", VerticalAlignment::Top, P::AffectsArrange);
+  TemplateProperty = type.Property<ControlTemplate*>("Template", nullptr, P::AffectsMeasure);
+  IsTabStopProperty = type.Property<bool>("IsTabStop", true);
+  TabIndexProperty = type.Property<int32_t>("TabIndex", INT32_MAX);
+  TextElement::DeclareOn(type);
+}
+
+Control::~Control() {
+  if (templateRoot) ReleaseVisualChild(templateRoot.Get());
+}
+
+void Control::ApplyTemplate() {
+  if (!templateDue) return;
+  templateDue = false;
+  if (templateRoot) {
+    RemoveVisualChild(templateRoot.Get());
+    templateRoot.Reset();
+  }
+  const auto* controlTemplate = static_cast<const ControlTemplate*>(GetValue(TemplateProperty).AsObject());
+  if (!controlTemplate) return;
+  if (controlTemplate->targetType && !GetType().IsA(*controlTemplate->targetType)) {
+    TOOLKIT_WARN("Markup", "the template of " + controlTemplate->targetType->Name() + " is set on a " + GetType().Name());
+    return;
+  }
+  templateRoot = controlTemplate->Instantiate(this);
+  if (!templateRoot) return;
+  AddVisualChild(templateRoot.Get());
+  OnApplyTemplate();
+}
+
+Object* Control::GetTemplateChild(std::string_view name) const {
+  const auto* root = DynamicCast<FrameworkElement>(static_cast<const Object*>(templateRoot.Get()));
+  const NameScope* scope = root ? root->GetNameScope() : nullptr;
+  return scope ? scope->Find(Symbol(name)) : nullptr;
+}
+
+void Control::OnPropertyChanged(const PropertyChange& change) {
+  FrameworkElement::OnPropertyChanged(change);
+  if (&change.property == TemplateProperty) templateDue = true;
+}
+
+Thickness Control::Chrome() const {
+  const Thickness border = Get<Thickness>(BorderThicknessProperty), padding = Get<Thickness>(PaddingProperty);
+  return {border.left + padding.left, border.top + padding.top, border.right + padding.right,
+          border.bottom + padding.bottom};
+}
+
+Size Control::MeasureOverride(Size available) {
+  if (!templateRoot) return {};
+  templateRoot->Measure(available);
+  return templateRoot->DesiredSize();
+}
+
+Size Control::ArrangeOverride(Size finalSize) {
+  if (templateRoot) templateRoot->Arrange({0, 0, finalSize.width, finalSize.height});
+  return finalSize;
+}
+
+bool Control::HitTestSelf(Point point) const {
+  return !GetValue(BackgroundProperty).IsNone() && Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point);
+}
+
+} // namespace Toolkit

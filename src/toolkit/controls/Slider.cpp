@@ -1,0 +1,98 @@
+#include "toolkit/controls/Slider.h"
+
+#include "toolkit/visual/Input.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Toolkit {
+
+namespace {
+constexpr float ThumbWidth = 12;
+constexpr float TrackHeight = 24;
+constexpr float TickHeight = 8;
+} // namespace
+
+const EnumDescription& DescribeEnum(TickPlacement) {
+  static const EnumDescription description{{{"None", 0}, {"TopLeft", 1}, {"BottomRight", 2}, {"Both", 3}}};
+  return description;
+}
+
+const RoutedEvent Slider::ValueChangedEvent("ValueChanged", RoutingStrategy::Bubble);
+
+TOOLKIT_TYPE_IMPL(Slider, Control, "Slider")
+void Slider::Describe(TypeBuilder<Slider>& type) {
+  using P = DependencyProperty;
+  ValueProperty = type.Property<float>("Value", 0, P::BindsTwoWay | P::AffectsRender);
+  MinimumProperty = type.Property<float>("Minimum", 0, P::AffectsRender);
+  MaximumProperty = type.Property<float>("Maximum", 10, P::AffectsRender);
+  TickFrequencyProperty = type.Property<float>("TickFrequency", 1, P::AffectsRender);
+  SmallChangeProperty = type.Property<float>("SmallChange", 1);
+  LargeChangeProperty = type.Property<float>("LargeChange", 10);
+  TickPlacementProperty = type.Property<TickPlacement>("TickPlacement", TickPlacement::None, P::AffectsMeasure);
+  IsSnapToTickEnabledProperty = type.Property<bool>("IsSnapToTickEnabled");
+  type.Event(&ValueChangedEvent);
+}
+
+void Slider::SetValueNumber(float value) {
+  const float low = Get<float>(MinimumProperty), high = std::max(low, Get<float>(MaximumProperty));
+  SetValue(ValueProperty, std::clamp(value, low, high));
+}
+
+void Slider::OnPropertyChanged(const PropertyChange& change) {
+  Control::OnPropertyChanged(change);
+  if (&change.property == ValueProperty) RaiseEvent(RoutedEventArgs(ValueChangedEvent, this));
+}
+
+Size Slider::MeasureOverride(Size) {
+  const auto ticks = Get<TickPlacement>(TickPlacementProperty);
+  const float sides = ticks == TickPlacement::None ? 0 : ticks == TickPlacement::Both ? 2 : 1;
+  return {ThumbWidth * 2, TrackHeight + sides * TickHeight};
+}
+
+bool Slider::HitTestSelf(Point point) const { return Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point); }
+
+void Slider::MoveTo(Point point) {
+  const float low = Get<float>(MinimumProperty), high = std::max(low, Get<float>(MaximumProperty));
+  const float track = std::max(1.0f, ActualWidth() - ThumbWidth);
+  float value = low + (high - low) * std::clamp((point.x - ThumbWidth * 0.5f) / track, 0.0f, 1.0f);
+  const float tick = Get<float>(TickFrequencyProperty);
+  if (Get<bool>(IsSnapToTickEnabledProperty) && tick > 0) value = low + std::round((value - low) / tick) * tick;
+  SetValueNumber(value);
+}
+
+void Slider::OnRoutedEvent(const RoutedEventArgs& args) {
+  Control::OnRoutedEvent(args);
+  InputState* input = InputState::Current();
+  if (!input || !IsEnabled()) return;
+  if (args.event == &MouseLeftButtonDownEvent) {
+    Focus();
+    input->Capture(this);
+    MoveTo(Mouse::GetPosition(this));
+    args.handled = true;
+  } else if (args.event == &MouseMoveEvent && input->Captured() == this) {
+    MoveTo(Mouse::GetPosition(this));
+    args.handled = true;
+  } else if (args.event == &MouseLeftButtonUpEvent && input->Captured() == this) {
+    input->Capture(nullptr);
+    args.handled = true;
+  } else if (args.event == &KeyDownEvent && IsFocused()) {
+    const float small = Get<float>(SmallChangeProperty), large = Get<float>(LargeChangeProperty);
+    float value = GetValueNumber();
+    switch (static_cast<const KeyEventArgs&>(args).key) {
+    case Key::Left:
+    case Key::Down: value -= small; break;
+    case Key::Right:
+    case Key::Up: value += small; break;
+    case Key::PageDown: value -= large; break;
+    case Key::PageUp: value += large; break;
+    case Key::Home: value = Get<float>(MinimumProperty); break;
+    case Key::End: value = Get<float>(MaximumProperty); break;
+    default: return;
+    }
+    SetValueNumber(value);
+    args.handled = true;
+  }
+}
+
+} // namespace Toolkit

@@ -1,0 +1,38 @@
+#include "toolkit/controls/TextBlock.h"
+
+#include "toolkit/render/Brush.h"
+
+namespace Toolkit {
+
+TOOLKIT_TYPE_IMPL(TextBlock, FrameworkElement, "TextBlock")
+void TextBlock::Describe(TypeBuilder<TextBlock>& type) {
+  using P = DependencyProperty;
+  TextProperty = type.Property<SharedString>("Text", SharedString(), P::AffectsMeasure | P::AffectsRender);
+  TextWrappingProperty = type.Property<TextWrapping>("TextWrapping", TextWrapping::NoWrap, P::AffectsMeasure);
+  TextTrimmingProperty = type.Property<TextTrimming>("TextTrimming", TextTrimming::None, P::AffectsMeasure);
+  TextAlignmentProperty = type.Property<TextAlignment>("TextAlignment", TextAlignment::Left, P::AffectsRender);
+  PaddingProperty = type.Property<Thickness>("Padding", Thickness(), P::AffectsMeasure);
+  BackgroundProperty = type.Property<Brush*>("Background", nullptr, P::AffectsRender);
+  TextElement::DeclareOn(type);
+  type.Content("Text");
+}
+
+Size TextBlock::MeasureOverride(Size available) {
+  const Thickness padding = Get<Thickness>(PaddingProperty);
+  const TextStyle style = TextElement::StyleOf(*this);
+  const auto wrapping = Get<TextWrapping>(TextWrappingProperty);
+  const auto trimming = Get<TextTrimming>(TextTrimmingProperty);
+  TextSize size;
+  if (wrapping == TextWrapping::NoWrap && trimming == TextTrimming::None) {
+    size = TextCache::Instance().MeasureText(GetText(), style);
+  } else {
+    TextLayoutOptions options;
+    options.maxWidth = std::max(0.0f, available.width - padding.Horizontal());
+    options.wrapping = wrapping;
+    options.trimming = trimming;
+    size = TextCache::Instance().MeasureText(GetText(), style, options);
+  }
+  return {size.width + padding.Horizontal(), size.height + padding.Vertical()};
+}
+
+} // namespace Toolkit
