@@ -46,9 +46,11 @@ std::optional<std::string> Run(DialogFunction dialog, const std::string& filter)
     return std::nullopt;
   char* chosen = nullptr;
   const int result = dialog(filter.empty() ? nullptr : filter.c_str(), nullptr, &chosen);
-  std::optional<std::string> path;
-  if (result == dialogAccepted && chosen)
-    path = chosen;
+  if (result != dialogAccepted || !chosen) {
+    std::free(chosen);
+    return std::nullopt;
+  }
+  std::string path = chosen;
   std::free(chosen);
   return path;
 }

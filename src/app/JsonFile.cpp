@@ -44,7 +44,7 @@ std::optional<std::string> ReadTextFile(const std::string& path) {
     return std::nullopt;
   std::optional<std::string> text;
   struct stat status {};
-  if (fstat(descriptor, &status) == 0 && !S_ISDIR(status.st_mode)) {
+  if (fstat(descriptor, &status) == 0) {
     text.emplace();
     // One byte more than the file has lets the last read see the end. The size is only a hint: a pipe has none.
     size_t used = 0;

@@ -2,9 +2,9 @@
 
 #include "support/TemporaryDirectory.h"
 
+#include <algorithm>
 #include <chrono>
 #include <gtest/gtest.h>
-#include <regex>
 #include <vector>
 
 // The log is one per process and ends with it, so each case runs in a process of its own.
@@ -24,6 +24,13 @@ std::vector<fs::path> LogsIn(const fs::path& directory) {
   return logs;
 }
 
+/// Whether a text has a shape in which "#" stands for a digit.
+bool HasShape(const std::string& text, const std::string& shape) {
+  return text.size() == shape.size() && std::equal(text.begin(), text.end(), shape.begin(), [](char c, char wanted) {
+           return wanted == '#' ? c >= '0' && c <= '9' : c == wanted;
+         });
+}
+
 TEST(LogFile, WritesTimedLinesIntoADirectoryOfItsOwnAndAnUntimedLastOne) {
   TemporaryDirectory directory;
   EXPECT_EXIT(
@@ -37,11 +44,9 @@ TEST(LogFile, WritesTimedLinesIntoADirectoryOfItsOwnAndAnUntimedLastOne) {
 
   const auto logs = LogsIn(directory.Path() / "NodeEditorLogs");
   ASSERT_EQ(logs.size(), 1u);
-  EXPECT_TRUE(std::regex_match(logs[0].filename().string(), std::regex(R"(\d{4}(-\d\d){5}\.log)"))) << logs[0];
+  EXPECT_TRUE(HasShape(logs[0].filename().string(), "####-##-##-##-##-##.log")) << logs[0];
   const std::string text = TemporaryDirectory::Read(logs[0]);
-  EXPECT_TRUE(std::regex_match(text, std::regex("\\d\\d-\\d\\d-\\d\\d::Starting node editor application\n"
-                                                "\\d\\d-\\d\\d-\\d\\d::two\nlines\n"
-                                                "Application ended\n")))
+  EXPECT_TRUE(HasShape(text, "##-##-##::Starting node editor application\n##-##-##::two\nlines\nApplication ended\n"))
       << text;
 }
 
