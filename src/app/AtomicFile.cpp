@@ -73,7 +73,8 @@ void FlushDirectory(const std::filesystem::path& directory) {
 
 FileWriteResult AtomicFile::Write(const std::string& path, std::string_view text) {
   const std::filesystem::path target = FollowLinks(path);
-  if (!target.has_filename()) return FileWriteResult::OpenFailed;
+  if (!target.has_filename())
+    return FileWriteResult::OpenFailed;
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
   if (exists && S_ISDIR(old.st_mode))
