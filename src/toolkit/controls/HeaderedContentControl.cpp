@@ -1,0 +1,160 @@
+#include "toolkit/controls/HeaderedContentControl.h"
+
+#include "toolkit/controls/ContentPresenter.h"
+#include "toolkit/markup/Template.h"
+#include "toolkit/visual/Input.h"
+
+#include <algorithm>
+
+namespace Toolkit {
+
+namespace {
+constexpr float ArrowWidth = 22;
+constexpr float HeaderInset = 8;
+} // namespace
+
+TOOLKIT_TYPE_IMPL(HeaderedContentControl, ContentControl, "HeaderedContentControl")
+void HeaderedContentControl::Describe(TypeBuilder<HeaderedContentControl>& type) {
+  using P = DependencyProperty;
+  HeaderProperty = type.Property<Value>("Header", Value(), P::AffectsMeasure);
+  HeaderTemplateProperty = type.Property<DataTemplate*>("HeaderTemplate", nullptr, P::AffectsMeasure);
+}
+
+HeaderedContentControl::~HeaderedContentControl() {
+  if (headerElement && headerElement->VisualParent() == this) ReleaseVisualChild(headerElement.Get());
+}
+
+void HeaderedContentControl::OnPropertyChanged(const PropertyChange& change) {
+  ContentControl::OnPropertyChanged(change);
+  if (&change.property != HeaderProperty && &change.property != HeaderTemplateProperty) return;
+  if (headerElement) {
+    if (headerElement->VisualParent() == this) RemoveVisualChild(headerElement.Get());
+    headerElement.Reset();
+  }
+  headerDue = true;
+  if (auto* element = DynamicCast<FrameworkElement>(GetHeader().AsObject()); element && !element->VisualParent()) {
+    headerElement = Ptr<UIElement>(element);
+    headerDue = false;
+    AddVisualChild(element);
+  }
+}
+
+void HeaderedContentControl::PrepareForMeasure() {
+  ContentControl::PrepareForMeasure();
+  if (!headerDue) return;
+  headerDue = false;
+  headerElement = ContentPresenter::MakeElement(GetHeader(), GetValue(HeaderTemplateProperty).AsObject(), this);
+  if (headerElement && !headerElement->VisualParent()) AddVisualChild(headerElement.Get());
+}
+
+size_t HeaderedContentControl::VisualChildCount() const {
+  return ContentControl::VisualChildCount() + (headerElement ? 1 : 0);
+}
+
+UIElement* HeaderedContentControl::VisualChild(size_t index) const {
+  if (headerElement && index == 0) return headerElement.Get();
+  return ContentControl::VisualChild(0);
+}
+
+TOOLKIT_TYPE_IMPL(GroupBox, HeaderedContentControl, "GroupBox")
+void GroupBox::Describe(TypeBuilder<GroupBox>&) {}
+
+Size GroupBox::MeasureOverride(Size available) {
+  const Thickness chrome = Chrome();
+  Size header, content;
+  if (HeaderElement()) {
+    HeaderElement()->Measure({std::max(0.0f, available.width - 2 * HeaderInset), available.height});
+    header = HeaderElement()->DesiredSize();
+  }
+  if (ContentElement()) {
+    ContentElement()->Measure({std::max(0.0f, available.width - chrome.Horizontal()),
+                               std::max(0.0f, available.height - chrome.Vertical() - header.height)});
+    content = ContentElement()->DesiredSize();
+  }
+  return {std::max(header.width + 2 * HeaderInset, content.width + chrome.Horizontal()),
+          header.height + content.height + chrome.Vertical()};
+}
+
+Size GroupBox::ArrangeOverride(Size finalSize) {
+  const Thickness chrome = Chrome();
+  float headerHeight = 0;
+  if (HeaderElement()) {
+    const Size header = HeaderElement()->DesiredSize();
+    headerHeight = header.height;
+    HeaderElement()->Arrange({HeaderInset, 0, std::max(0.0f, std::min(header.width, finalSize.width - HeaderInset)), header.height});
+  }
+  if (ContentElement())
+    ContentElement()->Arrange({chrome.left, headerHeight + chrome.top,
+                               std::max(0.0f, finalSize.width - chrome.Horizontal()),
+                               std::max(0.0f, finalSize.height - headerHeight - chrome.Vertical())});
+  return finalSize;
+}
+
+const RoutedEvent Expander::ExpandedEvent("Expanded", RoutingStrategy::Bubble);
+const RoutedEvent Expander::CollapsedEvent("Collapsed", RoutingStrategy::Bubble);
+
+TOOLKIT_TYPE_IMPL(Expander, HeaderedContentControl, "Expander")
+void Expander::Describe(TypeBuilder<Expander>& type) {
+  using P = DependencyProperty;
+  IsExpandedProperty = type.Property<bool>("IsExpanded", false, P::BindsTwoWay | P::AffectsMeasure);
+  type.Event(&ExpandedEvent);
+  type.Event(&CollapsedEvent);
+}
+
+size_t Expander::VisualChildCount() const {
+  const size_t all = HeaderedContentControl::VisualChildCount();
+  // A closed expander's content takes no part in layout, drawing and input.
+  return IsExpanded() || !ContentElement() ? all : all - 1;
+}
+
+void Expander::OnPropertyChanged(const PropertyChange& change) {
+  HeaderedContentControl::OnPropertyChanged(change);
+  if (&change.property == IsExpandedProperty)
+    RaiseEvent(RoutedEventArgs(IsExpanded() ? ExpandedEvent : CollapsedEvent, this));
+}
+
+float Expander::HeaderHeight() const {
+  return HeaderElement() ? std::max(HeaderElement()->DesiredSize().height, ArrowWidth) : ArrowWidth;
+}
+
+Size Expander::MeasureOverride(Size available) {
+  const Thickness chrome = Chrome();
+  Size wanted{ArrowWidth, 0};
+  if (HeaderElement()) {
+    HeaderElement()->Measure({std::max(0.0f, available.width - ArrowWidth), available.height});
+    wanted.width += HeaderElement()->DesiredSize().width;
+  }
+  wanted.height = HeaderHeight();
+  if (IsExpanded() && ContentElement()) {
+    ContentElement()->Measure({std::max(0.0f, available.width - chrome.Horizontal()), Infinity});
+    wanted.width = std::max(wanted.width, ContentElement()->DesiredSize().width + chrome.Horizontal());
+    wanted.height += ContentElement()->DesiredSize().height + chrome.Vertical();
+  }
+  return wanted;
+}
+
+Size Expander::ArrangeOverride(Size finalSize) {
+  const float header = HeaderHeight();
+  if (HeaderElement()) {
+    const float height = HeaderElement()->DesiredSize().height;
+    HeaderElement()->Arrange({ArrowWidth, (header - height) * 0.5f, std::max(0.0f, finalSize.width - ArrowWidth), height});
+  }
+  if (IsExpanded() && ContentElement()) {
+    const Thickness chrome = Chrome();
+    ContentElement()->Arrange({chrome.left, header + chrome.top, std::max(0.0f, finalSize.width - chrome.Horizontal()),
+                               std::max(0.0f, finalSize.height - header - chrome.Vertical())});
+  }
+  return finalSize;
+}
+
+bool Expander::HitTestSelf(Point point) const { return Rect{0, 0, ActualWidth(), HeaderHeight()}.Contains(point); }
+
+void Expander::OnRoutedEvent(const RoutedEventArgs& args) {
+  HeaderedContentControl::OnRoutedEvent(args);
+  if (args.event == &MouseLeftButtonDownEvent && Mouse::GetPosition(this).y < HeaderHeight()) {
+    SetIsExpanded(!IsExpanded());
+    args.handled = true;
+  }
+}
+
+} // namespace Toolkit
