@@ -169,8 +169,10 @@ void DependencyObject::SetStyleValues(const PropertySet* style, const PropertySe
   themeValues = theme;
   for (auto& [property, oldValue] : before) {
     const Value newValue = GetValue(property);
-    if (!(oldValue == newValue)) RaiseChange(*property, oldValue, newValue);
-    else if (property->IsInherited()) InheritedMask() |= property->InheritedBit();
+    if (!(oldValue == newValue))
+      RaiseChange(*property, oldValue, newValue);
+    else if (property->IsInherited())
+      InheritedMask() |= property->InheritedBit();
   }
 }
 

@@ -60,7 +60,9 @@ double Dispatcher::TimeToNext() const {
   return next;
 }
 
-void Dispatcher::SetClock(std::function<double()> newClock) { clock = newClock ? std::move(newClock) : SteadyMilliseconds; }
+void Dispatcher::SetClock(std::function<double()> newClock) {
+  clock = newClock ? std::move(newClock) : SteadyMilliseconds;
+}
 
 void Dispatcher::Clear() {
   tasks.clear();

@@ -64,12 +64,9 @@ struct Matrix {
   constexpr Point Map(Point p) const { return {p.x * m11 + p.y * m21 + dx, p.x * m12 + p.y * m22 + dy}; }
   /// First this map, then `next`.
   constexpr Matrix Then(const Matrix& next) const {
-    return {m11 * next.m11 + m12 * next.m21,
-            m11 * next.m12 + m12 * next.m22,
-            m21 * next.m11 + m22 * next.m21,
-            m21 * next.m12 + m22 * next.m22,
-            dx * next.m11 + dy * next.m21 + next.dx,
-            dx * next.m12 + dy * next.m22 + next.dy};
+    return {m11 * next.m11 + m12 * next.m21,         m11 * next.m12 + m12 * next.m22,
+            m21 * next.m11 + m22 * next.m21,         m21 * next.m12 + m22 * next.m22,
+            dx * next.m11 + dy * next.m21 + next.dx, dx * next.m12 + dy * next.m22 + next.dy};
   }
   constexpr bool IsInvertible() const { return m11 * m22 - m12 * m21 != 0; }
   /// The inverse map; the identity if there is none.

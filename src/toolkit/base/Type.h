@@ -95,18 +95,14 @@ template <class C, class A> struct Accessor<void (C::*)(A)> {
   using Class = C;
   using Result = std::remove_cvref_t<A>;
 };
-template <class T> struct Pointee {
-  using Type = void;
-};
-template <class T> struct Pointee<T*> {
-  using Type = T;
-};
-template <class T> struct Pointee<Ptr<T>> {
-  using Type = T;
-};
+template <class T> struct Pointee { using Type = void; };
+template <class T> struct Pointee<T*> { using Type = T; };
+template <class T> struct Pointee<Ptr<T>> { using Type = T; };
 template <class T> Value ToValue(const T& value) {
-  if constexpr (std::is_same_v<T, std::string_view>) return Value(SharedString(value));
-  else return Value(value);
+  if constexpr (std::is_same_v<T, std::string_view>)
+    return Value(SharedString(value));
+  else
+    return Value(value);
 }
 template <class T> T FromValue(const Value& value) {
   if constexpr (!std::is_void_v<typename Pointee<T>::Type> && !std::is_same_v<T, const Type*>) {
@@ -134,8 +130,10 @@ public:
     property.owner = &type;
     property.flags = flags;
     property.changed = changed;
-    if constexpr (std::is_same_v<T, Value>) property.defaultValue = defaultValue;
-    else property.defaultValue = Value(defaultValue);
+    if constexpr (std::is_same_v<T, Value>)
+      property.defaultValue = defaultValue;
+    else
+      property.defaultValue = Value(defaultValue);
     if constexpr (std::is_enum_v<T>) property.enumeration = &DescribeEnum(T{});
     if constexpr (KindOf<T>() == ValueKind::Object) property.objectType = &std::remove_pointer_t<T>::StaticType;
     const DependencyProperty* added = DependencyProperty::Register(std::move(property));
@@ -147,8 +145,7 @@ public:
   template <auto Getter, auto Setter> void Member(std::string_view name) {
     using Traits = Reflection::Accessor<decltype(Setter)>;
     AddMember<Getter>(name, [](Object& object, const Value& value) {
-      (static_cast<typename Traits::Class&>(object).*Setter)(
-          Reflection::FromValue<typename Traits::Result>(value));
+      (static_cast<typename Traits::Class&>(object).*Setter)(Reflection::FromValue<typename Traits::Result>(value));
     });
   }
 
@@ -177,8 +174,10 @@ private:
     using Traits = Reflection::Accessor<decltype(Getter)>;
     ReflectedMember member;
     member.name = Symbol(name);
-    if constexpr (std::is_same_v<typename Traits::Result, std::string_view>) member.kind = ValueKind::String;
-    else member.kind = KindOf<typename Traits::Result>();
+    if constexpr (std::is_same_v<typename Traits::Result, std::string_view>)
+      member.kind = ValueKind::String;
+    else
+      member.kind = KindOf<typename Traits::Result>();
     member.get = [](Object& object) -> Value {
       return Reflection::ToValue<typename Traits::Result>((static_cast<typename Traits::Class&>(object).*Getter)());
     };

@@ -166,22 +166,38 @@ template <class T> T Value::As() const {
 
 /// The kind under which a C++ type is declared as a property.
 template <class T> constexpr ValueKind KindOf() {
-  if constexpr (std::is_same_v<T, bool>) return ValueKind::Bool;
-  else if constexpr (std::is_same_v<T, int32_t>) return ValueKind::Int;
-  else if constexpr (std::is_same_v<T, float>) return ValueKind::Float;
-  else if constexpr (std::is_same_v<T, double>) return ValueKind::Double;
-  else if constexpr (std::is_same_v<T, SharedString> || std::is_same_v<T, std::string>) return ValueKind::String;
-  else if constexpr (std::is_same_v<T, Color>) return ValueKind::Color;
-  else if constexpr (std::is_same_v<T, Point>) return ValueKind::Point;
-  else if constexpr (std::is_same_v<T, Size>) return ValueKind::Size;
-  else if constexpr (std::is_same_v<T, Rect>) return ValueKind::Rect;
-  else if constexpr (std::is_same_v<T, Thickness>) return ValueKind::Thickness;
-  else if constexpr (std::is_same_v<T, CornerRadius>) return ValueKind::CornerRadius;
-  else if constexpr (std::is_same_v<T, GridLength>) return ValueKind::GridLength;
-  else if constexpr (std::is_same_v<T, const Type*>) return ValueKind::Type;
-  else if constexpr (std::is_enum_v<T>) return ValueKind::Enum;
-  else if constexpr (std::is_same_v<T, Value>) return ValueKind::Any;
-  else return ValueKind::Object;
+  if constexpr (std::is_same_v<T, bool>)
+    return ValueKind::Bool;
+  else if constexpr (std::is_same_v<T, int32_t>)
+    return ValueKind::Int;
+  else if constexpr (std::is_same_v<T, float>)
+    return ValueKind::Float;
+  else if constexpr (std::is_same_v<T, double>)
+    return ValueKind::Double;
+  else if constexpr (std::is_same_v<T, SharedString> || std::is_same_v<T, std::string>)
+    return ValueKind::String;
+  else if constexpr (std::is_same_v<T, Color>)
+    return ValueKind::Color;
+  else if constexpr (std::is_same_v<T, Point>)
+    return ValueKind::Point;
+  else if constexpr (std::is_same_v<T, Size>)
+    return ValueKind::Size;
+  else if constexpr (std::is_same_v<T, Rect>)
+    return ValueKind::Rect;
+  else if constexpr (std::is_same_v<T, Thickness>)
+    return ValueKind::Thickness;
+  else if constexpr (std::is_same_v<T, CornerRadius>)
+    return ValueKind::CornerRadius;
+  else if constexpr (std::is_same_v<T, GridLength>)
+    return ValueKind::GridLength;
+  else if constexpr (std::is_same_v<T, const Type*>)
+    return ValueKind::Type;
+  else if constexpr (std::is_enum_v<T>)
+    return ValueKind::Enum;
+  else if constexpr (std::is_same_v<T, Value>)
+    return ValueKind::Any;
+  else
+    return ValueKind::Object;
 }
 
 } // namespace Toolkit

@@ -53,7 +53,8 @@ bool Border::HitTestSelf(Point point) const {
   if (!GetValue(BackgroundProperty).IsNone()) return true;
   if (GetValue(BorderBrushProperty).IsNone()) return false;
   const Thickness b = Get<Thickness>(BorderThicknessProperty);
-  return point.x < b.left || point.y < b.top || point.x >= ActualWidth() - b.right || point.y >= ActualHeight() - b.bottom;
+  return point.x < b.left || point.y < b.top || point.x >= ActualWidth() - b.right ||
+         point.y >= ActualHeight() - b.bottom;
 }
 
 } // namespace Toolkit

@@ -67,8 +67,8 @@ Size ContentControl::MeasureOverride(Size available) {
   if (TemplateRoot()) return Control::MeasureOverride(available);
   const Thickness chrome = Chrome();
   if (!contentElement) return {chrome.Horizontal(), chrome.Vertical()};
-  contentElement->Measure({std::max(0.0f, available.width - chrome.Horizontal()),
-                           std::max(0.0f, available.height - chrome.Vertical())});
+  contentElement->Measure(
+      {std::max(0.0f, available.width - chrome.Horizontal()), std::max(0.0f, available.height - chrome.Vertical())});
   return {contentElement->DesiredSize().width + chrome.Horizontal(),
           contentElement->DesiredSize().height + chrome.Vertical()};
 }

@@ -53,8 +53,10 @@ void ContentPresenter::PrepareForMeasure() {
     element.Reset();
   }
   element = MakeElement(content, dataTemplate, this);
-  if (element && !element->VisualParent()) AddVisualChild(element.Get());
-  else element.Reset();
+  if (element && !element->VisualParent())
+    AddVisualChild(element.Get());
+  else
+    element.Reset();
 }
 
 Size ContentPresenter::MeasureOverride(Size available) {

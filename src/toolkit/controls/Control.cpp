@@ -18,8 +18,8 @@ void Control::Describe(TypeBuilder<Control>& type) {
   BorderThicknessProperty = type.Property<Thickness>("BorderThickness", Thickness(), P::AffectsMeasure);
   CornerRadiusProperty = type.Property<CornerRadius>("CornerRadius", CornerRadius(), P::AffectsRender);
   PaddingProperty = type.Property<Thickness>("Padding", Thickness(), P::AffectsMeasure);
-  HorizontalContentAlignmentProperty = type.Property<HorizontalAlignment>(
-      "HorizontalContentAlignment", HorizontalAlignment::Left, P::AffectsArrange);
+  HorizontalContentAlignmentProperty =
+      type.Property<HorizontalAlignment>("HorizontalContentAlignment", HorizontalAlignment::Left, P::AffectsArrange);
   VerticalContentAlignmentProperty =
       type.Property<VerticalAlignment>("VerticalContentAlignment", VerticalAlignment::Top, P::AffectsArrange);
   TemplateProperty = type.Property<ControlTemplate*>("Template", nullptr, P::AffectsMeasure);
@@ -42,7 +42,8 @@ void Control::ApplyTemplate() {
   const auto* controlTemplate = static_cast<const ControlTemplate*>(GetValue(TemplateProperty).AsObject());
   if (!controlTemplate) return;
   if (controlTemplate->targetType && !GetType().IsA(*controlTemplate->targetType)) {
-    TOOLKIT_WARN("Markup", "the template of " + controlTemplate->targetType->Name() + " is set on a " + GetType().Name());
+    TOOLKIT_WARN("Markup",
+                 "the template of " + controlTemplate->targetType->Name() + " is set on a " + GetType().Name());
     return;
   }
   templateRoot = controlTemplate->Instantiate(this);

@@ -41,8 +41,10 @@ void EventTrigger::Describe(TypeBuilder<EventTrigger>& type) {
 
 void EventTrigger::OnAttached() {
   const RoutedEvent* event = AssociatedElement()->GetType().FindEvent(Symbol(GetString(EventNameProperty)));
-  if (event) AssociatedElement()->AddHandler(*event, RoutedEventHandler::From<&EventTrigger::OnEvent>(this));
-  else TOOLKIT_WARN("Markup", "an event trigger names no event of its element");
+  if (event)
+    AssociatedElement()->AddHandler(*event, RoutedEventHandler::From<&EventTrigger::OnEvent>(this));
+  else
+    TOOLKIT_WARN("Markup", "an event trigger names no event of its element");
 }
 
 void EventTrigger::OnDetaching() {

@@ -90,8 +90,10 @@ float Grid::Sum(const std::vector<Track>& tracks, size_t first, size_t count) {
 void Grid::ShareStars(std::vector<Track>& tracks, float available) {
   float weights = 0, rest = available;
   for (const Track& track : tracks) {
-    if (track.length.unit == GridUnit::Star) weights += track.length.value;
-    else rest -= track.size;
+    if (track.length.unit == GridUnit::Star)
+      weights += track.length.value;
+    else
+      rest -= track.size;
   }
   rest = std::max(0.0f, rest);
   // A track that its limits hold takes no further part in the sharing.
@@ -129,9 +131,7 @@ void Grid::Grow(std::vector<Track>& tracks, size_t first, size_t count, float wa
 }
 
 void Grid::Cell(const UIElement& child, size_t& row, size_t& column, size_t& rowSpan, size_t& columnSpan) const {
-  auto limit = [](int32_t value, size_t count) {
-    return std::min(static_cast<size_t>(std::max(0, value)), count - 1);
-  };
+  auto limit = [](int32_t value, size_t count) { return std::min(static_cast<size_t>(std::max(0, value)), count - 1); };
   row = limit(child.Get<int32_t>(RowProperty), rowTracks.size());
   column = limit(child.Get<int32_t>(ColumnProperty), columnTracks.size());
   rowSpan = std::min(static_cast<size_t>(std::max(1, child.Get<int32_t>(RowSpanProperty))), rowTracks.size() - row);
@@ -169,11 +169,13 @@ Size Grid::MeasureOverride(Size available) {
       const bool starColumns = hasUnit(columnTracks, column, columnSpan, GridUnit::Star);
       float width = Sum(columnTracks, column, columnSpan);
       if (free || (starColumns && available.width == Infinity)) width = Infinity;
-      const bool fixedRow = !hasUnit(rowTracks, row, rowSpan, GridUnit::Auto) &&
-                            !hasUnit(rowTracks, row, rowSpan, GridUnit::Star);
+      const bool fixedRow =
+          !hasUnit(rowTracks, row, rowSpan, GridUnit::Auto) && !hasUnit(rowTracks, row, rowSpan, GridUnit::Star);
       float height = Infinity;
-      if (fixedRow) height = Sum(rowTracks, row, rowSpan);
-      else if (!hasUnit(rowTracks, row, rowSpan, GridUnit::Auto) && rowTracks.size() == 1) height = available.height;
+      if (fixedRow)
+        height = Sum(rowTracks, row, rowSpan);
+      else if (!hasUnit(rowTracks, row, rowSpan, GridUnit::Auto) && rowTracks.size() == 1)
+        height = available.height;
       child->Measure({width, height});
       const Size wanted = child->DesiredSize();
       if (free || width == Infinity) Grow(columnTracks, column, columnSpan, wanted.width);
@@ -212,8 +214,10 @@ Size Grid::MeasureOverride(Size available) {
       for (const Track& track : tracks)
         if (track.length.unit == GridUnit::Star) allStars += track.length.value;
       for (size_t t = first; t < first + count; ++t) {
-        if (tracks[t].length.unit == GridUnit::Star) stars += tracks[t].length.value;
-        else fixed += tracks[t].size;
+        if (tracks[t].length.unit == GridUnit::Star)
+          stars += tracks[t].length.value;
+        else
+          fixed += tracks[t].size;
       }
       return stars > 0 ? std::max(0.0f, length - fixed) * allStars / stars : 0.0f;
     };

@@ -81,7 +81,8 @@ Size GroupBox::ArrangeOverride(Size finalSize) {
   if (HeaderElement()) {
     const Size header = HeaderElement()->DesiredSize();
     headerHeight = header.height;
-    HeaderElement()->Arrange({HeaderInset, 0, std::max(0.0f, std::min(header.width, finalSize.width - HeaderInset)), header.height});
+    HeaderElement()->Arrange(
+        {HeaderInset, 0, std::max(0.0f, std::min(header.width, finalSize.width - HeaderInset)), header.height});
   }
   if (ContentElement())
     ContentElement()->Arrange({chrome.left, headerHeight + chrome.top,
@@ -137,7 +138,8 @@ Size Expander::ArrangeOverride(Size finalSize) {
   const float header = HeaderHeight();
   if (HeaderElement()) {
     const float height = HeaderElement()->DesiredSize().height;
-    HeaderElement()->Arrange({ArrowWidth, (header - height) * 0.5f, std::max(0.0f, finalSize.width - ArrowWidth), height});
+    HeaderElement()->Arrange(
+        {ArrowWidth, (header - height) * 0.5f, std::max(0.0f, finalSize.width - ArrowWidth), height});
   }
   if (IsExpanded() && ContentElement()) {
     const Thickness chrome = Chrome();

@@ -173,8 +173,8 @@ Size ItemsControl::MeasureOverride(Size available) {
   if (TemplateRoot()) return Control::MeasureOverride(available);
   const Thickness chrome = Chrome();
   if (!host) return {chrome.Horizontal(), chrome.Vertical()};
-  host->Measure({std::max(0.0f, available.width - chrome.Horizontal()),
-                 std::max(0.0f, available.height - chrome.Vertical())});
+  host->Measure(
+      {std::max(0.0f, available.width - chrome.Horizontal()), std::max(0.0f, available.height - chrome.Vertical())});
   return {host->DesiredSize().width + chrome.Horizontal(), host->DesiredSize().height + chrome.Vertical()};
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "toolkit/controls/Selector.h"
 #include "toolkit/controls/ContentControl.h"
+#include "toolkit/controls/Selector.h"
 
 namespace Toolkit {
 

@@ -33,8 +33,10 @@ void MenuItem::OnRoutedEvent(const RoutedEventArgs& args) {
   HeaderedItemsControl::OnRoutedEvent(args);
   if (args.event != &MouseLeftButtonUpEvent || !IsEnabled()) return;
   args.handled = true;
-  if (ItemCount() > 0) SetValue(IsSubmenuOpenProperty, !Get<bool>(IsSubmenuOpenProperty));
-  else Click();
+  if (ItemCount() > 0)
+    SetValue(IsSubmenuOpenProperty, !Get<bool>(IsSubmenuOpenProperty));
+  else
+    Click();
 }
 
 Size MenuItem::MeasureOverride(Size) {
@@ -54,8 +56,6 @@ Ptr<Panel> Menu::CreateHost() {
 }
 
 TOOLKIT_TYPE_IMPL(ContextMenu, ItemsControl, "ContextMenu")
-void ContextMenu::Describe(TypeBuilder<ContextMenu>& type) {
-  IsOpenProperty = type.Property<bool>("IsOpen");
-}
+void ContextMenu::Describe(TypeBuilder<ContextMenu>& type) { IsOpenProperty = type.Property<bool>("IsOpen"); }
 
 } // namespace Toolkit

@@ -12,7 +12,8 @@ void Panel::Describe(TypeBuilder<Panel>& type) {
   ZIndexProperty = type.Property<int32_t>(
       "ZIndex", 0, DependencyProperty::AffectsRender, [](DependencyObject& object, const PropertyChange&) {
         if (auto* element = DynamicCast<UIElement>(static_cast<Object*>(&object)))
-          if (auto* panel = DynamicCast<Panel>(static_cast<Object*>(element->VisualParent()))) panel->InvalidateZOrder();
+          if (auto* panel = DynamicCast<Panel>(static_cast<Object*>(element->VisualParent())))
+            panel->InvalidateZOrder();
       });
   type.List<&Panel::AddChild>("Children");
   type.Content("Children");

@@ -69,12 +69,16 @@ bool TextEditor::HandleKey(Key key) {
   const bool selected = caret != anchor;
   switch (key) {
   case Key::Left:
-    if (selected && !shift) MoveTo(SelectionStart(), false);
-    else MoveTo(ctrl ? PreviousWord(text, caret) : PreviousGrapheme(text, caret), shift);
+    if (selected && !shift)
+      MoveTo(SelectionStart(), false);
+    else
+      MoveTo(ctrl ? PreviousWord(text, caret) : PreviousGrapheme(text, caret), shift);
     return true;
   case Key::Right:
-    if (selected && !shift) MoveTo(SelectionEnd(), false);
-    else MoveTo(ctrl ? NextWord(text, caret) : NextGrapheme(text, caret), shift);
+    if (selected && !shift)
+      MoveTo(SelectionEnd(), false);
+    else
+      MoveTo(ctrl ? NextWord(text, caret) : NextGrapheme(text, caret), shift);
     return true;
   case Key::Home: MoveTo(ctrl ? 0 : Layout()->LineStart(caret), shift); return true;
   case Key::End: MoveTo(ctrl ? text.size() : Layout()->LineEnd(caret), shift); return true;
@@ -89,13 +93,17 @@ bool TextEditor::HandleKey(Key key) {
   }
   case Key::Back:
     if (readOnly) return false;
-    if (selected) Erase(SelectionStart(), SelectionEnd());
-    else if (caret > 0) Erase(ctrl ? PreviousWord(text, caret) : PreviousGrapheme(text, caret), caret);
+    if (selected)
+      Erase(SelectionStart(), SelectionEnd());
+    else if (caret > 0)
+      Erase(ctrl ? PreviousWord(text, caret) : PreviousGrapheme(text, caret), caret);
     return true;
   case Key::Delete:
     if (readOnly) return false;
-    if (selected) Erase(SelectionStart(), SelectionEnd());
-    else if (caret < text.size()) Erase(caret, ctrl ? NextWord(text, caret) : NextGrapheme(text, caret));
+    if (selected)
+      Erase(SelectionStart(), SelectionEnd());
+    else if (caret < text.size())
+      Erase(caret, ctrl ? NextWord(text, caret) : NextGrapheme(text, caret));
     return true;
   case Key::Return:
     if (readOnly || !box.Get<bool>(TextBox::AcceptsReturnProperty)) return false;

@@ -76,17 +76,23 @@ bool Binding::Parse(std::string_view text, const ParseContext& context, std::str
       known = resource.Parse(value, error) && resource.name == "StaticResource" && resource.arguments.size() == 1;
       Object* object = known ? context.FindResource(resource.arguments[0].value) : nullptr;
       known = object != nullptr;
-      if (name == "Source") source = Ptr<Object>(object);
-      else known = known && (converter = Ptr<ValueConverter>(DynamicCast<ValueConverter>(object)));
+      if (name == "Source")
+        source = Ptr<Object>(object);
+      else
+        known = known && (converter = Ptr<ValueConverter>(DynamicCast<ValueConverter>(object)));
     } else if (name == "RelativeSource") {
       MarkupExtension relative;
       known = relative.Parse(value, error) && relative.name == "RelativeSource";
       for (const MarkupExtension::Argument& part : relative.arguments) {
         if (part.name.empty() || part.name == "Mode") {
-          if (part.value == "Self") relativeSource = RelativeSourceMode::Self;
-          else if (part.value == "TemplatedParent") relativeSource = RelativeSourceMode::TemplatedParent;
-          else if (part.value == "FindAncestor") relativeSource = RelativeSourceMode::FindAncestor;
-          else known = false;
+          if (part.value == "Self")
+            relativeSource = RelativeSourceMode::Self;
+          else if (part.value == "TemplatedParent")
+            relativeSource = RelativeSourceMode::TemplatedParent;
+          else if (part.value == "FindAncestor")
+            relativeSource = RelativeSourceMode::FindAncestor;
+          else
+            known = false;
         } else if (part.name == "AncestorType") {
           std::string_view typeName = part.value;
           MarkupExtension type;

@@ -85,8 +85,8 @@ void BindingExpression::Refresh(size_t first) {
     }
     path[i].Resolve(owner->GetType());
     // A read-only member of an element never reports a change, so it is not watched.
-    const bool changes = path[i].knownProperty || (path[i].knownMember && (path[i].knownMember->set ||
-                                                   !DynamicCast<DependencyObject>(owner)));
+    const bool changes = path[i].knownProperty ||
+                         (path[i].knownMember && (path[i].knownMember->set || !DynamicCast<DependencyObject>(owner)));
     if (watch && changes) {
       if (auto* observable = DynamicCast<Observable>(owner)) {
         if (!observers) {
@@ -111,8 +111,10 @@ void BindingExpression::Refresh(size_t first) {
     value = std::move(next);
   }
   if (broken) {
-    if (!binding.fallbackValue.IsNone()) SetTarget(binding.fallbackValue);
-    else if (target->HasOwnValue(property)) target->ClearValue(property);
+    if (!binding.fallbackValue.IsNone())
+      SetTarget(binding.fallbackValue);
+    else if (target->HasOwnValue(property))
+      target->ClearValue(property);
     return;
   }
   if (Mode() != BindingMode::OneWayToSource) SetTarget(value);
@@ -122,15 +124,15 @@ void BindingExpression::SetTarget(const Value& source) {
   Value value;
   if (binding.converter) {
     if (!binding.converter->Convert(source, binding.converterParameter, value)) return;
-  } else if (!binding.stringFormat.empty() && (property->kind == ValueKind::String || property->kind == ValueKind::Any)) {
+  } else if (!binding.stringFormat.empty() &&
+             (property->kind == ValueKind::String || property->kind == ValueKind::Any)) {
     value = Value(ValueConversion::Format(binding.stringFormat, source));
   } else {
     value = source;
   }
   Value converted;
   if (!ValueConversion::Convert(value, *property, converted)) {
-    if (!value.IsNone())
-      TOOLKIT_WARN("Binding", "a value cannot be converted for " + property->name.Text());
+    if (!value.IsNone()) TOOLKIT_WARN("Binding", "a value cannot be converted for " + property->name.Text());
     return;
   }
   const bool outer = updating;

@@ -19,11 +19,13 @@ std::string_view LocalName(std::string_view qualified) {
 bool IsDirective(std::string_view attribute) { return attribute.starts_with("x:"); }
 } // namespace
 
-DocumentCompiler::DocumentCompiler(std::string_view documentName, std::string_view text, DictionaryLoader loadDictionary)
+DocumentCompiler::DocumentCompiler(std::string_view documentName, std::string_view text,
+                                   DictionaryLoader loadDictionary)
     : name(documentName), text(text), loadDictionary(loadDictionary) {}
 
 int DocumentCompiler::LineOf(const pugi::xml_node& node) const {
-  const std::ptrdiff_t offset = std::clamp<std::ptrdiff_t>(node.offset_debug(), 0, static_cast<std::ptrdiff_t>(text.size()));
+  const std::ptrdiff_t offset =
+      std::clamp<std::ptrdiff_t>(node.offset_debug(), 0, static_cast<std::ptrdiff_t>(text.size()));
   return 1 + static_cast<int>(std::count(text.begin(), text.begin() + offset, '\n'));
 }
 
@@ -253,8 +255,10 @@ void DocumentCompiler::CompileChildren(ElementPlan& plan, const pugi::xml_node& 
       const size_t start = value.find_first_not_of(" \t\r\n");
       if (start == std::string_view::npos) continue;
       value = value.substr(start, value.find_last_not_of(" \t\r\n") - start + 1);
-      if (target) AssignText(plan, target, value, node);
-      else Report(node, "text cannot stand in a " + plan.type->Name());
+      if (target)
+        AssignText(plan, target, value, node);
+      else
+        Report(node, "text cannot stand in a " + plan.type->Name());
       continue;
     }
     if (child.type() != pugi::node_element) continue;
@@ -300,8 +304,10 @@ void DocumentCompiler::CompilePropertyElement(ElementPlan& plan, const pugi::xml
     return;
   }
   for (const pugi::xml_node& child : node.children()) {
-    if (child.type() == pugi::node_element) AssignElement(plan, target, child);
-    else if (child.type() == pugi::node_pcdata) AssignText(plan, target, child.value(), node);
+    if (child.type() == pugi::node_element)
+      AssignElement(plan, target, child);
+    else if (child.type() == pugi::node_pcdata)
+      AssignText(plan, target, child.value(), node);
   }
 }
 
@@ -315,12 +321,18 @@ Ptr<Object> DocumentCompiler::Share(std::unique_ptr<ElementPlan> plan) {
 
 bool DocumentCompiler::CompileShared(const pugi::xml_node& node, Ptr<Object>& object) {
   const std::string_view local = LocalName(node.name());
-  if (local == "Style") object = CompileStyle(node);
-  else if (local == "ControlTemplate") object = CompileTemplate(node, MakePtr<ControlTemplate>());
-  else if (local == "DataTemplate") object = CompileTemplate(node, MakePtr<DataTemplate>());
-  else if (local == "ItemsPanelTemplate") object = CompileTemplate(node, MakePtr<ItemsPanelTemplate>());
-  else if (local == "ResourceDictionary") object = CompileResources(node);
-  else return false;
+  if (local == "Style")
+    object = CompileStyle(node);
+  else if (local == "ControlTemplate")
+    object = CompileTemplate(node, MakePtr<ControlTemplate>());
+  else if (local == "DataTemplate")
+    object = CompileTemplate(node, MakePtr<DataTemplate>());
+  else if (local == "ItemsPanelTemplate")
+    object = CompileTemplate(node, MakePtr<ItemsPanelTemplate>());
+  else if (local == "ResourceDictionary")
+    object = CompileResources(node);
+  else
+    return false;
   return true;
 }
 
@@ -350,7 +362,7 @@ void DocumentCompiler::AssignElement(ElementPlan& plan, const PropertyRef& targe
     } else {
       const Type& wanted = target.list ? target.list->itemType()
                                        : (target.property && target.property->objectType ? target.property->objectType()
-                                                                                        : Object::StaticType());
+                                                                                         : Object::StaticType());
       if (!child->type->IsA(wanted)) {
         Report(node, "a " + child->type->Name() + " cannot stand where a " + wanted.Name() + " is wanted");
         return;
@@ -422,8 +434,10 @@ void DocumentCompiler::AddResource(ResourceDictionary& dictionary, const pugi::x
                            : local == "Thickness" ? ValueKind::Thickness
                                                   : ValueKind::CornerRadius;
     Value value;
-    if (ValueConversion::FromText(node.text().get(), kind, nullptr, value)) dictionary.Add(key, value);
-    else Report(node, "'" + std::string(node.text().get()) + "' is no " + std::string(local));
+    if (ValueConversion::FromText(node.text().get(), kind, nullptr, value))
+      dictionary.Add(key, value);
+    else
+      Report(node, "'" + std::string(node.text().get()) + "' is no " + std::string(local));
     return;
   }
   Ptr<Object> object;

@@ -81,8 +81,8 @@ void DocumentCompiler::CompileSetters(const pugi::xml_node& node, const Type& ta
       if (ok) setters.Set(property, std::move(parsed));
       continue;
     }
-    const pugi::xml_node valueElement = child.child("Setter.Value").find_child(
-        [](const pugi::xml_node& n) { return n.type() == pugi::node_element; });
+    const pugi::xml_node valueElement =
+        child.child("Setter.Value").find_child([](const pugi::xml_node& n) { return n.type() == pugi::node_element; });
     Ptr<Object> shared;
     if (!valueElement) {
       Report(child, "a setter needs a value");
@@ -91,9 +91,12 @@ void DocumentCompiler::CompileSetters(const pugi::xml_node& node, const Type& ta
     if (!CompileShared(valueElement, shared)) {
       std::unique_ptr<ElementPlan> plan = CompileElement(valueElement);
       if (!plan) continue;
-      if (property->flags & DependencyProperty::DefersContent) shared = MakePtr<ElementFactory>(std::move(plan));
-      else if (plan->IsShareable()) shared = Share(std::move(plan));
-      else Report(valueElement, "an object that cannot be shared cannot be set by a style");
+      if (property->flags & DependencyProperty::DefersContent)
+        shared = MakePtr<ElementFactory>(std::move(plan));
+      else if (plan->IsShareable())
+        shared = Share(std::move(plan));
+      else
+        Report(valueElement, "an object that cannot be shared cannot be set by a style");
     }
     Value value;
     if (shared && ValueConversion::Convert(Value(shared), *property, value)) setters.Set(property, std::move(value));
@@ -147,8 +150,7 @@ Ptr<Trigger> DocumentCompiler::CompileTrigger(const pugi::xml_node& node, const 
 Ptr<FrameworkTemplate> DocumentCompiler::CompileTemplate(const pugi::xml_node& node, Ptr<FrameworkTemplate> result) {
   if (node.attribute("TargetType")) result->targetType = TypeAttribute(node, "TargetType");
   result->componentType = componentType;
-  const pugi::xml_node root =
-      node.find_child([](const pugi::xml_node& n) { return n.type() == pugi::node_element; });
+  const pugi::xml_node root = node.find_child([](const pugi::xml_node& n) { return n.type() == pugi::node_element; });
   if (root) result->SetPlan(CompileElement(root));
   return result;
 }

@@ -13,8 +13,10 @@ Ptr<FrameworkElement> ElementFactory::Create(FrameworkElement& owner) const {
   Instantiation instantiation(nullptr, nullptr, false);
   Ptr<Object> made = instantiation.Create(*plan);
   Ptr<FrameworkElement> element(DynamicCast<FrameworkElement>(made.Get()));
-  if (element) element->SetLogicalParent(&owner);
-  else TOOLKIT_WARN("Markup", "a " + plan->type->Name() + " cannot stand here");
+  if (element)
+    element->SetLogicalParent(&owner);
+  else
+    TOOLKIT_WARN("Markup", "a " + plan->type->Name() + " cannot stand here");
   return element;
 }
 
@@ -66,6 +68,9 @@ void Instantiation::Fill(const ElementPlan& plan, Object& object) {
   if (element) {
     element->ApplyThemeStyle();
     if (plan.resources) element->SetResources(plan.resources);
+  } else if (plan.resources) {
+    static const Symbol resources("Resources");
+    if (const ReflectedMember* member = plan.type->FindMember(resources)) member->set(object, Value(plan.resources));
   }
   if (dependencyObject && !plan.constants.IsEmpty()) {
     // An element that knows more about a value than its text is told of it; all others share the table.

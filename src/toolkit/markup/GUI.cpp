@@ -59,6 +59,11 @@ Ptr<Object> GUI::Load(std::string_view documentName) {
   return instantiation.Create(*plan);
 }
 
+const Type* GUI::ClassOf(std::string_view documentName) {
+  const ElementPlan* plan = Find(documentName);
+  return plan ? plan->type : nullptr;
+}
+
 Ptr<ResourceDictionary> GUI::LoadResources(std::string_view documentName) { return LoadDictionary(documentName); }
 
 } // namespace Toolkit

@@ -24,6 +24,9 @@ public:
 
   /// Makes the object that a document describes; null, with a diagnostic, if that fails.
   static Ptr<Object> Load(std::string_view documentName);
+  /// The class that a document's root names by x:Class; null, with a diagnostic, if there is none.
+  static const Type* ClassOf(std::string_view documentName);
+
   /// Makes the resources of a document whose root is a resource dictionary; null, with a diagnostic, if that fails.
   static Ptr<ResourceDictionary> LoadResources(std::string_view documentName);
 };

@@ -44,19 +44,23 @@ bool ParseFloats(std::string_view text, std::vector<float>& numbers) {
 bool ParseFour(std::string_view text, float (&four)[4]) {
   std::vector<float> n;
   if (!ParseFloats(text, n)) return false;
-  if (n.size() == 1) four[0] = four[1] = four[2] = four[3] = n[0];
-  else if (n.size() == 2) four[0] = four[2] = n[0], four[1] = four[3] = n[1];
-  else if (n.size() == 4) std::copy(n.begin(), n.end(), four);
-  else return false;
+  if (n.size() == 1)
+    four[0] = four[1] = four[2] = four[3] = n[0];
+  else if (n.size() == 2)
+    four[0] = four[2] = n[0], four[1] = four[3] = n[1];
+  else if (n.size() == 4)
+    std::copy(n.begin(), n.end(), four);
+  else
+    return false;
   return true;
 }
 
 const std::unordered_map<std::string_view, uint32_t>& NamedColors() {
   static const auto* colors = new std::unordered_map<std::string_view, uint32_t>{
-      {"Transparent", 0x00FFFFFF}, {"Black", 0xFF000000},     {"White", 0xFFFFFFFF},     {"Snow", 0xFFFFFAFA},
-      {"LightGray", 0xFFD3D3D3},   {"Gray", 0xFF808080},      {"DimGray", 0xFF696969},   {"DarkGray", 0xFFA9A9A9},
-      {"Silver", 0xFFC0C0C0},      {"Red", 0xFFFF0000},       {"Green", 0xFF008000},     {"Blue", 0xFF0000FF},
-      {"Yellow", 0xFFFFFF00},      {"Orange", 0xFFFFA500},    {"OrangeRed", 0xFFFF4500}, {"Magenta", 0xFFFF00FF},
+      {"Transparent", 0x00FFFFFF}, {"Black", 0xFF000000},      {"White", 0xFFFFFFFF},     {"Snow", 0xFFFFFAFA},
+      {"LightGray", 0xFFD3D3D3},   {"Gray", 0xFF808080},       {"DimGray", 0xFF696969},   {"DarkGray", 0xFFA9A9A9},
+      {"Silver", 0xFFC0C0C0},      {"Red", 0xFFFF0000},        {"Green", 0xFF008000},     {"Blue", 0xFF0000FF},
+      {"Yellow", 0xFFFFFF00},      {"Orange", 0xFFFFA500},     {"OrangeRed", 0xFFFF4500}, {"Magenta", 0xFFFF00FF},
       {"LightGreen", 0xFF90EE90},  {"DodgerBlue", 0xFF1E90FF}, {"Gainsboro", 0xFFDCDCDC}, {"WhiteSmoke", 0xFFF5F5F5}};
   return *colors;
 }
@@ -124,9 +128,12 @@ bool ValueConversion::FromText(std::string_view text, ValueKind kind, const Enum
       return true;
     }
     if (!ParseDouble(text, number)) return false;
-    if (kind == ValueKind::Int) result = Value(Value(number).AsInt());
-    else if (kind == ValueKind::Float) result = Value(static_cast<float>(number));
-    else result = Value(number);
+    if (kind == ValueKind::Int)
+      result = Value(Value(number).AsInt());
+    else if (kind == ValueKind::Float)
+      result = Value(static_cast<float>(number));
+    else
+      result = Value(number);
     return true;
   }
   case ValueKind::Enum: {
@@ -286,7 +293,8 @@ SharedString ValueConversion::Format(std::string_view format, const Value& value
     if (!format.empty() && format.front() == 'F') {
       int digits = 2;
       if (format.size() > 1) std::from_chars(format.data() + 1, format.data() + format.size(), digits);
-      const auto end = std::to_chars(buffer, buffer + sizeof buffer, value.AsDouble(), std::chars_format::fixed, digits);
+      const auto end =
+          std::to_chars(buffer, buffer + sizeof buffer, value.AsDouble(), std::chars_format::fixed, digits);
       if (end.ec == std::errc()) return std::string_view(buffer, static_cast<size_t>(end.ptr - buffer));
     }
     return ToText(value);

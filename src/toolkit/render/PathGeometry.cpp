@@ -81,7 +81,8 @@ public:
 
 private:
   void SkipSpace() {
-    while (position < text.size() && (std::isspace(static_cast<unsigned char>(text[position])) || text[position] == ','))
+    while (position < text.size() &&
+           (std::isspace(static_cast<unsigned char>(text[position])) || text[position] == ','))
       ++position;
   }
   std::string_view text;

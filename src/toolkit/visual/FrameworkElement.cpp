@@ -120,9 +120,7 @@ ResourceDictionary& FrameworkElement::Resources() {
   return *own.resources;
 }
 
-void FrameworkElement::SetResources(Ptr<ResourceDictionary> resources) {
-  GetExtras().resources = std::move(resources);
-}
+void FrameworkElement::SetResources(Ptr<ResourceDictionary> resources) { GetExtras().resources = std::move(resources); }
 
 Object* FrameworkElement::FindResource(const Value& key) const {
   for (const UIElement* e = this; e; e = e->UIParent()) {
@@ -213,8 +211,10 @@ void FrameworkElement::UpdateTriggers() {
     }
   }
   for (const auto& [property, value] : outcome) {
-    if (value) SetValueAt(ValueLevel::StyleTrigger, property, *value);
-    else ClearValueAt(ValueLevel::StyleTrigger, property);
+    if (value)
+      SetValueAt(ValueLevel::StyleTrigger, property, *value);
+    else
+      ClearValueAt(ValueLevel::StyleTrigger, property);
   }
 }
 
@@ -273,9 +273,9 @@ Size FrameworkElement::MeasureCore(Size available) {
         limits.maxWidth);
   Limit(Get<float>(HeightProperty), Get<float>(MinHeightProperty), Get<float>(MaxHeightProperty), limits.minHeight,
         limits.maxHeight);
-  const Size inner{std::clamp(std::max(0.0f, available.width - margin.Horizontal()), limits.minWidth, limits.maxWidth),
-                   std::clamp(std::max(0.0f, available.height - margin.Vertical()), limits.minHeight,
-                              limits.maxHeight)};
+  const Size inner{
+      std::clamp(std::max(0.0f, available.width - margin.Horizontal()), limits.minWidth, limits.maxWidth),
+      std::clamp(std::max(0.0f, available.height - margin.Vertical()), limits.minHeight, limits.maxHeight)};
   Size wanted = MeasureOverride(inner);
   wanted.width = std::clamp(wanted.width, limits.minWidth, limits.maxWidth);
   wanted.height = std::clamp(wanted.height, limits.minHeight, limits.maxHeight);

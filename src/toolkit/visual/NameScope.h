@@ -1,7 +1,7 @@
 #pragma once
 
-#include "toolkit/base/Symbol.h"
 #include "toolkit/base/Object.h"
+#include "toolkit/base/Symbol.h"
 
 #include <vector>
 

@@ -21,9 +21,7 @@ void Style::Seal() {
 }
 
 TOOLKIT_TYPE_IMPL(ConditionProbe, DependencyObject, "ConditionProbe")
-void ConditionProbe::Describe(TypeBuilder<ConditionProbe>& type) {
-  ValueProperty = type.Property<Value>("Value");
-}
+void ConditionProbe::Describe(TypeBuilder<ConditionProbe>& type) { ValueProperty = type.Property<Value>("Value"); }
 
 void ConditionProbe::OnPropertyChanged(const PropertyChange& change) {
   DependencyObject::OnPropertyChanged(change);

@@ -55,13 +55,32 @@ void UIElement::Describe(TypeBuilder<UIElement>& type) {
   EffectProperty = type.Property<Object*>("Effect", nullptr, DependencyProperty::AffectsRender);
   IsMouseOverProperty = type.Property<bool>("IsMouseOver", false, DependencyProperty::AffectsRender);
   IsFocusedProperty = type.Property<bool>("IsFocused", false, DependencyProperty::AffectsRender);
-  for (const RoutedEvent* event :
-       {&PreviewMouseDownEvent, &MouseDownEvent, &PreviewMouseUpEvent, &MouseUpEvent, &PreviewMouseLeftButtonDownEvent,
-        &MouseLeftButtonDownEvent, &PreviewMouseLeftButtonUpEvent, &MouseLeftButtonUpEvent,
-        &PreviewMouseRightButtonDownEvent, &MouseRightButtonDownEvent, &PreviewMouseRightButtonUpEvent,
-        &MouseRightButtonUpEvent, &PreviewMouseMoveEvent, &MouseMoveEvent, &MouseEnterEvent, &MouseLeaveEvent,
-        &PreviewMouseWheelEvent, &MouseWheelEvent, &PreviewKeyDownEvent, &KeyDownEvent, &PreviewKeyUpEvent, &KeyUpEvent,
-        &PreviewTextInputEvent, &TextInputEvent, &GotFocusEvent, &LostFocusEvent})
+  for (const RoutedEvent* event : {&PreviewMouseDownEvent,
+                                   &MouseDownEvent,
+                                   &PreviewMouseUpEvent,
+                                   &MouseUpEvent,
+                                   &PreviewMouseLeftButtonDownEvent,
+                                   &MouseLeftButtonDownEvent,
+                                   &PreviewMouseLeftButtonUpEvent,
+                                   &MouseLeftButtonUpEvent,
+                                   &PreviewMouseRightButtonDownEvent,
+                                   &MouseRightButtonDownEvent,
+                                   &PreviewMouseRightButtonUpEvent,
+                                   &MouseRightButtonUpEvent,
+                                   &PreviewMouseMoveEvent,
+                                   &MouseMoveEvent,
+                                   &MouseEnterEvent,
+                                   &MouseLeaveEvent,
+                                   &PreviewMouseWheelEvent,
+                                   &MouseWheelEvent,
+                                   &PreviewKeyDownEvent,
+                                   &KeyDownEvent,
+                                   &PreviewKeyUpEvent,
+                                   &KeyUpEvent,
+                                   &PreviewTextInputEvent,
+                                   &TextInputEvent,
+                                   &GotFocusEvent,
+                                   &LostFocusEvent})
     type.Event(event);
 }
 
@@ -126,8 +145,10 @@ void UIElement::RemoveVisualChild(UIElement* child) {
 }
 
 void UIElement::ReleaseVisualChild(UIElement* child) {
-  if (child->ReferenceCount() > 1 || child->attached) RemoveVisualChild(child);
-  else child->visualParent = nullptr;
+  if (child->ReferenceCount() > 1 || child->attached)
+    RemoveVisualChild(child);
+  else
+    child->visualParent = nullptr;
 }
 
 void UIElement::OnPropertyChanged(const PropertyChange& change) {
@@ -224,10 +245,7 @@ Matrix UIElement::TransformToParent() const {
   if (const auto* transform = static_cast<const Transform*>(GetValue(RenderTransformProperty).AsObject())) {
     const Point origin = Get<Point>(RenderTransformOriginProperty);
     const float ox = origin.x * renderSize.width, oy = origin.y * renderSize.height;
-    return Matrix::Translation(-ox, -oy)
-        .Then(transform->ToMatrix())
-        .Then(Matrix::Translation(ox, oy))
-        .Then(place);
+    return Matrix::Translation(-ox, -oy).Then(transform->ToMatrix()).Then(Matrix::Translation(ox, oy)).Then(place);
   }
   return place;
 }

@@ -131,7 +131,6 @@ protected:
   Size PreviousAvailable() const { return previousAvailable; }
 
 public:
-
 private:
   friend class LayoutQueue;
   friend class InputState;

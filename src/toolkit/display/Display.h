@@ -1,0 +1,51 @@
+#pragma once
+
+#include "toolkit/base/Geometry.h"
+
+#include <memory>
+#include <string>
+
+namespace Toolkit {
+
+class InputState;
+class UIElement;
+
+/// Where a window is shown and input comes from. The launcher drives one: it opens the root, then turns the loop.
+class Display {
+public:
+  virtual ~Display() = default;
+  /// Takes the root's input; the caller lays the root out in `ClientSize`. False, with `error` set, if the display
+  /// cannot open.
+  virtual bool Open(UIElement& root, InputState& input, const std::string& title, std::string& error) = 0;
+  virtual Size ClientSize() const = 0;
+  /// Waits at most `milliseconds` (negative: until something comes) and feeds what has come to the input state.
+  virtual void WaitForInput(double milliseconds) = 0;
+  /// True if a user may still act, so that a loop with nothing to do goes on waiting.
+  virtual bool HasUser() const = 0;
+  /// True once since the last call if the user asked to close the window.
+  virtual bool TakeCloseRequest() = 0;
+  /// True once since the last call if the client size changed.
+  virtual bool TakeSizeChange() = 0;
+  virtual void SetTitle(const std::string& title) = 0;
+  /// What was laid out or drawn anew is to be shown.
+  virtual void Present() = 0;
+};
+
+/// A display without a screen: the same loop and layout, nothing shown, input only as injected.
+class HeadlessDisplay : public Display {
+public:
+  explicit HeadlessDisplay(Size size = {1280, 720}) : size(size) {}
+  bool Open(UIElement&, InputState&, const std::string&, std::string&) override { return true; }
+  Size ClientSize() const override { return size; }
+  void WaitForInput(double milliseconds) override;
+  bool HasUser() const override { return false; }
+  bool TakeCloseRequest() override { return false; }
+  bool TakeSizeChange() override { return false; }
+  void SetTitle(const std::string&) override {}
+  void Present() override {}
+
+private:
+  Size size;
+};
+
+} // namespace Toolkit
