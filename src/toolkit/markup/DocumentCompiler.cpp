@@ -202,8 +202,12 @@ void DocumentCompiler::CompileAttribute(ElementPlan& plan, const pugi::xml_node&
     return;
   }
   if (IsDirective(attributeName)) return;
-  if (attributeName.find('.') == std::string_view::npos && plan.type->FindEvent(Symbol(attributeName))) {
-    plan.events.push_back({std::string(attributeName), std::string(value)});
+  // "Type.Event" listens to an event that elements below raise.
+  const size_t dot = attributeName.find('.');
+  const Type* eventOwner = dot == std::string_view::npos ? plan.type : FindType(attributeName.substr(0, dot));
+  const std::string_view eventName = dot == std::string_view::npos ? attributeName : attributeName.substr(dot + 1);
+  if (eventOwner && eventOwner->FindEvent(Symbol(eventName))) {
+    plan.events.push_back({std::string(eventName), std::string(value)});
     return;
   }
   const PropertyRef target = FindProperty(*plan.type, attributeName);
