@@ -1,0 +1,83 @@
+#pragma once
+
+#include "nodes/ContentNode.h"
+#include "nodes/NodePinControl.h"
+#include "toolkit/base/RoutedEvent.h"
+#include "toolkit/controls/Canvas.h"
+#include "toolkit/controls/Shapes.h"
+#include "toolkit/render/Brush.h"
+#include "toolkit/render/PathGeometry.h"
+
+#include <array>
+
+namespace Tesselor {
+
+struct ConnectionClickedEventArgs : Toolkit::RoutedEventArgs {
+  using RoutedEventArgs::RoutedEventArgs;
+};
+
+/// The curve between an output pin and an input pin on the canvas panel; while it follows the mouse, one of the pins
+/// is missing. It is not the truth of the graph, which lies in the connection lists of the pin data, yet its end ends
+/// that link too.
+class Connection : public Toolkit::DependencyObject {
+  TOOLKIT_TYPE(Connection)
+public:
+  static inline const Toolkit::DependencyProperty* InputSourceProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* OutputSourceProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* PathGeometryProperty = nullptr;
+  /// Bubbling, raised on the path with the connection as source.
+  static const Toolkit::RoutedEvent ConnectionClickedEvent;
+
+  Connection();
+  ~Connection() override;
+
+  /// Takes the pin for the side that its `IsInput` names, its node, and its centre on `onPanel`.
+  void SetPin(NodePinControl* control, Toolkit::Canvas* onPanel);
+  /// Reads the centres of the pins anew and bends the curve to them.
+  void Refresh(Toolkit::Canvas* onPanel);
+  /// Bends the curve between `InputSource` and `OutputSource`.
+  void UpdateCurve();
+  /// Makes the path, which the caller puts on the panel.
+  void CreatePath();
+
+  Toolkit::Point GetInputSource() const { return Get<Toolkit::Point>(InputSourceProperty); }
+  void SetInputSource(Toolkit::Point point) { SetValue(InputSourceProperty, point); }
+  Toolkit::Point GetOutputSource() const { return Get<Toolkit::Point>(OutputSourceProperty); }
+  void SetOutputSource(Toolkit::Point point) { SetValue(OutputSourceProperty, point); }
+  /// Null before `CreatePath`.
+  Toolkit::Path* GetPath() const { return path.Get(); }
+  /// Either may be null while the connection is pending.
+  NodePinControl* GetInputPin() const { return inputPin.Get(); }
+  NodePinControl* GetOutputPin() const { return outputPin.Get(); }
+  ContentNode* GetInputNode() const { return inputNode.Get(); }
+  ContentNode* GetOutputNode() const { return outputNode.Get(); }
+
+  /// Gives the path the selected or the normal stroke. The list of selected connections is the manager's.
+  void ShowSelected() { SetStroke(SelectedBrush()); }
+  void ShowNormal() { SetStroke(NormalBrush()); }
+  bool IsShownSelected() const;
+
+  /// The four points of the curve from the input to the output: start, two control points, end.
+  static std::array<Toolkit::Point, 4> CurveBetween(Toolkit::Point input, Toolkit::Point output);
+  std::array<Toolkit::Point, 4> Curve() const { return CurveBetween(GetInputSource(), GetOutputSource()); }
+
+private:
+  static Toolkit::Brush* NormalBrush();
+  static Toolkit::Brush* SelectedBrush();
+  static Toolkit::Brush* HoverBrush();
+  void SetStroke(Toolkit::Brush* brush);
+  void OnPreviewMouseDown(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnMouseEnter(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnMouseLeave(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+
+  Toolkit::Ptr<Toolkit::BezierSegment> segment;
+  Toolkit::Ptr<Toolkit::PathFigure> figure;
+  Toolkit::Ptr<Toolkit::PathGeometry> geometry;
+  Toolkit::Ptr<Toolkit::Path> path;
+  Toolkit::Ptr<NodePinControl> outputPin;
+  Toolkit::Ptr<NodePinControl> inputPin;
+  Toolkit::Ptr<ContentNode> outputNode;
+  Toolkit::Ptr<ContentNode> inputNode;
+};
+
+} // namespace Tesselor
