@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+struct cJSON;
+
+namespace Tesselor {
+
+/// The formatted text of one whole document, printed once, from which the text of each object in it is cut out: a
+/// load logs every node with its subtree. While an instance lives it is the current one; instances nest.
+class DocumentPrint {
+public:
+  explicit DocumentPrint(const cJSON* document);
+  ~DocumentPrint();
+  DocumentPrint(const DocumentPrint&) = delete;
+  DocumentPrint& operator=(const DocumentPrint&) = delete;
+
+  /// Appends the formatted print of `json` to `text`: from the current document if it holds `json`, else by printing
+  /// it now.
+  static void Append(std::string& text, const cJSON* json);
+
+private:
+  struct Range {
+    size_t start = 0;
+    size_t end = 0;
+    /// How many tabs stand in front of each of its lines.
+    size_t depth = 0;
+  };
+  void Record(const cJSON* value, size_t& position, size_t depth);
+
+  std::string printed;
+  std::unordered_map<const cJSON*, Range> ranges;
+  DocumentPrint* outer;
+};
+
+} // namespace Tesselor

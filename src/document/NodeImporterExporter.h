@@ -1,0 +1,41 @@
+#pragma once
+
+#include "toolkit/base/Object.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+struct cJSON;
+
+namespace Tesselor {
+
+class CommentNode;
+class ContentNode;
+class DocumentView;
+class GroupNode;
+class Workspace;
+
+/// Brings an asset document into a view and out of it. Static operations without state. What fails is told to the
+/// user and the log here.
+class NodeImporterExporter {
+public:
+  /// The menu name of the root that a file names; empty if it names none or can't be read, which is logged only.
+  static std::string GetWorkspaceID(const std::string& path);
+
+  /// True if the document now stands in the view. The caller has emptied the view and selected the root; on false it
+  /// empties it again.
+  static bool ImportNodeTree(const std::string& filePath, const std::shared_ptr<Workspace>& workspace,
+                             DocumentView* view);
+  static bool ImportNodeTree(const cJSON* jsonData, const std::shared_ptr<Workspace>& workspace, DocumentView* view);
+
+  /// True if the file was written; otherwise the old file is there unchanged. Gives UUIDs to nodes and links that
+  /// have none, and changes nothing else. `saveAllFields` writes fields that hold their default, too.
+  static bool ExportNodeTree(const std::string& filePath, ContentNode* rootNode,
+                             const std::vector<Toolkit::Ptr<ContentNode>>& nodes,
+                             const std::vector<Toolkit::Ptr<GroupNode>>& groups,
+                             const std::vector<Toolkit::Ptr<CommentNode>>& comments, const std::string& workspaceId,
+                             bool saveAllFields);
+};
+
+} // namespace Tesselor

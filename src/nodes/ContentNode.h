@@ -1,0 +1,228 @@
+#pragma once
+
+#include "fields/BaseField.h"
+#include "fields/FieldOwner.h"
+#include "nodes/BaseNode.h"
+#include "nodes/NodePinData.h"
+#include "toolkit/base/ObservableCollection.h"
+#include "workspace/NodeBlueprint.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+
+struct cJSON;
+
+namespace Toolkit {
+class ItemsControl;
+}
+
+namespace Tesselor {
+
+class ContentNode;
+class DocumentView;
+class NodeIdIndex;
+class NodePinControl;
+class Workspace;
+struct NodeVariant;
+
+enum class FieldPlacement { InputPin, Body, OutputPin };
+
+using NodeSet = std::unordered_set<const ContentNode*>;
+
+/// The visible form of one JSON object of an asset: a titled box with input pins, fields and output pins, all of
+/// which its blueprint decides. Made by `NodeDictionary::CreateNode`; the lists of the view and undo steps own it.
+///
+/// The walks over JSON are members of this class that stand in src/document.
+class ContentNode : public BaseNode, public FieldOwner {
+  TOOLKIT_TYPE(ContentNode)
+public:
+  using Pins = Toolkit::ObservableCollection<NodePinData>;
+  /// All pins by id. Of two pins with one id the later stays; dynamic pins have keys of their own.
+  using PinTable = std::map<std::string, NodePinData*, std::less<>>;
+  using FieldTable = std::map<std::string, Toolkit::Ptr<BaseField>, std::less<>>;
+
+  static inline const Toolkit::DependencyProperty* CommentInputVisibilityProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* CommentTextVisibilityProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* CommentBlockVisibilityProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* TitleColorGradientProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* TitleColorProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* IsLinkValidProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* ArrayIndexTextProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* ArrayIndexVisibilityProperty = nullptr;
+
+  /// A node without a blueprint, for documents only. Nothing but its look may be used.
+  ContentNode();
+  ContentNode(std::string typeId, const NodeBlueprint& blueprint);
+  ~ContentNode() override;
+
+  const NodeBlueprint& Blueprint() const { return *blueprint; }
+  bool HasBlueprint() const { return blueprint != nullptr; }
+  bool IsPassthrough() const { return blueprint && blueprint->isPassthrough; }
+  const std::string& TypeId() const { return typeId; }
+  Pins& Input() const { return *input; }
+  Pins& Output() const { return *output; }
+  FieldTextData* GetFieldCommentData() const { return fieldCommentData.Get(); }
+  /// Sets the comment and shows its block.
+  void SetComment(std::string_view text);
+
+  /// The UUID; empty until it is loaded or first written.
+  const std::string& NodeId() const { return nodeId; }
+  void SetNodeId(std::string id);
+  /// The UUID, made now if there is none.
+  const std::string& EnsureNodeId();
+  /// "<typeId>-<nodeId>", or the type id alone for a node without UUID.
+  std::string Identity() const;
+
+  // Pins and fields.
+  NodePinData* AddPin(bool isInput, const NodePinBlueprint& pinBlueprint);
+  /// A further output pin for an object that the schema doesn't know. Its record's id is the same as that of others;
+  /// its key in `pins` sorts behind theirs.
+  NodePinData* AddDynamicPin(const NodePinBlueprint& pinBlueprint);
+  /// Null if there is no such pin.
+  NodePinData* FindPin(std::string_view id) const;
+  /// The first input pin, in key order, of that declared type; null if there is none.
+  NodePinData* FindInputPinOfType(std::string_view type) const;
+  /// The first pin of a side; null if there is none.
+  NodePinData* FirstInput() const { return input->Count() > 0 ? input->Get(0) : nullptr; }
+  NodePinData* FirstOutput() const { return output->Count() > 0 ? output->Get(0) : nullptr; }
+  void AddField(const std::string& fieldId, BaseField& field, FieldPlacement placement);
+  /// Looks in the fields of the input pins, then of the body, then of the output pins.
+  BaseField* FindField(std::string_view id) const;
+  /// Null before layout.
+  NodePinControl* FindPinControl(const NodePinData& pin) const;
+
+  void SetTitleColor(const Toolkit::Color& color);
+  /// A negative index means none.
+  void SetArrayIndex(int32_t index);
+  /// Ends all connections of this node and renumbers the children of the pins concerned. The curves on the canvas are
+  /// the caller's business.
+  void DisconnectAllPins();
+  /// Empties the lists of this node's own pins only: for when the whole document goes, where taking each connection
+  /// out of its other end as well would cost a multiple of the nodes.
+  void ForgetConnections();
+  void ToggleUnusedOutputPins();
+
+  // Pass-through nodes.
+  /// Whether what is connected on either side is of one type. True for other nodes.
+  bool ComputeLinkValidity() const;
+  /// Takes over the record of what is connected, and hands it on to neighbouring pass-through nodes.
+  void PropagateLinkType();
+
+  // The names of nodes, for fields.
+  std::string NodeName() const override { return nodeName; }
+  void SetNodeName(std::string_view name) override { nodeName = name; }
+  std::string FindUpstreamName() override;
+
+  // Writing. Each adds members to `json`.
+  virtual void Serialize(cJSON* json, bool writeNodeId, bool saveAllFields);
+  virtual void SerializeChild(cJSON* json, bool saveAllFields);
+  /// The clipboard's form: no UUIDs, with title and position. An empty selection stands for all nodes.
+  virtual void SerializeForCopy(cJSON* json, const NodeSet& selection);
+  virtual void SerializeWithId(cJSON* json, bool saveAllFields, bool writeLayout);
+  void SerializeForCopy(cJSON* json, const NodeSet& selection, bool writePosition);
+
+  // Reading. Children are added to the view, their connections to its pending ones. `json` is not kept.
+  virtual void Deserialize(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
+
+  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
+
+  std::string nodeName;
+  PinTable pins;
+  FieldTable inputFields;
+  FieldTable outputFields;
+  FieldTable contentFields;
+  /// The key in the parent's JSON object, below a map pin; else empty.
+  std::string mapKey;
+  /// The id of a pass-through node in the file's metadata; else empty.
+  std::string linkId;
+  /// The position in the JSON array that the node came from; -1 otherwise.
+  int32_t importIndex = -1;
+  /// The index shown in the title bar; -1 if there is none.
+  int32_t arrayIndex = -1;
+
+protected:
+  /// Creates what documents bind to and loads the class's document.
+  void Load();
+  /// Looks the named parts of the document up; those that it doesn't have stay empty.
+  void FindParts();
+  void InitializeComponent() override;
+
+  // Pieces of the written form.
+  void WriteNodeId(cJSON* json);
+  void WriteTitle(cJSON* json) const;
+  void WriteComment(cJSON* json) const;
+  void WriteGenericPins(cJSON* json, bool saveAllFields);
+
+  void LogDeserialization(const cJSON* json) const;
+
+  friend class NodeIdIndex;
+  friend class NodeWriteScope;
+
+private:
+  /// Names the kind of node that a child is to become; see `ResolveChildType`.
+  struct ChildType;
+
+  // Reading, in src/document.
+  void DeserializeMember(const cJSON* json, const cJSON* member, const Workspace& workspace, DocumentView& view,
+                         bool selectNewNodes);
+  bool DeserializePinMember(const cJSON* json, const cJSON* member, const NodePinTarget& target,
+                            const Workspace& workspace, DocumentView& view, bool selectNewNodes);
+  void DeserializePinObject(const cJSON* json, const cJSON* parentJson, const std::string& nodeName, NodePinData& pin,
+                            const NodeVariant* variant, const Workspace& workspace, DocumentView& view,
+                            bool selectNewNodes);
+  void DeserializePinArray(const cJSON* json, const std::string& nodeName, NodePinData& pin, const NodeVariant* variant,
+                           const Workspace& workspace, DocumentView& view, bool selectNewNodes);
+  void DeserializeChildren(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
+  bool DeserializeAdditionalProperty(const cJSON* json, const Workspace& workspace, DocumentView& view,
+                                     bool selectNewNodes);
+  bool DeserializeParameters(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
+  void DeserializeGeneric(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
+  void DeserializeField(const cJSON* objectJson, const char* jsonKey, const std::string& fieldId);
+  std::string ResolveSchemaKey(const char* jsonKey, const cJSON* value) const;
+  ChildType ResolveChildType(const cJSON* json, const cJSON* parentJson, const std::string& nodeName,
+                             const NodeVariant* variant, const Workspace& workspace) const;
+  void QueuePinConnection(ContentNode& child, NodePinData& parentPin, bool isLink, bool isGeneric, DocumentView& view);
+  void ReportUnknownField(const char* key, const cJSON* value) const;
+
+  // Writing, in src/document.
+  void WriteSchemaField(cJSON* json, const std::string& schemaKey, bool saveAllFields);
+  void WriteSchemaPin(cJSON* json, const std::string& schemaKey, bool saveAllFields);
+  void WriteSchemaPinForCopy(cJSON* json, const std::string& schemaKey, const NodeSet& selection);
+  void WriteAdditionalProperties(cJSON* json, const NodePinData& pin, bool saveAllFields);
+  void WriteAdditionalParameters(cJSON* json, const NodePinData& pin, bool saveAllFields);
+  void WriteMap(cJSON* json, const std::string& key, const NodePinData& pin, bool saveAllFields);
+  void WriteChildren(cJSON* json, bool saveAllFields);
+  void WriteBody(cJSON* json, bool saveAllFields);
+
+  Toolkit::ObservableCollectionBase* ReflectedInput() const { return input.Get(); }
+  Toolkit::ObservableCollectionBase* ReflectedOutput() const { return output.Get(); }
+  Toolkit::ItemsControl* FindPinList(bool isInput) const;
+  void PropagateLinkType(NodeSet& visited);
+
+  void Comment_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
+  void CommentTextBox_KeyUp(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
+  void CommentToggle_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
+  void OutputPinsToggle_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
+
+  Toolkit::Ptr<Pins> input;
+  Toolkit::Ptr<Pins> output;
+  Toolkit::Ptr<FieldTextData> fieldCommentData;
+  // Parts of the document, which this node owns as its content.
+  Toolkit::StackPanel* nodeContent = nullptr;
+  Toolkit::ItemsControl* outputPins = nullptr;
+  Toolkit::ItemsControl* inputPins = nullptr;
+  const NodeBlueprint* blueprint = nullptr;
+  std::string typeId;
+  std::string nodeId;
+  /// The index of the view that the node belongs to, and the node's place in it.
+  NodeIdIndex* idIndex = nullptr;
+  uint64_t idOrder = 0;
+  /// The writer is in the middle of this node: meeting it again is a cycle.
+  bool isBeingWritten = false;
+};
+
+} // namespace Tesselor

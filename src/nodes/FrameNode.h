@@ -1,0 +1,87 @@
+#pragma once
+
+#include "nodes/BaseNode.h"
+#include "nodes/ResizeEdge.h"
+
+#include <string>
+
+namespace Toolkit {
+class Border;
+}
+
+struct cJSON;
+
+namespace Tesselor {
+
+/// What groups and comments share: a titled, resizable frame that stands in the file's metadata. The classes differ
+/// in their properties, their parts' names and their least height, which they hand over here.
+class FrameNode : public BaseNode {
+  TOOLKIT_TYPE(FrameNode)
+public:
+  /// The frame's own size, which its border is bound to, in canvas units.
+  float FrameWidth() const { return Get<float>(properties->width); }
+  float FrameHeight() const { return Get<float>(properties->height); }
+  /// Sizes below the class's minimum become the minimum.
+  void SetResizeWidth(float value);
+  void SetResizeHeight(float value);
+  /// A larger frame lies further back, so that a small one within it stays reachable.
+  void RefreshZIndex();
+
+  /// The edge under the mouse.
+  ResizeEdge HitTestEdge(const Toolkit::Border& border) const;
+  /// One step of a resize: the dragged edge follows the mouse.
+  void Resize(ResizeEdge edge);
+  /// Keeps the border's width on screen; called with the canvas's scale.
+  virtual void SetZoom(float zoom);
+
+  void BeginTitleEdit();
+  void EndTitleEdit();
+
+  /// The frame's object for a file or the clipboard; the caller's.
+  virtual cJSON* ToJson() const;
+
+  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
+  void Node_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args) override;
+  void Node_MouseUp(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args) override;
+
+  /// The mouse at the last step of a resize, in the parent's coordinates, and the size before the first. Zero means
+  /// not yet taken; whoever ends a resize sets both to zero.
+  Toolkit::Point lastMousePosition;
+  Toolkit::Size resizeStartSize;
+
+protected:
+  /// The properties of a class, each of its own.
+  struct Properties {
+    const Toolkit::DependencyProperty* cursorType;
+    const Toolkit::DependencyProperty* titleInputVisibility;
+    const Toolkit::DependencyProperty* titleTextVisibility;
+    const Toolkit::DependencyProperty* width;
+    const Toolkit::DependencyProperty* height;
+    const Toolkit::DependencyProperty* borderThickness;
+  };
+  struct Names {
+    std::string_view border;
+    std::string_view titleBox;
+  };
+
+  FrameNode(const Properties& properties, const Names& names, const Toolkit::RoutedEvent& resizing, float minimumHeight)
+      : properties(&properties), names(&names), resizing(&resizing), minimumHeight(minimumHeight) {}
+
+  float FrameBorder() const { return Get<float>(properties->borderThickness); }
+  void SetCursor(ResizeEdge edge);
+  void SetCursor(const char* name) { SetValue(properties->cursorType, name); }
+
+private:
+  void Header_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
+  void TitleTextBox_KeyUp(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
+  void TitleTextBox_LostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  /// The frame itself if the event came from it, not from what it holds.
+  const Toolkit::Border* PressedFrame(const Toolkit::RoutedEventArgs& args) const;
+
+  const Properties* properties;
+  const Names* names;
+  const Toolkit::RoutedEvent* resizing;
+  float minimumHeight;
+};
+
+} // namespace Tesselor

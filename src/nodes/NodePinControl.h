@@ -1,0 +1,46 @@
+#pragma once
+
+#include "nodes/NodePinData.h"
+#include "toolkit/controls/UserControl.h"
+#include "toolkit/visual/InputEvents.h"
+
+namespace Tesselor {
+
+/// Shows one pin, its data context, in a row of a node. Tells with routed events that the pin was pressed and
+/// released; what that connects is the view's business.
+class NodePinControl : public Toolkit::UserControl {
+  TOOLKIT_TYPE(NodePinControl)
+public:
+  static inline const Toolkit::DependencyProperty* AnchorProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* IsInputProperty = nullptr;
+  /// The pin waits for the other end of a connection. True for at most one pin of a view, which sets it.
+  static inline const Toolkit::DependencyProperty* IsPendingConnectionProperty = nullptr;
+  /// Bubbling, with plain arguments whose source is this control.
+  static const Toolkit::RoutedEvent NodePinMouseDownEvent, NodePinMouseUpEvent;
+
+  NodePinControl();
+
+  /// Null before the control stands in a list of pins.
+  NodePinData* PinData() const;
+  bool IsInput() const { return Get<bool>(IsInputProperty); }
+  bool IsPendingConnection() const { return Get<bool>(IsPendingConnectionProperty); }
+  void SetPendingConnection(bool value) { SetValue(IsPendingConnectionProperty, value); }
+
+  /// The drawn shape, where connections end; null before layout. Found once and then kept.
+  Toolkit::FrameworkElement* PinElement() const;
+  /// The middle of the drawn shape in the coordinates of `panel`; (0, 0) if it can't be found.
+  Toolkit::Point PinCentre(const Toolkit::UIElement* panel) const;
+
+  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
+
+private:
+  void InitializeComponent();
+  void Pin_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
+  void Pin_MouseUp(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
+  /// Offers to begin, complete or cancel a connection. Nothing happens outside a view.
+  void ShowPinContextMenu();
+
+  mutable Toolkit::WeakPtr<Toolkit::FrameworkElement> pinElement;
+};
+
+} // namespace Tesselor

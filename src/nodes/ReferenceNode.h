@@ -1,0 +1,44 @@
+#pragma once
+
+#include "nodes/ContentNode.h"
+
+#include <vector>
+
+namespace Tesselor {
+
+/// Stands in an asset for another asset file: holds that file's identifying value and short name, and those of its
+/// parameters that differ. The other file is read when the user picks it, never when an asset is loaded.
+class ReferenceNode : public ContentNode {
+  TOOLKIT_TYPE(ReferenceNode)
+public:
+  static inline const Toolkit::DependencyProperty* FileNameProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* FileIdProperty = nullptr;
+
+  ReferenceNode(std::string typeId, const NodeBlueprint& blueprint);
+
+  std::string_view FileName() const { return GetString(FileNameProperty); }
+  std::string_view FileId() const { return GetString(FileIdProperty); }
+
+  void Serialize(cJSON* json, bool writeNodeId, bool saveAllFields) override;
+  void Deserialize(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes) override;
+  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
+
+  /// Takes the identifying value and the parameters from a file. What is wrong with it is told to the user.
+  void LoadFileParameters(const std::string& path, const std::string& fileName);
+
+private:
+  /// Whether a value comes from the asset itself, and so goes back into it.
+  enum class ValueOrigin { ReferencedFile, Asset };
+
+  void InitializeComponent() override;
+  void SelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void AddReferenceField(const char* fileId);
+  void AddParameterField(const char* name, const char* type, const cJSON* defaultValue, ValueOrigin origin);
+
+  Toolkit::StackPanel* nodeReference = nullptr;
+  Toolkit::StackPanel* nodeParameters = nullptr;
+  /// Every field made so far in either panel, hidden ones too.
+  std::vector<Toolkit::Ptr<BaseField>> referenceFields;
+};
+
+} // namespace Tesselor
