@@ -21,7 +21,7 @@ protected:
   void PrepareForMeasure() override {}
   Size MeasureOverride(Size available) override;
   Size ArrangeOverride(Size finalSize) override;
-  bool HitTestSelf(Point point) const override { return true; }
+  bool HitTestSelf(Point point) const override { return Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point); }
 
 private:
   SharedString SelectedText() const;

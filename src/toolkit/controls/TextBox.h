@@ -51,7 +51,7 @@ protected:
   void OnRoutedEvent(const RoutedEventArgs& args) override;
   Size MeasureOverride(Size available) override;
   Size ArrangeOverride(Size finalSize) override;
-  bool HitTestSelf(Point point) const override { return true; }
+  bool HitTestSelf(Point point) const override { return Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point); }
 
 private:
   friend class TextEditor;
