@@ -13,20 +13,17 @@ void ActionHistory::Push(std::unique_ptr<IActionCommand> command) {
   commands.erase(commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(undoneCount));
   undoneCount = 0;
   commands.push_front(std::move(command));
-  while (commands.size() > capacity)
-    commands.pop_back();
+  while (commands.size() > capacity) commands.pop_back();
 }
 
 void ActionHistory::UndoLast() {
-  if (undoneCount >= commands.size())
-    return;
+  if (undoneCount >= commands.size()) return;
   commands[undoneCount]->Undo();
   ++undoneCount;
 }
 
 void ActionHistory::RedoLast() {
-  if (undoneCount == 0)
-    return;
+  if (undoneCount == 0) return;
   --undoneCount;
   commands[undoneCount]->Do();
 }

@@ -37,8 +37,7 @@ void SliderIntSaveStateActionCommandBehavior::OnDetaching() {
 }
 
 void SliderIntSaveStateActionCommandBehavior::Remember() {
-  if (const FieldIntData* carrier = Carrier())
-    remembered = carrier->GetValue();
+  if (const FieldIntData* carrier = Carrier()) remembered = carrier->GetValue();
 }
 
 void SliderIntSaveStateActionCommandBehavior::OnGotFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
@@ -47,8 +46,7 @@ void SliderIntSaveStateActionCommandBehavior::OnGotFocus(Toolkit::Object*, const
 
 void SliderIntSaveStateActionCommandBehavior::OnLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   FieldIntData* carrier = Carrier();
-  if (!carrier || carrier->GetValue() == remembered)
-    return;
+  if (!carrier || carrier->GetValue() == remembered) return;
   ActionHistory::Instance().Push(std::make_unique<SliderIntValueActionCommand>(Toolkit::Ptr<FieldIntData>(carrier),
                                                                                remembered, carrier->GetValue()));
   Remember();

@@ -36,8 +36,7 @@ void TextBoxSaveStateActionCommandBehavior::OnDetaching() {
 }
 
 void TextBoxSaveStateActionCommandBehavior::Remember() {
-  if (const FieldTextData* carrier = Carrier())
-    remembered = carrier->GetText();
+  if (const FieldTextData* carrier = Carrier()) remembered = carrier->GetText();
 }
 
 void TextBoxSaveStateActionCommandBehavior::OnGotFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
@@ -46,8 +45,7 @@ void TextBoxSaveStateActionCommandBehavior::OnGotFocus(Toolkit::Object*, const T
 
 void TextBoxSaveStateActionCommandBehavior::OnLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   FieldTextData* carrier = Carrier();
-  if (!carrier || carrier->GetText() == remembered)
-    return;
+  if (!carrier || carrier->GetText() == remembered) return;
   ActionHistory::Instance().Push(std::make_unique<TextBoxValueActionCommand>(Toolkit::Ptr<FieldTextData>(carrier),
                                                                              remembered, carrier->GetText()));
   Remember();

@@ -13,10 +13,8 @@ void BaseField::Describe(Toolkit::TypeBuilder<BaseField>& type) {
 
 void BaseField::DeserializeOptions(const cJSON* options, bool) {
   const FieldOptions common(options);
-  if (const auto label = common.SharedText(FieldOption::Label))
-    SetValue(LabelProperty, *label);
-  if (const auto description = common.SharedText(FieldOption::Description))
-    SetValue(DescriptionProperty, *description);
+  if (const auto label = common.SharedText(FieldOption::Label)) SetValue(LabelProperty, *label);
+  if (const auto description = common.SharedText(FieldOption::Description)) SetValue(DescriptionProperty, *description);
   active = common.Boolean(FieldOption::Active).value_or(active);
   required = common.Boolean(FieldOption::Required).value_or(required);
 }

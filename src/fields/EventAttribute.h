@@ -16,8 +16,7 @@ public:
   /// Connects `Method` of `target` if the attribute is of this event and names this handler.
   template <auto Method, class C>
   bool Connect(const Toolkit::RoutedEvent& event, std::string_view handler, C* target) const {
-    if (!source || eventName != event.name.Text() || handlerName != handler)
-      return false;
+    if (!source || eventName != event.name.Text() || handlerName != handler) return false;
     source->AddHandler(event, Toolkit::RoutedEventHandler::From<Method>(target));
     return true;
   }

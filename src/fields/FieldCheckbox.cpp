@@ -24,8 +24,7 @@ void FieldCheckbox::Serialize(cJSON* object, const std::string& key) {
 
 void FieldCheckbox::Deserialize(const cJSON* object, const std::string& key) {
   const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
-  if (!cJSON_IsBool(item))
-    return;
+  if (!cJSON_IsBool(item)) return;
   fieldCheckboxData->SetValue(cJSON_IsTrue(item));
   hasLoadedValue = true;
 }
@@ -33,12 +32,10 @@ void FieldCheckbox::Deserialize(const cJSON* object, const std::string& key) {
 void FieldCheckbox::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (!own.Has(FieldOption::Default))
-    return;
+  if (!own.Has(FieldOption::Default)) return;
   defaultValue = own.IsTrue(FieldOption::Default);
   hasDefault = true;
-  if (applyDefaults)
-    fieldCheckboxData->SetValue(defaultValue);
+  if (applyDefaults) fieldCheckboxData->SetValue(defaultValue);
 }
 
 bool FieldCheckbox::IsDefault() const { return hasDefault && fieldCheckboxData->GetValue() == defaultValue; }

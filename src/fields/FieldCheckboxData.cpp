@@ -8,8 +8,7 @@ void FieldCheckboxData::Describe(Toolkit::TypeBuilder<FieldCheckboxData>& type) 
 }
 
 void FieldCheckboxData::SetValue(bool newValue) {
-  if (value == newValue)
-    return;
+  if (value == newValue) return;
   value = newValue;
   OnPropertyChanged("Value");
 }

@@ -39,8 +39,7 @@ bool FieldDictionary::ConnectEvent(Toolkit::Object* source, const char* eventNam
 }
 
 void FieldDictionary::Serialize(cJSON* object, const std::string& key) {
-  if (rows->Count() == 0)
-    return;
+  if (rows->Count() == 0) return;
   cJSON* members = cJSON_CreateObject();
   for (size_t i = 0; i < rows->Count(); ++i) {
     const FieldDictionaryStringData& row = *rows->Get(i);
@@ -51,8 +50,7 @@ void FieldDictionary::Serialize(cJSON* object, const std::string& key) {
 
 void FieldDictionary::Deserialize(const cJSON* object, const std::string& key) {
   const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
-  if (!cJSON_IsObject(item))
-    return;
+  if (!cJSON_IsObject(item)) return;
   for (const cJSON* member = item->child; member; member = member->next)
     AddRow(member->string, ItemText(itemType, member));
   hasLoadedValue = true;
@@ -61,8 +59,7 @@ void FieldDictionary::Deserialize(const cJSON* object, const std::string& key) {
 void FieldDictionary::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (const auto width = own.Integer(FieldOption::Width))
-    SetValue(WidthProperty, *width);
+  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
   static constexpr FieldItemType allowed[] = {FieldItemType::String, FieldItemType::Uuid, FieldItemType::Int,
                                               FieldItemType::Float,  FieldItemType::Bool, FieldItemType::Mixed};
   itemType = ReadItemType(own, allowed);
@@ -71,8 +68,7 @@ void FieldDictionary::DeserializeOptions(const cJSON* options, bool applyDefault
 std::string FieldDictionary::GetValueAsString() const {
   std::string text;
   for (size_t i = 0; i < rows->Count(); ++i) {
-    if (i > 0)
-      text += ' ';
+    if (i > 0) text += ' ';
     text += rows->Get(i)->GetKey().View();
     text += ' ';
     text += rows->Get(i)->GetValue().View();
@@ -83,8 +79,7 @@ std::string FieldDictionary::GetValueAsString() const {
 FieldDictionary::Values FieldDictionary::GetValues() const {
   Values values;
   values.reserve(rows->Count());
-  for (size_t i = 0; i < rows->Count(); ++i)
-    values.emplace_back(rows->Get(i)->GetKey(), rows->Get(i)->GetValue());
+  for (size_t i = 0; i < rows->Count(); ++i) values.emplace_back(rows->Get(i)->GetKey(), rows->Get(i)->GetValue());
   // Stable, so that the first row of a key stays the first.
   std::stable_sort(values.begin(), values.end(),
                    [](const auto& a, const auto& b) { return a.first.View() < b.first.View(); });
@@ -97,8 +92,7 @@ FieldDictionary::Values FieldDictionary::GetValues() const {
 void FieldDictionary::SetValues(const Values& values) {
   isRestoring = true;
   rows->Clear();
-  for (const auto& [key, value] : values)
-    AddRow(key, value);
+  for (const auto& [key, value] : values) AddRow(key, value);
   UpdateMoveButtons(*rows);
   previousValues = GetValues();
   isRestoring = false;
@@ -108,15 +102,13 @@ void FieldDictionary::AddRow(const Toolkit::SharedString& key, const Toolkit::Sh
   auto row = Toolkit::MakePtr<FieldDictionaryStringData>();
   row->SetKey(key);
   row->SetValue(value);
-  if (itemType == FieldItemType::Uuid)
-    row->SetSelectFileButtonVisibility(Toolkit::Visibility::Visible);
+  if (itemType == FieldItemType::Uuid) row->SetSelectFileButtonVisibility(Toolkit::Visibility::Visible);
   rows->Add(std::move(row));
 }
 
 void FieldDictionary::PushUndoIfChanged() {
   Values current = GetValues();
-  if (current == previousValues)
-    return;
+  if (current == previousValues) return;
   ActionHistory::Instance().Push(std::make_unique<FieldDictionaryActionCommand>(Toolkit::Ptr<FieldDictionary>(this),
                                                                                 std::move(previousValues), current));
   previousValues = std::move(current);
@@ -125,11 +117,9 @@ void FieldDictionary::PushUndoIfChanged() {
 void FieldDictionary::MoveRow(Toolkit::Object* sender, int step) {
   const FieldRowData* row = RowOfButton(sender);
   const int index = row ? rows->IndexOfItem(row) : -1;
-  if (index < 0)
-    return;
+  if (index < 0) return;
   const int target = index + step;
-  if (target >= 0 && target < rows->CountValue())
-    rows->Move(static_cast<size_t>(index), static_cast<size_t>(target));
+  if (target >= 0 && target < rows->CountValue()) rows->Move(static_cast<size_t>(index), static_cast<size_t>(target));
   UpdateMoveButtons(*rows);
   PushUndoIfChanged();
 }
@@ -147,27 +137,22 @@ void FieldDictionary::OnAddItem(Toolkit::Object*, const Toolkit::RoutedEventArgs
 void FieldDictionary::OnRemoveItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
   const FieldRowData* row = RowOfButton(sender);
   const int index = row ? rows->IndexOfItem(row) : -1;
-  if (index < 0)
-    return;
+  if (index < 0) return;
   rows->RemoveAt(static_cast<size_t>(index));
   UpdateMoveButtons(*rows);
   PushUndoIfChanged();
 }
 
 void FieldDictionary::OnInputLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  if (!isRestoring)
-    PushUndoIfChanged();
+  if (!isRestoring) PushUndoIfChanged();
 }
 
 void FieldDictionary::OnSelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
   const Toolkit::Ptr<FieldRowData> row(RowOfButton(sender));
-  if (!row)
-    return;
+  if (!row) return;
   const std::optional<std::string> path = FileDialogs::Open();
-  if (!path)
-    return;
-  if (const std::optional<std::string> id = ReadAssetId(*path))
-    row->SetValue(*id);
+  if (!path) return;
+  if (const std::optional<std::string> id = ReadAssetId(*path)) row->SetValue(*id);
 }
 
 } // namespace Tesselor

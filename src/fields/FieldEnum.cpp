@@ -39,8 +39,7 @@ void FieldEnum::Serialize(cJSON* object, const std::string& key) {
 
 void FieldEnum::Deserialize(const cJSON* object, const std::string& key) {
   const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
-  if (!cJSON_IsString(item))
-    return;
+  if (!cJSON_IsString(item)) return;
   SetSelectedEnum(item->valuestring);
   hasLoadedValue = true;
 }
@@ -48,18 +47,15 @@ void FieldEnum::Deserialize(const cJSON* object, const std::string& key) {
 void FieldEnum::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (const auto width = own.Integer(FieldOption::Width))
-    SetValue(WidthProperty, *width);
+  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
   if (const cJSON* values = own.Item(FieldOption::Values); cJSON_IsArray(values)) {
     for (const cJSON* value = values->child; value; value = value->next)
-      if (cJSON_IsString(value))
-        enumOptions->Add(Toolkit::MakePtr<EnumItemData>(value->valuestring));
+      if (cJSON_IsString(value)) enumOptions->Add(Toolkit::MakePtr<EnumItemData>(value->valuestring));
   }
   if (const auto text = own.SharedText(FieldOption::Default)) {
     defaultText = *text;
     hasDefault = true;
-    if (applyDefaults)
-      SetSelectedEnum(defaultText);
+    if (applyDefaults) SetSelectedEnum(defaultText);
   }
 }
 

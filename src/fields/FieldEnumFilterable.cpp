@@ -38,25 +38,20 @@ void FieldEnumFilterable::InitializeComponent() {
 
 void FieldEnumFilterable::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   FieldEnum::DeserializeOptions(options, applyDefaults);
-  for (size_t i = 0; i < enumOptions->Count(); ++i)
-    allOptions->Add(enumOptions->Get(i));
+  for (size_t i = 0; i < enumOptions->Count(); ++i) allOptions->Add(enumOptions->Get(i));
 }
 
 void FieldEnumFilterable::Filter(std::string_view searchText) {
   const std::string wanted = UpperCase(searchText);
   const Toolkit::Ptr<EnumItemData> selected(SelectedOption());
   for (size_t i = enumOptions->Count(); i-- > 0;)
-    if (selected != enumOptions->Get(i))
-      enumOptions->RemoveAt(i);
+    if (selected != enumOptions->Get(i)) enumOptions->RemoveAt(i);
   for (size_t i = 0; i < allOptions->Count(); ++i) {
     EnumItemData* option = allOptions->Get(i);
-    if (selected != option && UpperCase(option->GetValue()).find(wanted) != std::string::npos)
-      enumOptions->Add(option);
+    if (selected != option && UpperCase(option->GetValue()).find(wanted) != std::string::npos) enumOptions->Add(option);
   }
-  if (selected)
-    SetSelectedEnum(selected->GetValue());
-  if (!wanted.empty())
-    comboBox->SetIsDropDownOpen(true);
+  if (selected) SetSelectedEnum(selected->GetValue());
+  if (!wanted.empty()) comboBox->SetIsDropDownOpen(true);
 }
 
 } // namespace Tesselor

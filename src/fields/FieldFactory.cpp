@@ -61,8 +61,7 @@ Toolkit::Ptr<BaseField> CreateField(std::string_view type, const cJSON* options,
     return nullptr;
   }
   Toolkit::Ptr<BaseField> field = found->second();
-  if (cJSON_IsObject(options))
-    field->DeserializeOptions(options, applyDefaults);
+  if (cJSON_IsObject(options)) field->DeserializeOptions(options, applyDefaults);
   return field;
 }
 

@@ -57,13 +57,11 @@ void FieldFilePath::Serialize(cJSON* object, const std::string& key) {
 
 void FieldFilePath::Deserialize(const cJSON* object, const std::string& key) {
   const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
-  if (!cJSON_IsString(item))
-    return;
+  if (!cJSON_IsString(item)) return;
   if (UsesUUID()) {
     fileUUID->SetValue(item->valuestring);
     const cJSON* name = cJSON_GetObjectItem(object, CompanionKey(key).c_str());
-    if (cJSON_IsString(name))
-      SetFileName(name->valuestring);
+    if (cJSON_IsString(name)) SetFileName(name->valuestring);
   } else {
     SetFileName(item->valuestring);
   }
@@ -73,8 +71,7 @@ void FieldFilePath::Deserialize(const cJSON* object, const std::string& key) {
 void FieldFilePath::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (const auto width = own.Integer(FieldOption::Width))
-    SetValue(WidthProperty, *width);
+  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
   if (own.Has(FieldOption::UseUUID)) {
     const bool usesUUID = own.IsTrue(FieldOption::UseUUID);
     SetValue(UUIDVisibilityProperty, usesUUID ? Visibility::Visible : Visibility::Collapsed);
@@ -91,14 +88,12 @@ std::string FieldFilePath::GetValueAsString() const { return std::string(GetFile
 
 void FieldFilePath::SelectFile(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   const std::optional<std::string> path = FileDialogs::Open();
-  if (!path)
-    return;
+  if (!path) return;
   const SharedString oldName = GetValue(FileNameProperty).AsString();
   const SharedString newName = FileStem(*path);
   if (UsesUUID()) {
     const std::optional<std::string> id = ReadAssetId(*path);
-    if (!id)
-      return;
+    if (!id) return;
     fileUUID->SetValue(*id);
   }
   SetFileName(newName);

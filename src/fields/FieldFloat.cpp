@@ -35,8 +35,7 @@ void FieldFloat::InitializeComponent() {
 
 void FieldFloat::Serialize(cJSON* object, const std::string& key) {
   const std::optional<double> number = ParseDouble(fieldTextData->GetValue());
-  if (!number)
-    ShowDoubleError(fieldTextData->GetValue());
+  if (!number) ShowDoubleError(fieldTextData->GetValue());
   cJSON_AddNumberToObject(object, key.c_str(), number.value_or(0));
 }
 
@@ -47,29 +46,25 @@ void FieldFloat::Deserialize(const cJSON* object, const std::string& key) {
 void FieldFloat::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (const auto width = own.Integer(FieldOption::Width))
-    SetValue(WidthProperty, *width);
+  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
   // The bounds come after the default, which they therefore do not clamp. They are whole numbers.
   if (const auto value = own.Number(FieldOption::Default)) {
     defaultValue = *value;
     hasDefault = true;
-    if (applyDefaults)
-      fieldTextData->SetValue(FloatText(defaultValue));
+    if (applyDefaults) fieldTextData->SetValue(FloatText(defaultValue));
   }
-  maxValue = own.Integer(FieldOption::Max).value_or(maxValue);
-  minValue = own.Integer(FieldOption::Min).value_or(minValue);
+  if (const auto maximum = own.Integer(FieldOption::Max)) maxValue = *maximum;
+  if (const auto minimum = own.Integer(FieldOption::Min)) minValue = *minimum;
 }
 
 void FieldFloat::DeserializeValue(const cJSON* item) {
-  if (!cJSON_IsNumber(item))
-    return;
+  if (!cJSON_IsNumber(item)) return;
   fieldTextData->SetValue(FloatText(item->valuedouble));
   hasLoadedValue = true;
 }
 
 bool FieldFloat::IsDefault() const {
-  if (!hasDefault)
-    return false;
+  if (!hasDefault) return false;
   const std::optional<double> number = ParseDouble(fieldTextData->GetValue());
   return number && AreNear(defaultValue, *number);
 }
@@ -78,8 +73,7 @@ std::string FieldFloat::GetValueAsString() const { return std::string(fieldTextD
 
 void FieldFloat::OnTextChanged(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   const auto filtered = FilterFloatText(inputText->GetText(), minValue, maxValue);
-  if (!filtered)
-    return;
+  if (!filtered) return;
   // Setting the text comes back here, until the filter has nothing left to change.
   inputText->SetText(*filtered);
   // While the binding carries a text to the box, it does not carry the box's answer back.

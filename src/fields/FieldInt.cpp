@@ -34,8 +34,7 @@ void FieldInt::InitializeComponent() {
 
 void FieldInt::Serialize(cJSON* object, const std::string& key) {
   const std::optional<int32_t> number = ParseInteger(fieldTextData->GetValue());
-  if (!number)
-    ShowIntegerError(fieldTextData->GetValue());
+  if (!number) ShowIntegerError(fieldTextData->GetValue());
   cJSON_AddNumberToObject(object, key.c_str(), number.value_or(0));
 }
 
@@ -46,29 +45,25 @@ void FieldInt::Deserialize(const cJSON* object, const std::string& key) {
 void FieldInt::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (const auto width = own.Integer(FieldOption::Width))
-    SetValue(WidthProperty, *width);
+  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
   // The bounds come after the default, which they therefore do not clamp.
   if (const auto value = own.Integer(FieldOption::Default)) {
     defaultValue = *value;
     hasDefault = true;
-    if (applyDefaults)
-      fieldTextData->SetValue(std::to_string(defaultValue));
+    if (applyDefaults) fieldTextData->SetValue(std::to_string(defaultValue));
   }
   maxValue = own.Integer(FieldOption::Max).value_or(maxValue);
   minValue = own.Integer(FieldOption::Min).value_or(minValue);
 }
 
 void FieldInt::DeserializeValue(const cJSON* item) {
-  if (!cJSON_IsNumber(item))
-    return;
+  if (!cJSON_IsNumber(item)) return;
   fieldTextData->SetValue(std::to_string(item->valueint));
   hasLoadedValue = true;
 }
 
 bool FieldInt::IsDefault() const {
-  if (!hasDefault)
-    return false;
+  if (!hasDefault) return false;
   const std::optional<int32_t> number = ParseInteger(fieldTextData->GetValue());
   return number && *number == defaultValue;
 }
@@ -77,8 +72,7 @@ std::string FieldInt::GetValueAsString() const { return std::string(fieldTextDat
 
 void FieldInt::OnTextChanged(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   const auto filtered = FilterIntegerText(inputText->GetText(), minValue, maxValue);
-  if (!filtered)
-    return;
+  if (!filtered) return;
   // Setting the text comes back here, until the filter has nothing left to change.
   inputText->SetText(*filtered);
   // While the binding carries a text to the box, it does not carry the box's answer back.

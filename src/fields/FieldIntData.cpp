@@ -8,8 +8,7 @@ void FieldIntData::Describe(Toolkit::TypeBuilder<FieldIntData>& type) {
 }
 
 void FieldIntData::SetValue(int32_t newValue) {
-  if (value == newValue)
-    return;
+  if (value == newValue) return;
   value = newValue;
   OnPropertyChanged("Value");
 }

@@ -29,8 +29,7 @@ void FieldIntSlider::Serialize(cJSON* object, const std::string& key) {
 
 void FieldIntSlider::Deserialize(const cJSON* object, const std::string& key) {
   const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
-  if (!cJSON_IsNumber(item))
-    return;
+  if (!cJSON_IsNumber(item)) return;
   fieldIntData->SetValue(item->valueint);
   hasLoadedValue = true;
 }
@@ -38,18 +37,12 @@ void FieldIntSlider::Deserialize(const cJSON* object, const std::string& key) {
 void FieldIntSlider::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (const auto frequency = own.Integer(FieldOption::TickFrequency))
-    SetValue(TickFrequencyProperty, *frequency);
-  if (const auto change = own.Integer(FieldOption::LargeChange))
-    SetValue(LargeChangeProperty, *change);
-  if (const auto value = own.Integer(FieldOption::Default); value && applyDefaults)
-    fieldIntData->SetValue(*value);
-  if (const auto width = own.Integer(FieldOption::Width))
-    SetValue(WidthProperty, *width);
-  if (const auto maximum = own.Integer(FieldOption::Max))
-    SetValue(MaximumProperty, *maximum);
-  if (const auto minimum = own.Integer(FieldOption::Min))
-    SetValue(MinimumProperty, *minimum);
+  if (const auto frequency = own.Integer(FieldOption::TickFrequency)) SetValue(TickFrequencyProperty, *frequency);
+  if (const auto change = own.Integer(FieldOption::LargeChange)) SetValue(LargeChangeProperty, *change);
+  if (const auto value = own.Integer(FieldOption::Default); value && applyDefaults) fieldIntData->SetValue(*value);
+  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
+  if (const auto maximum = own.Integer(FieldOption::Max)) SetValue(MaximumProperty, *maximum);
+  if (const auto minimum = own.Integer(FieldOption::Min)) SetValue(MinimumProperty, *minimum);
 }
 
 std::string FieldIntSlider::GetValueAsString() const { return std::to_string(fieldIntData->GetValue()); }

@@ -17,12 +17,10 @@ void FieldLabel::InitializeComponent() {
 }
 
 void FieldLabel::DeserializeOptions(const cJSON* options, bool) {
-  if (!options)
-    return;
+  if (!options) return;
   const FieldOptions own(options);
   SetValue(LabelProperty, own.SharedText(FieldOption::Text).value_or("Label"));
-  if (const auto size = own.Number(FieldOption::FontSize))
-    SetValue(FontSizeProperty, *size);
+  if (const auto size = own.Number(FieldOption::FontSize)) SetValue(FontSizeProperty, *size);
 }
 
 } // namespace Tesselor

@@ -40,8 +40,7 @@ bool FieldList::ConnectEvent(Toolkit::Object* source, const char* eventName, con
 void FieldList::ShareRows(const FieldList& other) { rows = other.rows; }
 
 void FieldList::Serialize(cJSON* object, const std::string& key) {
-  if (rows->Count() == 0 && !hasLoadedValue)
-    return;
+  if (rows->Count() == 0 && !hasLoadedValue) return;
   cJSON* array = cJSON_CreateArray();
   for (size_t i = 0; i < rows->Count(); ++i)
     cJSON_AddItemToArray(array, CreateItemJson(itemType, rows->Get(i)->GetValue()));
@@ -55,26 +54,22 @@ void FieldList::Deserialize(const cJSON* object, const std::string& key) {
 void FieldList::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (const auto width = own.Integer(FieldOption::Width))
-    SetValue(WidthProperty, *width);
+  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
   static constexpr FieldItemType allowed[] = {FieldItemType::String, FieldItemType::Uuid, FieldItemType::Int,
                                               FieldItemType::Float};
   itemType = ReadItemType(own, allowed);
 }
 
 void FieldList::DeserializeValue(const cJSON* item) {
-  if (!cJSON_IsArray(item))
-    return;
+  if (!cJSON_IsArray(item)) return;
   hasLoadedValue = true;
-  for (const cJSON* element = item->child; element; element = element->next)
-    AddRow(ItemText(itemType, element));
+  for (const cJSON* element = item->child; element; element = element->next) AddRow(ItemText(itemType, element));
 }
 
 std::string FieldList::GetValueAsString() const {
   std::string text;
   for (size_t i = 0; i < rows->Count(); ++i) {
-    if (i > 0)
-      text += ' ';
+    if (i > 0) text += ' ';
     text += rows->Get(i)->GetValue().View();
   }
   return text;
@@ -83,16 +78,14 @@ std::string FieldList::GetValueAsString() const {
 FieldList::Values FieldList::GetValues() const {
   Values values;
   values.reserve(rows->Count());
-  for (size_t i = 0; i < rows->Count(); ++i)
-    values.push_back(rows->Get(i)->GetValue());
+  for (size_t i = 0; i < rows->Count(); ++i) values.push_back(rows->Get(i)->GetValue());
   return values;
 }
 
 void FieldList::SetValues(const Values& values) {
   isRestoring = true;
   rows->Clear();
-  for (const Toolkit::SharedString& value : values)
-    AddRow(value);
+  for (const Toolkit::SharedString& value : values) AddRow(value);
   UpdateMoveButtons(*rows);
   previousValues = GetValues();
   isRestoring = false;
@@ -101,15 +94,13 @@ void FieldList::SetValues(const Values& values) {
 void FieldList::AddRow(const Toolkit::SharedString& value) {
   auto row = Toolkit::MakePtr<FieldListStringData>();
   row->SetValue(value);
-  if (itemType == FieldItemType::Uuid)
-    row->SetSelectFileButtonVisibility(Toolkit::Visibility::Visible);
+  if (itemType == FieldItemType::Uuid) row->SetSelectFileButtonVisibility(Toolkit::Visibility::Visible);
   rows->Add(std::move(row));
 }
 
 void FieldList::PushUndoIfChanged() {
   Values current = GetValues();
-  if (current == previousValues)
-    return;
+  if (current == previousValues) return;
   ActionHistory::Instance().Push(
       std::make_unique<FieldListActionCommand>(Toolkit::Ptr<FieldList>(this), std::move(previousValues), current));
   previousValues = std::move(current);
@@ -118,11 +109,9 @@ void FieldList::PushUndoIfChanged() {
 void FieldList::MoveRow(Toolkit::Object* sender, int step) {
   const FieldRowData* row = RowOfButton(sender);
   const int index = row ? rows->IndexOfItem(row) : -1;
-  if (index < 0)
-    return;
+  if (index < 0) return;
   const int target = index + step;
-  if (target >= 0 && target < rows->CountValue())
-    rows->Move(static_cast<size_t>(index), static_cast<size_t>(target));
+  if (target >= 0 && target < rows->CountValue()) rows->Move(static_cast<size_t>(index), static_cast<size_t>(target));
   UpdateMoveButtons(*rows);
   PushUndoIfChanged();
 }
@@ -138,27 +127,22 @@ void FieldList::OnAddItem(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
 void FieldList::OnRemoveItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
   const FieldRowData* row = RowOfButton(sender);
   const int index = row ? rows->IndexOfItem(row) : -1;
-  if (index < 0)
-    return;
+  if (index < 0) return;
   rows->RemoveAt(static_cast<size_t>(index));
   UpdateMoveButtons(*rows);
   PushUndoIfChanged();
 }
 
 void FieldList::OnInputLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  if (!isRestoring)
-    PushUndoIfChanged();
+  if (!isRestoring) PushUndoIfChanged();
 }
 
 void FieldList::OnSelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
   const Toolkit::Ptr<FieldRowData> row(RowOfButton(sender));
-  if (!row)
-    return;
+  if (!row) return;
   const std::optional<std::string> path = FileDialogs::Open();
-  if (!path)
-    return;
-  if (const std::optional<std::string> id = ReadAssetId(*path))
-    row->SetValue(*id);
+  if (!path) return;
+  if (const std::optional<std::string> id = ReadAssetId(*path)) row->SetValue(*id);
 }
 
 } // namespace Tesselor

@@ -26,8 +26,7 @@ void FieldMixed::Serialize(cJSON* object, const std::string& key) {
 
 void FieldMixed::Deserialize(const cJSON* object, const std::string& key) {
   const auto text = MixedText(cJSON_GetObjectItem(object, key.c_str()));
-  if (!text)
-    return;
+  if (!text) return;
   fieldTextData->SetValue(*text);
   hasLoadedValue = true;
 }
@@ -35,10 +34,8 @@ void FieldMixed::Deserialize(const cJSON* object, const std::string& key) {
 void FieldMixed::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (const auto width = own.Integer(FieldOption::Width))
-    SetValue(WidthProperty, *width);
-  if (const auto text = own.SharedText(FieldOption::Default); text && applyDefaults)
-    fieldTextData->SetValue(*text);
+  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
+  if (const auto text = own.SharedText(FieldOption::Default); text && applyDefaults) fieldTextData->SetValue(*text);
 }
 
 std::string FieldMixed::GetValueAsString() const { return std::string(fieldTextData->GetValue()); }

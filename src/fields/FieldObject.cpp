@@ -25,17 +25,14 @@ void FieldObject::InitializeComponent() {
 
 void FieldObject::Serialize(cJSON* object, const std::string& key) {
   cJSON* nested = cJSON_CreateObject();
-  for (const std::string& id : fieldOrder)
-    fields.at(id)->Serialize(nested, id);
+  for (const std::string& id : fieldOrder) fields.at(id)->Serialize(nested, id);
   cJSON_AddItemToObject(object, key.c_str(), nested);
 }
 
 void FieldObject::Deserialize(const cJSON* object, const std::string& key) {
   const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
-  if (!cJSON_IsObject(item))
-    return;
-  for (const std::string& id : fieldOrder)
-    fields.at(id)->Deserialize(item, id);
+  if (!cJSON_IsObject(item)) return;
+  for (const std::string& id : fieldOrder) fields.at(id)->Deserialize(item, id);
   hasLoadedValue = true;
 }
 
@@ -43,8 +40,7 @@ void FieldObject::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
   const cJSON* descriptions = own.Item(FieldOption::Fields);
-  if (!cJSON_IsArray(descriptions))
-    return;
+  if (!cJSON_IsArray(descriptions)) return;
   for (const cJSON* description = descriptions->child; description; description = description->next)
     AddField(description, applyDefaults);
 }
@@ -52,15 +48,12 @@ void FieldObject::DeserializeOptions(const cJSON* options, bool applyDefaults) {
 void FieldObject::AddField(const cJSON* description, bool applyDefaults) {
   const cJSON* id = cJSON_GetObjectItem(description, "Id");
   const cJSON* type = cJSON_GetObjectItem(description, "Type");
-  if (!cJSON_IsString(id) || !cJSON_IsString(type))
-    return;
+  if (!cJSON_IsString(id) || !cJSON_IsString(type)) return;
   Toolkit::Ptr<BaseField> field =
       CreateField(type->valuestring, cJSON_GetObjectItem(description, "Options"), applyDefaults);
-  if (!field)
-    return;
+  if (!field) return;
   fieldOrder.emplace_back(id->valuestring);
-  if (fieldsContainer)
-    fieldsContainer->AddChild(field.Get());
+  if (fieldsContainer) fieldsContainer->AddChild(field.Get());
   fields[id->valuestring] = std::move(field);
 }
 

@@ -19,28 +19,22 @@ constexpr std::array<std::string_view, optionCount> lowerNames = {
 constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 bool Matches(std::string_view lowerName, std::string_view key) {
-  if (lowerName.size() != key.size())
-    return false;
+  if (lowerName.size() != key.size()) return false;
   for (size_t i = 0; i < key.size(); ++i)
-    if (Lower(key[i]) != lowerName[i])
-      return false;
+    if (Lower(key[i]) != lowerName[i]) return false;
   return true;
 }
 
 } // namespace
 
 FieldOptions::FieldOptions(const cJSON* options) {
-  if (!options)
-    return;
+  if (!options) return;
   for (const cJSON* child = options->child; child; child = child->next) {
-    if (!child->string)
-      continue;
+    if (!child->string) continue;
     const std::string_view key(child->string);
     for (size_t i = 0; i < optionCount; ++i) {
-      if (!Matches(lowerNames[i], key))
-        continue;
-      if (!items[i])
-        items[i] = child;
+      if (!Matches(lowerNames[i], key)) continue;
+      if (!items[i]) items[i] = child;
       break;
     }
   }
@@ -70,13 +64,11 @@ const char* FieldOptions::Text(FieldOption option) const {
 
 std::optional<Toolkit::SharedString> FieldOptions::SharedText(FieldOption option) const {
   const char* text = Text(option);
-  if (!text)
-    return std::nullopt;
+  if (!text) return std::nullopt;
   static std::array<Toolkit::SharedString, 1024> recentTexts;
   const std::string_view view(text);
   Toolkit::SharedString& recent = recentTexts[std::hash<std::string_view>()(view) % recentTexts.size()];
-  if (recent.View() != view)
-    recent = Toolkit::SharedString(view);
+  if (recent.View() != view) recent = Toolkit::SharedString(view);
   return recent;
 }
 

@@ -14,8 +14,7 @@ namespace {
 /// Whether the whole text is one JSON value that the parser would take inside a file as well.
 bool IsCompleteJson(const char* text) {
   // The parser skips a byte order mark at the very start only.
-  if (static_cast<unsigned char>(text[0]) == 0xef)
-    return false;
+  if (static_cast<unsigned char>(text[0]) == 0xef) return false;
   cJSON* json = cJSON_ParseWithLengthOpts(text, std::strlen(text) + 1, nullptr, true);
   cJSON_Delete(json);
   return json != nullptr;
@@ -54,11 +53,9 @@ const Toolkit::SharedString& FieldRawJson::TextToSave() {
 
 void FieldRawJson::Deserialize(const cJSON* object, const std::string& key) {
   const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
-  if (!item)
-    return;
+  if (!item) return;
   const std::unique_ptr<char, decltype(&cJSON_free)> printed(cJSON_Print(item), &cJSON_free);
-  if (!printed)
-    return;
+  if (!printed) return;
   lastValidText = Toolkit::SharedString(printed.get());
   fieldTextData->SetValue(lastValidText);
   hasLoadedValue = true;
@@ -67,8 +64,7 @@ void FieldRawJson::Deserialize(const cJSON* object, const std::string& key) {
 void FieldRawJson::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (const auto width = own.Integer(FieldOption::Width))
-    SetValue(WidthProperty, *width);
+  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
   if (const auto text = own.SharedText(FieldOption::Default); text && applyDefaults) {
     fieldTextData->SetValue(*text);
     RememberIfValid();
@@ -80,16 +76,13 @@ std::string FieldRawJson::GetValueAsString() const { return std::string(fieldTex
 void FieldRawJson::OnRoutedEvent(const Toolkit::RoutedEventArgs& args) {
   BaseField::OnRoutedEvent(args);
   // An editing session begins with what may have been undone to, and ends with what was typed.
-  if (args.event == &GotFocusEvent || args.event == &LostFocusEvent)
-    RememberIfValid();
+  if (args.event == &GotFocusEvent || args.event == &LostFocusEvent) RememberIfValid();
 }
 
 bool FieldRawJson::RememberIfValid() {
   const Toolkit::SharedString& text = fieldTextData->GetText();
-  if (text == lastValidText)
-    return true;
-  if (!IsCompleteJson(text.CString()))
-    return false;
+  if (text == lastValidText) return true;
+  if (!IsCompleteJson(text.CString())) return false;
   lastValidText = text;
   return true;
 }

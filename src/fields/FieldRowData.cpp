@@ -21,36 +21,31 @@ void FieldRowData::SetValue(const Toolkit::SharedString& newValue) {
 }
 
 void FieldRowData::SetUpButtonVisibility(Visibility visibility) {
-  if (upButtonVisibility == visibility)
-    return;
+  if (upButtonVisibility == visibility) return;
   upButtonVisibility = visibility;
   OnPropertyChanged("UpButtonVisibility");
 }
 
 void FieldRowData::SetDownButtonVisibility(Visibility visibility) {
-  if (downButtonVisibility == visibility)
-    return;
+  if (downButtonVisibility == visibility) return;
   downButtonVisibility = visibility;
   OnPropertyChanged("DownButtonVisibility");
 }
 
 void FieldRowData::SetSelectFileButtonVisibility(Visibility visibility) {
-  if (selectFileButtonVisibility == visibility)
-    return;
+  if (selectFileButtonVisibility == visibility) return;
   selectFileButtonVisibility = visibility;
   OnPropertyChanged("SelectFileButtonVisibility");
 }
 
 void UpdateMoveButtons(const Toolkit::ObservableCollectionBase& rows) {
   const size_t count = rows.Count();
-  if (count == 0)
-    return;
+  if (count == 0) return;
   const auto row = [&rows](size_t index) { return static_cast<FieldRowData*>(rows.ItemAt(index)); };
   row(0)->SetUpButtonVisibility(Visibility::Hidden);
   row(0)->SetDownButtonVisibility(Visibility::Visible);
   row(count - 1)->SetDownButtonVisibility(Visibility::Hidden);
-  if (count >= 2)
-    row(count - 1)->SetUpButtonVisibility(Visibility::Visible);
+  if (count >= 2) row(count - 1)->SetUpButtonVisibility(Visibility::Visible);
   if (count >= 3) {
     row(1)->SetUpButtonVisibility(Visibility::Visible);
     row(count - 2)->SetDownButtonVisibility(Visibility::Visible);

@@ -36,15 +36,13 @@ bool FieldSmallText::ConnectEvent(Toolkit::Object* source, const char* eventName
 }
 
 void FieldSmallText::Serialize(cJSON* object, const std::string& key) {
-  if (fieldTextData->GetText().IsEmpty() && !ShouldSerialize())
-    return;
+  if (fieldTextData->GetText().IsEmpty() && !ShouldSerialize()) return;
   cJSON_AddStringToObject(object, key.c_str(), fieldTextData->GetText().CString());
 }
 
 void FieldSmallText::Deserialize(const cJSON* object, const std::string& key) {
   const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
-  if (!cJSON_IsString(item))
-    return;
+  if (!cJSON_IsString(item)) return;
   fieldTextData->SetValue(item->valuestring);
   hasLoadedValue = true;
 }
@@ -52,8 +50,7 @@ void FieldSmallText::Deserialize(const cJSON* object, const std::string& key) {
 void FieldSmallText::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (const auto width = own.Integer(FieldOption::Width))
-    SetValue(WidthProperty, *width);
+  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
   if (own.Has(FieldOption::IsUUID)) {
     const bool isShown = own.IsTrue(FieldOption::IsUUID);
     SetValue(IsUUIDVisibilityProperty, isShown ? Visibility::Visible : Visibility::Collapsed);
@@ -66,8 +63,7 @@ void FieldSmallText::DeserializeOptions(const cJSON* options, bool applyDefaults
   if (const auto text = own.SharedText(FieldOption::Default)) {
     defaultText = *text;
     hasDefault = true;
-    if (applyDefaults)
-      fieldTextData->SetValue(defaultText);
+    if (applyDefaults) fieldTextData->SetValue(defaultText);
   }
 }
 
@@ -83,8 +79,7 @@ void FieldSmallText::GenerateNodeNameEvent(Toolkit::Object*, const Toolkit::Rout
   std::string name;
   if (ownerNode) {
     name = ownerNode->NodeName();
-    if (name.empty())
-      name = ownerNode->FindUpstreamName();
+    if (name.empty()) name = ownerNode->FindUpstreamName();
   }
   fieldTextData->SetValue(name + "_inline");
 }

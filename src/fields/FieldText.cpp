@@ -32,8 +32,7 @@ void FieldText::Serialize(cJSON* object, const std::string& key) {
 
 void FieldText::Deserialize(const cJSON* object, const std::string& key) {
   const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
-  if (!cJSON_IsString(item))
-    return;
+  if (!cJSON_IsString(item)) return;
   fieldTextData->SetValue(item->valuestring);
   hasLoadedValue = true;
 }
@@ -41,12 +40,9 @@ void FieldText::Deserialize(const cJSON* object, const std::string& key) {
 void FieldText::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   BaseField::DeserializeOptions(options, applyDefaults);
   const FieldOptions own(options);
-  if (const auto width = own.Integer(FieldOption::Width))
-    SetValue(WidthProperty, *width);
-  if (const auto height = own.Integer(FieldOption::Height))
-    SetValue(HeightProperty, *height);
-  if (const auto text = own.SharedText(FieldOption::Default); text && applyDefaults)
-    fieldTextData->SetValue(*text);
+  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
+  if (const auto height = own.Integer(FieldOption::Height)) SetValue(HeightProperty, *height);
+  if (const auto text = own.SharedText(FieldOption::Default); text && applyDefaults) fieldTextData->SetValue(*text);
 }
 
 std::string FieldText::GetValueAsString() const { return std::string(fieldTextData->GetValue()); }

@@ -11,8 +11,7 @@ void FieldTextData::Describe(Toolkit::TypeBuilder<FieldTextData>& type) {
 
 bool FieldTextData::SetValue(const Toolkit::SharedString& newText) {
   static const Toolkit::Symbol valueName("Value");
-  if (text.CString() == newText.CString() || std::strcmp(text.CString(), newText.CString()) == 0)
-    return false;
+  if (text.CString() == newText.CString() || std::strcmp(text.CString(), newText.CString()) == 0) return false;
   text = newText;
   OnPropertyChanged(valueName);
   return true;

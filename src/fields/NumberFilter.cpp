@@ -34,10 +34,8 @@ void RemoveAll(std::string& text, const std::string& character) {
 std::string WithoutForeignCharacters(std::string_view text, std::string_view allowed) {
   std::string copy(text);
   for (size_t at = 0; at < copy.size();) {
-    if (allowed.find(copy[at]) == std::string_view::npos)
-      RemoveAll(copy, copy.substr(at, CharacterLength(copy, at)));
-    if (at < copy.size())
-      at += CharacterLength(copy, at);
+    if (allowed.find(copy[at]) == std::string_view::npos) RemoveAll(copy, copy.substr(at, CharacterLength(copy, at)));
+    if (at < copy.size()) at += CharacterLength(copy, at);
   }
   return copy;
 }
@@ -50,23 +48,17 @@ std::optional<std::string> IfDifferent(std::string text, std::string_view curren
 
 std::optional<std::string> FilterIntegerText(std::string_view text, int32_t min, int32_t max) {
   const NumberPrefix<int32_t> number = ReadIntegerPrefix(text);
-  if (number.length != text.size())
-    return IfDifferent(WithoutForeignCharacters(text, "0123456789-"), text);
-  if (min <= max && number.value > max)
-    return std::to_string(max);
-  if (min <= max && number.value < min)
-    return std::to_string(min);
+  if (number.length != text.size()) return IfDifferent(WithoutForeignCharacters(text, "0123456789-"), text);
+  if (min <= max && number.value > max) return std::to_string(max);
+  if (min <= max && number.value < min) return std::to_string(min);
   return std::nullopt;
 }
 
 std::optional<std::string> FilterFloatText(std::string_view text, double min, double max) {
   const NumberPrefix<double> number = ReadDoublePrefix(text);
-  if (number.length != text.size())
-    return IfDifferent(WithoutForeignCharacters(text, "0123456789-."), text);
-  if (min <= max && number.value > max)
-    return FixedText(max);
-  if (min <= max && number.value < min)
-    return FixedText(min);
+  if (number.length != text.size()) return IfDifferent(WithoutForeignCharacters(text, "0123456789-."), text);
+  if (min <= max && number.value > max) return FixedText(max);
+  if (min <= max && number.value < min) return FixedText(min);
   return std::nullopt;
 }
 

@@ -25,11 +25,9 @@ locale_t CLocale() {
 NumberPrefix<int32_t> ReadIntegerPrefix(std::string_view text) {
   NumberPrefix<int32_t> result;
   size_t at = 0;
-  while (at < text.size() && IsSpace(text[at]))
-    ++at;
+  while (at < text.size() && IsSpace(text[at])) ++at;
   const bool isNegative = at < text.size() && text[at] == '-';
-  if (at < text.size() && (text[at] == '-' || text[at] == '+'))
-    ++at;
+  if (at < text.size() && (text[at] == '-' || text[at] == '+')) ++at;
   const int64_t limit = isNegative ? -int64_t(INT32_MIN) : int64_t(INT32_MAX);
   int64_t magnitude = 0;
   for (; at < text.size() && IsDigit(text[at]); ++at) {
@@ -74,8 +72,7 @@ std::string FixedText(double value) {
 std::string FloatText(double value) {
   std::string text = FixedText(value);
   const size_t point = text.find('.');
-  if (point == std::string::npos)
-    return text + ".0";
+  if (point == std::string::npos) return text + ".0";
   const size_t last = text.find_last_not_of('0');
   text.erase(std::max(last, point + 1) + 1);
   return text;

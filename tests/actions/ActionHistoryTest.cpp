@@ -30,12 +30,10 @@ TEST(ActionHistory, WalksBackAndForthWithoutDoingWhatIsPushed) {
   history.Push(std::make_unique<Recorded>(journal, "A"));
   history.Push(std::make_unique<Recorded>(journal, "B"));
   EXPECT_EQ(Take(journal), "");
-  for (int i = 0; i < 3; ++i)
-    history.UndoLast();
+  for (int i = 0; i < 3; ++i) history.UndoLast();
   EXPECT_EQ(Take(journal), "undoB undoA ");
   EXPECT_EQ(history.UndoneCount(), 2u);
-  for (int i = 0; i < 3; ++i)
-    history.RedoLast();
+  for (int i = 0; i < 3; ++i) history.RedoLast();
   EXPECT_EQ(Take(journal), "doA doB ");
   EXPECT_EQ(history.UndoneCount(), 0u);
 }
@@ -43,8 +41,7 @@ TEST(ActionHistory, WalksBackAndForthWithoutDoingWhatIsPushed) {
 TEST(ActionHistory, ForgetsWhatWasUndoneWhenSomethingNewIsPushed) {
   std::string journal;
   ActionHistory history;
-  for (const char* name : {"A", "B", "C"})
-    history.Push(std::make_unique<Recorded>(journal, name));
+  for (const char* name : {"A", "B", "C"}) history.Push(std::make_unique<Recorded>(journal, name));
   history.UndoLast();
   history.UndoLast();
   Take(journal);
@@ -65,8 +62,7 @@ TEST(ActionHistory, ForgetsWhatWasUndoneWhenSomethingNewIsPushed) {
 TEST(ActionHistory, KeepsTheNewest512Commands) {
   std::string journal;
   ActionHistory history;
-  for (int i = 0; i < 512; ++i)
-    history.Push(std::make_unique<Recorded>(journal, std::to_string(i)));
+  for (int i = 0; i < 512; ++i) history.Push(std::make_unique<Recorded>(journal, std::to_string(i)));
   EXPECT_EQ(Take(journal), "");
   // The undone ones go before the oldest is considered.
   history.UndoLast();

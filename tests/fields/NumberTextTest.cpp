@@ -95,8 +95,7 @@ TEST(NumberText, CallsNumbersNearByTheLargerOfTheTwo) {
     bool near;
   } cases[] = {{5, 5.000001, true}, {5, 5.0001, false},        {0, 1e-10, true},
                {0, 1e-6, false},    {1e20, 1.000001e20, true}, {-1, 1, false}};
-  for (const auto& c : cases)
-    EXPECT_EQ(AreNear(c.a, c.b), c.near) << c.a << " " << c.b;
+  for (const auto& c : cases) EXPECT_EQ(AreNear(c.a, c.b), c.near) << c.a << " " << c.b;
 }
 
 TEST(NumberFilter, TakesOneStepTowardsAnInteger) {
@@ -131,8 +130,7 @@ TEST(NumberFilter, TakesOneStepTowardsAnInteger) {
       // Contradictory bounds must not send the text back and forth.
       {"7", 10, 5, {}},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(FilterIntegerText(c.text, c.min, c.max), c.filtered) << c.text;
+  for (const auto& c : cases) EXPECT_EQ(FilterIntegerText(c.text, c.min, c.max), c.filtered) << c.text;
 }
 
 TEST(NumberFilter, TakesOneStepTowardsAFloat) {
@@ -153,8 +151,7 @@ TEST(NumberFilter, TakesOneStepTowardsAFloat) {
       {"nan", 0, 2, {}},
       {"7", 10, 5, {}},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(FilterFloatText(c.text, c.min, c.max), c.filtered) << c.text;
+  for (const auto& c : cases) EXPECT_EQ(FilterFloatText(c.text, c.min, c.max), c.filtered) << c.text;
 }
 
 } // namespace

@@ -1,0 +1,100 @@
+#include "FieldEnvironment.h"
+
+#include "fields/FieldEnumFilterable.h"
+#include "toolkit/controls/ComboBox.h"
+
+namespace {
+
+using namespace TestSupport;
+using Tesselor::FieldEnum;
+using Tesselor::FieldEnumFilterable;
+
+class FieldEnums : public FieldTest {};
+
+std::string Offered(const FieldEnum& field) {
+  std::string offered;
+  for (size_t i = 0; i < field.GetEnumOptions()->Count(); ++i)
+    offered += (i ? " " : "") + field.GetEnumOptions()->Get(i)->GetValue().ToString();
+  return offered;
+}
+
+TEST_F(FieldEnums, FallBackToTheFirstOptionWithABox) {
+  const auto field = MakeField("Enum", R"({"Label":"Mood","Values":["A","B"],"Default":"b"})");
+  EXPECT_EQ(field->GetValueAsString(), "A");
+  EXPECT_FALSE(field->IsDefault());
+  Load(*field, R"({"K":"Stale"})");
+  EXPECT_TRUE(field->HasLoadedValue());
+  EXPECT_EQ(Saved(*field), R"({"K":"A"})");
+  EXPECT_EQ(boxes.Texts(),
+            (std::vector<std::string>{"Attention!: Default or imported value 'b' is not a valid enum option for field "
+                                      "'Mood'. Value 'A' will be used as a fallback option.",
+                                      "Attention!: Default or imported value 'Stale' is not a valid enum option for "
+                                      "field 'Mood'. Value 'A' will be used as a fallback option."}));
+  EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(FieldEnums, ReportASchemaWithoutOptions) {
+  const auto field = MakeField("Enum", R"({"Label":"Mood","Values":[1]})");
+  EXPECT_TRUE(boxes.boxes.empty());
+  Load(*field, R"({"K":"A"})");
+  const std::string text = "ERROR: Enum field 'Mood' has no valid options defined. Cannot set value 'A'.\n\n"
+                           "This indicates the workspace schema is incomplete or incorrectly generated.";
+  EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Invalid Workspace Schema: " + text});
+  EXPECT_EQ(log.lines, std::vector<std::string>{text});
+  EXPECT_EQ(Saved(*field), "{}");
+}
+
+TEST_F(FieldEnums, SelectTheFirstOfEqualOptionsWithoutAStep) {
+  const auto field = Make<FieldEnum>("Enum", R"({"Values":["A","B","A"],"Default":"B"})");
+  FieldStage stage(*field);
+  auto* combo = stage.First<Toolkit::ComboBox>();
+  Load(*field, R"({"K":"A"})");
+  EXPECT_EQ(combo->GetSelectedIndex(), 0);
+  combo->SetSelectedIndex(2);
+  EXPECT_EQ(Saved(*field), R"({"K":"A"})");
+  combo->SetSelectedIndex(1);
+  EXPECT_TRUE(field->IsDefault());
+  EXPECT_EQ(stage.History().Size(), 0u);
+}
+
+TEST_F(FieldEnums, NarrowTheListToWhatIsTyped) {
+  const auto field =
+      Make<FieldEnumFilterable>("EnumFilterable", R"({"Values":["Red","green","Blue","Dark Red"],"Default":"Blue"})");
+  FieldStage stage(*field);
+  auto* search = stage.First<Toolkit::TextBox>();
+  auto* combo = stage.First<Toolkit::ComboBox>();
+  stage.Type(search, "rE");
+  stage.Wait(199);
+  EXPECT_EQ(Offered(*field), "Red green Blue Dark Red") << "the search waits until typing pauses";
+  EXPECT_FALSE(combo->IsDropDownOpen());
+  stage.Wait(2);
+  EXPECT_EQ(Offered(*field), "Blue Red green Dark Red");
+  EXPECT_EQ(search->GetText(), "rE") << "the selection moved with its option, so the search stays";
+  EXPECT_TRUE(combo->IsDropDownOpen());
+  EXPECT_EQ(field->GetValueAsString(), "Blue");
+  EXPECT_EQ(combo->GetSelectedIndex(), 0);
+  stage.Type(search, "RED");
+  stage.Wait(201);
+  EXPECT_EQ(Offered(*field), "Blue Red Dark Red");
+  // A choice empties the search, and the list comes back with the chosen option in front.
+  combo->SetSelectedIndex(2);
+  EXPECT_EQ(search->GetText(), "");
+  stage.Wait(201);
+  EXPECT_EQ(Offered(*field), "Dark Red Red green Blue");
+  EXPECT_EQ(field->GetValueAsString(), "Dark Red");
+}
+
+TEST_F(FieldEnums, LeaveOnlyTheSelectionWhereNothingMatches) {
+  const auto field = Make<FieldEnumFilterable>("EnumFilterable", R"({"Values":["A","B"]})");
+  FieldStage stage(*field);
+  auto* search = stage.First<Toolkit::TextBox>();
+  stage.Type(search, "longer than each");
+  stage.Wait(201);
+  EXPECT_EQ(Offered(*field), "");
+  EXPECT_TRUE(boxes.boxes.empty());
+  stage.Type(search, "");
+  stage.Wait(201);
+  EXPECT_EQ(Offered(*field), "A B");
+}
+
+} // namespace
