@@ -233,6 +233,21 @@ TEST_F(FieldValues, ComeInKnownTypesOnly) {
   EXPECT_EQ(boxes.boxes.size(), 2u);
 }
 
+TEST_F(FieldValues, LeaveNothingBehind) {
+  const auto makeAll = [] {
+    for (const ValueCase& c : valueCases) {
+      const auto field = MakeField(c.type, c.options);
+      if (*c.file) Load(*field, c.file);
+      FieldStage stage(*field);
+    }
+  };
+  // The first round fills what is shared for good: compiled documents and measured texts.
+  makeAll();
+  const size_t alive = Toolkit::Object::LiveCount();
+  makeAll();
+  EXPECT_EQ(Toolkit::Object::LiveCount(), alive);
+}
+
 TEST_F(FieldValues, RoundTripAnyText) {
   const std::string texts[] = {"\"quoted\\\" \t\n\r", "\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80", "\x01\x1f\x7f", "</a>&{}",
                                std::string(100000, 'x')};
