@@ -51,6 +51,9 @@ public:
   /// Lays the tree out from the first content node on.
   virtual void AutoPosition(bool sortByPosition) = 0;
 
+  /// The node has moved: its connections follow.
+  virtual void RefreshConnectionsOf(const ContentNode& node) = 0;
+
   /// What kind of document stands in the view; null before one was chosen.
   virtual std::shared_ptr<RootType> CurrentRoot() const = 0;
 

@@ -3,6 +3,7 @@
 #include "toolkit/render/Brush.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace Toolkit {
 
@@ -44,6 +45,21 @@ bool Panel::RemoveChild(UIElement* child) {
   OnChildRemoved(removed.Get());
   OnChildrenChanged();
   return true;
+}
+
+void Panel::RemoveChildren(const std::vector<Ptr<UIElement>>& removed) {
+  std::unordered_set<const UIElement*> leaving;
+  for (const Ptr<UIElement>& child : removed)
+    if (HasChild(child.Get())) leaving.insert(child.Get());
+  if (leaving.empty()) return;
+  std::erase_if(children, [&](const Ptr<UIElement>& child) { return leaving.contains(child.Get()); });
+  zOrderValid = false;
+  for (const Ptr<UIElement>& child : removed) {
+    if (!leaving.contains(child.Get()) || !HasChild(child.Get())) continue;
+    RemoveVisualChild(child.Get());
+    OnChildRemoved(child.Get());
+  }
+  OnChildrenChanged();
 }
 
 void Panel::ClearChildren() {

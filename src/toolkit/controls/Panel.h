@@ -25,6 +25,8 @@ public:
   void InsertChild(size_t index, UIElement* child);
   /// False if it is no child.
   bool RemoveChild(UIElement* child);
+  /// Removes many children in one pass; those that are none are passed over.
+  void RemoveChildren(const std::vector<Ptr<UIElement>>& removed);
   void ClearChildren();
   bool HasChild(const UIElement* child) const { return child && child->VisualParent() == this; }
 

@@ -1,0 +1,264 @@
+#include "editor/MainView.h"
+
+#include "actions/ActionHistory.h"
+#include "app/CommandLineOptions.h"
+#include "app/FileDialogs.h"
+#include "app/JsonFile.h"
+#include "app/LogFile.h"
+#include "document/NodeImporterExporter.h"
+#include "editor/NodeEditorCanvas.h"
+#include "editor/NodePanel.h"
+#include "editor/NodeSearchPanel.h"
+#include "editor/NodesMenu.h"
+#include "nodes/CommentNode.h"
+#include "nodes/ContentNode.h"
+#include "nodes/GroupNode.h"
+#include "toolkit/application/Application.h"
+#include "toolkit/application/MessageBox.h"
+#include "toolkit/controls/Canvas.h"
+#include "toolkit/controls/ComboBox.h"
+#include "workspace/AssetFileIndex.h"
+#include "workspace/NodeDictionary.h"
+#include "workspace/RootType.h"
+#include "workspace/Workspace.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace Tesselor {
+
+using Toolkit::MessageBox;
+using Toolkit::MessageBoxButton;
+using Toolkit::MessageBoxImage;
+using Toolkit::Ptr;
+using Toolkit::Visibility;
+
+namespace {
+void ShowError(std::string text, std::string caption) {
+  MessageBox::Show(std::move(text), std::move(caption), MessageBoxButton::OK, MessageBoxImage::Error);
+}
+
+void ShowWarning(std::string text, std::string caption) {
+  MessageBox::Show(std::move(text), std::move(caption), MessageBoxButton::OK, MessageBoxImage::Warning);
+}
+} // namespace
+
+void MainView::ChangeRootType(const std::string& name) {
+  CheckRootItem("");
+  bool known = false;
+  for (size_t i = 0; i < workspaceMenu->ItemCount(); ++i)
+    known = known || static_cast<Toolkit::MenuItem*>(workspaceMenu->ItemAt(i))->GetName() == name;
+  if (!known) {
+    ShowError("Root type not found: " + name, "Error");
+    return;
+  }
+  CheckRootItem(name);
+  workspaceMenu->SetHeader(Toolkit::Value("Root Node: " + name));
+  std::shared_ptr<RootType> root = workspaces.FindRoot(name);
+  if (!root) {
+    ShowError("Failed to get root type: " + name, "Error");
+    return;
+  }
+  if (!root->workspace) {
+    ShowError("No workspace associated with root type: " + name, "Error");
+    return;
+  }
+  if (!root->workspace->LoadNodeDictionary()) return;
+  workspaces.currentRoot = root;
+  nodeEditorCanvas->GetNodesMenu()->SetWorkspace(root->workspace);
+  nodePanel->Close();
+  ClearDocument();
+}
+
+void MainView::CheckRootItem(std::string_view name) {
+  for (size_t i = 0; i < workspaceMenu->ItemCount(); ++i) {
+    auto* item = static_cast<Toolkit::MenuItem*>(workspaceMenu->ItemAt(i));
+    item->SetIsChecked(!name.empty() && item->GetName() == name);
+  }
+}
+
+void MainView::CreateDefaultRoot() {
+  if (!HasWorkspace() || !workspaces.currentRoot->workspace->nodeDictionary) return;
+  const NodeDictionary& dictionary = *workspaces.currentRoot->workspace->nodeDictionary;
+  const std::string& id = workspaces.currentRoot->RootNodeType;
+  // The type of such a root depends on a value, which a new document has not got.
+  if (dictionary.FindVariant(id)) return;
+  Ptr<ContentNode> node = dictionary.CreateNode(id, true);
+  if (!node) return;
+  AddNode(*node, 250, 250, false);
+  SetRootNode(*node);
+  ActionHistory::Instance().Clear();
+}
+
+void MainView::Open() {
+  nodeEditorCanvas->GetNodesMenu()->Hide();
+  if (!HasWorkspace()) {
+    ShowWarning("No workspace selected. Please select a workspace first.", "Cannot Open File");
+    return;
+  }
+  const std::optional<std::string> chosen = FileDialogs::Open(workspaces.currentRoot->workspace->FileFormat);
+  if (!chosen) return;
+  ClearDocument();
+  if (FindAssetRoot(*chosen) != FindAssetRoot(filePath)) {
+    AssetFileIndex& index = AssetFileIndex::Instance();
+    while (index.isBuilding) {
+    }
+    index.BuildAsync(*chosen);
+  }
+  filePath = *chosen;
+  LoadFileAndWorkspace();
+  ShowTitleOfFile();
+}
+
+void MainView::ShowTitleOfFile() {
+  std::string name = filePath.substr(filePath.find_last_of("/\\") + 1);
+  SetTitle(name.substr(0, name.find('.')));
+}
+
+bool MainView::Save() {
+  if (filePath.empty()) return SaveAs();
+  if (!workspaces.currentRoot) {
+    ShowError("No workspace selected. Cannot save file.", "Cannot Save");
+    return false;
+  }
+  return Export();
+}
+
+bool MainView::SaveAs() {
+  nodeEditorCanvas->GetNodesMenu()->Hide();
+  if (!HasWorkspace()) {
+    ShowError("No workspace selected. Cannot save file.", "Cannot Save");
+    return false;
+  }
+  const std::string& format = workspaces.currentRoot->workspace->FileFormat;
+  const std::optional<std::string> chosen = FileDialogs::Save(format);
+  if (!chosen) return false;
+  // A dot in a directory's name is no extension of the file.
+  const size_t dot = chosen->find_last_of('.');
+  const size_t slash = chosen->find_last_of("/\\");
+  const bool hasExtension = dot != std::string::npos && (slash == std::string::npos || dot > slash);
+  filePath = chosen->substr(0, hasExtension ? dot : std::string::npos) + "." + format;
+  ShowTitleOfFile();
+  return Export();
+}
+
+bool MainView::Export() {
+  // A root that was deleted is no root any more.
+  ContentNode* root = rootNode && rootNode->VisualParent() == &Panel() ? rootNode.Get() : nullptr;
+  const RootType& type = *workspaces.currentRoot;
+  return NodeImporterExporter::ExportNodeTree(filePath, root, contentNodes, groupNodes, commentNodes, type.MenuName,
+                                              type.workspace && type.workspace->ExportDefaults);
+}
+
+void MainView::LoadFileAndWorkspace() {
+  auto refuse = [this](std::string text, const char* caption) {
+    ShowError(std::move(text), caption);
+    filePath.clear();
+  };
+  if (filePath.empty()) {
+    ShowError("No file path specified.", "Error");
+    return;
+  }
+  std::error_code error;
+  if (!std::filesystem::exists(filePath, error)) {
+    refuse("File not found:\n" + filePath, "Error Opening File");
+    return;
+  }
+  const std::optional<std::string> text = ReadTextFile(filePath);
+  if (!text) {
+    refuse("Failed to open file:\n" + filePath, "Error Opening File");
+    return;
+  }
+  if (JsonParseResult parsed = ParseJson(*text); !parsed) {
+    const std::string detail = parsed.detail.empty() ? "unknown error" : parsed.detail;
+    refuse("Invalid JSON in file:\n" + filePath + "\n\nError: " + detail, "Error Parsing File");
+    return;
+  }
+  std::string id = NodeImporterExporter::GetWorkspaceID(filePath);
+  if (const std::string& override = CommandLineOptions::Instance().workspaceOverride; !override.empty()) {
+    id = override;
+    LogFile::Write("Using CLI workspace override: " + id);
+  }
+  if (workspaces.FindRoot(id)) {
+    ChangeRootType(id);
+    if (!HasWorkspace()) {
+      refuse("Failed to load workspace for: " + id, "Error Loading File");
+      return;
+    }
+    FinishLoad();
+    return;
+  }
+  if (id.empty())
+    LogFile::Write("No workspace ID found in file, showing workspace selection modal");
+  else
+    LogFile::Write("Unknown workspace ID '" + id + "' in file, showing workspace selection modal");
+  ClearDocument();
+  OfferRoots();
+}
+
+void MainView::OfferRoots() {
+  SetValue(LoadExternalAssetModalVisibilityProperty, Visibility::Visible);
+  for (const std::string& name : workspaces.GetRootNames())
+    workspaceList->Add(Toolkit::MakePtr<WorkspaceItemData>(name));
+}
+
+void MainView::OnClickLoadWorkspace(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  auto* comboBox = FindName<Toolkit::ComboBox>("WorkspaceComboBox");
+  if (!comboBox) {
+    ShowError("Internal error: Workspace selection control not found.", "Error");
+    return;
+  }
+  const auto* item = Toolkit::DynamicCast<WorkspaceItemData>(comboBox->GetSelectedItem());
+  if (!item) {
+    ShowWarning("Please select a workspace from the dropdown.", "No Workspace Selected");
+    return;
+  }
+  if (filePath.empty()) {
+    ShowWarning("No file path specified. Please open a file first.", "No File Path");
+    return;
+  }
+  ClearDocument();
+  ChangeRootType(std::string(item->GetValue()));
+  if (!HasWorkspace()) {
+    ShowError("Failed to load workspace. Please try selecting a different workspace.", "Error Loading Workspace");
+    return;
+  }
+  SetValue(LoadExternalAssetModalVisibilityProperty, Visibility::Collapsed);
+  workspaceList->Clear();
+  FinishLoad();
+}
+
+void MainView::OnClickCancelLoadWorkspace(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  SetValue(LoadExternalAssetModalVisibilityProperty, Visibility::Collapsed);
+  filePath.clear();
+  workspaceList->Clear();
+}
+
+void MainView::FinishLoad() {
+  if (!NodeImporterExporter::ImportNodeTree(filePath, workspaces.currentRoot->workspace, this)) {
+    filePath.clear();
+    ClearDocument();
+    return;
+  }
+  UpdateLayout();
+  connectionManager->RefreshAll();
+  ResetViewToRoot();
+  nodeSearchPanel->Reset();
+  const CommandLineOptions& options = CommandLineOptions::Instance();
+  if (options.saveTo.empty()) return;
+  filePath = options.saveTo;
+  const bool saved = Save();
+  if (!options.exitAfterSave) return;
+  // The window closes either way; whoever started the run learns from the exit code how it went.
+  if (!saved)
+    if (auto* application = Toolkit::Application::Current()) application->SetExitCode(1);
+  Close();
+}
+
+void MainView::ResetViewToRoot() {
+  if (!rootNode) return;
+  nodeEditorCanvas->ResetViewTo({Toolkit::Canvas::GetLeft(rootNode.Get()) + rootNode->ActualWidth() * 0.5f,
+                                 Toolkit::Canvas::GetTop(rootNode.Get()) + rootNode->ActualHeight() * 0.5f});
+}
+
+} // namespace Tesselor
