@@ -1,0 +1,19 @@
+#pragma once
+
+#include "toolkit/base/Geometry.h"
+
+#include <string>
+#include <string_view>
+
+namespace Toolkit {
+
+/// The image files that documents name, below one directory.
+class ImageFiles {
+public:
+  /// An empty root means the current directory. Images find their sizes here from now on.
+  static void SetRoot(std::string root);
+  /// The image's size in pixels, read from the file's head and then remembered; zero if there is no such image.
+  static Size SizeOf(std::string_view path);
+};
+
+} // namespace Toolkit
