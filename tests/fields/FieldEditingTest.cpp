@@ -273,6 +273,12 @@ TEST_F(FieldEditing, RemembersValidJsonBetweenSaves) {
   EXPECT_EQ(field->GetValueAsString(), "[1]");
   stage.Type(stage.First<TextBox>(), "nope");
   EXPECT_EQ(Saved(*field), R"({"K":[1]})") << "what was undone to";
+  stage.FocusElsewhere();
+  stage.Type(stage.First<TextBox>(), "[4]");
+  stage.FocusElsewhere();
+  stage.History().UndoLast();
+  EXPECT_EQ(field->GetValueAsString(), "nope");
+  EXPECT_EQ(Saved(*field), R"({"K":[4]})") << "an undo without the focus";
 }
 
 } // namespace

@@ -228,7 +228,7 @@ TEST_F(FieldValues, TakeTheCommonOptionsInAnyLetterCase) {
 TEST_F(FieldValues, ComeInKnownTypesOnly) {
   EXPECT_FALSE(MakeField("string"));
   EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Error: Unable to create Field: string"});
-  const auto object = MakeField("Object", R"({"Fields":[{"Id":"A","Type":"Nope"},{"Id":"B","Type":"Int"}]})");
+  const auto object = MakeField("Object", R"({"Fields":[{"Id":"B","Type":"Int"},{"Id":"A","Type":"Nope"}]})");
   EXPECT_EQ(Saved(*object), R"({"K":{"B":0}})");
   EXPECT_EQ(boxes.boxes.size(), 2u);
 }
