@@ -9,6 +9,7 @@
 #include "fields/FieldRawJson.h"
 #include "fields/FieldSmallText.h"
 #include "toolkit/controls/CheckBox.h"
+#include "toolkit/controls/Image.h"
 #include "toolkit/controls/Slider.h"
 
 namespace {
@@ -193,6 +194,10 @@ TEST_F(FieldEditing, MakesNamesAndUuidsByButton) {
   FieldStage stage(*field);
   const std::vector<Button*> buttons = All<Button>(field.Get());
   ASSERT_EQ(buttons.size(), 2u);
+  std::string images;
+  for (const auto* image : All<Toolkit::Image>(field.Get()))
+    images += std::string(image->GetString(Toolkit::Image::SourceProperty)) + " ";
+  EXPECT_EQ(images, "Assets/refresh.png Assets/bolt.png ");
   stage.Click(buttons[0]);
   EXPECT_EQ(field->GetValueAsString().size(), 36u);
   EXPECT_NE(field->GetValueAsString(), uuid);
