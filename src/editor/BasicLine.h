@@ -22,6 +22,8 @@ public:
   void SetEnds(Toolkit::Point from, Toolkit::Point to);
 
 private:
+  void Set(float& coordinate, float value, const char* name);
+
   float x1 = 0, y1 = 0, x2 = 0, y2 = 0;
 };
 

@@ -20,6 +20,8 @@ public:
   void SetHeight(float value);
 
 private:
+  void Set(float& coordinate, float value, const char* name);
+
   float x = 0, y = 0, width = 0, height = 0;
 };
 

@@ -17,8 +17,7 @@ struct ConnectionClickedEventArgs : Toolkit::RoutedEventArgs {
 };
 
 /// The curve between an output pin and an input pin on the canvas panel; while it follows the mouse, one of the pins
-/// is missing. It is not the truth of the graph, which lies in the connection lists of the pin data, yet its end ends
-/// that link too.
+/// is missing. It is not the truth of the graph, which lies in the connection lists of the pin data.
 class Connection : public Toolkit::DependencyObject {
   TOOLKIT_TYPE(Connection)
 public:
@@ -57,6 +56,10 @@ public:
   void ShowNormal() { SetStroke(NormalBrush()); }
   bool IsShownSelected() const;
 
+  /// Whether the end of this object ends the link of its two pins too. That is so while it stands among the document's
+  /// connections: one that was taken out has ended its link already, and the pins may have been joined anew.
+  void SetOwnsLink(bool value) { ownsLink = value; }
+
   /// The four points of the curve from the input to the output: start, two control points, end.
   static std::array<Toolkit::Point, 4> CurveBetween(Toolkit::Point input, Toolkit::Point output);
   std::array<Toolkit::Point, 4> Curve() const { return CurveBetween(GetInputSource(), GetOutputSource()); }
@@ -78,6 +81,7 @@ private:
   Toolkit::Ptr<NodePinControl> inputPin;
   Toolkit::Ptr<ContentNode> outputNode;
   Toolkit::Ptr<ContentNode> inputNode;
+  bool ownsLink = false;
 };
 
 } // namespace Tesselor

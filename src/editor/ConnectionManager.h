@@ -31,7 +31,9 @@ public:
   bool Remove(const Connection* connection);
   /// Those with the node at either end, in the order of the list.
   std::vector<Toolkit::Ptr<Connection>> ConnectionsOf(const ContentNode* node) const;
-  /// Takes the connections of the node out of the list.
+  /// Takes the connections of the node out of the list and the selection, when the whole document is cleared. Those
+  /// that nobody else holds end their links on the way, unless that was done already: `ForgetConnections` on all nodes
+  /// before keeps a large document from renumbering children for each of them.
   void RemoveAllOf(const ContentNode* node);
 
   /// Reads the pins' places anew and bends all curves to them. Layout is valid.
@@ -52,6 +54,9 @@ public:
   std::vector<Toolkit::Ptr<Connection>> FindByCutLine(Toolkit::Point a, Toolkit::Point b) const;
 
 private:
+  /// Takes the connection out of list and index; null if it isn't there.
+  Toolkit::Ptr<Connection> TakeOut(const Connection* connection);
+
   NodeEditorCanvas* canvas;
   List connections;
   std::unordered_map<const Connection*, List::iterator> places;

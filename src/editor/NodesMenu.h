@@ -74,7 +74,9 @@ private:
   void MakeListIfDue();
   void MakeRows(const Categories& table);
   void MakeRow(const std::string& category, const std::vector<std::string>& ids);
-  void ExpandRows(bool hasText);
+  void ExpandRows();
+  /// Typing must not go on in a box that is no longer seen.
+  void HandFocusOn();
 
   Toolkit::Ptr<Toolkit::ScaleTransform> scale;
   Categories categories;

@@ -1,0 +1,28 @@
+#include "editor/EditorRegistration.h"
+
+#include "editor/Connection.h"
+#include "editor/CreateNodeButton.h"
+#include "editor/NodeCategoryHeader.h"
+#include "editor/NodeEditorCanvas.h"
+#include "editor/NodePanel.h"
+#include "editor/NodeSearchPanel.h"
+#include "editor/PanelBaseField.h"
+
+namespace Tesselor {
+
+void RegisterEditorTypes() {
+  BasicRectangle::StaticType();
+  BasicLine::StaticType();
+  NodeSearchResult::StaticType();
+  Connection::StaticType();
+
+  NodesMenu::StaticType();
+  CreateNodeButton::StaticType();
+  NodeCategoryHeader::StaticType();
+  NodeEditorCanvas::StaticType();
+  PanelBaseField::StaticType();
+  NodePanel::StaticType();
+  NodeSearchPanel::StaticType();
+}
+
+} // namespace Tesselor
