@@ -110,6 +110,17 @@ size_t Expander::VisualChildCount() const {
 
 void Expander::OnPropertyChanged(const PropertyChange& change) {
   HeaderedContentControl::OnPropertyChanged(change);
+  if (&change.property != IsExpandedProperty && &change.property != ContentProperty) return;
+  // Closed content is out of reach of what the tree hands down, so it joins and leaves by itself.
+  if (UIElement* content = ContentElement(); content && content->VisualParent() == this) {
+    if (IsExpanded()) {
+      content->RefreshInheritance(0);
+      if (IsAttached()) content->AttachAsRoot();
+    } else if (content->IsAttached()) {
+      if (InputState* input = InputState::Current()) input->ElementGone(*content);
+      content->DetachAsRoot();
+    }
+  }
   if (&change.property == IsExpandedProperty)
     RaiseEvent(RoutedEventArgs(IsExpanded() ? ExpandedEvent : CollapsedEvent, this));
 }
