@@ -29,10 +29,11 @@ public:
   /// Sizes outside 8 to 128 are brought to the nearer bound.
   void SetCommentFontSize(float value);
 
-  cJSON* ToJson() const override;
+  JsonPtr ToJson() const override;
   bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
 private:
+  static const Properties& FrameProperties();
   void InitializeComponent() override;
   void Comment_MouseMove(Toolkit::Object* sender, const Toolkit::MouseEventArgs& args);
   void CommentTextBox_GotFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);

@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 struct cJSON;
 
@@ -145,11 +146,12 @@ public:
   int32_t arrayIndex = -1;
 
 protected:
-  /// Creates what documents bind to and loads the class's document.
-  void Load();
-  /// Looks the named parts of the document up; those that it doesn't have stay empty.
-  void FindParts();
+  struct WithoutDocument {};
+  /// For a class with a document of its own, which its constructor loads.
+  ContentNode(WithoutDocument, std::string typeId, const NodeBlueprint& blueprint);
   void InitializeComponent() override;
+  /// Looks up the named parts of the document that this class works with; those that it doesn't have stay empty.
+  void FindParts();
 
   // Pieces of the written form.
   void WriteNodeId(cJSON* json);
@@ -200,8 +202,8 @@ private:
 
   Toolkit::ObservableCollectionBase* ReflectedInput() const { return input.Get(); }
   Toolkit::ObservableCollectionBase* ReflectedOutput() const { return output.Get(); }
-  Toolkit::ItemsControl* FindPinList(bool isInput) const;
-  void PropagateLinkType(NodeSet& visited);
+  /// One node's step of `PropagateLinkType`: returns the nodes to go on with.
+  std::vector<ContentNode*> TakeOverLinkType();
 
   void Comment_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   void CommentTextBox_KeyUp(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
@@ -221,6 +223,8 @@ private:
   /// The index of the view that the node belongs to, and the node's place in it.
   NodeIdIndex* idIndex = nullptr;
   uint64_t idOrder = 0;
+  /// Dynamic pins beyond the first.
+  uint32_t dynamicPinCount = 0;
   /// The writer is in the middle of this node: meeting it again is a cycle.
   bool isBeingWritten = false;
 };

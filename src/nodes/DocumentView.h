@@ -54,6 +54,9 @@ public:
   /// The node has moved: its connections follow.
   virtual void RefreshConnectionsOf(const ContentNode& node) = 0;
 
+  /// Forgets all undo steps: they don't reach across a load.
+  virtual void ClearHistory() = 0;
+
   /// What kind of document stands in the view; null before one was chosen.
   virtual std::shared_ptr<RootType> CurrentRoot() const = 0;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/JsonFile.h"
 #include "nodes/BaseNode.h"
 #include "nodes/ResizeEdge.h"
 
@@ -9,8 +10,6 @@ namespace Toolkit {
 class Border;
 }
 
-struct cJSON;
-
 namespace Tesselor {
 
 /// What groups and comments share: a titled, resizable frame that stands in the file's metadata. The classes differ
@@ -18,6 +17,20 @@ namespace Tesselor {
 class FrameNode : public BaseNode {
   TOOLKIT_TYPE(FrameNode)
 public:
+  /// The properties of a class, each of its own.
+  struct Properties {
+    const Toolkit::DependencyProperty* cursorType;
+    const Toolkit::DependencyProperty* titleInputVisibility;
+    const Toolkit::DependencyProperty* titleTextVisibility;
+    const Toolkit::DependencyProperty* width;
+    const Toolkit::DependencyProperty* height;
+    const Toolkit::DependencyProperty* borderThickness;
+  };
+  struct Names {
+    std::string_view border;
+    std::string_view titleBox;
+  };
+
   /// The frame's own size, which its border is bound to, in canvas units.
   float FrameWidth() const { return Get<float>(properties->width); }
   float FrameHeight() const { return Get<float>(properties->height); }
@@ -37,8 +50,8 @@ public:
   void BeginTitleEdit();
   void EndTitleEdit();
 
-  /// The frame's object for a file or the clipboard; the caller's.
-  virtual cJSON* ToJson() const;
+  /// The frame's object for a file or the clipboard.
+  virtual JsonPtr ToJson() const;
 
   bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
   void Node_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args) override;
@@ -50,33 +63,18 @@ public:
   Toolkit::Size resizeStartSize;
 
 protected:
-  /// The properties of a class, each of its own.
-  struct Properties {
-    const Toolkit::DependencyProperty* cursorType;
-    const Toolkit::DependencyProperty* titleInputVisibility;
-    const Toolkit::DependencyProperty* titleTextVisibility;
-    const Toolkit::DependencyProperty* width;
-    const Toolkit::DependencyProperty* height;
-    const Toolkit::DependencyProperty* borderThickness;
-  };
-  struct Names {
-    std::string_view border;
-    std::string_view titleBox;
-  };
-
   FrameNode(const Properties& properties, const Names& names, const Toolkit::RoutedEvent& resizing, float minimumHeight)
       : properties(&properties), names(&names), resizing(&resizing), minimumHeight(minimumHeight) {}
 
   float FrameBorder() const { return Get<float>(properties->borderThickness); }
-  void SetCursor(ResizeEdge edge);
   void SetCursor(const char* name) { SetValue(properties->cursorType, name); }
+  /// The frame itself if the event came from it, not from what it holds.
+  const Toolkit::Border* SourceFrame(const Toolkit::RoutedEventArgs& args) const;
 
 private:
   void Header_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   void TitleTextBox_KeyUp(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
   void TitleTextBox_LostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  /// The frame itself if the event came from it, not from what it holds.
-  const Toolkit::Border* PressedFrame(const Toolkit::RoutedEventArgs& args) const;
 
   const Properties* properties;
   const Names* names;

@@ -25,6 +25,7 @@ public:
   bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
 private:
+  static const Properties& FrameProperties();
   void InitializeComponent() override;
   void Group_MouseMove(Toolkit::Object* sender, const Toolkit::MouseEventArgs& args);
 };

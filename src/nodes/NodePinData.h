@@ -31,6 +31,8 @@ public:
   /// output pin at the end. Returns false if the two were joined already.
   bool Join(NodePinData& other);
   void RemoveConnection(NodePinData& other);
+  /// Ends all connections of this pin.
+  void DisconnectAll();
   bool IsConnectedTo(const NodePinData& other) const;
 
   /// Sorts the children of a `Multiple` output pin by height on the canvas and numbers them; those at the same height

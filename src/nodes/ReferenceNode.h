@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/JsonFile.h"
 #include "nodes/ContentNode.h"
 
 #include <vector>
@@ -32,13 +33,18 @@ private:
 
   void InitializeComponent() override;
   void SelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void AddReferenceField(const char* fileId);
-  void AddParameterField(const char* name, const char* type, const cJSON* defaultValue, ValueOrigin origin);
+  void AddReferenceField();
+  void AddParameterField(const char* name, const char* type, JsonPtr defaultValue, ValueOrigin origin);
+  Toolkit::Ptr<BaseField> AddField(const char* name, const char* type, int width, JsonPtr defaultValue,
+                                   Toolkit::StackPanel* panel);
 
   Toolkit::StackPanel* nodeReference = nullptr;
   Toolkit::StackPanel* nodeParameters = nullptr;
   /// Every field made so far in either panel, hidden ones too.
   std::vector<Toolkit::Ptr<BaseField>> referenceFields;
+  /// Values of the asset that no field can show, as JSON by parameter name. Written back until the user enters
+  /// something in their place.
+  std::map<std::string, std::string, std::less<>> keptValues;
 };
 
 } // namespace Tesselor

@@ -1,0 +1,49 @@
+#include "nodes/BaseNode.h"
+
+#include <string_view>
+
+namespace Tesselor {
+
+const Toolkit::RoutedEvent BaseNode::NodeMouseDownEvent("NodeMouseDown", Toolkit::RoutingStrategy::Bubble);
+const Toolkit::RoutedEvent BaseNode::NodeMouseUpEvent("NodeMouseUp", Toolkit::RoutingStrategy::Bubble);
+
+TOOLKIT_TYPE_IMPL(BaseNode, Toolkit::UserControl, "Tesselor.BaseNode")
+void BaseNode::Describe(Toolkit::TypeBuilder<BaseNode>& type) {
+  IsSelectedProperty = type.Property<bool>("IsSelected");
+  type.Member<&BaseNode::GetTitleData>("TitleData");
+  type.Event(&NodeMouseDownEvent);
+  type.Event(&NodeMouseUpEvent);
+}
+
+BaseNode::BaseNode() : titleData(Toolkit::MakePtr<FieldTextData>()) {}
+
+void BaseNode::SetTitle(std::string_view title) {
+  if (title != Title()) titleData->SetValue(Toolkit::SharedString(title));
+}
+
+bool BaseNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
+  const std::string_view event = eventName;
+  const std::string_view handler = handlerName;
+  auto* element = Toolkit::DynamicCast<UIElement>(source);
+  if (!element) return false;
+  if (event == "PreviewMouseDown" && handler == "Node_MouseDown") {
+    element->AddHandler(PreviewMouseDownEvent, Toolkit::RoutedEventHandler::From<&BaseNode::Node_MouseDown>(this));
+    return true;
+  }
+  if (event == "PreviewMouseUp" && handler == "Node_MouseUp") {
+    element->AddHandler(PreviewMouseUpEvent, Toolkit::RoutedEventHandler::From<&BaseNode::Node_MouseUp>(this));
+    return true;
+  }
+  return false;
+}
+
+void BaseNode::Node_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
+  if (args.leftButton == Toolkit::MouseButtonState::Pressed)
+    RaiseEvent(NodeMouseDownEventArgs(NodeMouseDownEvent, this, static_cast<int32_t>(args.clickCount)));
+}
+
+void BaseNode::Node_MouseUp(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
+  if (args.changedButton != Toolkit::MouseButton::Right) RaiseEvent(NodeMouseUpEventArgs(NodeMouseUpEvent, this));
+}
+
+} // namespace Tesselor

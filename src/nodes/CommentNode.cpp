@@ -1,0 +1,125 @@
+#include "nodes/CommentNode.h"
+
+#include "nodes/NodeKeys.h"
+#include "toolkit/controls/Border.h"
+#include "toolkit/controls/ButtonBase.h"
+#include "toolkit/markup/GUI.h"
+#include "toolkit/visual/Input.h"
+
+#include <algorithm>
+
+namespace Tesselor {
+
+using Toolkit::RoutedEventHandler;
+using Toolkit::Visibility;
+
+namespace {
+
+constexpr FrameNode::Names CommentNames{"CommentBorder", "CommentTitle"};
+constexpr float MinimumHeight = 60;
+constexpr float SmallestFont = 8;
+constexpr float LargestFont = 128;
+constexpr float FontStep = 4;
+constexpr float BigFontStep = 20;
+
+} // namespace
+
+const Toolkit::RoutedEvent CommentNode::CommentResizingEvent("CommentResizing", Toolkit::RoutingStrategy::Bubble);
+
+TOOLKIT_TYPE_IMPL(CommentNode, FrameNode, "Tesselor.CommentNode")
+void CommentNode::Describe(Toolkit::TypeBuilder<CommentNode>& type) {
+  CursorTypeProperty = type.Property<std::string>("CursorType", "Arrow");
+  TitleInputVisibilityProperty = type.Property<Visibility>("TitleInputVisibility", Visibility::Collapsed);
+  TitleTextVisibilityProperty = type.Property<Visibility>("TitleTextVisibility", Visibility::Visible);
+  WidthProperty = type.Property<float>("Width", 250);
+  HeightProperty = type.Property<float>("Height", 150);
+  BorderThicknessProperty = type.Property<float>("BorderThickness", 7.5f);
+  CommentTextProperty = type.Property<std::string>("CommentText");
+  CommentFontSizeProperty = type.Property<float>("CommentFontSize", 13);
+  FontControlsVisibilityProperty = type.Property<Visibility>("FontControlsVisibility", Visibility::Collapsed);
+  type.Event(&CommentResizingEvent);
+}
+
+const FrameNode::Properties& CommentNode::FrameProperties() {
+  static const Properties properties{
+      CursorTypeProperty, TitleInputVisibilityProperty, TitleTextVisibilityProperty, WidthProperty,
+      HeightProperty,     BorderThicknessProperty};
+  return properties;
+}
+
+CommentNode::CommentNode() : FrameNode(FrameProperties(), CommentNames, CommentResizingEvent, MinimumHeight) {
+  InitializeComponent();
+}
+
+void CommentNode::InitializeComponent() {
+  Toolkit::GUI::LoadComponent(*this, "CommentNode.xaml");
+  SetTitle("Comment");
+}
+
+void CommentNode::SetCommentFontSize(float value) {
+  SetValue(CommentFontSizeProperty, std::clamp(value, SmallestFont, LargestFont));
+}
+
+JsonPtr CommentNode::ToJson() const {
+  JsonPtr json = FrameNode::ToJson();
+  cJSON_AddStringToObject(json.get(), Keys::Text, std::string(CommentText()).c_str());
+  cJSON_AddNumberToObject(json.get(), Keys::FontSize, CommentFontSize());
+  return json;
+}
+
+bool CommentNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
+  const std::string_view event = eventName;
+  const std::string_view handler = handlerName;
+  auto* element = Toolkit::DynamicCast<UIElement>(source);
+  if (!element) return false;
+  if (event == "MouseMove" && handler == "Comment_MouseMove")
+    element->AddHandler(MouseMoveEvent, RoutedEventHandler::From<&CommentNode::Comment_MouseMove>(this));
+  else if (event == "GotFocus" && handler == "CommentTextBox_GotFocus")
+    element->AddHandler(GotFocusEvent, RoutedEventHandler::From<&CommentNode::CommentTextBox_GotFocus>(this));
+  else if (event == "LostFocus" && handler == "CommentTextBox_LostFocus")
+    element->AddHandler(LostFocusEvent, RoutedEventHandler::From<&CommentNode::CommentTextBox_LostFocus>(this));
+  else if (event == "Click" && handler == "IncreaseFontSize_Click")
+    element->AddHandler(Toolkit::ButtonBase::ClickEvent,
+                        RoutedEventHandler::From<&CommentNode::IncreaseFontSize_Click>(this));
+  else if (event == "Click" && handler == "IncreaseFontSizeBig_Click")
+    element->AddHandler(Toolkit::ButtonBase::ClickEvent,
+                        RoutedEventHandler::From<&CommentNode::IncreaseFontSizeBig_Click>(this));
+  else if (event == "Click" && handler == "DecreaseFontSize_Click")
+    element->AddHandler(Toolkit::ButtonBase::ClickEvent,
+                        RoutedEventHandler::From<&CommentNode::DecreaseFontSize_Click>(this));
+  else
+    return FrameNode::ConnectEvent(source, eventName, handlerName);
+  return true;
+}
+
+void CommentNode::Comment_MouseMove(Toolkit::Object*, const Toolkit::MouseEventArgs&) {
+  const auto* border = FindName<Toolkit::Border>(CommentNames.border);
+  if (!border) return;
+  const Toolkit::Point mouse = Toolkit::Mouse::GetPosition(border);
+  const float margin = 2 * FrameBorder();
+  const bool isInside = margin <= mouse.x && mouse.x <= border->ActualWidth() - margin && margin <= mouse.y &&
+                        mouse.y <= border->ActualHeight() - margin;
+  SetCursor(isInside ? "Arrow" : CursorOf(HitTestEdge(*border)));
+}
+
+void CommentNode::CommentTextBox_GotFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  SetValue(FontControlsVisibilityProperty, Visibility::Visible);
+}
+
+void CommentNode::CommentTextBox_LostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  SetValue(FontControlsVisibilityProperty, Visibility::Collapsed);
+}
+
+void CommentNode::IncreaseFontSize_Click(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  SetCommentFontSize(CommentFontSize() + FontStep);
+}
+
+void CommentNode::IncreaseFontSizeBig_Click(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  SetCommentFontSize(CommentFontSize() + BigFontStep);
+}
+
+void CommentNode::DecreaseFontSize_Click(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  SetCommentFontSize(CommentFontSize() - FontStep);
+}
+
+} // namespace Tesselor

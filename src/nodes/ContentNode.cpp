@@ -1,0 +1,183 @@
+#include "nodes/ContentNode.h"
+
+#include "app/Uuid.h"
+#include "nodes/NodeIdIndex.h"
+#include "nodes/NodeKeys.h"
+#include "nodes/NodePinControl.h"
+#include "nodes/TitleBrushes.h"
+#include "toolkit/controls/ContentPresenter.h"
+#include "toolkit/controls/ItemsControl.h"
+#include "toolkit/controls/StackPanel.h"
+#include "toolkit/markup/GUI.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace Tesselor {
+
+using Toolkit::Visibility;
+
+TOOLKIT_TYPE_IMPL(ContentNode, BaseNode, "Tesselor.ContentNode")
+void ContentNode::Describe(Toolkit::TypeBuilder<ContentNode>& type) {
+  type.Member<&ContentNode::GetFieldCommentData>("FieldCommentData");
+  type.Member<&ContentNode::ReflectedInput>("Input");
+  type.Member<&ContentNode::ReflectedOutput>("Output");
+  CommentInputVisibilityProperty = type.Property<Visibility>("CommentInputVisibility", Visibility::Collapsed);
+  CommentTextVisibilityProperty = type.Property<Visibility>("CommentTextVisibility", Visibility::Visible);
+  CommentBlockVisibilityProperty = type.Property<Visibility>("CommentBlockVisibility", Visibility::Collapsed);
+  const Toolkit::Ptr<Toolkit::Brush> gradient = Toolkit::Brushes::Magenta()->Clone();
+  TitleColorGradientProperty = type.Property<Toolkit::Brush*>("TitleColorGradient", gradient.Get());
+  const Toolkit::Ptr<Toolkit::Brush> color = Toolkit::Brushes::Magenta()->Clone();
+  TitleColorProperty = type.Property<Toolkit::Brush*>("TitleColor", color.Get());
+  IsLinkValidProperty = type.Property<bool>("IsLinkValid", true);
+  ArrayIndexTextProperty = type.Property<std::string>("ArrayIndexText");
+  ArrayIndexVisibilityProperty = type.Property<Visibility>("ArrayIndexVisibility", Visibility::Collapsed);
+}
+
+ContentNode::ContentNode() : input(Toolkit::MakePtr<Pins>()), output(Toolkit::MakePtr<Pins>()) {
+  // Most nodes have no comment: they share the text that stands for it.
+  static const Toolkit::SharedString noComment(NoComment);
+  fieldCommentData = Toolkit::MakePtr<FieldTextData>(noComment);
+}
+
+ContentNode::ContentNode(WithoutDocument, std::string typeId, const NodeBlueprint& blueprint) : ContentNode() {
+  this->blueprint = &blueprint;
+  this->typeId = std::move(typeId);
+  SetTitle(blueprint.title);
+  SetTitleColor(blueprint.color);
+}
+
+ContentNode::ContentNode(std::string typeId, const NodeBlueprint& blueprint)
+    : ContentNode(WithoutDocument{}, std::move(typeId), blueprint) {
+  ContentNode::InitializeComponent();
+}
+
+ContentNode::~ContentNode() {
+  if (idIndex) idIndex->Remove(*this);
+}
+
+void ContentNode::InitializeComponent() {
+  Toolkit::GUI::LoadComponent(*this, "ContentNode.xaml");
+  FindParts();
+}
+
+void ContentNode::FindParts() {
+  nodeContent = FindName<Toolkit::StackPanel>("NodeContent");
+  inputPins = FindName<Toolkit::ItemsControl>("InputPins");
+  outputPins = FindName<Toolkit::ItemsControl>("OutputPins");
+}
+
+void ContentNode::SetComment(std::string_view text) {
+  fieldCommentData->SetValue(Toolkit::SharedString(text));
+  SetValue(CommentBlockVisibilityProperty, Visibility::Visible);
+}
+
+void ContentNode::SetNodeId(std::string id) {
+  if (id == nodeId) return;
+  if (idIndex) idIndex->IdChanging(*this);
+  nodeId = std::move(id);
+  if (idIndex) idIndex->IdChanged(*this);
+}
+
+const std::string& ContentNode::EnsureNodeId() {
+  if (nodeId.empty()) SetNodeId(GenerateUuid());
+  return nodeId;
+}
+
+std::string ContentNode::Identity() const { return nodeId.empty() ? typeId : typeId + "-" + nodeId; }
+
+NodePinData* ContentNode::AddPin(bool isInput, const NodePinBlueprint& pinBlueprint) {
+  auto pin = Toolkit::MakePtr<NodePinData>(this, isInput, pinBlueprint);
+  pins.insert_or_assign(pinBlueprint.id, pin.Get());
+  (isInput ? input : output)->Add(pin);
+  return pin.Get();
+}
+
+NodePinData* ContentNode::AddDynamicPin(const NodePinBlueprint& pinBlueprint) {
+  auto pin = Toolkit::MakePtr<NodePinData>(this, false, pinBlueprint);
+  // The first stands under its plain id. The number has as many digits as keeps byte order and order of creation the
+  // same, however many there are.
+  std::string key = pinBlueprint.id;
+  if (const auto plain = pins.find(key); plain != pins.end()) {
+    char number[16];
+    std::snprintf(number, sizeof number, "#%08u", ++dynamicPinCount);
+    key += number;
+  }
+  pins.insert_or_assign(std::move(key), pin.Get());
+  output->Add(pin);
+  return pin.Get();
+}
+
+NodePinData* ContentNode::FindPin(std::string_view id) const {
+  const auto found = pins.find(id);
+  return found == pins.end() ? nullptr : found->second;
+}
+
+NodePinData* ContentNode::FindInputPinOfType(std::string_view type) const {
+  for (const auto& [id, pin] : pins)
+    if (pin->IsInput() && !pin->IsBlank() && pin->blueprint->Type == type) return pin;
+  return nullptr;
+}
+
+void ContentNode::AddField(const std::string& fieldId, BaseField& field, FieldPlacement placement) {
+  field.SetOwnerNode(this);
+  switch (placement) {
+  case FieldPlacement::InputPin:
+    if (input->Count() > 0) input->Get(input->Count() - 1)->AddFieldContent(field);
+    inputFields.emplace(fieldId, &field);
+    break;
+  case FieldPlacement::Body:
+    field.SetVisibility(field.IsActive() ? Visibility::Visible : Visibility::Collapsed);
+    if (nodeContent) nodeContent->AddChild(&field);
+    contentFields.emplace(fieldId, &field);
+    break;
+  case FieldPlacement::OutputPin:
+    if (output->Count() > 0) output->Get(output->Count() - 1)->AddFieldContent(field);
+    outputFields.emplace(fieldId, &field);
+    break;
+  }
+}
+
+BaseField* ContentNode::FindField(std::string_view id) const {
+  for (const FieldTable* fields : {&inputFields, &contentFields, &outputFields})
+    if (const auto found = fields->find(id); found != fields->end()) return found->second.Get();
+  return nullptr;
+}
+
+NodePinControl* ContentNode::FindPinControl(const NodePinData& pin) const {
+  const Toolkit::ItemsControl* list = pin.IsInput() ? inputPins : outputPins;
+  if (!list) return nullptr;
+  Toolkit::Object* container = list->GetItemContainerGenerator().ContainerFromItem(&pin);
+  const auto* presenter = Toolkit::DynamicCast<Toolkit::ContentPresenter>(container);
+  return presenter ? Toolkit::DynamicCast<NodePinControl>(static_cast<Toolkit::Object*>(presenter->ContentElement()))
+                   : nullptr;
+}
+
+void ContentNode::SetTitleColor(const Toolkit::Color& color) {
+  const TitleBrushes& brushes = TitleBrushes::Of(color);
+  SetValue(TitleColorGradientProperty, brushes.gradient);
+  SetValue(TitleColorProperty, brushes.solid);
+}
+
+void ContentNode::SetArrayIndex(int32_t index) {
+  if (index < 0 && arrayIndex < 0) return;
+  arrayIndex = index;
+  SetValue(ArrayIndexTextProperty, index < 0 ? std::string() : "[" + std::to_string(index) + "]");
+  SetValue(ArrayIndexVisibilityProperty, index < 0 ? Visibility::Collapsed : Visibility::Visible);
+}
+
+std::string ContentNode::FindUpstreamName() {
+  if (!nodeName.empty()) return nodeName;
+  std::vector<const ContentNode*> queue{this};
+  NodeSet visited{this};
+  for (size_t next = 0; next < queue.size(); ++next) {
+    const ContentNode* node = queue[next];
+    if (!node->nodeName.empty()) return node->nodeName;
+    for (size_t i = 0; i < node->input->Count(); ++i)
+      for (const NodePinData* parent : node->input->Get(i)->connections)
+        if (parent->owner && visited.insert(parent->owner).second) queue.push_back(parent->owner);
+  }
+  return {};
+}
+
+} // namespace Tesselor

@@ -1,0 +1,155 @@
+#include "nodes/FrameNode.h"
+
+#include "nodes/NodeKeys.h"
+#include "nodes/NodePosition.h"
+#include "toolkit/controls/Border.h"
+#include "toolkit/controls/Canvas.h"
+#include "toolkit/controls/TextBox.h"
+#include "toolkit/visual/Input.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tesselor {
+
+using Toolkit::RoutedEventHandler;
+using Toolkit::Visibility;
+
+namespace {
+
+constexpr float MinimumWidth = 100;
+/// On screen, whatever the zoom.
+constexpr float BorderOnScreen = 7.5f;
+constexpr int32_t NearestZIndex = -15;
+
+} // namespace
+
+TOOLKIT_TYPE_IMPL(FrameNode, BaseNode, "Tesselor.FrameNode")
+void FrameNode::Describe(Toolkit::TypeBuilder<FrameNode>&) {}
+
+void FrameNode::SetResizeWidth(float value) {
+  SetValue(properties->width, value >= MinimumWidth ? value : MinimumWidth);
+}
+
+void FrameNode::SetResizeHeight(float value) {
+  SetValue(properties->height, value >= minimumHeight ? value : minimumHeight);
+}
+
+void FrameNode::RefreshZIndex() {
+  // A frame from a damaged file may be larger than any index.
+  const float area = std::trunc(FrameWidth() * FrameHeight());
+  const float largest = 2147483520.0f;
+  const int32_t index = -static_cast<int32_t>(std::isnan(area) ? 0 : std::clamp(area, 0.0f, largest));
+  Toolkit::Canvas::SetZIndex(this, std::min(index, NearestZIndex));
+}
+
+ResizeEdge FrameNode::HitTestEdge(const Toolkit::Border& border) const {
+  return EdgeAt(Toolkit::Mouse::GetPosition(&border), border.RenderSize(), 2 * FrameBorder());
+}
+
+void FrameNode::Resize(ResizeEdge edge) {
+  const Toolkit::Point position = Toolkit::Mouse::GetPosition(UIParent());
+  if (lastMousePosition == Toolkit::Point{}) {
+    lastMousePosition = position;
+    return;
+  }
+  if (resizeStartSize == Toolkit::Size{}) resizeStartSize = {FrameWidth(), FrameHeight()};
+
+  const bool movesRight = edge == ResizeEdge::Right || edge == ResizeEdge::TopRight || edge == ResizeEdge::BottomRight;
+  const bool movesLeft = edge == ResizeEdge::Left || edge == ResizeEdge::TopLeft || edge == ResizeEdge::BottomLeft;
+  const bool movesTop = edge == ResizeEdge::Top || edge == ResizeEdge::TopLeft || edge == ResizeEdge::TopRight;
+  const bool movesBottom =
+      edge == ResizeEdge::Bottom || edge == ResizeEdge::BottomLeft || edge == ResizeEdge::BottomRight;
+  const Toolkit::Point last = lastMousePosition;
+  float dx = 0;
+  float dy = 0;
+  if (movesRight) dx = position.x - last.x;
+  if (movesLeft) {
+    dx = last.x - position.x;
+    Toolkit::Canvas::SetLeft(this, Toolkit::Canvas::GetLeft(this) - dx);
+  }
+  if (movesTop) {
+    dy = last.y - position.y;
+    Toolkit::Canvas::SetTop(this, Toolkit::Canvas::GetTop(this) - dy);
+  }
+  if (movesBottom) dy = position.y - last.y;
+  SetResizeWidth(FrameWidth() + dx);
+  SetResizeHeight(FrameHeight() + dy);
+  RefreshZIndex();
+  lastMousePosition = position;
+}
+
+void FrameNode::SetZoom(float zoom) { SetValue(properties->borderThickness, BorderOnScreen / zoom); }
+
+void FrameNode::BeginTitleEdit() {
+  SetValue(properties->titleTextVisibility, Visibility::Collapsed);
+  SetValue(properties->titleInputVisibility, Visibility::Visible);
+  if (auto* box = FindName<Toolkit::TextBox>(names->titleBox)) {
+    box->Focus();
+    box->Select(0, box->LineLength(0));
+  }
+}
+
+void FrameNode::EndTitleEdit() {
+  SetValue(properties->titleTextVisibility, Visibility::Visible);
+  SetValue(properties->titleInputVisibility, Visibility::Collapsed);
+}
+
+JsonPtr FrameNode::ToJson() const {
+  JsonPtr json(cJSON_CreateObject());
+  SaveExactPosition(*this, json.get());
+  cJSON_AddNumberToObject(json.get(), Keys::Width, FrameWidth());
+  cJSON_AddNumberToObject(json.get(), Keys::Height, FrameHeight());
+  cJSON_AddStringToObject(json.get(), Keys::FrameName, std::string(Title()).c_str());
+  return json;
+}
+
+bool FrameNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
+  const std::string_view event = eventName;
+  const std::string_view handler = handlerName;
+  auto* element = Toolkit::DynamicCast<UIElement>(source);
+  if (!element) return false;
+  if (event == "MouseDown" && handler == "Node_MouseDown")
+    element->AddHandler(MouseDownEvent, RoutedEventHandler::From<&BaseNode::Node_MouseDown>(this));
+  else if (event == "MouseUp" && handler == "Node_MouseUp")
+    element->AddHandler(MouseUpEvent, RoutedEventHandler::From<&BaseNode::Node_MouseUp>(this));
+  else if (event == "PreviewMouseDown" && handler == "Header_MouseDown")
+    element->AddHandler(PreviewMouseDownEvent, RoutedEventHandler::From<&FrameNode::Header_MouseDown>(this));
+  else if (event == "PreviewKeyUp" && handler == "TitleTextBox_KeyUp")
+    element->AddHandler(PreviewKeyUpEvent, RoutedEventHandler::From<&FrameNode::TitleTextBox_KeyUp>(this));
+  else if (event == "LostFocus" && handler == "TitleTextBox_LostFocus")
+    element->AddHandler(LostFocusEvent, RoutedEventHandler::From<&FrameNode::TitleTextBox_LostFocus>(this));
+  else
+    return false;
+  return true;
+}
+
+void FrameNode::Node_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
+  if (args.leftButton != Toolkit::MouseButtonState::Pressed) return;
+  if (const Toolkit::Border* frame = SourceFrame(args))
+    RaiseEvent(GroupResizingEventArgs(*resizing, this, HitTestEdge(*frame)));
+  else
+    RaiseEvent(NodeMouseDownEventArgs(NodeMouseDownEvent, this, static_cast<int32_t>(args.clickCount)));
+}
+
+void FrameNode::Node_MouseUp(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
+  // The end of a drag or a resize is the view's, on the container; this tells of other buttons only.
+  if (args.leftButton == Toolkit::MouseButtonState::Pressed) RaiseEvent(NodeMouseUpEventArgs(NodeMouseUpEvent, this));
+}
+
+void FrameNode::Header_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
+  if (args.clickCount == 2) BeginTitleEdit();
+}
+
+void FrameNode::TitleTextBox_KeyUp(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {
+  if (args.key == Toolkit::Key::Return) EndTitleEdit();
+}
+
+void FrameNode::TitleTextBox_LostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) { EndTitleEdit(); }
+
+const Toolkit::Border* FrameNode::SourceFrame(const Toolkit::RoutedEventArgs& args) const {
+  const auto* border = Toolkit::DynamicCast<Toolkit::Border>(args.source);
+  return border && border->GetName() == names->border ? border : nullptr;
+}
+
+} // namespace Tesselor

@@ -1,0 +1,132 @@
+#include "nodes/NodePinData.h"
+
+#include "fields/BaseField.h"
+#include "nodes/ContentNode.h"
+#include "toolkit/controls/Canvas.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+namespace Tesselor {
+
+namespace {
+
+bool Contains(const std::vector<NodePinData*>& pins, const NodePinData* pin) {
+  return std::find(pins.begin(), pins.end(), pin) != pins.end();
+}
+
+void Erase(std::vector<NodePinData*>& pins, const NodePinData* pin) {
+  const auto found = std::find(pins.begin(), pins.end(), pin);
+  if (found != pins.end()) pins.erase(found);
+}
+
+/// A node that was never placed stands as if it were at the top.
+float HeightOnCanvas(const NodePinData& pin) {
+  if (!pin.owner) return std::numeric_limits<float>::infinity();
+  const float top = Toolkit::Canvas::GetTop(pin.owner);
+  return Toolkit::IsAuto(top) ? 0 : top;
+}
+
+} // namespace
+
+TOOLKIT_TYPE_IMPL(NodePinData, Toolkit::NotifyPropertyChangedBase, "Tesselor.NodePinData")
+void NodePinData::Describe(Toolkit::TypeBuilder<NodePinData>& type) {
+  type.Member<&NodePinData::IsInput>("IsInput");
+  type.Member<&NodePinData::IsMap>("IsMap");
+  type.Member<&NodePinData::BorderColor>("BorderColor");
+  type.Member<&NodePinData::Label>("Label");
+  type.Member<&NodePinData::Description>("Description");
+  type.Member<&NodePinData::PinFieldContent>("PinFieldContent");
+  type.Member<&NodePinData::IsVisible>("IsVisible");
+}
+
+NodePinData::NodePinData(ContentNode* owner, bool isInput, const NodePinBlueprint& blueprint)
+    : blueprint(&blueprint), owner(owner), isInput(isInput), borderColor(Toolkit::Brushes::Of(blueprint.color)) {}
+
+void NodePinData::AddConnection(NodePinData& other) {
+  Join(other);
+  if (!isInput)
+    RefreshChildOrder();
+  else if (!other.isInput)
+    other.RefreshChildOrder();
+}
+
+bool NodePinData::Join(NodePinData& other) {
+  if (IsConnectedTo(other)) return false;
+  connections.push_back(&other);
+  other.connections.push_back(this);
+  return true;
+}
+
+void NodePinData::RemoveConnection(NodePinData& other) {
+  Erase(connections, &other);
+  Erase(other.connections, this);
+  if (!isInput)
+    RefreshChildOrder();
+  else if (!other.isInput)
+    other.RefreshChildOrder();
+}
+
+void NodePinData::DisconnectAll() {
+  for (NodePinData* other : connections) {
+    Erase(other->connections, this);
+    if (!other->isInput) other->RefreshChildOrder();
+  }
+  connections.clear();
+}
+
+bool NodePinData::IsConnectedTo(const NodePinData& other) const {
+  // Both lists hold the pair or neither does. A pin with very many children is met through their short lists.
+  return connections.size() <= other.connections.size() ? Contains(connections, &other)
+                                                        : Contains(other.connections, this);
+}
+
+void NodePinData::RefreshChildOrder() {
+  if (isInput || !blueprint->Multiple) {
+    for (const NodePinData* pin : connections)
+      if (pin->owner) pin->owner->SetArrayIndex(-1);
+    return;
+  }
+  const auto isHigher = [](const NodePinData* a, const NodePinData* b) {
+    return HeightOnCanvas(*a) < HeightOnCanvas(*b);
+  };
+  if (!std::is_sorted(connections.begin(), connections.end(), isHigher))
+    std::stable_sort(connections.begin(), connections.end(), isHigher);
+  for (size_t i = 0; i < connections.size(); ++i)
+    if (connections[i]->owner) connections[i]->owner->SetArrayIndex(static_cast<int32_t>(i));
+}
+
+void NodePinData::SetResolvedBlueprint(const NodePinBlueprint* record) {
+  resolvedBlueprint = record;
+  borderColor = Toolkit::Brushes::Of(EffectiveBlueprint().color);
+  OnPropertyChanged("BorderColor");
+}
+
+void NodePinData::AddFieldContent(BaseField& field) {
+  if (!pinFieldContent) pinFieldContent = Toolkit::MakePtr<Toolkit::StackPanel>();
+  pinFieldContent->AddChild(&field);
+  OnPropertyChanged("PinFieldContent");
+}
+
+void NodePinData::SetVisible(bool value) {
+  if (isVisible == value) return;
+  isVisible = value;
+  OnPropertyChanged("IsVisible");
+}
+
+bool NodePinData::CanConnect(const NodePinData& a, const NodePinData& b) {
+  if (a.isInput == b.isInput) return false;
+  const std::string& typeOfA = a.blueprint->Type;
+  const std::string& typeOfB = b.blueprint->Type;
+  if (typeOfA != typeOfB && typeOfA != "Generic" && typeOfB != "Generic") return false;
+  const auto isTaken = [](const NodePinData& pin) { return !pin.connections.empty() && !pin.blueprint->Multiple; };
+  return !isTaken(a) && !isTaken(b);
+}
+
+const NodePinBlueprint& NodePinData::BlankBlueprint() {
+  static const NodePinBlueprint blank;
+  return blank;
+}
+
+} // namespace Tesselor
