@@ -66,7 +66,6 @@ void Instantiation::Fill(const ElementPlan& plan, Object& object) {
     if (element) element->SetName(plan.name.Text());
   }
   if (element) {
-    element->ApplyThemeStyle();
     if (plan.resources) element->SetResources(plan.resources);
   } else if (plan.resources) {
     static const Symbol resources("Resources");
@@ -81,6 +80,8 @@ void Instantiation::Fill(const ElementPlan& plan, Object& object) {
       dependencyObject->SetConstants(&plan.constants, fromTemplate);
     }
   }
+  // The constants may name the element's style.
+  if (element) element->ApplyThemeStyle();
   for (const auto& [member, value] : plan.members) member->set(object, value);
   for (const ElementPlan::Event& event : plan.events) {
     if (!component || !component->ConnectEvent(&object, event.event.c_str(), event.handler.c_str()))

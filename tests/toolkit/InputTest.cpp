@@ -1,0 +1,208 @@
+#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/CheckBox.h"
+#include "toolkit/controls/ComboBox.h"
+#include "toolkit/controls/Slider.h"
+#include "toolkit/controls/StackPanel.h"
+#include "toolkit/controls/TextBox.h"
+
+namespace Toolkit {
+namespace {
+
+/// A column of controls under a root that takes input.
+class InputTest : public MarkupTest {
+protected:
+  void Show(const std::string& children) {
+    root = Make<StackPanel>("StackPanel", " x:Name=\"Root\" Background=\"Black\">" + children + "</StackPanel>");
+    ASSERT_TRUE(root);
+    input = std::make_unique<InputState>(*root);
+    root->AttachAsRoot();
+    root->Measure({200, 400});
+    root->Arrange({0, 0, 200, 400});
+    LayoutQueue::Current().Run();
+  }
+  void TearDown() override {
+    if (root) root->DetachAsRoot();
+    input.reset();
+    root.Reset();
+    MarkupTest::TearDown();
+  }
+  Point MiddleOf(const char* name) {
+    const FrameworkElement* element = root->FindName(name);
+    return element->TransformToAncestor(nullptr).Map({element->ActualWidth() * 0.5f, element->ActualHeight() * 0.5f});
+  }
+  void Click(const char* name, uint32_t count = 1) {
+    input->MouseMove(MiddleOf(name));
+    input->MouseDown(MouseButton::Left, MiddleOf(name), count);
+    input->MouseUp(MouseButton::Left, MiddleOf(name));
+  }
+  template <class T> T& Find(const char* name) { return *root->FindName<T>(name); }
+  Ptr<StackPanel> root;
+  std::unique_ptr<InputState> input;
+};
+
+TEST_F(InputTest, TunnelsBeforeItBubblesAndStopsAtAHandledEvent) {
+  Show("<StackPanel x:Name=\"Outer\"><Border x:Name=\"Inner\" Height=\"20\" Background=\"Red\"/></StackPanel>");
+  std::vector<std::string> order;
+  bool handle = false;
+  auto note = [&](const char* name) {
+    return RoutedEventHandler::From([&order, &handle, name](Object*, const RoutedEventArgs& args) {
+      order.push_back(name);
+      if (handle && std::string_view(name) == "outer preview") args.handled = true;
+    });
+  };
+  auto& outer = Find<StackPanel>("Outer");
+  FrameworkElement& inner = *root->FindName("Inner");
+  outer.AddHandler(UIElement::PreviewMouseDownEvent, note("outer preview"));
+  inner.AddHandler(UIElement::PreviewMouseDownEvent, note("inner preview"));
+  inner.AddHandler(UIElement::MouseDownEvent, note("inner"));
+  outer.AddHandler(UIElement::MouseDownEvent, note("outer"));
+  outer.AddHandler(UIElement::MouseDownEvent, note("outer always"), true);
+  outer.AddHandler(UIElement::PreviewMouseLeftButtonDownEvent, note("outer left preview"));
+  input->MouseDown(MouseButton::Left, MiddleOf("Inner"), 1);
+  EXPECT_EQ(order, (std::vector<std::string>{"outer left preview", "outer preview", "inner preview", "inner", "outer",
+                                             "outer always"}));
+  order.clear();
+  handle = true;
+  input->MouseDown(MouseButton::Left, MiddleOf("Inner"), 1);
+  EXPECT_EQ(order, (std::vector<std::string>{"outer left preview", "outer preview", "outer always"}));
+}
+
+TEST_F(InputTest, SurvivesAHandlerThatRemovesTheElement) {
+  Show("<StackPanel x:Name=\"Outer\"><Button x:Name=\"B\" Content=\"x\"/></StackPanel>");
+  int rootEvents = 0;
+  Find<Button>("B").AddHandler(ButtonBase::ClickEvent, RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) {
+                                 auto& outer = Find<StackPanel>("Outer");
+                                 outer.ClearChildren();
+                               }));
+  root->AddHandler(ButtonBase::ClickEvent,
+                   RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) { ++rootEvents; }));
+  Click("B");
+  EXPECT_EQ(rootEvents, 1);
+  EXPECT_EQ(input->Focused(), nullptr);
+}
+
+TEST_F(InputTest, ClicksOnlyWhenPressAndReleaseMeetTheButton) {
+  Show("<Button x:Name=\"B\" Content=\"x\"/><CheckBox x:Name=\"C\"/>");
+  int clicks = 0;
+  Find<Button>("B").AddHandler(ButtonBase::ClickEvent,
+                               RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) { ++clicks; }));
+  Click("B");
+  EXPECT_EQ(clicks, 1);
+  input->MouseDown(MouseButton::Left, MiddleOf("B"), 1);
+  input->MouseUp(MouseButton::Left, MiddleOf("C"));
+  EXPECT_EQ(clicks, 1);
+  EXPECT_FALSE(Find<CheckBox>("C").IsChecked());
+  input->KeyDown(Key::Space);
+  EXPECT_EQ(clicks, 2);
+  Click("C");
+  EXPECT_TRUE(Find<CheckBox>("C").IsChecked());
+  Find<Button>("B").SetValue(UIElement::IsEnabledProperty, false);
+  Click("B");
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(InputTest, MovesTheFocusAndTellsBothSides) {
+  Show("<TextBox x:Name=\"A\"/><Border Height=\"5\"/><TextBox x:Name=\"B\"/><TextBox x:Name=\"C\" "
+       "Visibility=\"Collapsed\"/>");
+  std::string order;
+  for (const char* name : {"A", "B"}) {
+    Find<TextBox>(name).AddHandler(UIElement::GotFocusEvent,
+                                   RoutedEventHandler::From([&order, name](Object*, const RoutedEventArgs&) {
+                                     order += std::string("+") + name;
+                                   }));
+    Find<TextBox>(name).AddHandler(UIElement::LostFocusEvent,
+                                   RoutedEventHandler::From([&order, name](Object*, const RoutedEventArgs&) {
+                                     order += std::string("-") + name;
+                                   }));
+  }
+  Click("A");
+  input->KeyDown(Key::Tab);
+  input->KeyUp(Key::Tab);
+  EXPECT_TRUE(Find<TextBox>("B").IsFocused());
+  input->KeyDown(Key::LeftShift);
+  input->KeyDown(Key::Tab);
+  EXPECT_TRUE(Find<TextBox>("A").IsFocused());
+  root->RemoveChild(&Find<TextBox>("A"));
+  EXPECT_EQ(order, "+A-A+B-B+A-A");
+  EXPECT_EQ(input->Focused(), nullptr);
+}
+
+TEST_F(InputTest, EditsText) {
+  Show("<TextBox x:Name=\"A\" Width=\"150\"/>");
+  auto& box = Find<TextBox>("A");
+  Click("A");
+  input->TextInput("h\xC3\xA9llo w");
+  EXPECT_EQ(box.GetText(), "h\xC3\xA9llo w");
+  input->KeyDown(Key::Back);
+  input->KeyDown(Key::Back);
+  input->KeyDown(Key::Home);
+  input->KeyDown(Key::Right);
+  input->KeyDown(Key::Delete);
+  EXPECT_EQ(box.GetText(), "hllo") << "a character of two bytes goes as one";
+  input->KeyDown(Key::LeftCtrl);
+  input->KeyDown(Key::A);
+  input->KeyUp(Key::LeftCtrl);
+  input->TextInput("z");
+  EXPECT_EQ(box.GetText(), "z");
+  input->KeyDown(Key::Return);
+  EXPECT_EQ(box.GetText(), "z");
+  box.SetText("one two");
+  Click("A", 2);
+  EXPECT_GT(box.SelectionLength(), 0u);
+  box.SetText("");
+  EXPECT_EQ(box.CaretIndex(), 0u);
+  EXPECT_EQ(box.SelectionLength(), 0u);
+}
+
+TEST_F(InputTest, TellsOfEveryTextChangeOnce) {
+  Show("<TextBox x:Name=\"A\"/>");
+  int changes = 0;
+  auto& box = Find<TextBox>("A");
+  box.AddHandler(TextBox::TextChangedEvent,
+                 RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) { ++changes; }));
+  box.SetText("a");
+  box.SetText("a");
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(InputTest, KeepsASliderWithinItsBounds) {
+  Show("<Slider x:Name=\"S\" Minimum=\"10\" Maximum=\"20\" LargeChange=\"4\"/>");
+  auto& slider = Find<Slider>("S");
+  Click("S");
+  EXPECT_EQ(slider.GetValueNumber(), 15.0f);
+  input->KeyDown(Key::PageUp);
+  input->KeyDown(Key::PageUp);
+  EXPECT_EQ(slider.GetValueNumber(), 20.0f);
+  input->KeyDown(Key::Home);
+  input->KeyDown(Key::Left);
+  EXPECT_EQ(slider.GetValueNumber(), 10.0f);
+}
+
+TEST_F(InputTest, KeepsIndexAndItemOfASelectionTogether) {
+  Show("<ComboBox x:Name=\"C\" DisplayMemberPath=\"Text\"/>");
+  auto& combo = Find<ComboBox>("C");
+  auto list = MakePtr<ObservableCollection<TestData>>();
+  for (int i = 0; i < 3; ++i) list->Add(MakePtr<TestData>());
+  combo.SetItemsSource(list.Get());
+  int changes = 0;
+  combo.AddHandler(Selector::SelectionChangedEvent,
+                   RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) { ++changes; }));
+  combo.SetSelectedIndex(1);
+  EXPECT_EQ(combo.GetSelectedItem(), list->Get(1));
+  combo.SetSelectedItem(list->Get(2));
+  EXPECT_EQ(combo.GetSelectedIndex(), 2);
+  EXPECT_EQ(changes, 2);
+  list->RemoveAt(0);
+  EXPECT_EQ(combo.GetSelectedIndex(), 1);
+  EXPECT_EQ(changes, 2) << "the selected item only moved";
+  list->RemoveAt(1);
+  EXPECT_EQ(combo.GetSelectedIndex(), -1);
+  EXPECT_EQ(combo.GetSelectedItem(), nullptr);
+  EXPECT_EQ(changes, 3);
+  combo.SetSelectedIndex(99);
+  EXPECT_EQ(combo.GetSelectedIndex(), -1);
+}
+
+} // namespace
+} // namespace Toolkit

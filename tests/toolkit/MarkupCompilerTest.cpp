@@ -1,0 +1,162 @@
+#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/controls/Border.h"
+#include "toolkit/controls/Grid.h"
+#include "toolkit/controls/ItemsControl.h"
+#include "toolkit/controls/Label.h"
+#include "toolkit/controls/Menu.h"
+#include "toolkit/controls/Shapes.h"
+#include "toolkit/controls/StackPanel.h"
+#include "toolkit/controls/TextBlock.h"
+#include "toolkit/markup/ElementPlan.h"
+#include "toolkit/markup/ValueConversion.h"
+#include "toolkit/render/Brush.h"
+#include "toolkit/render/PathGeometry.h"
+
+namespace Toolkit {
+namespace {
+
+class MarkupCompilerTest : public MarkupTest {};
+
+TEST_F(MarkupCompilerTest, ReportsEachMistakeWithItsLineAndLoadsTheRest) {
+  struct Case {
+    const char* rest;
+    const char* report;
+  };
+  const Case cases[] = {
+      {">\n<Nonsense/></StackPanel>", "2: type 'Nonsense' is not known"},
+      {" Wide=\"3\"/>", "1: 'Wide' is no property or event of StackPanel"},
+      {" Width=\"broad\"/>", "1: 'broad' is no value of Width"},
+      {" Orientation=\"Diagonal\"/>", "1: 'Diagonal' is no value of Orientation"},
+      {" Style=\"{StaticResource Missing}\"/>", "1: resource 'Missing' is not defined"},
+      {" Style=\"{Strange Thing}\"/>", "1: markup extension 'Strange' is not known"},
+      {" Tag=\"{Binding A, Mod=OneWay}\"/>", "1: binding argument 'Mod=OneWay' is not understood"},
+      {" MouseDown=\"Handler\"/>", "0: no handler"},
+      {">\n\n<StackPanel.Resources><Style/></StackPanel.Resources></StackPanel>", "3: a resource needs an x:Key"},
+      {">some text</StackPanel>", "1: a list cannot be given as text"},
+      {"><Brush/></StackPanel>", "1: a Brush cannot be made"},
+  };
+  for (const Case& c : cases) {
+    Reports().clear();
+    auto panel = Make<StackPanel>("StackPanel", c.rest);
+    EXPECT_TRUE(panel) << c.rest;
+    ASSERT_EQ(Reports().size(), 1u) << c.rest;
+    if (c.report[0] == '0')
+      EXPECT_NE(Reports()[0].find(c.report + 3), std::string::npos) << Reports()[0];
+    else
+      EXPECT_EQ(Reports()[0], c.report);
+  }
+  Reports().clear();
+  EXPECT_FALSE(Make<StackPanel>("StackPanel", "><Border></StackPanel>"));
+  EXPECT_EQ(Reports().size(), 1u);
+  Reports().clear();
+}
+
+TEST_F(MarkupCompilerTest, SharesConstantsAndBrushesAmongInstances) {
+  auto first =
+      Make<StackPanel>("StackPanel", R"(><Border Background="#102030"/><Border Background="#102030"/></StackPanel>)");
+  auto* brush = first->Child(0)->GetValue(Border::BackgroundProperty).As<SolidColorBrush*>();
+  ASSERT_TRUE(brush);
+  EXPECT_EQ(brush->GetColor(), Color::FromBytes(16, 32, 48));
+}
+
+TEST_F(MarkupCompilerTest, ReadsPropertyElementsAttachedPropertiesAndLists) {
+  auto grid = Make<Grid>("Grid", R"(>
+    <Grid.RowDefinitions><RowDefinition Height="10"/><RowDefinition Height="*"/></Grid.RowDefinitions>
+    <Border Grid.Row="1" Panel.ZIndex="4" Margin="1,2 3 4" CornerRadius="5 6 7 8">
+      <Border.Background><LinearGradientBrush StartPoint="0,0" EndPoint="1,0">
+        <GradientStop Color="Red" Offset="0"/><GradientStop Color="#80FFFFFF" Offset="1"/></LinearGradientBrush></Border.Background>
+      <TextBlock>Hello</TextBlock>
+    </Border></Grid>)");
+  ASSERT_TRUE(grid);
+  EXPECT_EQ(grid->RowCount(), 2u);
+  auto* border = DynamicCast<Border>(static_cast<Object*>(grid->Child(0)));
+  EXPECT_EQ(border->Get<int32_t>(Grid::RowProperty), 1);
+  EXPECT_EQ(Panel::GetZIndex(border), 4);
+  EXPECT_EQ(border->GetMargin(), (Thickness{1, 2, 3, 4}));
+  EXPECT_EQ(border->Get<CornerRadius>(Border::CornerRadiusProperty), (CornerRadius{5, 6, 7, 8}));
+  auto* brush = border->GetValue(Border::BackgroundProperty).As<LinearGradientBrush*>();
+  ASSERT_TRUE(brush);
+  EXPECT_EQ(brush->Stops().size(), 2u);
+  EXPECT_EQ(DynamicCast<TextBlock>(static_cast<Object*>(border->GetChild()))->GetText(), "Hello");
+}
+
+TEST_F(MarkupCompilerTest, MakesToolTipsOnlyWhenTheyAreNeeded) {
+  auto panel = Make<StackPanel>("StackPanel", R"(>
+    <TextBlock x:Name="T"><TextBlock.ToolTip><ToolTip Content="{Binding Text}"/></TextBlock.ToolTip></TextBlock></StackPanel>)");
+  auto data = MakePtr<TestData>();
+  data->SetText("explanation");
+  panel->SetDataContext(data.Get());
+  auto* block = panel->FindName<TextBlock>("T");
+  auto* factory = block->GetValue(FrameworkElement::ToolTipProperty).As<ElementFactory*>();
+  ASSERT_TRUE(factory);
+  Ptr<FrameworkElement> tip = factory->Create(*block);
+  ASSERT_TRUE(tip);
+  EXPECT_EQ(static_cast<ToolTip*>(tip.Get())->GetContent(), Value("explanation"));
+}
+
+TEST_F(MarkupCompilerTest, ReadsColoursAndPaths) {
+  struct Case {
+    const char* text;
+    bool valid;
+    Color color;
+  };
+  for (const Case& c :
+       {Case{"#123", true, Color::FromBytes(17, 34, 51)}, Case{"#112233", true, Color::FromBytes(17, 34, 51)},
+        Case{"#80112233", true, Color::FromBytes(17, 34, 51, 128)}, Case{"Snow", true, Color::FromBytes(255, 250, 250)},
+        Case{"#12", false, {}}, Case{"#GGGGGG", false, {}}, Case{"", false, {}}, Case{"#", false, {}}}) {
+    Color color;
+    EXPECT_EQ(ValueConversion::ColorFromText(c.text, color), c.valid) << c.text;
+    if (c.valid) EXPECT_EQ(color, c.color) << c.text;
+  }
+  Ptr<PathGeometry> path = PathGeometry::Parse("M0,0 C20,0 20,30 0,30 Z m 5 5 l10-2");
+  ASSERT_TRUE(path);
+  EXPECT_EQ(path->Figures().size(), 2u);
+  EXPECT_TRUE(path->Figures()[0]->IsClosed());
+  EXPECT_EQ(path->Figures()[1]->Segments()[0]->EndPoint(), (Point{15, 3}));
+  for (const char* broken : {"L 1 1", "M 1", "M 0 0 C 1 1 2 2", "M 0 0 Q 1 1 2 2", "x"})
+    EXPECT_FALSE(PathGeometry::Parse(broken)) << broken;
+}
+
+TEST_F(MarkupCompilerTest, CollectsItemsBeforeAnyContainerExists) {
+  auto menu =
+      Make<Menu>("Menu", R"(><MenuItem Header="A"><MenuItem Header="B"/><MenuItem Header="C"/></MenuItem></Menu>)");
+  ASSERT_EQ(menu->ItemCount(), 1u);
+  auto* item = DynamicCast<MenuItem>(menu->ItemAt(0));
+  EXPECT_EQ(item->ItemCount(), 2u);
+  EXPECT_EQ(item->UIParent(), menu.Get());
+}
+
+TEST_F(MarkupCompilerTest, KeepsNamesOfATemplateToItself) {
+  auto items = Make<ItemsControl>("ItemsControl", R"(>
+    <ItemsControl.ItemTemplate><DataTemplate><Border><TextBlock x:Name="Inner" Text="{Binding Text}"/></Border></DataTemplate></ItemsControl.ItemTemplate></ItemsControl>)");
+  auto list = MakePtr<ObservableCollection<TestData>>();
+  for (const char* text : {"one", "two", "three"}) {
+    auto data = MakePtr<TestData>();
+    data->SetText(text);
+    list->Add(data);
+  }
+  items->SetItemsSource(list.Get());
+  items->AttachAsRoot();
+  LayoutQueue::Current().Run();
+  EXPECT_EQ(items->FindName("Inner"), nullptr);
+  const ItemContainerGenerator& generator = items->GetItemContainerGenerator();
+  auto textOf = [&](size_t index) {
+    FrameworkElement* container = generator.ContainerFromIndex(index);
+    return container
+               ? std::string(
+                     static_cast<FrameworkElement*>(container->VisualChild(0))->FindName<TextBlock>("Inner")->GetText())
+               : std::string();
+  };
+  EXPECT_EQ(textOf(1), "two");
+  FrameworkElement* kept = generator.ContainerFromItem(list->Get(2));
+  list->Move(2, 0);
+  list->RemoveAt(1);
+  LayoutQueue::Current().Run();
+  EXPECT_EQ(textOf(0), "three");
+  EXPECT_EQ(textOf(1), "two");
+  EXPECT_EQ(generator.ContainerFromIndex(0), kept) << "a moved item keeps its container";
+  items->DetachAsRoot();
+}
+
+} // namespace
+} // namespace Toolkit
