@@ -49,6 +49,7 @@ public:
   NodePinControl* PendingPin() const override { return pendingPin.Get(); }
   void SetPendingPin(NodePinControl* pin) override;
   void RefreshConnectionsOf(const ContentNode& node) override;
+  void ClearHistory() override;
 
   ContentNode* RootNode() const { return rootNode.Get(); }
   const std::string& FilePath() const { return filePath; }

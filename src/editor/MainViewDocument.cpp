@@ -1,5 +1,6 @@
 #include "editor/MainView.h"
 
+#include "actions/ActionHistory.h"
 #include "editor/Connection.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodeSearchPanel.h"
@@ -114,6 +115,8 @@ void MainView::OnConnectionClicked(Toolkit::Object*, const Toolkit::RoutedEventA
 }
 
 void MainView::RefreshConnectionsOf(const ContentNode& node) { connectionManager->RefreshFor(&node); }
+
+void MainView::ClearHistory() { ActionHistory::Instance().Clear(); }
 
 void MainView::AutoPosition(bool sortByPosition) {
   if (!workspaces.currentRoot || contentNodes.empty()) return;
