@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace TestSupport {
+
+/// One run of the built program in a directory, without a display. It is ended after a minute, which counts as a hang.
+struct ProgramRun {
+  int exitCode = -1;
+  bool hung = false;
+  std::string standardError;
+  /// The run's log; empty if it wrote none below `directory`.
+  std::string log;
+
+  ProgramRun(const std::filesystem::path& directory, const std::vector<std::string>& arguments);
+  bool Logged(const std::string& text) const { return log.find(text) != std::string::npos; }
+};
+
+std::string ReadFile(const std::filesystem::path& path);
+void WriteFile(const std::filesystem::path& path, const std::string& text);
+
+} // namespace TestSupport

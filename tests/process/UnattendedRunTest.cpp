@@ -1,0 +1,157 @@
+#include "TemporaryDirectory.h"
+#include "process/ProgramRun.h"
+
+#include <cJSON.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+namespace Tesselor {
+namespace {
+
+namespace fs = std::filesystem;
+using TestSupport::ProgramRun;
+using TestSupport::ReadFile;
+using TestSupport::WriteFile;
+
+/// A directory with the sample workspaces, as a build server has it.
+class UnattendedRun : public testing::Test {
+protected:
+  void SetUp() override {
+    fs::create_directory_symlink(fs::path(TESSELOR_DATA_DIR) / "Workspaces", Here() / "Workspaces");
+  }
+  fs::path Here() const { return directory.Path(); }
+  ProgramRun RoundTrip(const std::string& asset, const std::string& output) {
+    return ProgramRun(Here(), {"--load-asset=" + asset, "--save-to=" + output, "--exit-after-save"});
+  }
+  TestSupport::TemporaryDirectory directory;
+};
+
+TEST_F(UnattendedRun, WritesEverySampleSoThatTheSecondPassEqualsTheFirst) {
+  int samples = 0;
+  for (const fs::directory_entry& entry : fs::directory_iterator(fs::path(TESSELOR_DATA_DIR) / "samples")) {
+    if (entry.path().extension() != ".json" || entry.path().stem() == "plain") continue;
+    SCOPED_TRACE(entry.path().string());
+    ++samples;
+    const ProgramRun first = RoundTrip(entry.path().string(), "first.json");
+    EXPECT_EQ(first.exitCode, 0) << first.standardError << first.log.substr(0, 2000);
+    EXPECT_FALSE(first.Logged("[NOESIS/")) << first.log.substr(first.log.find("[NOESIS/"), 500);
+    EXPECT_TRUE(first.Logged("Successfully imported node tree"));
+    EXPECT_TRUE(first.Logged("Successfully exported to: first.json"));
+    EXPECT_TRUE(first.log.ends_with("Application ended\n"));
+    const ProgramRun second = RoundTrip("first.json", "second.json");
+    EXPECT_EQ(second.exitCode, 0);
+    EXPECT_FALSE(ReadFile(Here() / "first.json").empty());
+    EXPECT_EQ(ReadFile(Here() / "first.json"), ReadFile(Here() / "second.json"));
+    EXPECT_EQ(ReadFile(Here() / "first.json"), ReadFile(entry.path()))
+        << "the samples are in the form the editor writes";
+  }
+  EXPECT_GE(samples, 4);
+}
+
+TEST_F(UnattendedRun, TakesARootForAFileThatNamesNone) {
+  const std::string plain = (fs::path(TESSELOR_DATA_DIR) / "samples/plain.json").string();
+  const ProgramRun refused = RoundTrip(plain, "out.json");
+  EXPECT_EQ(refused.exitCode, 1);
+  EXPECT_TRUE(refused.Logged("No workspace ID found in file, showing workspace selection modal"));
+  EXPECT_FALSE(refused.standardError.empty());
+  EXPECT_FALSE(fs::exists(Here() / "out.json"));
+  const ProgramRun forced(Here(), {"--workspace=Nowhere", "--workspace=Quest", "--load-asset=" + plain,
+                                   "--save-to=out.json", "--exit-after-save"});
+  EXPECT_EQ(forced.exitCode, 0) << forced.log.substr(0, 2000);
+  EXPECT_TRUE(forced.Logged("Using CLI workspace override: Quest"));
+  EXPECT_NE(ReadFile(Here() / "out.json").find("\"$WorkspaceID\":\t\"Quest\""), std::string::npos);
+}
+
+TEST_F(UnattendedRun, TellsEveryFailureByItsExitCodeAndLeavesTheOutputAlone) {
+  WriteFile(Here() / "truncated.json", "{\"a\": [1, 2");
+  WriteFile(Here() / "empty.json", "");
+  WriteFile(Here() / "binary.json", std::string("\x7f\x45\x4c\x46\x00\x01\xff", 7));
+  WriteFile(Here() / "deep.json", std::string(5000, '[') + std::string(5000, ']'));
+  WriteFile(Here() / "array.json", "[1]");
+  WriteFile(Here() / "unknown.json", "{\"$WorkspaceID\": \"No such root\"}");
+  fs::create_directory(Here() / "folder.json");
+  struct Case {
+    const char* asset;
+    const char* logged;
+  };
+  for (const Case& c :
+       {Case{"missing.json", "File not found:\nmissing.json"},
+        Case{"truncated.json", "Invalid JSON in file:\ntruncated.json"},
+        Case{"empty.json", "Invalid JSON in file:\nempty.json"},
+        Case{"binary.json", "Invalid JSON in file:\nbinary.json"},
+        Case{"deep.json", "Invalid JSON in file:\ndeep.json"}, Case{"folder.json", "Failed to open file:\nfolder.json"},
+        Case{"array.json", "No workspace ID found in file"},
+        Case{"unknown.json", "Unknown workspace ID 'No such root' in file"}}) {
+    SCOPED_TRACE(c.asset);
+    WriteFile(Here() / "out.json", "old content");
+    const ProgramRun run = RoundTrip(c.asset, "out.json");
+    EXPECT_FALSE(run.hung);
+    EXPECT_EQ(run.exitCode, 1) << run.log.substr(0, 2000);
+    EXPECT_TRUE(run.Logged(c.logged)) << run.log.substr(0, 2000);
+    EXPECT_EQ(ReadFile(Here() / "out.json"), "old content");
+  }
+}
+
+TEST_F(UnattendedRun, FailsWhenTheOutputCannotBeWritten) {
+  const std::string sample = (fs::path(TESSELOR_DATA_DIR) / "samples/quest.json").string();
+  const ProgramRun run = RoundTrip(sample, "no/such/directory/out.json");
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_TRUE(run.Logged("ExportNodeTree: Failed to open file for writing: no/such/directory/out.json"));
+  EXPECT_TRUE(run.Logged("Failed to save file:\nno/such/directory/out.json\n\nThe file may be in use"));
+}
+
+TEST_F(UnattendedRun, EndsWithoutWorkToDoAndSaysWhy) {
+  const ProgramRun run(Here(), {});
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_NE(run.standardError.find("Nothing is left to do"), std::string::npos);
+  EXPECT_TRUE(run.Logged("Starting node editor application"));
+}
+
+TEST_F(UnattendedRun, GoesOnWithoutWorkspaces) {
+  fs::remove(Here() / "Workspaces");
+  // The data beside the program is found next, so an empty directory is put in its place.
+  fs::create_directory(Here() / "Workspaces");
+  const ProgramRun run(Here(), {});
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_TRUE(run.Logged("No valid workspaces were found in:\nWorkspaces/"));
+  EXPECT_TRUE(run.Logged("Failed to load any workspaces - editor may have limited functionality"));
+}
+
+TEST_F(UnattendedRun, PutsTheLogWhereItIsTold) {
+  fs::create_directory(Here() / "logs");
+  const ProgramRun run(Here(), {"--logs-dir=logs"});
+  EXPECT_TRUE(run.log.empty());
+  EXPECT_TRUE(fs::exists(Here() / "logs/NodeEditorLogs"));
+  const ProgramRun lost(Here(), {"--logs-dir=nowhere"});
+  EXPECT_NE(lost.standardError.find("Log Directory couldn't be created\n"), std::string::npos);
+  EXPECT_NE(lost.standardError.find("Log file is not initialized\n"), std::string::npos);
+}
+
+TEST_F(UnattendedRun, LoadsAndSavesNestingOf900Levels) {
+  // Every level below the root is one unknown object, which a generic node keeps as it is.
+  std::string inner = "{\"depth\": 1}";
+  for (int i = 0; i < 895; ++i) inner = "{\"n\": " + inner + "}";
+  WriteFile(Here() / "deep.json", "{\"$WorkspaceID\": \"Quest\", \"unknownPart\": " + inner + "}");
+  const ProgramRun run = RoundTrip("deep.json", "out.json");
+  EXPECT_EQ(run.exitCode, 0) << run.log.substr(0, 500);
+  EXPECT_NE(ReadFile(Here() / "out.json").find("\"depth\":"), std::string::npos);
+}
+
+TEST_F(UnattendedRun, ReplacesTheOutputBehindALinkAndKeepsItsMode) {
+  WriteFile(Here() / "real/target.json", "old");
+  chmod((Here() / "real/target.json").c_str(), 0640);
+  fs::create_symlink("real/target.json", Here() / "link.json");
+  const ProgramRun run = RoundTrip((fs::path(TESSELOR_DATA_DIR) / "samples/quest.json").string(), "link.json");
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_TRUE(fs::is_symlink(Here() / "link.json"));
+  EXPECT_GT(fs::file_size(Here() / "real/target.json"), 1000u);
+  EXPECT_EQ(fs::status(Here() / "real/target.json").permissions() & fs::perms::all, fs::perms(0640));
+  int leftovers = 0;
+  for (const fs::directory_entry& entry : fs::directory_iterator(Here() / "real")) leftovers += entry.is_regular_file();
+  EXPECT_EQ(leftovers, 1) << "no temporary file stays behind";
+}
+
+} // namespace
+} // namespace Tesselor
