@@ -119,6 +119,20 @@ NodePinData* ContentNode::FindInputPinOfType(std::string_view type) const {
   return nullptr;
 }
 
+const std::string& ContentNode::KeyOf(const NodePinData& pin) const {
+  const std::string& id = pin.blueprint->id;
+  if (FindPin(id) != &pin)
+    for (const auto& [key, candidate] : pins)
+      if (candidate == &pin) return key;
+  return id;
+}
+
+NodePinData* ContentNode::FirstInputByKey() const {
+  for (const auto& [id, pin] : pins)
+    if (pin->IsInput() && !pin->IsBlank()) return pin;
+  return nullptr;
+}
+
 void ContentNode::AddField(const std::string& fieldId, BaseField& field, FieldPlacement placement) {
   field.SetOwnerNode(this);
   switch (placement) {

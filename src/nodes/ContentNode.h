@@ -28,6 +28,7 @@ class DocumentView;
 class NodeIdIndex;
 class NodePinControl;
 class Workspace;
+struct ChildType;
 struct NodeVariant;
 
 enum class FieldPlacement { InputPin, Body, OutputPin };
@@ -87,6 +88,10 @@ public:
   NodePinData* FindPin(std::string_view id) const;
   /// The first input pin, in key order, of that declared type; null if there is none.
   NodePinData* FindInputPinOfType(std::string_view type) const;
+  /// The key of one of this node's pins in `pins`, which is how files name it.
+  const std::string& KeyOf(const NodePinData& pin) const;
+  /// The first input pin in key order, gaps left out; null if there is none.
+  NodePinData* FirstInputByKey() const;
   /// The first pin of a side; null if there is none.
   NodePinData* FirstInput() const { return input->Count() > 0 ? input->Get(0) : nullptr; }
   NodePinData* FirstOutput() const { return output->Count() > 0 ? output->Get(0) : nullptr; }
@@ -165,9 +170,6 @@ protected:
   friend class NodeWriteScope;
 
 private:
-  /// Names the kind of node that a child is to become; see `ResolveChildType`.
-  struct ChildType;
-
   // Reading, in src/document.
   void DeserializeMember(const cJSON* json, const cJSON* member, const Workspace& workspace, DocumentView& view,
                          bool selectNewNodes);
@@ -178,17 +180,24 @@ private:
                             bool selectNewNodes);
   void DeserializePinArray(const cJSON* json, const std::string& nodeName, NodePinData& pin, const NodeVariant* variant,
                            const Workspace& workspace, DocumentView& view, bool selectNewNodes);
+  void DeserializeArrayEntry(const cJSON* json, const cJSON* element, int32_t index, const std::string& nodeName,
+                             NodePinData& pin, std::string& childPin, const NodeVariant* variant,
+                             const Workspace& workspace, DocumentView& view, bool selectNewNodes);
+  void ConnectArrayEntry(ContentNode& child, const ChildType& type, NodePinData& pin, std::string& childPin,
+                         DocumentView& view);
   void DeserializeChildren(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
+  // These two return false for what is not theirs.
   bool DeserializeAdditionalProperty(const cJSON* json, const Workspace& workspace, DocumentView& view,
                                      bool selectNewNodes);
   bool DeserializeParameters(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
+  void DeserializeMadeUp(const cJSON* object, const NodePinTarget& target, NodePinData& pin, const Workspace& workspace,
+                         DocumentView& view, bool selectNewNodes);
   void DeserializeGeneric(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
   void DeserializeField(const cJSON* objectJson, const char* jsonKey, const std::string& fieldId);
   std::string ResolveSchemaKey(const char* jsonKey, const cJSON* value) const;
-  ChildType ResolveChildType(const cJSON* json, const cJSON* parentJson, const std::string& nodeName,
-                             const NodeVariant* variant, const Workspace& workspace) const;
   void QueuePinConnection(ContentNode& child, NodePinData& parentPin, bool isLink, bool isGeneric, DocumentView& view);
   void ReportUnknownField(const char* key, const cJSON* value) const;
+  std::string LogUnknownField(const char* key, const cJSON* value) const;
 
   // Writing, in src/document.
   void WriteSchemaField(cJSON* json, const std::string& schemaKey, bool saveAllFields);

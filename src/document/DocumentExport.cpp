@@ -1,0 +1,189 @@
+#include "document/DocumentExport.h"
+
+#include "app/Uuid.h"
+#include "document/NodeChildWriter.h"
+#include "nodes/CommentNode.h"
+#include "nodes/GenericContentNode.h"
+#include "nodes/GroupNode.h"
+#include "nodes/NodeKeys.h"
+#include "nodes/NodePosition.h"
+
+#include <algorithm>
+
+namespace Tesselor {
+
+namespace {
+
+/// All nodes that are reached from `start` through output pins, links like any node.
+void CollectReachable(const ContentNode& start, NodeSet& reachable) {
+  std::vector<const ContentNode*> waiting;
+  if (reachable.insert(&start).second) waiting.push_back(&start);
+  while (!waiting.empty()) {
+    const ContentNode* node = waiting.back();
+    waiting.pop_back();
+    for (size_t i = 0; i < node->Output().Count(); ++i)
+      for (const NodePinData* other : node->Output().Get(i)->connections)
+        if (reachable.insert(other->owner).second) waiting.push_back(other->owner);
+  }
+}
+
+/// Whether a node that isn't pass-through lies upstream, directly or behind links: then the node is written inside
+/// that one's body.
+bool HasParent(const ContentNode& node) {
+  std::vector<const ContentNode*> waiting{&node};
+  NodeSet visited{&node};
+  for (size_t next = 0; next < waiting.size(); ++next)
+    for (size_t i = 0; i < waiting[next]->Input().Count(); ++i)
+      for (const NodePinData* other : waiting[next]->Input().Get(i)->connections) {
+        if (!other->owner->IsPassthrough()) return true;
+        if (visited.insert(other->owner).second) waiting.push_back(other->owner);
+      }
+  return false;
+}
+
+const std::string& EnsureLinkId(ContentNode& link) {
+  if (link.linkId.empty()) link.linkId = GenerateUuid();
+  return link.linkId;
+}
+
+std::string EndpointOf(const NodePinData& pin) {
+  ContentNode& owner = *pin.owner;
+  if (owner.IsPassthrough()) return "link:" + EnsureLinkId(owner);
+  owner.EnsureNodeId();
+  return owner.Identity() + ":" + owner.KeyOf(pin);
+}
+
+/// The pin of a real node that is reached from a link by the first connections of its own and other links' first pins
+/// on one side; null if there is none.
+const NodePinData* FarEnd(const ContentNode& link, bool upstream) {
+  NodeSet visited;
+  const ContentNode* node = &link;
+  while (visited.insert(node).second) {
+    const NodePinData* pin = upstream ? node->FirstInput() : node->FirstOutput();
+    if (!pin || pin->connections.empty()) return nullptr;
+    const NodePinData* far = pin->connections.front();
+    if (!far->owner->IsPassthrough()) return far;
+    node = far->owner;
+  }
+  return nullptr;
+}
+
+void AddEndpoints(cJSON* json, const char* key, const NodePinData* pin) {
+  cJSON* array = cJSON_AddArrayToObject(json, key);
+  if (!pin) return;
+  for (const NodePinData* other : pin->connections)
+    cJSON_AddItemToArray(array, cJSON_CreateString(EndpointOf(*other).c_str()));
+}
+
+using TypeNames = std::vector<std::string>;
+
+TypeNames ConnectedTypes(const ContentNode::Pins& pins) {
+  TypeNames types;
+  for (size_t i = 0; i < pins.Count(); ++i)
+    for (const NodePinData* other : pins.Get(i)->connections) {
+      const std::string& type = other->EffectiveBlueprint().Type;
+      if (type != "Generic" && std::find(types.begin(), types.end(), type) == types.end()) types.push_back(type);
+    }
+  return types;
+}
+
+void AppendTypes(std::string& report, const char* heading, const TypeNames& types) {
+  if (types.empty()) return;
+  report += heading;
+  for (size_t i = 0; i < types.size(); ++i) report += (i > 0 ? ", " : "") + types[i];
+  report += "\n";
+}
+
+} // namespace
+
+std::string DocumentExport::DescribeLinkMismatches(const std::vector<Toolkit::Ptr<ContentNode>>& nodes) {
+  std::string mismatches;
+  for (const auto& node : nodes) {
+    if (!node->IsPassthrough() || node->ComputeLinkValidity()) continue;
+    mismatches += "\"" + std::string(node->Title()) + "\":\n";
+    AppendTypes(mismatches, "  Input connections: ", ConnectedTypes(node->Input()));
+    AppendTypes(mismatches, "  Output connections: ", ConnectedTypes(node->Output()));
+    mismatches += "\n";
+  }
+  if (mismatches.empty()) return {};
+  return "Cannot export: The following Link nodes have mismatched pin types:\n\n" + mismatches +
+         "Please ensure all Link nodes connect nodes of the same type.";
+}
+
+JsonPtr DocumentExport::Build(const std::vector<Toolkit::Ptr<GroupNode>>& groups,
+                              const std::vector<Toolkit::Ptr<CommentNode>>& comments,
+                              const std::string& workspaceId) const {
+  JsonPtr document(cJSON_CreateObject());
+  // The tree comes first: it gives the nodes the identities that the metadata refers to.
+  rootNode.SerializeChild(document.get(), saveAllFields);
+  JsonPtr metadata(cJSON_CreateObject());
+  cJSON_AddItemToObject(metadata.get(), Keys::Nodes, BuildNodes().release());
+  if (!nodes.empty()) cJSON_AddItemToObject(metadata.get(), Keys::FloatingNodes, BuildFloatingNodes().release());
+  cJSON_AddItemToObject(metadata.get(), Keys::Links, BuildLinks().release());
+  cJSON* groupArray = cJSON_AddArrayToObject(metadata.get(), Keys::Groups);
+  for (const auto& group : groups) cJSON_AddItemToArray(groupArray, group->ToJson().release());
+  cJSON* commentArray = cJSON_AddArrayToObject(metadata.get(), Keys::Comments);
+  for (const auto& comment : comments) cJSON_AddItemToArray(commentArray, comment->ToJson().release());
+  cJSON_AddStringToObject(metadata.get(), Keys::WorkspaceId, workspaceId.c_str());
+  cJSON_AddItemToObject(document.get(), Keys::Metadata, metadata.release());
+  return document;
+}
+
+JsonPtr DocumentExport::BuildNodes() const {
+  JsonPtr json(cJSON_CreateObject());
+  for (const auto& node : nodes) {
+    if (node->IsPassthrough()) continue;
+    cJSON* entry = cJSON_AddObjectToObject(json.get(), node->Identity().c_str());
+    SavePosition(*node, entry);
+    if (!node->Title().empty() && node->Title() != node->Blueprint().title)
+      cJSON_AddStringToObject(entry, Keys::Title, std::string(node->Title()).c_str());
+  }
+  return json;
+}
+
+JsonPtr DocumentExport::BuildFloatingNodes() const {
+  JsonPtr array(cJSON_CreateArray());
+  NodeSet reachable;
+  CollectReachable(rootNode, reachable);
+  const auto write = [&](ContentNode& node) {
+    JsonPtr object(cJSON_CreateObject());
+    if (Toolkit::DynamicCast<GenericContentNode>(static_cast<Toolkit::Object*>(&node)))
+      node.SerializeWithId(object.get(), saveAllFields, false);
+    else
+      node.Serialize(object.get(), true, saveAllFields);
+    cJSON_AddItemToArray(array.get(), object.release());
+    CollectReachable(node, reachable);
+  };
+  std::vector<ContentNode*> inner;
+  for (const auto& node : nodes) {
+    if (node->IsPassthrough() || reachable.contains(node.Get())) continue;
+    if (HasParent(*node))
+      inner.push_back(node.Get());
+    else
+      write(*node);
+  }
+  // What no top leads to stands in a ring, of which any node may be the top.
+  for (ContentNode* node : inner)
+    if (!reachable.contains(node)) write(*node);
+  return array;
+}
+
+JsonPtr DocumentExport::BuildLinks() const {
+  JsonPtr json(cJSON_CreateObject());
+  for (const auto& node : nodes) {
+    if (!node->IsPassthrough()) continue;
+    cJSON* entry = cJSON_AddObjectToObject(json.get(), EnsureLinkId(*node).c_str());
+    SavePosition(*node, entry);
+    if (node->Title() != node->Blueprint().title)
+      cJSON_AddStringToObject(entry, Keys::Title, std::string(node->Title()).c_str());
+    AddEndpoints(entry, Keys::InputConnections, node->FirstInput());
+    AddEndpoints(entry, Keys::OutputConnections, node->FirstOutput());
+    if (const NodePinData* source = FarEnd(*node, true))
+      cJSON_AddStringToObject(entry, Keys::SourceEndpoint, EndpointOf(*source).c_str());
+    if (const NodePinData* target = FarEnd(*node, false))
+      cJSON_AddStringToObject(entry, Keys::TargetEndpoint, EndpointOf(*target).c_str());
+  }
+  return json;
+}
+
+} // namespace Tesselor

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "app/JsonFile.h"
+#include "toolkit/base/Object.h"
+
+#include <string>
+#include <vector>
+
+namespace Tesselor {
+
+class CommentNode;
+class ContentNode;
+class GroupNode;
+class NodePinData;
+
+/// Builds the JSON of one document: the asset, and behind it the editor's metadata. Gives UUIDs to nodes and links
+/// that have none, and changes nothing else.
+class DocumentExport {
+public:
+  /// The lists outlive the export.
+  DocumentExport(ContentNode& rootNode, const std::vector<Toolkit::Ptr<ContentNode>>& nodes, bool saveAllFields)
+      : rootNode(rootNode), nodes(nodes), saveAllFields(saveAllFields) {}
+
+  JsonPtr Build(const std::vector<Toolkit::Ptr<GroupNode>>& groups,
+                const std::vector<Toolkit::Ptr<CommentNode>>& comments, const std::string& workspaceId) const;
+
+  /// Why the pass-through nodes can't be written: those whose sides are connected to different types. Empty if all are
+  /// sound.
+  static std::string DescribeLinkMismatches(const std::vector<Toolkit::Ptr<ContentNode>>& nodes);
+
+private:
+  JsonPtr BuildNodes() const;
+  JsonPtr BuildFloatingNodes() const;
+  JsonPtr BuildLinks() const;
+
+  ContentNode& rootNode;
+  const std::vector<Toolkit::Ptr<ContentNode>>& nodes;
+  bool saveAllFields;
+};
+
+} // namespace Tesselor

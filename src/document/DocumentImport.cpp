@@ -1,0 +1,206 @@
+#include "document/DocumentImport.h"
+
+#include "app/JsonFile.h"
+#include "app/LogFile.h"
+#include "document/DocumentPrint.h"
+#include "nodes/CommentNode.h"
+#include "nodes/ContentNode.h"
+#include "nodes/DocumentView.h"
+#include "nodes/GroupNode.h"
+#include "nodes/NodeKeys.h"
+#include "nodes/NodePosition.h"
+#include "toolkit/application/MessageBox.h"
+#include "toolkit/controls/Canvas.h"
+#include "workspace/Workspace.h"
+
+#include <array>
+#include <string_view>
+
+namespace Tesselor {
+
+namespace {
+
+/// A node with more outputs than this shows only those that are used.
+constexpr size_t ManyOutputs = 10;
+
+void ShowImportError(const std::string& text) {
+  Toolkit::MessageBox::Show(text, "Error Importing", Toolkit::MessageBoxButton::OK, Toolkit::MessageBoxImage::Error);
+}
+
+float Number(const cJSON* object, const char* key, float otherwise) {
+  const cJSON* item = cJSON_GetObjectItem(object, key);
+  return cJSON_IsNumber(item) ? static_cast<float>(item->valuedouble) : otherwise;
+}
+
+/// Whether a node object of the asset itself says where it stands. Metadata doesn't count.
+bool HasInlinePosition(const cJSON* value) {
+  static constexpr std::array<std::string_view, 7> metadataKeys = {
+      Keys::Metadata,           Keys::Nodes, Keys::Groups, Keys::Comments, Keys::Links, Keys::FloatingNodes,
+      Keys::FormerFloatingNodes};
+  if (value->string)
+    for (const std::string_view key : metadataKeys)
+      if (key == value->string) return false;
+  if (cJSON_GetObjectItem(value, Keys::Position) || cJSON_GetObjectItem(value, Keys::RootNodePosition)) return true;
+  const cJSON* child = nullptr;
+  cJSON_ArrayForEach(child, value) if (HasInlinePosition(child)) return true;
+  return false;
+}
+
+/// What groups and comments have in common. Their positions keep the fractions that they have in the file.
+void ReadFrame(FrameNode& frame, const cJSON* json) {
+  const cJSON* position = cJSON_GetObjectItem(json, Keys::Position);
+  const Toolkit::Point offset = CanvasOffset(frame);
+  Toolkit::Canvas::SetLeft(&frame, Number(position, Keys::X, 0) + offset.x);
+  Toolkit::Canvas::SetTop(&frame, Number(position, Keys::Y, 0) + offset.y);
+  frame.SetResizeWidth(Number(json, Keys::Width, frame.FrameWidth()));
+  frame.SetResizeHeight(Number(json, Keys::Height, frame.FrameHeight()));
+  if (const auto name = JsonText(cJSON_GetObjectItem(json, Keys::FrameName))) frame.SetTitle(*name);
+  frame.RefreshZIndex();
+}
+
+} // namespace
+
+DocumentImport::DocumentImport(const cJSON* document, const Workspace& workspace, DocumentView& view)
+    : document(document), metadata(cJSON_GetObjectItem(document, Keys::Metadata)), workspace(workspace), view(view) {
+  if (!metadata) metadata = document;
+}
+
+bool DocumentImport::Run(const std::string& rootNodeType) {
+  view.ClearHistory();
+  const std::optional<std::string> type = ResolveRootType(rootNodeType);
+  if (!type) return false;
+  const Toolkit::Ptr<ContentNode> root = workspace.nodeDictionary->CreateNode(*type, true);
+  if (!root) {
+    LogFile::Write("ImportNodeTree: Failed to create root node");
+    ShowImportError("Cannot import node tree: Failed to create root node.");
+    return false;
+  }
+  view.SetRootNode(*root);
+  if (const auto id = JsonText(cJSON_GetObjectItem(document, Keys::NodeId)))
+    if (const size_t separator = id->find('-'); separator != std::string::npos)
+      root->SetNodeId(id->substr(separator + 1));
+
+  LinkImport links(metadata, workspace, view);
+  {
+    const DocumentPrint print(document);
+    view.AddNode(*root, 0, 0, false);
+    root->Deserialize(document, workspace, view, false);
+    ReadFloatingNodes();
+  }
+  ReadGroups();
+  ReadComments();
+  links.Read();
+  links.SpliceIntoPendingConnections();
+  view.CompletePendingConnections();
+  links.Finish();
+  ApplyLayout();
+  HideUnusedPins();
+  LogFile::Write("Successfully imported node tree");
+  return true;
+}
+
+std::optional<std::string> DocumentImport::ResolveRootType(const std::string& rootNodeType) const {
+  const NodeVariant* variant = workspace.nodeDictionary->FindVariant(rootNodeType);
+  if (!variant) return rootNodeType;
+  const auto value = JsonText(cJSON_GetObjectItem(document, variant->VariantFieldName.c_str()));
+  if (!value) {
+    LogFile::Write("ImportNodeTree: Missing or invalid variant redirect field: " + variant->VariantFieldName);
+    ShowImportError("Cannot import node tree: Missing variant field '" + variant->VariantFieldName + "' in file.");
+    return std::nullopt;
+  }
+  const std::string* found = variant->Variants.Find(*value);
+  if (!found) {
+    LogFile::Write("ImportNodeTree: Unknown variant value: " + *value);
+    ShowImportError("Cannot import node tree: Unknown variant value '" + *value + "'.");
+    return std::nullopt;
+  }
+  return *found;
+}
+
+void DocumentImport::ReadFloatingNodes() {
+  const cJSON* floating = nullptr;
+  for (const cJSON* place : {metadata, document})
+    for (const char* key : {Keys::FloatingNodes, Keys::FormerFloatingNodes})
+      if (!floating) floating = cJSON_GetObjectItem(place, key);
+  if (!cJSON_IsArray(floating)) return;
+  const cJSON* item = nullptr;
+  cJSON_ArrayForEach(item, floating) ReadFloatingNode(item);
+}
+
+void DocumentImport::ReadFloatingNode(const cJSON* item) {
+  const NodeDictionary& dictionary = *workspace.nodeDictionary;
+  Toolkit::Ptr<ContentNode> node;
+  std::string uuid;
+  if (const auto id = JsonText(cJSON_GetObjectItem(item, Keys::NodeId))) {
+    const size_t separator = id->find('-');
+    if (separator != std::string::npos) uuid = id->substr(separator + 1);
+    node = dictionary.CreateNode(id->substr(0, separator), true);
+  } else if (cJSON_GetObjectItem(item, Keys::Generic)) {
+    node = dictionary.CreateNode(BuiltIn::Generic, false);
+  } else if (const auto type = JsonText(cJSON_GetObjectItem(item, "Type"))) {
+    for (const auto& [blueprintId, blueprint] : dictionary.blueprints) {
+      const std::string* entry = blueprint->schema.Find("Type");
+      if (!entry || *entry != *type) continue;
+      node = dictionary.CreateNode(blueprintId, true);
+      break;
+    }
+  }
+  if (!node) node = dictionary.CreateNode(BuiltIn::Generic, false);
+  if (!node) return;
+  if (!uuid.empty()) node->SetNodeId(uuid);
+  view.AddNode(*node, 0, 0, false);
+  node->Deserialize(item, workspace, view, false);
+}
+
+void DocumentImport::ReadGroups() {
+  const cJSON* groups = cJSON_GetObjectItem(metadata, Keys::Groups);
+  if (!cJSON_IsArray(groups)) return;
+  const cJSON* group = nullptr;
+  cJSON_ArrayForEach(group, groups) ReadFrame(view.AddGroupNode(0, 0), group);
+}
+
+void DocumentImport::ReadComments() {
+  const cJSON* comments = cJSON_GetObjectItem(metadata, Keys::Comments);
+  if (!cJSON_IsArray(comments)) return;
+  const cJSON* json = nullptr;
+  cJSON_ArrayForEach(json, comments) {
+    CommentNode& comment = view.AddCommentNode(0, 0);
+    ReadFrame(comment, json);
+    if (const auto text = JsonText(cJSON_GetObjectItem(json, Keys::Text))) comment.SetCommentText(*text);
+    if (const cJSON* size = cJSON_GetObjectItem(json, Keys::FontSize); cJSON_IsNumber(size))
+      comment.SetCommentFontSize(static_cast<float>(size->valuedouble));
+  }
+}
+
+void DocumentImport::ApplyLayout() {
+  const cJSON* nodes = cJSON_GetObjectItem(metadata, Keys::Nodes);
+  const std::unordered_map<std::string_view, ContentNode*> nodesById = NodesById(view);
+  if (cJSON_IsObject(nodes)) {
+    const cJSON* member = nullptr;
+    cJSON_ArrayForEach(member, nodes) {
+      const std::string_view key = member->string ? member->string : "";
+      const size_t separator = key.find('-');
+      if (separator == std::string_view::npos) continue;
+      const auto found = nodesById.find(key.substr(separator + 1));
+      if (found == nodesById.end()) continue;
+      if (const cJSON* position = cJSON_GetObjectItem(member, Keys::Position); cJSON_IsObject(position))
+        ApplyPosition(*found->second, position, PositionPrecision::Fraction);
+      if (const auto title = JsonText(cJSON_GetObjectItem(member, Keys::Title))) found->second->SetTitle(*title);
+    }
+  }
+  const bool hasNodes = cJSON_IsObject(nodes) && nodes->child;
+  if (!hasNodes && !HasInlinePosition(document)) view.AutoPosition(false);
+}
+
+void DocumentImport::HideUnusedPins() {
+  for (const auto& node : view.ContentNodes()) {
+    const size_t declared = node->Blueprint().outputs.size();
+    if (declared <= ManyOutputs) continue;
+    size_t connected = 0;
+    for (size_t i = 0; i < node->Output().Count(); ++i)
+      if (!node->Output().Get(i)->connections.empty()) ++connected;
+    if (connected < declared) node->ToggleUnusedOutputPins();
+  }
+}
+
+} // namespace Tesselor

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "document/LinkImport.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+struct cJSON;
+
+namespace Tesselor {
+
+class ContentNode;
+class DocumentView;
+class Workspace;
+
+/// One import of a parsed document into a view. It lives for that one pass, which isn't undoable and has no rollback.
+class DocumentImport {
+public:
+  /// All three outlive the import; the workspace's schemas are loaded.
+  DocumentImport(const cJSON* document, const Workspace& workspace, DocumentView& view);
+
+  /// False, with a box and a log line, if no root node can be made; then the view is as it was.
+  bool Run(const std::string& rootNodeType);
+
+private:
+  /// The id of the root's node type behind a variant family; nothing if the file doesn't say, which the user was told.
+  std::optional<std::string> ResolveRootType(const std::string& rootNodeType) const;
+  void ReadFloatingNodes();
+  void ReadFloatingNode(const cJSON* item);
+  void ReadGroups();
+  void ReadComments();
+  void ApplyLayout();
+  void HideUnusedPins();
+
+  const cJSON* document;
+  /// Where the editor's own data stands: the metadata object, or the top level of a file that has none.
+  const cJSON* metadata;
+  const Workspace& workspace;
+  DocumentView& view;
+};
+
+} // namespace Tesselor

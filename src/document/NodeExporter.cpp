@@ -1,0 +1,54 @@
+// The writing side of NodeImporterExporter.
+
+#include "app/AtomicFile.h"
+#include "app/LogFile.h"
+#include "document/DocumentExport.h"
+#include "document/NodeImporterExporter.h"
+#include "nodes/CommentNode.h"
+#include "nodes/ContentNode.h"
+#include "nodes/GroupNode.h"
+#include "toolkit/application/MessageBox.h"
+
+namespace Tesselor {
+
+namespace {
+
+constexpr char Caption[] = "Export Error";
+
+bool Fail(const std::string& log, const std::string& box) {
+  LogFile::Write(log);
+  Toolkit::MessageBox::Show(box, Caption, Toolkit::MessageBoxButton::OK, Toolkit::MessageBoxImage::Error);
+  return false;
+}
+
+} // namespace
+
+bool NodeImporterExporter::ExportNodeTree(const std::string& filePath, ContentNode* rootNode,
+                                          const std::vector<Toolkit::Ptr<ContentNode>>& nodes,
+                                          const std::vector<Toolkit::Ptr<GroupNode>>& groups,
+                                          const std::vector<Toolkit::Ptr<CommentNode>>& comments,
+                                          const std::string& workspaceId, bool saveAllFields) {
+  if (const std::string report = DocumentExport::DescribeLinkMismatches(nodes); !report.empty()) {
+    Toolkit::MessageBox::Show(report, Caption);
+    return false;
+  }
+  if (!rootNode) return Fail("ExportNodeTree: rootNode is null", "Cannot export: No root node defined.");
+  const JsonPtr document = DocumentExport(*rootNode, nodes, saveAllFields).Build(groups, comments, workspaceId);
+  if (!document)
+    return Fail("ExportNodeTree: Failed to create JSON structure", "Cannot export: Failed to create JSON data.");
+  const std::string text = PrintJson(document.get());
+  if (text.empty())
+    return Fail("ExportNodeTree: Failed to convert JSON to string", "Failed to save file: Unable to serialize data.");
+  switch (AtomicFile::Write(filePath, text)) {
+  case FileWriteResult::Written: LogFile::Write("Successfully exported to: " + filePath); return true;
+  case FileWriteResult::OpenFailed:
+    return Fail("ExportNodeTree: Failed to open file for writing: " + filePath,
+                "Failed to save file:\n" + filePath +
+                    "\n\nThe file may be in use or you may not have permission to write to this location.");
+  case FileWriteResult::WriteFailed: break;
+  }
+  return Fail("ExportNodeTree: Write operation failed for: " + filePath,
+              "Failed to write to file:\n" + filePath + "\n\nDisk may be full or a write error occurred.");
+}
+
+} // namespace Tesselor
