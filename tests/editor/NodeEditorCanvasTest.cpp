@@ -37,6 +37,7 @@ protected:
   /// Something opaque on the panel, where a point of the view shows it.
   template <class T> T* Place(Toolkit::Ptr<T> element, Point view) {
     const Point at = OnPanel(view);
+    element->SetDataContext(element.Get());
     Canvas::SetLeft(element.Get(), at.x);
     Canvas::SetTop(element.Get(), at.y);
     canvas->GetPanel()->AddChild(element.Get());
@@ -167,6 +168,7 @@ TEST_F(NodeEditorCanvasTest, PansFromInsideAGroupButNotFromANode) {
   stage.Drag(MouseButton::Right, middle, middle + Point{30, 30});
   EXPECT_EQ(canvas->GetTranslateTransform()->GetX(), before + 30);
   // The left button selects on the bare canvas only.
+  middle = stage.MiddleOf(*group);
   stage.Drag(MouseButton::Left, middle, middle + Point{30, 30});
   EXPECT_FALSE(selection);
 }
@@ -273,7 +275,7 @@ TEST_F(NodeEditorCanvasTest, KeepsTheMenuTenPixelsInsideTheView) {
     }
   }
   // Of a menu that is larger than the view the near corner is in sight.
-  nodesMenu.SetMargin({0, 0, 0, 2000});
+  nodesMenu.SetHeight(2000);
   EXPECT_NEAR(canvas->ClampMenuPosition(OnPanel({400, 300})).y * canvas->GetZoom() +
                   canvas->GetTranslateTransform()->GetY(),
               10, 0.5);

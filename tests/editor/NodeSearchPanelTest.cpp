@@ -40,9 +40,10 @@ protected:
     list.back()->SetTitle(title);
   }
   static void Write(Tesselor::BaseField& field, const std::string& text) {
-    cJSON* item = cJSON_CreateString(text.c_str());
-    field.DeserializeValue(item);
-    cJSON_Delete(item);
+    cJSON* object = cJSON_CreateObject();
+    cJSON_AddStringToObject(object, "K", text.c_str());
+    field.Deserialize(object, "K");
+    cJSON_Delete(object);
   }
 
   /// "<type> <title>[: <context>]" of each result.
