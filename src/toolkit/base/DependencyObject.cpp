@@ -35,7 +35,8 @@ DependencyObject::Entry* DependencyObject::FindEntryAt(ValueLevel level, const D
   return nullptr;
 }
 
-const Value& DependencyObject::GetValue(const DependencyProperty* property) const {
+const Value& DependencyObject::FindValue(const DependencyProperty& requested) const {
+  const DependencyProperty* property = &requested;
   const Entry* own = FindEntry(*property);
   if (own && own->level >= ValueLevel::Local) return own->value;
   if (constants) {
@@ -71,14 +72,23 @@ void DependencyObject::InsertEntry(Entry entry) {
   }
   const DependencyProperty& property = DependencyProperty::At(entry.propertyIndex);
   entryMask |= property.MaskBit();
+  anyMask |= property.MaskBit();
   entryInheritedBits |= property.InheritedBit();
   new (&entries[entryCount++]) Entry(std::move(entry));
 }
 
 void DependencyObject::Store(ValueLevel level, const DependencyProperty* property, Value value) {
-  // The old effective value is kept, since observers get both.
-  const Value oldValue = GetValue(property);
-  if (Entry* entry = FindEntryAt(level, *property)) {
+  const Value& present = GetValue(property);
+  Entry* entry = FindEntryAt(level, *property);
+  if (entry && entry->value == value) return;
+  if (present == value && !entry) {
+    InsertEntry({property->index, level, std::move(value)});
+    if (property->IsInherited()) InheritedMask() |= property->InheritedBit();
+    return;
+  }
+  // Observers get both values, and what they do may replace the new one.
+  const Value oldValue = present;
+  if (entry) {
     entry->value = std::move(value);
   } else {
     InsertEntry({property->index, level, std::move(value)});
@@ -135,44 +145,44 @@ void DependencyObject::ClearValueAt(ValueLevel level, const DependencyProperty* 
     entryMask |= p.MaskBit();
     entryInheritedBits |= p.InheritedBit();
   }
+  UpdateMasks();
   const Value newValue = GetValue(property);
   if (!(oldValue == newValue)) RaiseChange(*property, oldValue, newValue);
 }
 
+void DependencyObject::UpdateMasks() {
+  anyMask = entryMask;
+  for (const PropertySet* set : {constants, styleValues, themeValues})
+    if (set) anyMask |= set->Mask();
+}
+
 void DependencyObject::SetConstants(const PropertySet* set, bool fromTemplate) {
   constants = set;
+  UpdateMasks();
   constantsFromTemplate = fromTemplate;
   InheritedMask() |= set->InheritedBits();
 }
 
-void DependencyObject::SetStyleValues(const PropertySet* style, const PropertySet* theme) {
+void DependencyObject::SetStyleValues(const PropertySet* style, const PropertySet* theme, StyleChange change) {
   if (style == styleValues && theme == themeValues) return;
-  // Style tables are small; each property of the old and new ones may have changed.
   std::vector<std::pair<const DependencyProperty*, Value>> before;
-  auto remember = [&](const PropertySet* set) {
-    if (!set) return;
-    for (const PropertySet::Entry& entry : set->Entries()) {
-      bool known = false;
-      for (const auto& pair : before) known = known || pair.first == entry.property;
-      if (!known) before.emplace_back(entry.property, GetValue(entry.property));
+  if (change == StyleChange::Notify) {
+    // Style tables are small; each property of the old and new ones may have changed.
+    for (const PropertySet* set : {styleValues, style, themeValues, theme}) {
+      if (!set) continue;
+      for (const PropertySet::Entry& entry : set->Entries())
+        before.emplace_back(entry.property, GetValue(entry.property));
     }
-  };
-  if (style != styleValues) {
-    remember(styleValues);
-    remember(style);
-  }
-  if (theme != themeValues) {
-    remember(themeValues);
-    remember(theme);
   }
   styleValues = style;
   themeValues = theme;
-  for (auto& [property, oldValue] : before) {
-    const Value newValue = GetValue(property);
-    if (!(oldValue == newValue))
-      RaiseChange(*property, oldValue, newValue);
-    else if (property->IsInherited())
-      InheritedMask() |= property->InheritedBit();
+  UpdateMasks();
+  InheritedMask() |= OwnInheritedBits();
+  for (size_t i = 0; i < before.size(); ++i) {
+    bool known = false;
+    for (size_t k = 0; k < i; ++k) known = known || before[k].first == before[i].first;
+    const Value newValue = GetValue(before[i].first);
+    if (!known && !(before[i].second == newValue)) RaiseChange(*before[i].first, before[i].second, newValue);
   }
 }
 
@@ -202,6 +212,14 @@ void DependencyObject::OnPropertyChanged(const PropertyChange& change) {
   NotifyObservers(change.property.name);
 }
 
+void DependencyObject::OnInheritedChanged(uint16_t bits) {
+  if (expressions && (bits & DataContext::Property()->InheritedBit()))
+    for (ValueExpression* e = expressions.get(); e; e = e->next.get()) e->OnDataContextChanged();
+  if (!HasObservers()) return;
+  for (int i = 0; i < 16; ++i)
+    if (bits & (1u << i)) NotifyObservers(DependencyProperty::Inherited(i)->name);
+}
+
 void DependencyObject::RefreshInheritance(uint16_t changedBits) {
   const DependencyObject* parent = InheritanceParent();
   const uint16_t own = OwnInheritedBits();
@@ -209,12 +227,7 @@ void DependencyObject::RefreshInheritance(uint16_t changedBits) {
   objectBits = static_cast<uint16_t>(own | (parent ? parent->objectBits : 0));
   const uint16_t affected = static_cast<uint16_t>((changedBits | (oldMask ^ objectBits)) & ~own);
   if (!affected) return;
-  for (int i = 0; i < 16; ++i) {
-    if (!(affected & (1u << i))) continue;
-    const DependencyProperty& property = *DependencyProperty::Inherited(i);
-    // What the value was is not known any more; receivers of inherited changes do not ask.
-    OnPropertyChanged({property, property.defaultValue, GetValue(&property)});
-  }
+  OnInheritedChanged(affected);
   RefreshInheritanceOfChildren(affected);
 }
 

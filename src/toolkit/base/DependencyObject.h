@@ -38,7 +38,11 @@ public:
   ~DependencyObject() override;
 
   /// The effective value. The reference holds until a property of this object or of an ancestor changes.
-  const Value& GetValue(const DependencyProperty* property) const;
+  const Value& GetValue(const DependencyProperty* property) const {
+    // Most properties of most objects were never set anywhere; one test tells.
+    if (!(anyMask & property->MaskBit()) && !property->IsInherited()) return property->defaultValue;
+    return FindValue(*property);
+  }
   template <class T> T Get(const DependencyProperty* property) const { return GetValue(property).As<T>(); }
   std::string_view GetString(const DependencyProperty* property) const { return GetValue(property).AsStringView(); }
 
@@ -72,10 +76,14 @@ protected:
 
   /// An effective value changed. Overrides call the base.
   virtual void OnPropertyChanged(const PropertyChange& change);
+  /// Inherited values in `bits` changed above this object, which has none of its own. Overrides call the base.
+  virtual void OnInheritedChanged(uint16_t bits);
   /// Calls `RefreshInheritance` on everything that inherits from this object.
   virtual void RefreshInheritanceOfChildren(uint16_t changedBits) {}
-  /// The tables of the style layers, in order of strength. Owned by styles that outlive their use here.
-  void SetStyleValues(const PropertySet* style, const PropertySet* theme);
+  /// The tables of the style layers, in order of strength. Owned by styles that outlive their use here. An object that
+  /// is still being made is not told of changes by them.
+  enum class StyleChange { Silent, Notify };
+  void SetStyleValues(const PropertySet* style, const PropertySet* theme, StyleChange change);
 
 public:
   /// The inheritance parent changed, or one of its inherited properties in `changedBits` did.
@@ -87,7 +95,9 @@ private:
     ValueLevel level;
     Value value;
   };
+  const Value& FindValue(const DependencyProperty& property) const;
   const Entry* FindEntry(const DependencyProperty& property) const;
+  void UpdateMasks();
   Entry* FindEntryAt(ValueLevel level, const DependencyProperty& property);
   uint16_t OwnInheritedBits() const;
   uint16_t& InheritedMask() { return objectBits; }
@@ -101,6 +111,8 @@ private:
   uint16_t entryInheritedBits = 0;
   bool constantsFromTemplate = false;
   uint64_t entryMask = 0;
+  /// The masks of all layers together.
+  uint64_t anyMask = 0;
   const PropertySet* constants = nullptr;
   const PropertySet* styleValues = nullptr;
   const PropertySet* themeValues = nullptr;

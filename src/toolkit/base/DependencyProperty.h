@@ -66,6 +66,8 @@ public:
   static const DependencyProperty& At(uint16_t index);
   /// The property with that `inheritedIndex`, or null.
   static const DependencyProperty* Inherited(int inheritedIndex);
+  /// The bits of all inherited properties that affect the measure, or the look.
+  static uint16_t InheritedBitsThatMeasure();
 };
 
 } // namespace Toolkit

@@ -24,6 +24,7 @@ public:
     return nullptr;
   }
   const std::vector<Entry>& Entries() const { return entries; }
+  uint64_t Mask() const { return mask; }
   bool IsEmpty() const { return entries.empty(); }
   uint16_t InheritedBits() const { return inheritedBits; }
 

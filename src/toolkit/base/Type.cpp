@@ -87,6 +87,17 @@ const DependencyProperty* DependencyProperty::Inherited(int inheritedIndex) {
   return found[inheritedIndex];
 }
 
+uint16_t DependencyProperty::InheritedBitsThatMeasure() {
+  // Classes are described before objects are made, so the sum does not change any more once it is asked for.
+  static const uint16_t bits = [] {
+    uint16_t sum = 0;
+    for (const DependencyProperty& property : Properties())
+      if (property.flags & AffectsMeasure) sum = static_cast<uint16_t>(sum | property.InheritedBit());
+    return sum;
+  }();
+  return bits;
+}
+
 bool EnumDescription::Find(std::string_view text, int32_t& value) const {
   for (const auto& [name, number] : names) {
     if (name == text) {

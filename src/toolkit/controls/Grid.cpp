@@ -5,7 +5,10 @@
 namespace Toolkit {
 
 TOOLKIT_TYPE_IMPL(DefinitionBase, DependencyObject, "DefinitionBase")
-void DefinitionBase::Describe(TypeBuilder<DefinitionBase>&) {}
+void DefinitionBase::Describe(TypeBuilder<DefinitionBase>& type) {
+  // One whose length is not bound is the same for all instances of a document.
+  type.Shareable();
+}
 
 DependencyObject* DefinitionBase::InheritanceParent() const { return grid; }
 
@@ -40,8 +43,14 @@ void Grid::Describe(TypeBuilder<Grid>& type) {
 }
 
 Grid::~Grid() {
-  for (const Ptr<DefinitionBase>& row : rows) row->grid = nullptr;
-  for (const Ptr<DefinitionBase>& column : columns) column->grid = nullptr;
+  Forget(rows);
+  Forget(columns);
+}
+
+void Grid::Forget(const Definitions& definitions) {
+  // A definition that documents share belongs to the grid that took it last.
+  for (const Ptr<DefinitionBase>& definition : definitions)
+    if (definition->grid == this) definition->grid = nullptr;
 }
 
 void Grid::AddRow(RowDefinition* row) {
@@ -59,14 +68,15 @@ void Grid::AddColumn(ColumnDefinition* column) {
 }
 
 void Grid::ClearRows() {
-  for (const Ptr<DefinitionBase>& row : rows) row->grid = nullptr;
+  Forget(rows);
   rows.clear();
   InvalidateMeasure();
 }
 
 void Grid::RefreshInheritanceOfChildren(uint16_t changedBits) {
-  for (const Ptr<DefinitionBase>& row : rows) row->RefreshInheritance(changedBits);
-  for (const Ptr<DefinitionBase>& column : columns) column->RefreshInheritance(changedBits);
+  for (const Definitions* definitions : {&rows, &columns})
+    for (const Ptr<DefinitionBase>& definition : *definitions)
+      if (definition->grid == this) definition->RefreshInheritance(changedBits);
   Panel::RefreshInheritanceOfChildren(changedBits);
 }
 

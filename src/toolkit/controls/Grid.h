@@ -79,6 +79,7 @@ private:
     float size;
   };
   using Definitions = std::vector<Ptr<DefinitionBase>>;
+  void Forget(const Definitions& definitions);
   static void StartTracks(const Definitions& definitions, std::vector<Track>& tracks);
   static void ShareStars(std::vector<Track>& tracks, float available);
   static float Sum(const std::vector<Track>& tracks, size_t first, size_t count);

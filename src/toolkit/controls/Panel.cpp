@@ -28,7 +28,7 @@ void Panel::AddChild(UIElement* child) { InsertChild(children.size(), child); }
 
 void Panel::InsertChild(size_t index, UIElement* child) {
   children.insert(children.begin() + static_cast<std::ptrdiff_t>(index), Ptr<UIElement>(child));
-  zOrderValid = false;
+  InvalidateZOrder();
   AddVisualChild(child);
   OnChildAdded(child);
   OnChildrenChanged();
@@ -40,7 +40,7 @@ bool Panel::RemoveChild(UIElement* child) {
   if (found == children.rend()) return false;
   Ptr<UIElement> removed = *found;
   children.erase(std::next(found).base());
-  zOrderValid = false;
+  InvalidateZOrder();
   RemoveVisualChild(removed.Get());
   OnChildRemoved(removed.Get());
   OnChildrenChanged();
@@ -53,7 +53,7 @@ void Panel::RemoveChildren(const std::vector<Ptr<UIElement>>& removed) {
     if (HasChild(child.Get())) leaving.insert(child.Get());
   if (leaving.empty()) return;
   std::erase_if(children, [&](const Ptr<UIElement>& child) { return leaving.contains(child.Get()); });
-  zOrderValid = false;
+  InvalidateZOrder();
   for (const Ptr<UIElement>& child : removed) {
     if (!leaving.contains(child.Get()) || !HasChild(child.Get())) continue;
     RemoveVisualChild(child.Get());
@@ -65,7 +65,7 @@ void Panel::RemoveChildren(const std::vector<Ptr<UIElement>>& removed) {
 void Panel::ClearChildren() {
   std::vector<Ptr<UIElement>> removed = std::move(children);
   children.clear();
-  zOrderValid = false;
+  InvalidateZOrder();
   for (const Ptr<UIElement>& child : removed) {
     RemoveVisualChild(child.Get());
     OnChildRemoved(child.Get());
@@ -74,14 +74,14 @@ void Panel::ClearChildren() {
 }
 
 const std::vector<UIElement*>& Panel::ZOrderedChildren() const {
-  if (!zOrderValid) {
-    zOrdered.clear();
-    for (const Ptr<UIElement>& child : children) zOrdered.push_back(child.Get());
-    std::stable_sort(zOrdered.begin(), zOrdered.end(),
+  if (!zOrdered) {
+    zOrdered = std::make_unique<std::vector<UIElement*>>();
+    zOrdered->reserve(children.size());
+    for (const Ptr<UIElement>& child : children) zOrdered->push_back(child.Get());
+    std::stable_sort(zOrdered->begin(), zOrdered->end(),
                      [](const UIElement* a, const UIElement* b) { return GetZIndex(a) < GetZIndex(b); });
-    zOrderValid = true;
   }
-  return zOrdered;
+  return *zOrdered;
 }
 
 bool Panel::HitTestSelf(Point point) const {

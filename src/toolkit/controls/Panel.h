@@ -2,6 +2,7 @@
 
 #include "toolkit/visual/FrameworkElement.h"
 
+#include <memory>
 #include <vector>
 
 namespace Toolkit {
@@ -36,7 +37,7 @@ public:
   const std::vector<UIElement*>& ZOrderedChildren() const;
   UIElement* HitTest(Point point) override;
   /// A child's `ZIndex` changed.
-  void InvalidateZOrder() { zOrderValid = false; }
+  void InvalidateZOrder() { zOrdered.reset(); }
 
 protected:
   Panel() = default;
@@ -49,8 +50,8 @@ protected:
 
 private:
   std::vector<Ptr<UIElement>> children;
-  mutable std::vector<UIElement*> zOrdered;
-  mutable bool zOrderValid = false;
+  /// Made when it is asked for, and dropped by each change.
+  mutable std::unique_ptr<std::vector<UIElement*>> zOrdered;
 };
 
 } // namespace Toolkit

@@ -50,7 +50,25 @@ Object* BindingExpression::FindSource() const {
 }
 
 void BindingExpression::StepObserver::OnObservedChange(Observable&, Symbol name) {
-  if (name == owner->binding.Path()[index].name) owner->Refresh(index);
+  if (name == owner.binding.Path()[index].name) owner.Refresh(index);
+}
+
+BindingExpression::StepObserver* BindingExpression::FindObserver(size_t index) const {
+  for (StepObserver* observer = observers.get(); observer; observer = observer->nextStep.get())
+    if (observer->index == index) return observer;
+  return nullptr;
+}
+
+void BindingExpression::Watch(size_t index, Observable* source) {
+  StepObserver* observer = FindObserver(index);
+  if (!observer) {
+    if (!source) return;
+    auto made = std::make_unique<StepObserver>(*this, index);
+    observer = made.get();
+    made->nextStep = std::move(observers);
+    observers = std::move(made);
+  }
+  observer->Observe(source);
 }
 
 bool BindingExpression::ReadStep(Object& owner, const Binding::Step& step, Value& result) const {
@@ -70,9 +88,7 @@ void BindingExpression::Refresh(size_t first) {
   if (updating) return;
   const auto& path = binding.Path();
   Object* at = first == 0 ? FindSource() : nullptr;
-  if (first > 0) {
-    at = observers[first].ObservedObject();
-  }
+  if (first > 0) at = FindObserver(first)->ObservedObject();
   Value value(at);
   bool broken = at == nullptr;
   const bool watch = Mode() != BindingMode::OneTime && Mode() != BindingMode::OneWayToSource;
@@ -80,27 +96,14 @@ void BindingExpression::Refresh(size_t first) {
     Object* owner = broken ? nullptr : value.AsObject();
     if (!owner) {
       broken = true;
-      if (observers) observers[i].StopObserving();
+      Watch(i, nullptr);
       continue;
     }
     path[i].Resolve(owner->GetType());
     // A read-only member of an element never reports a change, so it is not watched.
     const bool changes = path[i].knownProperty ||
                          (path[i].knownMember && (path[i].knownMember->set || !DynamicCast<DependencyObject>(owner)));
-    if (watch && changes) {
-      if (auto* observable = DynamicCast<Observable>(owner)) {
-        if (!observers) {
-          observers = std::make_unique<StepObserver[]>(path.size());
-          for (size_t k = 0; k < path.size(); ++k) {
-            observers[k].owner = this;
-            observers[k].index = static_cast<uint32_t>(k);
-          }
-        }
-        observers[i].Observe(observable);
-      }
-    } else if (observers) {
-      observers[i].StopObserving();
-    }
+    Watch(i, watch && changes ? DynamicCast<Observable>(owner) : nullptr);
     Value next;
     if (!ReadStep(*owner, path[i], next)) {
       TOOLKIT_WARN("Binding", "'" + path[i].name.Text() + "' is no property of " + owner->GetType().Name() +

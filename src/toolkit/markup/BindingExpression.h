@@ -22,8 +22,10 @@ public:
 private:
   /// Watches the object of one step of the path.
   struct StepObserver : PropertyObserver {
-    BindingExpression* owner = nullptr;
-    uint32_t index = 0;
+    StepObserver(BindingExpression& owner, size_t index) : owner(owner), index(index) {}
+    BindingExpression& owner;
+    size_t index;
+    std::unique_ptr<StepObserver> nextStep;
     void OnObservedChange(Observable& source, Symbol name) override;
   };
   BindingMode Mode() const;
@@ -39,7 +41,12 @@ private:
 
   const Binding& binding;
   const NameScope* scope;
-  std::unique_ptr<StepObserver[]> observers;
+  /// The observer of a step, or null if that step is not watched.
+  StepObserver* FindObserver(size_t index) const;
+  void Watch(size_t index, Observable* source);
+
+  /// Only of steps that can change: mostly one.
+  std::unique_ptr<StepObserver> observers;
   Dispatcher::TimerId pendingUpdate = 0;
   bool active = false;
   bool updating = false;

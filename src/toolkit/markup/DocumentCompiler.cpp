@@ -188,7 +188,8 @@ std::unique_ptr<ElementPlan> DocumentCompiler::CompileElement(const pugi::xml_no
   CompileChildren(*plan, node);
   resourceScopes.resize(scopes);
   plan->hasNames = plan->hasNames || !plan->name.IsEmpty();
-  for (const ElementPlan::Child& child : plan->children) plan->hasNames = plan->hasNames || child.plan->hasNames;
+  for (const ElementPlan::Child& child : plan->children)
+    plan->hasNames = plan->hasNames || (child.plan && child.plan->hasNames);
   return plan;
 }
 
@@ -375,7 +376,10 @@ void DocumentCompiler::AssignElement(ElementPlan& plan, const PropertyRef& targe
       entry.list = target.list;
       entry.property = target.property;
       entry.member = target.member;
-      entry.plan = std::move(child);
+      if (target.list && child->IsShareable())
+        entry.shared = Share(std::move(child));
+      else
+        entry.plan = std::move(child);
       plan.children.push_back(std::move(entry));
       return;
     }

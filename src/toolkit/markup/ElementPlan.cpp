@@ -23,7 +23,7 @@ Ptr<FrameworkElement> ElementFactory::Create(FrameworkElement& owner) const {
 bool ElementPlan::IsShareable() const {
   if (!type->IsShareable() || !name.IsEmpty() || !bindings.empty() || !events.empty()) return false;
   for (const Child& child : children)
-    if (!child.plan->IsShareable()) return false;
+    if (child.plan && !child.plan->IsShareable()) return false;
   return true;
 }
 
@@ -102,6 +102,10 @@ void Instantiation::Fill(const ElementPlan& plan, Object& object) {
 
 void Instantiation::AddChild(const ElementPlan::Child& child, Object& owner) {
   // A child joins the tree before it is filled, so that whole subtrees never have to be told of a new ancestor.
+  if (child.shared) {
+    child.list->add(owner, child.shared.Get());
+    return;
+  }
   Ptr<Object> made = Make(*child.plan);
   if (auto* element = DynamicCast<FrameworkElement>(made.Get())) element->SetTemplatedParent(templatedParent);
   if (child.list) {

@@ -28,6 +28,8 @@ struct ElementPlan {
     const DependencyProperty* property = nullptr;
     const ReflectedMember* member = nullptr;
     std::unique_ptr<ElementPlan> plan;
+    /// Takes the place of the plan if all instances share one object.
+    Ptr<Object> shared;
   };
   struct Event {
     std::string event, handler;

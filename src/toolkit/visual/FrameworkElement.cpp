@@ -154,17 +154,16 @@ void FrameworkElement::ApplyThemeStyle() {
 
 void FrameworkElement::ApplyStyles() {
   auto* style = static_cast<Toolkit::Style*>(GetValue(StyleProperty).AsObject());
-  if (!style && !themeStyle) {
-    SetStyleValues(nullptr, nullptr);
-    return;
-  }
-  SetStyleValues(style ? &style->setters : nullptr, themeStyle ? &themeStyle->setters : nullptr);
-  const bool hasTriggers = (style && !style->triggers.empty()) || (themeStyle && !themeStyle->triggers.empty());
-  if (!hasTriggers) return;
+  const StyleChange change = WasMeasured() || HasObservers() ? StyleChange::Notify : StyleChange::Silent;
+  SetStyleValues(style ? &style->setters : nullptr, themeStyle ? &themeStyle->setters : nullptr, change);
+  watchesTriggers = (style && !style->triggers.empty()) || (themeStyle && !themeStyle->triggers.empty());
+  if (!watchesTriggers) return;
+  bool mayHold = false;
   for (Toolkit::Style* source : {themeStyle, style}) {
     if (!source) continue;
     for (const Ptr<Trigger>& trigger : source->triggers) {
       for (const TriggerCondition& condition : trigger->conditions) {
+        mayHold = mayHold || condition.binding || GetValue(condition.property) == condition.value;
         if (!condition.binding) continue;
         auto probe = MakePtr<ConditionProbe>(*this);
         probe->condition = &condition;
@@ -175,7 +174,7 @@ void FrameworkElement::ApplyStyles() {
       }
     }
   }
-  UpdateTriggers();
+  if (mayHold) UpdateTriggers();
 }
 
 void FrameworkElement::ReleaseProbes() {
@@ -229,6 +228,7 @@ void FrameworkElement::OnPropertyChanged(const PropertyChange& change) {
     ApplyStyles();
     return;
   }
+  if (!watchesTriggers) return;
   const auto* style = static_cast<const Toolkit::Style*>(GetValue(StyleProperty).AsObject());
   if ((themeStyle && themeStyle->HasTriggerOn(change.property)) || (style && style->HasTriggerOn(change.property)))
     UpdateTriggers();

@@ -121,6 +121,8 @@ private:
   std::unique_ptr<Extras> extras;
   bool themeApplied = false;
   bool isOwnContext = false;
+  /// The style or the theme's style has triggers.
+  bool watchesTriggers = false;
 };
 
 } // namespace Toolkit

@@ -172,6 +172,13 @@ void UIElement::OnPropertyChanged(const PropertyChange& change) {
   }
 }
 
+void UIElement::OnInheritedChanged(uint16_t bits) {
+  DependencyObject::OnInheritedChanged(bits);
+  // Whether a class uses the value is not asked: text is what most elements are made for.
+  if (!neverMeasured && (bits & DependencyProperty::InheritedBitsThatMeasure())) InvalidateMeasure();
+  if (attached) InvalidateVisual();
+}
+
 void UIElement::RefreshInheritanceOfChildren(uint16_t changedBits) {
   for (size_t i = 0, n = VisualChildCount(); i < n; ++i)
     if (UIElement* child = VisualChild(i)) child->RefreshInheritance(changedBits);

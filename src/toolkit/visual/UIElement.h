@@ -109,6 +109,7 @@ protected:
   /// As `RemoveVisualChild`, from a destructor: a child that goes with its parent is not told of the change.
   void ReleaseVisualChild(UIElement* child);
   void OnPropertyChanged(const PropertyChange& change) override;
+  void OnInheritedChanged(uint16_t bits) override;
   void RefreshInheritanceOfChildren(uint16_t changedBits) override;
 
   /// Returns the wanted size, margin included.
