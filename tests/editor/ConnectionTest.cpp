@@ -211,6 +211,19 @@ TEST_F(ConnectionTest, FindsTheConnectionsOfANodeInTheOrderOfTheList) {
   expectModel();
 }
 
+TEST_F(ConnectionTest, FindsWhatTheCutLineMeetsInTheOrderOfTheList) {
+  ContentNode* hub = AddNode();
+  List all;
+  for (const float y : {300.0f, 100.0f, 200.0f}) {
+    all.push_back(Connect(hub, AddNode()));
+    all.back()->SetOutputSource({0, y});
+    all.back()->SetInputSource({400, y});
+  }
+  EXPECT_EQ(manager.FindByCutLine({200, 150}, {210, 400}), (List{all[0], all[2]}));
+  EXPECT_EQ(manager.FindByCutLine({210, 400}, {200, 50}), all);
+  EXPECT_TRUE(manager.FindByCutLine({500, 0}, {510, 400}).empty());
+}
+
 TEST_F(ConnectionTest, RefreshesFromTheMiddlesOfThePins) {
   TestSupport::EditorStage stage(*canvas);
   ContentNode* parent = AddNode();
