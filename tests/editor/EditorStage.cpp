@@ -1,9 +1,7 @@
 #include "EditorStage.h"
 
 #include "ToolkitEnvironment.h"
-#include "editor/EditorRegistration.h"
-#include "fields/FieldRegistration.h"
-#include "nodes/NodeRegistration.h"
+#include "app/ComponentRegistration.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/base/Dispatcher.h"
 
@@ -13,12 +11,6 @@ using Toolkit::MouseButton;
 using Toolkit::Point;
 
 namespace {
-
-void RegisterClasses() {
-  Tesselor::RegisterFieldTypes();
-  Tesselor::RegisterNodeTypes();
-  Tesselor::RegisterEditorTypes();
-}
 
 void FailOnWarning(const char* file, uint32_t line, Toolkit::LogLevel level, const char* channel, const char* message) {
   if (level >= Toolkit::LogLevel::Warning) ADD_FAILURE() << file << ":" << line << " " << channel << ": " << message;
@@ -89,7 +81,7 @@ void EditorStage::Wait(double milliseconds) {
 }
 
 EditorTest::EditorTest() {
-  ToolkitEnvironment::Start(&RegisterClasses);
+  ToolkitEnvironment::Start(&Tesselor::RegisterComponents);
   Toolkit::SetLogHandler(&FailOnWarning);
 }
 
