@@ -23,8 +23,7 @@ constexpr long long retentionHours = 168;
 /// The local time by a `strftime` format; the result is empty if there is none.
 size_t FormatLocalTime(std::time_t now, const char* format, char* buffer, size_t size) {
   std::tm local{};
-  if (now == static_cast<std::time_t>(-1) || !localtime_r(&now, &local))
-    return 0;
+  if (now == static_cast<std::time_t>(-1) || !localtime_r(&now, &local)) return 0;
   return std::strftime(buffer, size, format, &local);
 }
 
@@ -36,16 +35,14 @@ LogFile& LogFile::Instance() {
 }
 
 LogFile::~LogFile() {
-  if (descriptor >= 0)
-    close(descriptor);
+  if (descriptor >= 0) close(descriptor);
 }
 
 void LogFile::Open(const std::string& directory) {
   LogFile& log = Instance();
   const std::filesystem::path path = std::filesystem::path(directory) / directoryName;
   std::error_code error;
-  if (!std::filesystem::exists(path, error))
-    std::filesystem::create_directory(path, error);
+  if (!std::filesystem::exists(path, error)) std::filesystem::create_directory(path, error);
   if (!std::filesystem::exists(path, error)) {
     std::fputs("Log Directory couldn't be created\n", stderr);
     return;
@@ -53,17 +50,14 @@ void LogFile::Open(const std::string& directory) {
 
   char name[64];
   const size_t length = FormatLocalTime(std::time(nullptr), "%Y-%m-%d-%H-%M-%S", name, sizeof name);
-  if (length == 0)
-    return;
+  if (length == 0) return;
   if (!log.IsOpen()) {
     const std::string file = (path / (std::string(name, length) + ".log")).string();
     log.descriptor = open(file.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
-    if (!log.IsOpen())
-      std::fputs("Log file not opened!\n", stderr);
+    if (!log.IsOpen()) std::fputs("Log file not opened!\n", stderr);
   }
   // Registered after the record was made, so that it runs before the record goes.
-  if (!std::exchange(log.endsAtExit, true))
-    std::atexit([] { Instance().End(); });
+  if (!std::exchange(log.endsAtExit, true)) std::atexit([] { Instance().End(); });
 }
 
 void LogFile::Write(std::string_view text) {
@@ -79,25 +73,38 @@ void LogFile::Write(std::string_view text) {
   log.WriteLine(log.CurrentTime(), "::", text);
 }
 
+void LogFile::WriteBoth(std::string_view first, std::string_view second) {
+  LogFile& log = Instance();
+  if (log.sink || !log.IsOpen()) {
+    Write(first);
+    Write(second);
+    return;
+  }
+  const std::string_view time = log.CurrentTime();
+  std::string& lines = log.twoLines;
+  lines.assign(first);
+  lines += '\n';
+  lines += time;
+  lines += "::";
+  lines += second;
+  log.WriteLine(time, "::", lines);
+}
+
 void LogFile::Prune() {
   std::error_code error;
   std::filesystem::directory_iterator entries(directoryName, error);
-  if (error)
-    return;
+  if (error) return;
   const auto now = std::filesystem::file_time_type::clock::now();
   std::vector<std::filesystem::path> old;
   for (const std::filesystem::directory_iterator end; !error && entries != end; entries.increment(error)) {
     std::error_code entryError;
-    if (!entries->is_regular_file(entryError) || entryError)
-      continue;
+    if (!entries->is_regular_file(entryError) || entryError) continue;
     const auto written = entries->last_write_time(entryError);
-    if (entryError)
-      continue;
+    if (entryError) continue;
     if (std::chrono::duration_cast<std::chrono::hours>(now - written).count() >= retentionHours)
       old.push_back(entries->path());
   }
-  for (const std::filesystem::path& path : old)
-    std::filesystem::remove(path, error);
+  for (const std::filesystem::path& path : old) std::filesystem::remove(path, error);
 }
 
 LogFile::Sink LogFile::SetSink(Sink sink) { return std::exchange(Instance().sink, std::move(sink)); }
@@ -123,8 +130,7 @@ void LogFile::WriteLine(std::string_view time, std::string_view separator, std::
   while (count > 0) {
     ssize_t written = writev(descriptor, rest, count);
     if (written < 0) {
-      if (errno == EINTR)
-        continue;
+      if (errno == EINTR) continue;
       return;
     }
     while (count > 0 && static_cast<size_t>(written) >= rest->iov_len) {
@@ -140,8 +146,7 @@ void LogFile::WriteLine(std::string_view time, std::string_view separator, std::
 }
 
 void LogFile::End() {
-  if (!IsOpen())
-    return;
+  if (!IsOpen()) return;
   WriteLine({}, {}, "Application ended");
   close(std::exchange(descriptor, -1));
 }

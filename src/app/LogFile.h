@@ -27,6 +27,8 @@ public:
   /// Writes one line, which reaches the file before the call returns. Dropped, with a word on the standard error
   /// stream, as long as no file is open.
   static void Write(std::string_view text);
+  /// Two lines between which nothing happens, at the cost of one.
+  static void WriteBoth(std::string_view first, std::string_view second);
 
   /// Deletes every file that is 168 hours old or older from `NodeEditorLogs` under the current directory, wherever
   /// this run's own log lies.
@@ -52,6 +54,8 @@ private:
   long long formattedSecond = -1;
   char formatted[16] = {};
   size_t formattedLength = 0;
+  /// Kept for its memory.
+  std::string twoLines;
 };
 
 } // namespace Tesselor

@@ -46,14 +46,18 @@ void ContentNode::DeserializeMember(const cJSON* json, const cJSON* member, cons
                                     DocumentView& view, bool selectNewNodes) {
   const char* key = member->string;
   if (IsSkipped(key)) return;
-  LogFile::Write("Deserializing field: '" + std::string(key) + "'.");
-  if (IsPassthrough() && std::string_view(key) == Keys::Children && cJSON_IsArray(member)) {
-    DeserializeChildren(member, workspace, view, selectNewNodes);
+  const std::string schemaKey = ResolveSchemaKey(key, member);
+  const std::string* fieldId = Blueprint().schema.Find(schemaKey);
+  const std::string line = "Deserializing field: '" + std::string(key) + "'.";
+  const bool isChildren = IsPassthrough() && std::string_view(key) == Keys::Children && cJSON_IsArray(member);
+  if (fieldId && !isChildren) {
+    LogFile::WriteBoth(line, "Found entry in schema: '" + *fieldId + "'.");
+    DeserializeField(json, key, *fieldId);
     return;
   }
-  const std::string schemaKey = ResolveSchemaKey(key, member);
-  if (const std::string* fieldId = Blueprint().schema.Find(schemaKey)) {
-    DeserializeField(json, key, *fieldId);
+  LogFile::Write(line);
+  if (isChildren) {
+    DeserializeChildren(member, workspace, view, selectNewNodes);
     return;
   }
   if (const NodePinTarget* target = Blueprint().pinSchema.Find(schemaKey))
@@ -68,7 +72,6 @@ void ContentNode::DeserializeMember(const cJSON* json, const cJSON* member, cons
 }
 
 void ContentNode::DeserializeField(const cJSON* objectJson, const char* jsonKey, const std::string& fieldId) {
-  LogFile::Write("Found entry in schema: '" + fieldId + "'.");
   if (std::string_view(jsonKey) == Keys::Value) {
     if (const auto found = contentFields.find(fieldId); found != contentFields.end())
       found->second->DeserializeValue(cJSON_GetObjectItem(objectJson, Keys::Value));
