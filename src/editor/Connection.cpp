@@ -1,5 +1,7 @@
 #include "editor/Connection.h"
 
+#include "editor/ConnectionPath.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -7,10 +9,8 @@ namespace Tesselor {
 
 using Toolkit::Brush;
 using Toolkit::Brushes;
-using Toolkit::Path;
 using Toolkit::Point;
 using Toolkit::Ptr;
-using Toolkit::RoutedEventHandler;
 using Toolkit::UIElement;
 
 namespace {
@@ -49,11 +49,7 @@ Connection::Connection()
 
 Connection::~Connection() {
   if (path) {
-    // Someone may still hold the path, for example the route of the event that led here.
-    path->RemoveHandler(UIElement::PreviewMouseDownEvent,
-                        RoutedEventHandler::From<&Connection::OnPreviewMouseDown>(this));
-    path->RemoveHandler(UIElement::MouseEnterEvent, RoutedEventHandler::From<&Connection::OnMouseEnter>(this));
-    path->RemoveHandler(UIElement::MouseLeaveEvent, RoutedEventHandler::From<&Connection::OnMouseLeave>(this));
+    path->ReleaseConnection();
     if (auto* panel = Toolkit::DynamicCast<Toolkit::Panel>(static_cast<Toolkit::Object*>(path->VisualParent())))
       panel->RemoveChild(path.Get());
   }
@@ -100,14 +96,13 @@ void Connection::UpdateCurve() {
 }
 
 void Connection::CreatePath() {
-  path = Toolkit::MakePtr<Path>();
+  path = Toolkit::MakePtr<ConnectionPath>(*this);
   path->SetStroke(NormalBrush());
   path->SetValue(Toolkit::Shape::StrokeThicknessProperty, PathThickness);
   path->SetData(geometry.Get());
-  path->AddHandler(UIElement::PreviewMouseDownEvent, RoutedEventHandler::From<&Connection::OnPreviewMouseDown>(this));
-  path->AddHandler(UIElement::MouseEnterEvent, RoutedEventHandler::From<&Connection::OnMouseEnter>(this));
-  path->AddHandler(UIElement::MouseLeaveEvent, RoutedEventHandler::From<&Connection::OnMouseLeave>(this));
 }
+
+Toolkit::Path* Connection::GetPath() const { return path.Get(); }
 
 bool Connection::IsShownSelected() const { return path && path->GetStroke() == SelectedBrush(); }
 
@@ -137,16 +132,13 @@ void Connection::SetStroke(Brush* brush) {
   if (path) path->SetStroke(brush);
 }
 
-void Connection::OnPreviewMouseDown(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  path->RaiseEvent(ConnectionClickedEventArgs(ConnectionClickedEvent, this));
-}
-
-void Connection::OnMouseEnter(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  if (!IsShownSelected()) SetStroke(HoverBrush());
-}
-
-void Connection::OnMouseLeave(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  if (!IsShownSelected()) SetStroke(NormalBrush());
+void Connection::OnPathEvent(const Toolkit::RoutedEvent& event) {
+  if (&event == &UIElement::PreviewMouseDownEvent)
+    path->RaiseEvent(ConnectionClickedEventArgs(ConnectionClickedEvent, this));
+  else if (&event == &UIElement::MouseEnterEvent && !IsShownSelected())
+    SetStroke(HoverBrush());
+  else if (&event == &UIElement::MouseLeaveEvent && !IsShownSelected())
+    SetStroke(NormalBrush());
 }
 
 } // namespace Tesselor

@@ -12,6 +12,8 @@
 
 namespace Tesselor {
 
+class ConnectionPath;
+
 struct ConnectionClickedEventArgs : Toolkit::RoutedEventArgs {
   using RoutedEventArgs::RoutedEventArgs;
 };
@@ -44,7 +46,7 @@ public:
   Toolkit::Point GetOutputSource() const { return Get<Toolkit::Point>(OutputSourceProperty); }
   void SetOutputSource(Toolkit::Point point) { SetValue(OutputSourceProperty, point); }
   /// Null before `CreatePath`.
-  Toolkit::Path* GetPath() const { return path.Get(); }
+  Toolkit::Path* GetPath() const;
   /// Either may be null while the connection is pending.
   NodePinControl* GetInputPin() const { return inputPin.Get(); }
   NodePinControl* GetOutputPin() const { return outputPin.Get(); }
@@ -65,18 +67,17 @@ public:
   std::array<Toolkit::Point, 4> Curve() const { return CurveBetween(GetInputSource(), GetOutputSource()); }
 
 private:
+  friend class ConnectionPath;
   static Toolkit::Brush* NormalBrush();
   static Toolkit::Brush* SelectedBrush();
   static Toolkit::Brush* HoverBrush();
   void SetStroke(Toolkit::Brush* brush);
-  void OnPreviewMouseDown(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void OnMouseEnter(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void OnMouseLeave(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnPathEvent(const Toolkit::RoutedEvent& event);
 
   Toolkit::Ptr<Toolkit::BezierSegment> segment;
   Toolkit::Ptr<Toolkit::PathFigure> figure;
   Toolkit::Ptr<Toolkit::PathGeometry> geometry;
-  Toolkit::Ptr<Toolkit::Path> path;
+  Toolkit::Ptr<ConnectionPath> path;
   Toolkit::Ptr<NodePinControl> outputPin;
   Toolkit::Ptr<NodePinControl> inputPin;
   Toolkit::Ptr<ContentNode> outputNode;

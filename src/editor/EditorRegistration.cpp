@@ -1,6 +1,7 @@
 #include "editor/EditorRegistration.h"
 
 #include "editor/Connection.h"
+#include "editor/ConnectionPath.h"
 #include "editor/CreateNodeButton.h"
 #include "editor/NodeCategoryHeader.h"
 #include "editor/NodeEditorCanvas.h"
@@ -15,6 +16,7 @@ void RegisterEditorTypes() {
   BasicLine::StaticType();
   NodeSearchResult::StaticType();
   Connection::StaticType();
+  ConnectionPath::StaticType();
 
   NodesMenu::StaticType();
   CreateNodeButton::StaticType();
