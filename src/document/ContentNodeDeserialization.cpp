@@ -73,8 +73,12 @@ void ContentNode::DeserializeMember(const cJSON* json, const cJSON* member, cons
 
 void ContentNode::DeserializeField(const cJSON* objectJson, const char* jsonKey, const std::string& fieldId) {
   if (std::string_view(jsonKey) == Keys::Value) {
-    if (const auto found = contentFields.find(fieldId); found != contentFields.end())
-      found->second->DeserializeValue(cJSON_GetObjectItem(objectJson, Keys::Value));
+    const auto found = contentFields.find(fieldId);
+    if (found == contentFields.end()) return;
+    BaseField& field = *found->second;
+    field.DeserializeValue(cJSON_GetObjectItem(objectJson, Keys::Value));
+    // Most classes take values by key only; a map's scalar must reach them all the same.
+    if (!field.HasLoadedValue()) field.Deserialize(objectJson, Keys::Value);
     return;
   }
   if (BaseField* field = FindField(fieldId)) field->Deserialize(objectJson, jsonKey);

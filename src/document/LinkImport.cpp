@@ -174,24 +174,28 @@ void LinkImport::RememberPlace(Record& record, const NodePinData& source, size_t
   }
 }
 
-/// A file that was edited elsewhere may have its children in another order than the link lists them.
+/// A file that was edited elsewhere may have its children in another order than the link lists them. What has no place
+/// in the tree stays behind what stands before it.
 void LinkImport::OrderOutputs(Record& record) {
-  std::unordered_map<std::string_view, size_t> order;
-  for (const std::string& text : record.outputConnections) {
-    size_t place = NoPlace;
-    if (const auto found = record.outputPlaces.find(text); found != record.outputPlaces.end()) place = found->second;
-    if (const Record* link = FindLink(text))
-      for (auto entry = places.lower_bound({link, nullptr}); entry != places.end() && entry->first.first == link;
-           ++entry)
-        place = std::min(place, entry->second);
-    if (place == NoPlace) return;
-    order.emplace(text, place);
+  std::vector<std::pair<size_t, std::string>> ordered;
+  size_t place = 0;
+  for (std::string& text : record.outputConnections) {
+    if (const size_t own = PlaceOfOutput(record, text); own != NoPlace) place = own;
+    ordered.emplace_back(place, std::move(text));
   }
-  std::vector<std::string> sorted = record.outputConnections;
-  std::stable_sort(sorted.begin(), sorted.end(), [&order](const std::string& a, const std::string& b) {
-    return order.find(a)->second < order.find(b)->second;
-  });
-  record.outputConnections = std::move(sorted);
+  std::stable_sort(ordered.begin(), ordered.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (size_t i = 0; i < ordered.size(); ++i) record.outputConnections[i] = std::move(ordered[i].second);
+}
+
+size_t LinkImport::PlaceOfOutput(const Record& record, const std::string& text) {
+  size_t place = NoPlace;
+  if (const Record* link = FindLink(text)) {
+    for (auto entry = places.lower_bound({link, nullptr}); entry != places.end() && entry->first.first == link; ++entry)
+      place = std::min(place, entry->second);
+  } else if (const auto found = record.outputPlaces.find(text); found != record.outputPlaces.end()) {
+    place = found->second;
+  }
+  return place;
 }
 
 void LinkImport::PutLinkConnectionsIn() {

@@ -58,6 +58,7 @@ private:
   void TakeDirectConnectionsOut();
   void RememberPlace(Record& record, const NodePinData& source, size_t index);
   void OrderOutputs(Record& record);
+  size_t PlaceOfOutput(const Record& record, const std::string& text);
   void PutLinkConnectionsIn();
 
   const cJSON* metadata;

@@ -1,0 +1,214 @@
+#include "DocumentTest.h"
+
+#include "TemporaryDirectory.h"
+#include "document/NodeImporterExporter.h"
+
+#include <sys/stat.h>
+
+#include <string>
+#include <vector>
+
+namespace Tesselor {
+
+using TestSupport::Quoted;
+
+class DocumentMetadata : public TestSupport::DocumentTest {
+protected:
+  /// Imports, exports, and does both again with what came out, which must not change any more.
+  std::string StableExport(const std::string& json) {
+    EXPECT_TRUE(Import(json));
+    const std::string first = Export();
+    StartView(view->root->RootNodeType);
+    EXPECT_TRUE(Import(first));
+    EXPECT_EQ(Export(), first);
+    return first;
+  }
+};
+
+TEST_F(DocumentMetadata, StandsBehindTheAsset) {
+  EXPECT_EQ(StableExport("{'$NodeId':'Doc-1'}"),
+            Quoted("{'$NodeId':'Doc-1','Kind':'doc','$NodeEditorMetadata':{'$Nodes':{'Doc-1':{'$Position':{'$x':0,"
+                   "'$y':0},'$Title':'[ROOT] Doc'}},'$FloatingNodes':[],'$Links':{},'$Groups':[],'$Comments':[],"
+                   "'$WorkspaceID':'Root menu'}}"));
+}
+
+TEST_F(DocumentMetadata, PlacesNodes) {
+  ASSERT_TRUE(Import(
+      "{'$NodeId':'Doc-1','$Position':{'$x':7,'$y':8},'$RootNodePosition':{'$x':10.9,'$y':'bad'},"
+      "'Items':[{'$NodeId':'Item-2','$Position':{'$x':-3.9,'$y':4}},{'$NodeId':'Item-3'}],"
+      "'$nodeeditormetadata':{'$nodes':{'Item-3':{'$Position':{'$x':10.07},'$Title':'t'},'Item':{},'Item-99':{}}}}"));
+  const auto placeOf = [this](size_t i) {
+    return Toolkit::Point{Toolkit::Canvas::GetLeft(view->nodes[i].Get()),
+                          Toolkit::Canvas::GetTop(view->nodes[i].Get())};
+  };
+  EXPECT_EQ(placeOf(0), (Toolkit::Point{1010, 500}));
+  EXPECT_EQ(placeOf(1), (Toolkit::Point{997, 504}));
+  EXPECT_EQ(placeOf(2), (Toolkit::Point{1010, 500}));
+  EXPECT_EQ(view->autoPositions, 0);
+  TestSupport::TestDocumentView::Place(*view->nodes[1], 999.1f, 500.9f);
+  EXPECT_EQ(ExportMetadata("$Nodes"), Quoted("{'Doc-1':{'$Position':{'$x':10,'$y':0},'$Title':'[ROOT] Doc'},"
+                                             "'Item-2':{'$Position':{'$x':0,'$y':0}},"
+                                             "'Item-3':{'$Position':{'$x':10,'$y':0},'$Title':'t'}}"));
+}
+
+TEST_F(DocumentMetadata, LaysOutADocumentWithoutPositions) {
+  const std::vector<std::pair<const char*, int>> cases = {
+      {"{'Items':[{}]}", 1},
+      {"{'$NodeEditorMetadata':{'$Nodes':{},'$Groups':[{'$Position':{}}]}}", 1},
+      {"{'Items':[{'$Position':{}}]}", 0},
+      {"{'unknown':[{'deep':{'$RootNodePosition':1}}]}", 0},
+      {"{'$NodeEditorMetadata':{'$Nodes':{'a':{}}}}", 0}};
+  for (const auto& [file, count] : cases) {
+    SCOPED_TRACE(file);
+    StartView("Doc");
+    ASSERT_TRUE(Import(file));
+    EXPECT_EQ(view->autoPositions, count);
+  }
+}
+
+TEST_F(DocumentMetadata, KeepsLinksAndTheOrderOfTheirChildren) {
+  const std::string written =
+      StableExport("{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-a'},{'$NodeId':'Item-b'},{'$NodeId':'Item-c'},"
+                   "{'$NodeId':'Item-d'}],'One':{'$NodeId':'Item-e'},'$NodeEditorMetadata':{'$Links':{"
+                   "'L1':{'$Position':{'$x':5,'$y':900},'inputConnections':['Doc-1:items'],"
+                   "'outputConnections':['Item-c:in','link:L2',7,'nothing','Item-9:in','Item-c:no'],"
+                   "'sourceEndpoint':'Doc-1:items'},"
+                   "'L2':{'$Title':'second','inputConnections':['link:L1'],'outputConnections':['Item-b:in'],"
+                   "'sourceEndpoint':'Doc-1:items'},"
+                   "'L3':{'inputConnections':['Doc-1:one'],'outputConnections':['Item-e:in'],"
+                   "'sourceEndpoint':'Doc-1:one'},'L4':{}}}}");
+  EXPECT_NE(written.find(Quoted("'Items':[{'$NodeId':'Item-a'},{'$NodeId':'Item-b'},{'$NodeId':'Item-c'},"
+                                "{'$NodeId':'Item-d'}],'One':{'$NodeId':'Item-e'}")),
+            std::string::npos)
+      << written;
+  EXPECT_EQ(ExportMetadata("$Links"),
+            Quoted("{'L1':{'$Position':{'$x':5,'$y':900},'inputConnections':['Doc-1:items'],"
+                   "'outputConnections':['link:L2','Item-c:in'],'sourceEndpoint':'Doc-1:items',"
+                   "'targetEndpoint':'Item-b:in'},"
+                   "'L2':{'$Position':{'$x':0,'$y':0},'$Title':'second','inputConnections':['link:L1'],"
+                   "'outputConnections':['Item-b:in'],'sourceEndpoint':'Doc-1:items','targetEndpoint':'Item-b:in'},"
+                   "'L3':{'$Position':{'$x':0,'$y':0},'inputConnections':['Doc-1:one'],"
+                   "'outputConnections':['Item-e:in'],'sourceEndpoint':'Doc-1:one','targetEndpoint':'Item-e:in'},"
+                   "'L4':{'$Position':{'$x':0,'$y':0},'inputConnections':[],'outputConnections':[]}}"));
+}
+
+TEST_F(DocumentMetadata, ALinkWithTwoParentsReplacesBothConnections) {
+  const std::string item = "{'$NodeId':'Item-9'}";
+  const std::string written = StableExport(
+      "{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-2','Items':[" + item + "]},{'$NodeId':'Item-3','Items':[" + item +
+      "]}],'$NodeEditorMetadata':{'$Links':{'L':{'inputConnections':['Item-3:items','Item-2:items'],"
+      "'outputConnections':['Item-9:in'],'sourceEndpoint':'Item-3:items'}}}}");
+  EXPECT_NE(written.find(Quoted("{'$NodeId':'Item-2','Items':[" + item + "]}")), std::string::npos) << written;
+  EXPECT_NE(written.find(Quoted("'inputConnections':['Item-3:items','Item-2:items']")), std::string::npos) << written;
+}
+
+TEST_F(DocumentMetadata, KeepsWhatTheRootDoesNotReach) {
+  // A tree, two trees that share a child, a node behind a free link, and a ring.
+  const std::string floating = "[{'$NodeId':'Item-2','Items':[{'$NodeId':'Item-3'}]},"
+                               "{'$NodeId':'Item-4','Items':[{'$NodeId':'Item-3'}]},{'$NodeId':'Item-5'},"
+                               "{'$Generic':true,'x':1},"
+                               "{'$NodeId':'Item-6','Items':[{'$NodeId':'Item-7','Items':[{'$NodeId':'Item-6'}]}]}]";
+  StableExport("{'$NodeId':'Doc-1','$NodeEditorMetadata':{'$FloatingNodes':" + floating +
+               ",'$Links':{'L':{'inputConnections':[],'outputConnections':['Item-5:in']}}}}");
+  EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted(floating));
+}
+
+TEST_F(DocumentMetadata, FindsFloatingNodesAndTheirTypes) {
+  const std::vector<std::pair<const char*, const char*>> cases = {
+      {"{'$NodeEditorMetadata':{'FloatingFunctionNodes':[{'$NodeId':'Item-2'}]}}", "Item"},
+      {"{'$NodeEditorMetadata':{},'$FloatingNodes':[{'$NodeId':'Item'}]}", "Item"},
+      {"{'$FloatingNodes':[{'Type':'$Const:other'}]}", "Other"},
+      {"{'$FloatingNodes':[{'Type':'X'}]}", "Raw JSON Node"},
+      {"{'$FloatingNodes':[{'$NodeId':5}]}", "Raw JSON Node"}};
+  for (const auto& [file, title] : cases) {
+    SCOPED_TRACE(file);
+    StartView("Doc");
+    ASSERT_TRUE(Import(file));
+    ASSERT_EQ(view->nodes.size(), 2u);
+    EXPECT_EQ(view->nodes[1]->Title(), title);
+  }
+}
+
+TEST_F(DocumentMetadata, KeepsFrames) {
+  StableExport("{'$NodeId':'Doc-1','$NodeEditorMetadata':{'$Groups':[{'$Position':{'$x':120.25,'$y':-3},'$width':50,"
+               "'$height':200,'$name':'g'},{}],'$Comments':[{'$Position':{'$x':1,'$y':2},'$width':300,'$height':40,"
+               "'$name':7,'$text':'t','$fontSize':200}]}}");
+  EXPECT_EQ(ExportMetadata("$Groups"),
+            Quoted("[{'$Position':{'$x':120.25,'$y':-3},'$width':100,'$height':200,'$name':'g'},"
+                   "{'$Position':{'$x':0,'$y':0},'$width':300,'$height':300,'$name':'Group Title'}]"));
+  EXPECT_EQ(ExportMetadata("$Comments"),
+            Quoted("[{'$Position':{'$x':1,'$y':2},'$width':300,'$height':60,'$name':'Comment','$text':'t',"
+                   "'$fontSize':128}]"));
+  EXPECT_EQ(Toolkit::Canvas::GetZIndex(view->groups[0].Get()), -20000);
+}
+
+TEST_F(DocumentMetadata, ShowsOnlyUsedPinsOfANodeWithVeryMany) {
+  std::string outputs;
+  for (int i = 0; i < 11; ++i) outputs += "{'id':'o" + std::to_string(i) + "','Type':'T','color':'red'},";
+  outputs.pop_back();
+  AddSchema("{'id':'Many','title':'Many','color':'red','outputs':[" + outputs +
+            "],'Schema':{'A':{'node':'Item','pin':'o0'}}}");
+  StartView("Many");
+  ASSERT_TRUE(Import("{'A':{}}"));
+  EXPECT_TRUE(view->nodes[0]->FindPin("o0")->IsVisible());
+  EXPECT_FALSE(view->nodes[0]->FindPin("o1")->IsVisible());
+}
+
+TEST_F(DocumentMetadata, RootFamiliesFollowTheFile) {
+  StartView("Family");
+  EXPECT_FALSE(Import("{'x':1}"));
+  EXPECT_FALSE(Import("{'Type':'none'}"));
+  EXPECT_TRUE(Import("{'Type':'other'}"));
+  EXPECT_EQ(view->rootNode->TypeId(), "Other");
+  EXPECT_EQ(boxes.Texts(),
+            (std::vector<std::string>{"Error Importing: Cannot import node tree: Missing variant field 'Type' in file.",
+                                      "Error Importing: Cannot import node tree: Unknown variant value 'none'."}));
+  EXPECT_TRUE(log.Contains("ImportNodeTree: Missing or invalid variant redirect field: Type"));
+}
+
+TEST_F(DocumentMetadata, RefusesToWriteLinksOfMixedTypes) {
+  ASSERT_TRUE(Import("{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-2'}],'$NodeEditorMetadata':{'$Links':{'L':"
+                     "{'inputConnections':['Doc-1:items']}},'$FloatingNodes':[{'$NodeId':'Property-3'}]}}"));
+  NodePinData* out = view->Find("Link")->FirstOutput();
+  out->Join(*view->Find("Property")->FirstInput());
+  const TestSupport::TemporaryDirectory directory;
+  const std::string path = directory.Write("asset.json", "old");
+  EXPECT_FALSE(NodeImporterExporter::ExportNodeTree(path, view->rootNode.Get(), view->nodes, view->groups,
+                                                    view->comments, "Root", false));
+  EXPECT_EQ(boxes.Texts(),
+            std::vector<std::string>{"Export Error: Cannot export: The following Link nodes have mismatched pin "
+                                     "types:\n\n\"Link\":\n  Input connections: T\n  Output connections: P\n\n"
+                                     "Please ensure all Link nodes connect nodes of the same type."});
+  EXPECT_EQ(TestSupport::TemporaryDirectory::Read(path), "old");
+}
+
+TEST_F(DocumentMetadata, TellsWhyAFileCanNotBeReadOrWritten) {
+  const TestSupport::TemporaryDirectory directory;
+  const std::string missing = directory / "missing.json";
+  const std::string bad = directory.Write("bad.json", "{");
+  const std::string good = directory.Write("good.json", Quoted("{'$WorkspaceID':'outer','$NodeEditorMetadata':"
+                                                               "{'$workspaceid':'inner'}}"));
+  const std::string nowhere = directory / "none/out.json";
+  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(missing, workspace, view.get()));
+  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(directory.Path().string(), workspace, view.get()));
+  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(bad, workspace, view.get()));
+  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(good, nullptr, view.get()));
+  EXPECT_TRUE(NodeImporterExporter::ImportNodeTree(good, workspace, view.get()));
+  EXPECT_FALSE(NodeImporterExporter::ExportNodeTree(nowhere, view->rootNode.Get(), view->nodes, {}, {}, "r", false));
+  EXPECT_FALSE(NodeImporterExporter::ExportNodeTree(good, nullptr, view->nodes, {}, {}, "r", false));
+  EXPECT_EQ(boxes.Texts(),
+            (std::vector<std::string>{
+                "Error Opening File: File not found:\n" + missing,
+                "Error Opening File: Failed to open file:\n" + directory.Path().string() +
+                    "\n\nThe file may be in use or you may not have permission to read it.",
+                "Error Parsing File: Invalid JSON in file:\n" + bad + "\n\nError: unknown error",
+                "Error Importing: Cannot import node tree: No workspace selected.",
+                "Export Error: Failed to save file:\n" + nowhere +
+                    "\n\nThe file may be in use or you may not have permission to write to this location.",
+                "Export Error: Cannot export: No root node defined."}));
+  EXPECT_EQ(NodeImporterExporter::GetWorkspaceID(good), "inner");
+  EXPECT_EQ(NodeImporterExporter::GetWorkspaceID(missing), "");
+  EXPECT_EQ(log.lines.back(), "GetWorkspaceID: File not found: " + missing);
+}
+
+} // namespace Tesselor

@@ -1,0 +1,50 @@
+#include "document/DocumentPrint.h"
+
+#include "app/JsonFile.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace Tesselor {
+
+namespace {
+
+int Compare(const cJSON* value) {
+  int compared = 0;
+  std::string text;
+  DocumentPrint::Append(text, value);
+  EXPECT_EQ(text, PrintJson(value));
+  ++compared;
+  const cJSON* child = nullptr;
+  cJSON_ArrayForEach(child, value) compared += Compare(child);
+  return compared;
+}
+
+} // namespace
+
+TEST(DocumentPrint, CutsEveryValueOutAsThePrinterWouldPrintIt) {
+  const JsonPtr document(cJSON_Parse(R"({
+    "braces": "}{][,:\"\\", "": {}, "empty": [], "null": null, "flags": [true, false],
+    "numbers": [0, -1.5e300, 1e-9, 12345678901], "line\n\t\"end\"": "\u0001\n\t\u00e9 \\\\",
+    "nested": {"a": [[], [{}], [[1, {"b": [{"c": "x"}, {"d": {}}]}]]], "a": {"": {"": []}}},
+    "last": [{"k": "]"}, "{", {"k": {"k": {"k": [0]}}}]})"));
+  ASSERT_TRUE(document);
+  const DocumentPrint print(document.get());
+  EXPECT_GE(Compare(document.get()), 40);
+  // What is not part of the document is printed by itself.
+  const JsonPtr other(cJSON_Parse(R"({"k": [1, {}]})"));
+  Compare(other.get());
+}
+
+TEST(DocumentPrint, NestedImportsEachHaveTheirOwn) {
+  const JsonPtr outer(cJSON_Parse(R"({"a": {"b": 1}})"));
+  const JsonPtr inner(cJSON_Parse(R"({"c": {"d": 2}})"));
+  const DocumentPrint outerPrint(outer.get());
+  {
+    const DocumentPrint innerPrint(inner.get());
+    Compare(inner.get());
+  }
+  Compare(outer.get());
+}
+
+} // namespace Tesselor
