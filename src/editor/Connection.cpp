@@ -80,11 +80,12 @@ void Connection::Refresh(Toolkit::Canvas* onPanel) {
 }
 
 void Connection::UpdateCurve() {
-  const std::array<Point, 4> curve = Curve();
-  // Most curves of a refresh stay where they are.
-  if (figure->GetStartPoint() == curve[0] && segment->GetPoint1() == curve[1] && segment->GetPoint2() == curve[2] &&
-      segment->GetPoint3() == curve[3])
-    return;
+  const Point input = GetInputSource(), output = GetOutputSource();
+  // Most curves of a refresh stay where they are. A new one is a point at the origin, as its segment is.
+  if (input == curveInput && output == curveOutput) return;
+  curveInput = input;
+  curveOutput = output;
+  const std::array<Point, 4> curve = CurveBetween(input, output);
   figure->SetStartPoint(curve[0]);
   segment->SetPoint1(curve[1]);
   segment->SetPoint2(curve[2]);

@@ -82,6 +82,8 @@ private:
   Toolkit::Ptr<NodePinControl> inputPin;
   Toolkit::Ptr<ContentNode> outputNode;
   Toolkit::Ptr<ContentNode> inputNode;
+  /// The ends that the segment was last bent to.
+  Toolkit::Point curveInput, curveOutput;
   bool ownsLink = false;
 };
 
