@@ -126,8 +126,12 @@ void MainView::OnSearchResultSelected(Toolkit::Object*, const RoutedEventArgs& a
   DeselectAll();
   selectedNodes.emplace_back(node);
   node->SetSelected(true);
-  nodeEditorCanvas->ResetViewTo({Toolkit::Canvas::GetLeft(node) + node->ActualWidth() * 0.5f,
-                                 Toolkit::Canvas::GetTop(node) + node->ActualHeight() * 0.5f});
+  // A frame's own element has no size: its document is a canvas.
+  const auto* frame = Toolkit::DynamicCast<FrameNode>(static_cast<Toolkit::Object*>(node));
+  const float width = frame ? frame->FrameWidth() : node->ActualWidth();
+  const float height = frame ? frame->FrameHeight() : node->ActualHeight();
+  nodeEditorCanvas->ResetViewTo(
+      {Toolkit::Canvas::GetLeft(node) + width * 0.5f, Toolkit::Canvas::GetTop(node) + height * 0.5f});
 }
 
 void MainView::OnClickShowHotkeys(Toolkit::Object*, const RoutedEventArgs&) {
