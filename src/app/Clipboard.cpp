@@ -15,8 +15,7 @@ void Clipboard::SetText(const std::string& text) {
     LogFile::Write("Unable to open the clipboard");
     return;
   }
-  if (!currentBackend->SetText(text.c_str()))
-    LogFile::Write("Unable to set clipboard data");
+  if (!currentBackend->SetText(text.c_str())) LogFile::Write("Unable to set clipboard data");
 }
 
 std::string Clipboard::GetText() {

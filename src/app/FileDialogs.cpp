@@ -19,13 +19,11 @@ using DialogFunction = int (*)(const char* filterList, const char* defaultPath, 
 class DialogModule {
 public:
   DialogModule() {
-    if (ExecutableDirectory::Get().empty())
-      return;
+    if (ExecutableDirectory::Get().empty()) return;
     for (const char* place : {"/", "/../lib/", "/../lib/tesselor/"}) {
       const std::string path = ExecutableDirectory::Get() + place + "libtesselor_filedialogs.so";
       void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-      if (!module)
-        continue;
+      if (!module) continue;
       open = reinterpret_cast<DialogFunction>(dlsym(module, "NFD_OpenDialog"));
       save = reinterpret_cast<DialogFunction>(dlsym(module, "NFD_SaveDialog"));
       return;
@@ -42,8 +40,7 @@ public:
 };
 
 std::optional<std::string> Run(DialogFunction dialog, const std::string& filter) {
-  if (!dialog)
-    return std::nullopt;
+  if (!dialog) return std::nullopt;
   char* chosen = nullptr;
   const int result = dialog(filter.empty() ? nullptr : filter.c_str(), nullptr, &chosen);
   if (result != dialogAccepted || !chosen) {

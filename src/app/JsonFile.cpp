@@ -16,8 +16,7 @@ std::string DetailFrom(std::string_view text) {
   const bool isCut = text.size() > longestDetail;
   size_t length = isCut ? longestDetail : text.size();
   if (isCut)
-    while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xc0) == 0x80)
-      --length;
+    while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xc0) == 0x80) --length;
   std::string detail;
   bool pendingBlank = false;
   for (const char c : text.substr(0, length)) {
@@ -26,13 +25,11 @@ std::string DetailFrom(std::string_view text) {
       pendingBlank = true;
       continue;
     }
-    if (pendingBlank && !detail.empty())
-      detail += ' ';
+    if (pendingBlank && !detail.empty()) detail += ' ';
     pendingBlank = false;
     detail += c;
   }
-  if (isCut && !detail.empty())
-    detail += "...";
+  if (isCut && !detail.empty()) detail += "...";
   return detail;
 }
 
@@ -40,8 +37,7 @@ std::string DetailFrom(std::string_view text) {
 
 std::optional<std::string> ReadTextFile(const std::string& path) {
   const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0)
-    return std::nullopt;
+  if (descriptor < 0) return std::nullopt;
   std::optional<std::string> text;
   struct stat status {};
   if (fstat(descriptor, &status) == 0) {
@@ -50,21 +46,17 @@ std::optional<std::string> ReadTextFile(const std::string& path) {
     size_t used = 0;
     text->resize(static_cast<size_t>(status.st_size > 0 ? status.st_size : 0) + 1);
     for (;;) {
-      if (used == text->size())
-        text->resize(text->size() * 2);
+      if (used == text->size()) text->resize(text->size() * 2);
       const ssize_t count = read(descriptor, text->data() + used, text->size() - used);
-      if (count < 0 && errno == EINTR)
-        continue;
+      if (count < 0 && errno == EINTR) continue;
       if (count < 0) {
         text.reset();
         break;
       }
-      if (count == 0)
-        break;
+      if (count == 0) break;
       used += static_cast<size_t>(count);
     }
-    if (text)
-      text->resize(used);
+    if (text) text->resize(used);
   }
   close(descriptor);
   return text;
@@ -91,8 +83,7 @@ std::string PrintJson(const cJSON* json) {
 }
 
 std::optional<std::string> JsonText(const cJSON* item) {
-  if (!cJSON_IsString(item) || !item->valuestring)
-    return std::nullopt;
+  if (!cJSON_IsString(item) || !item->valuestring) return std::nullopt;
   return item->valuestring;
 }
 

@@ -9,10 +9,8 @@ namespace Tesselor {
 
 std::string FindTextureRoot() {
   std::error_code error;
-  if (std::filesystem::is_directory("Assets", error))
-    return {};
-  if (ExecutableDirectory::Get().empty())
-    return {};
+  if (std::filesystem::is_directory("Assets", error)) return {};
+  if (ExecutableDirectory::Get().empty()) return {};
   const std::string installed = ExecutableDirectory::Get() + "/../Data";
   return std::filesystem::is_directory(installed, error) ? installed : std::string();
 }

@@ -15,8 +15,7 @@ namespace {
 
 std::string LowerCase(std::string text) {
   for (char& c : text)
-    if (c >= 'A' && c <= 'Z')
-      c = static_cast<char>(c - 'A' + 'a');
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
   return text;
 }
 
@@ -25,10 +24,8 @@ std::string LowerCase(std::string text) {
 std::string FindAssetRoot(const std::string& path) {
   for (std::filesystem::path current = path;;) {
     std::filesystem::path parent = current.parent_path();
-    if (parent.empty() || parent == current)
-      return {};
-    if (parent.filename() == "OrvaleAssets")
-      return parent.string();
+    if (parent.empty() || parent == current) return {};
+    if (parent.filename() == "OrvaleAssets") return parent.string();
     current = std::move(parent);
   }
 }
@@ -39,8 +36,7 @@ AssetFileIndex& AssetFileIndex::Instance() {
 }
 
 void AssetFileIndex::BuildAsync(std::string path) {
-  if (isBuilding)
-    return;
+  if (isBuilding) return;
   entries.Clear();
   isBuilding = true;
   try {
@@ -59,14 +55,12 @@ void AssetFileIndex::Scan(const std::string& path) {
   const std::filesystem::path start = path;
   const bool isDirectory = std::filesystem::is_directory(start, error);
   const std::string root = FindAssetRoot(isDirectory ? path : start.parent_path().string());
-  if (root.empty())
-    return;
+  if (root.empty()) return;
 
   const auto add = [this](const DirectoryEntry& entry) {
     constexpr std::string_view extension = ".json";
     const std::string name = LowerCase(entry.name);
-    if (name.size() < extension.size() || name.find(extension) == std::string::npos)
-      return;
+    if (name.size() < extension.size() || name.find(extension) == std::string::npos) return;
     entries.Insert(std::string_view(name).substr(0, name.rfind('.')), entry.path.string());
   };
   WalkFiles(root, add, [](const DirectoryEntry& entry) { return entry.name.find('.') == std::string::npos; });

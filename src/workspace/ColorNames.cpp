@@ -22,17 +22,14 @@ constexpr std::pair<std::string_view, Toolkit::Color> namedColors[] = {
 /// The number that `text` begins with, behind white space and one sign.
 std::optional<int> LeadingNumber(std::string_view text) {
   const size_t start = text.find_first_not_of(" \t\n\v\f\r");
-  if (start == std::string_view::npos)
-    return std::nullopt;
+  if (start == std::string_view::npos) return std::nullopt;
   text.remove_prefix(start);
   if (text.starts_with('+')) {
     text.remove_prefix(1);
-    if (text.starts_with('-'))
-      return std::nullopt;
+    if (text.starts_with('-')) return std::nullopt;
   }
   int number = 0;
-  if (std::from_chars(text.data(), text.data() + text.size(), number).ec != std::errc())
-    return std::nullopt;
+  if (std::from_chars(text.data(), text.data() + text.size(), number).ec != std::errc()) return std::nullopt;
   return number;
 }
 
@@ -40,8 +37,7 @@ std::optional<int> LeadingNumber(std::string_view text) {
 
 std::optional<Toolkit::Color> FindNamedColor(std::string_view name) {
   for (const auto& [known, color] : namedColors)
-    if (known == name)
-      return color;
+    if (known == name) return color;
   return std::nullopt;
 }
 
@@ -50,14 +46,11 @@ std::optional<Toolkit::Color> ParseNumericColor(std::string_view text) {
   for (size_t i = 0; i < parts.size(); ++i) {
     const size_t comma = text.find(',');
     const bool isLast = i + 1 == parts.size();
-    if ((comma == std::string_view::npos) != isLast)
-      return std::nullopt;
+    if ((comma == std::string_view::npos) != isLast) return std::nullopt;
     const std::optional<int> number = LeadingNumber(text.substr(0, comma));
-    if (!number)
-      return std::nullopt;
+    if (!number) return std::nullopt;
     parts[i] = *number;
-    if (!isLast)
-      text.remove_prefix(comma + 1);
+    if (!isLast) text.remove_prefix(comma + 1);
   }
   return Toolkit::Color::FromBytes(parts[0], parts[1], parts[2]);
 }

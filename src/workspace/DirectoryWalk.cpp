@@ -13,8 +13,7 @@ namespace {
 using DirectoryIdentity = std::pair<dev_t, ino_t>;
 
 void Report(const DirectoryErrorHandler& onError, const std::filesystem::path& path, const std::error_code& error) {
-  if (onError)
-    onError("Failed to read directory: " + path.string() + " - " + error.message());
+  if (onError) onError("Failed to read directory: " + path.string() + " - " + error.message());
 }
 
 struct Walk {
@@ -31,8 +30,7 @@ struct Walk {
       return;
     }
     const DirectoryIdentity identity{status.st_dev, status.st_ino};
-    if (std::find(open.begin(), open.end(), identity) != open.end())
-      return;
+    if (std::find(open.begin(), open.end(), identity) != open.end()) return;
     open.push_back(identity);
     for (const DirectoryEntry& entry : ListDirectory(directory, onError)) {
       if (!entry.isDirectory)
@@ -58,8 +56,7 @@ std::vector<DirectoryEntry> ListDirectory(const std::filesystem::path& directory
     entries.push_back({found->path(), found->path().filename().string(), std::filesystem::is_directory(status),
                        std::filesystem::is_regular_file(status)});
   }
-  if (error)
-    Report(onError, directory, error);
+  if (error) Report(onError, directory, error);
   std::sort(entries.begin(), entries.end(),
             [](const DirectoryEntry& a, const DirectoryEntry& b) { return a.name < b.name; });
   return entries;

@@ -13,16 +13,14 @@ bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 
 std::string LowerCase(std::string text) {
   for (char& c : text)
-    if (c >= 'A' && c <= 'Z')
-      c = static_cast<char>(c - 'A' + 'a');
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
   return text;
 }
 
 /// Takes the text under `key` if it is one.
 bool ReadText(const cJSON* object, const char* key, std::string& text) {
   const std::optional<std::string> found = JsonText(cJSON_GetObjectItem(object, key));
-  if (found)
-    text = *found;
+  if (found) text = *found;
   return found.has_value();
 }
 
@@ -42,8 +40,7 @@ void ParseFields(const cJSON* entries, std::vector<std::unique_ptr<NodeFieldBlue
 
 /// A member that is neither a text nor an object with both texts maps to nothing, but keeps its place in the order.
 void ParseSchemaKeys(const cJSON* schema, NodeBlueprint& blueprint) {
-  if (!cJSON_IsObject(schema))
-    return;
+  if (!cJSON_IsObject(schema)) return;
   const cJSON* member = nullptr;
   cJSON_ArrayForEach(member, schema) {
     blueprint.schemaKeys.emplace_back(member->string);
@@ -71,14 +68,12 @@ NodeDictionary::NodeDictionary() { AddBuiltInTypes(); }
 
 void NodeDictionary::AddSchema(const cJSON* schema) {
   std::string color;
-  if (!ReadText(schema, "color", color))
-    return;
+  if (!ReadText(schema, "color", color)) return;
   auto blueprint = std::make_unique<NodeBlueprint>();
   blueprint->color = ParseColor(color);
 
   std::string id;
-  if (!ReadText(schema, "id", id) || !ReadText(schema, "title", blueprint->title))
-    return;
+  if (!ReadText(schema, "id", id) || !ReadText(schema, "title", blueprint->title)) return;
   ReadText(schema, "Description", blueprint->Description);
   ParsePins(cJSON_GetObjectItem(schema, "inputs"), blueprint->inputs);
 
@@ -150,14 +145,12 @@ void NodeDictionary::ParsePins(const cJSON* entries, std::vector<std::unique_ptr
   const cJSON* entry = nullptr;
   cJSON_ArrayForEach(entry, entries) {
     std::string color;
-    if (!ReadText(entry, "color", color))
-      continue;
+    if (!ReadText(entry, "color", color)) continue;
     NodePinBlueprint& pin = *pins.emplace_back(std::make_unique<NodePinBlueprint>());
     pin.color = ParseColor(color);
     ReadText(entry, "id", pin.id);
     const cJSON* spacing = cJSON_GetObjectItem(entry, "SpacingAbove");
-    if (cJSON_IsNumber(spacing))
-      pin.SpacingAbove = spacing->valueint;
+    if (cJSON_IsNumber(spacing)) pin.SpacingAbove = spacing->valueint;
     pin.Multiple = ReadTrue(entry, "Multiple");
     pin.IsMap = ReadTrue(entry, "IsMap");
     ReadText(entry, "Type", pin.Type);
@@ -170,8 +163,7 @@ void NodeDictionary::ParsePins(const cJSON* entries, std::vector<std::unique_ptr
 Toolkit::Color NodeDictionary::ParseColor(const std::string& text) const {
   const std::string name = LowerCase(text);
   const bool isName = !text.empty() && IsLetter(text.front());
-  if (const auto color = isName ? FindNamedColor(name) : ParseNumericColor(text))
-    return *color;
+  if (const auto color = isName ? FindNamedColor(name) : ParseNumericColor(text)) return *color;
   Toolkit::MessageBox::Show("Color: [" + name + "] does not exist. Blue will be used as default", "Attention!");
   return FindNamedColor("blue").value();
 }

@@ -44,22 +44,19 @@ public:
 
   /// Replaces the value of a key that is there, which keeps its place.
   V& Assign(std::string_view key, V value) {
-    if (V* present = Find(key))
-      return *present = std::move(value);
+    if (V* present = Find(key)) return *present = std::move(value);
     return Append(key, std::move(value));
   }
 
   /// Leaves the value of a key that is there as it is. The flag tells whether the key is new.
   std::pair<V&, bool> Insert(std::string_view key, V value) {
-    if (V* present = Find(key))
-      return {*present, false};
+    if (V* present = Find(key)) return {*present, false};
     return {Append(key, std::move(value)), true};
   }
 
   /// The value of the key, made anew if it isn't there.
   V& operator[](std::string_view key) {
-    if (V* present = Find(key))
-      return *present;
+    if (V* present = Find(key)) return *present;
     return Append(key, V());
   }
 

@@ -49,13 +49,11 @@ JsonPtr ReadConfiguration(const std::string& path) {
 } // namespace
 
 bool Workspace::LoadNodeDictionary() {
-  if (nodeDictionary)
-    return true;
+  if (nodeDictionary) return true;
   const std::string path = ConfigurationPath(directory);
   {
     const JsonPtr configuration = ReadConfiguration(path);
-    if (!configuration)
-      return false;
+    if (!configuration) return false;
     nodeDictionary = std::make_unique<NodeDictionary>();
     ReadCategories(configuration.get(), path);
     ReadVariants(configuration.get());
@@ -75,16 +73,14 @@ void Workspace::ReadCategories(const cJSON* configuration, const std::string& pa
   cJSON_ArrayForEach(category, categories) {
     const cJSON* entry = nullptr;
     cJSON_ArrayForEach(entry, category) {
-      if (const auto nodeId = JsonText(entry))
-        nodeDictionary->AddToCategory(category->string, *nodeId);
+      if (const auto nodeId = JsonText(entry)) nodeDictionary->AddToCategory(category->string, *nodeId);
     }
   }
 }
 
 void Workspace::ReadVariants(const cJSON* configuration) {
   const cJSON* families = cJSON_GetObjectItem(configuration, "Variants");
-  if (!cJSON_IsObject(families))
-    return;
+  if (!cJSON_IsObject(families)) return;
   const cJSON* family = nullptr;
   cJSON_ArrayForEach(family, families) {
     const std::string key = family->string;
@@ -102,8 +98,7 @@ void Workspace::ReadVariants(const cJSON* configuration) {
     variant->VariantFieldName = *fieldName;
     const cJSON* member = nullptr;
     cJSON_ArrayForEach(member, members) {
-      if (auto nodeId = JsonText(member))
-        variant->Variants.Assign(member->string, *std::move(nodeId));
+      if (auto nodeId = JsonText(member)) variant->Variants.Assign(member->string, *std::move(nodeId));
     }
     nodeDictionary->AddVariant(key, std::move(variant));
   }
@@ -111,12 +106,10 @@ void Workspace::ReadVariants(const cJSON* configuration) {
 
 void Workspace::ReadAssetTypeComponents(const cJSON* configuration) {
   const cJSON* components = cJSON_GetObjectItem(configuration, "AssetTypeComponents");
-  if (!cJSON_IsObject(components))
-    return;
+  if (!cJSON_IsObject(components)) return;
   const cJSON* component = nullptr;
   cJSON_ArrayForEach(component, components) {
-    if (auto nodeId = JsonText(component))
-      AssetTypeComponents.Insert(component->string, *std::move(nodeId));
+    if (auto nodeId = JsonText(component)) AssetTypeComponents.Insert(component->string, *std::move(nodeId));
   }
 }
 
@@ -124,8 +117,7 @@ void Workspace::LoadSchemas() {
   size_t count = 0;
   std::vector<std::string> failures;
   const auto load = [&](const DirectoryEntry& entry) {
-    if (!IsSchemaFile(entry))
-      return;
+    if (!IsSchemaFile(entry)) return;
     const std::string file = entry.path.string();
     const std::optional<std::string> text = ReadTextFile(file);
     if (!text) {
@@ -147,8 +139,7 @@ void Workspace::LoadSchemas() {
 
   if (!failures.empty()) {
     std::string lines;
-    for (const std::string& failure : failures)
-      lines += "  - " + failure + "\n";
+    for (const std::string& failure : failures) lines += "  - " + failure + "\n";
     LogFile::Write("Failed to load " + std::to_string(failures.size()) + " schema file(s):\n" + lines);
     Toolkit::MessageBox::Show(
         "Some node schemas failed to load:\n\n" + lines + "\nThe editor will continue with available nodes.",

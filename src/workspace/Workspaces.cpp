@@ -36,15 +36,13 @@ void ShowWorkspacesError(const std::string& text) {
 
 std::string FindWorkspacesDirectory() {
   const std::string local = "Workspaces/";
-  if (IsDirectory(local) || ExecutableDirectory::Get().empty())
-    return local;
+  if (IsDirectory(local) || ExecutableDirectory::Get().empty()) return local;
   const std::string installed = ExecutableDirectory::Get() + "/../Data/Workspaces";
   return IsDirectory(installed) ? installed : local;
 }
 
 Workspaces::~Workspaces() {
-  for (const auto& workspace : loaded)
-    workspace->Roots.Clear();
+  for (const auto& workspace : loaded) workspace->Roots.Clear();
 }
 
 bool Workspaces::ImportWorkspaces(const std::string& directory) {
@@ -64,12 +62,9 @@ bool Workspaces::ImportWorkspaces(const std::string& directory) {
   }
 
   std::string lines;
-  for (const std::string& failure : failures)
-    lines += "  - " + failure + "\n";
-  if (!failures.empty())
-    LogFile::Write("Failed to load workspaces:\n" + lines);
-  if (count != 0)
-    return true;
+  for (const std::string& failure : failures) lines += "  - " + failure + "\n";
+  if (!failures.empty()) LogFile::Write("Failed to load workspaces:\n" + lines);
+  if (count != 0) return true;
   ShowWorkspacesError("No valid workspaces were found in:\n" + directory +
                       (failures.empty() ? std::string() : "\n\nFailed workspaces:\n" + lines));
   return false;
@@ -81,22 +76,18 @@ size_t Workspaces::LoadDirectory(const std::string& directory, std::vector<std::
   const auto log = [](const std::string& message) { LogFile::Write(message); };
   size_t count = 0;
   for (const DirectoryEntry& entry : ListDirectory(directory, log)) {
-    if (!entry.isDirectory)
-      continue;
+    if (!entry.isDirectory) continue;
     LogFile::Write("Found workspace directory " + entry.path.string());
     // Reached from the directory above only, and never a workspace itself.
-    if (entry.name == generatedName)
-      continue;
-    if (LoadWorkspace(entry.path.string(), entry.name, failures))
-      ++count;
+    if (entry.name == generatedName) continue;
+    if (LoadWorkspace(entry.path.string(), entry.name, failures)) ++count;
   }
   return count;
 }
 
 std::vector<std::string> Workspaces::GetRootNames() const {
   std::vector<std::string> names;
-  for (const auto& [name, root] : Roots)
-    names.push_back(name);
+  for (const auto& [name, root] : Roots) names.push_back(name);
   return names;
 }
 
@@ -108,8 +99,7 @@ std::shared_ptr<RootType> Workspaces::FindRoot(const std::string& menuName) cons
 bool Workspaces::LoadWorkspace(const std::string& path, const std::string& name, std::vector<std::string>& failures) {
   const std::string config = Workspace::ConfigurationPath(path);
   const auto fail = [&](const std::string& line, const char* reason) {
-    if (!line.empty())
-      LogFile::Write(line);
+    if (!line.empty()) LogFile::Write(line);
     failures.push_back(name + " (" + reason + ")");
     return false;
   };
@@ -119,8 +109,7 @@ bool Workspaces::LoadWorkspace(const std::string& path, const std::string& name,
     return false;
   }
   const std::optional<std::string> text = ReadTextFile(config);
-  if (!text)
-    return fail("Failed to open workspace file: " + config, "file unreadable");
+  if (!text) return fail("Failed to open workspace file: " + config, "file unreadable");
   const JsonParseResult parsed = ParseJson(*text);
   if (!parsed)
     return fail("Invalid JSON in workspace file: " + config + " - " +
@@ -128,22 +117,18 @@ bool Workspaces::LoadWorkspace(const std::string& path, const std::string& name,
                 "invalid JSON");
   const cJSON* json = parsed.json.get();
   const auto workspaceName = JsonText(cJSON_GetObjectItem(json, "WorkspaceName"));
-  if (!workspaceName)
-    return fail("Missing or invalid 'WorkspaceName' in: " + config, "missing WorkspaceName");
+  if (!workspaceName) return fail("Missing or invalid 'WorkspaceName' in: " + config, "missing WorkspaceName");
 
   const auto workspace = std::make_shared<Workspace>();
   workspace->WorkspaceName = *workspaceName;
   workspace->directory = path;
   LogFile::Write("Found workspace " + workspace->WorkspaceName);
-  if (auto format = JsonText(cJSON_GetObjectItem(json, "FileFormat")))
-    workspace->FileFormat = *std::move(format);
+  if (auto format = JsonText(cJSON_GetObjectItem(json, "FileFormat"))) workspace->FileFormat = *std::move(format);
   const cJSON* exportDefaults = cJSON_GetObjectItem(json, "ExportDefaults");
-  if (cJSON_IsBool(exportDefaults))
-    workspace->ExportDefaults = cJSON_IsTrue(exportDefaults);
+  if (cJSON_IsBool(exportDefaults)) workspace->ExportDefaults = cJSON_IsTrue(exportDefaults);
 
   const cJSON* roots = cJSON_GetObjectItem(json, "Roots");
-  if (!cJSON_IsObject(roots))
-    return fail("Missing or invalid 'Roots' in: " + config, "missing Roots");
+  if (!cJSON_IsObject(roots)) return fail("Missing or invalid 'Roots' in: " + config, "missing Roots");
   const cJSON* member = nullptr;
   cJSON_ArrayForEach(member, roots) {
     const auto nodeType = JsonText(cJSON_GetObjectItem(member, "RootNodeType"));
@@ -157,8 +142,7 @@ bool Workspaces::LoadWorkspace(const std::string& path, const std::string& name,
     Roots.Assign(*menuName, root);
     LogFile::Write("New root found " + *menuName);
   }
-  if (workspace->Roots.empty())
-    return fail({}, "no valid roots");
+  if (workspace->Roots.empty()) return fail({}, "no valid roots");
   loaded.push_back(workspace);
   LogFile::Write("Successfully loaded workspace: " + workspace->WorkspaceName);
   return true;

@@ -18,8 +18,7 @@ using TestSupport::CapturedLog;
 
 struct MemoryClipboard : Tesselor::ClipboardBackend {
   bool SetText(const std::string& value) override {
-    if (isBusy)
-      return false;
+    if (isBusy) return false;
     text = value;
     return true;
   }

@@ -19,8 +19,7 @@ namespace fs = std::filesystem;
 std::vector<fs::path> LogsIn(const fs::path& directory) {
   std::vector<fs::path> logs;
   if (fs::exists(directory))
-    for (const auto& entry : fs::directory_iterator(directory))
-      logs.push_back(entry.path());
+    for (const auto& entry : fs::directory_iterator(directory)) logs.push_back(entry.path());
   return logs;
 }
 
@@ -118,14 +117,12 @@ TEST(LogFile, PrunesOldFilesOfAnyNameUnderTheCurrentDirectoryOnly) {
       {"other/NodeEditorLogs/old.log", std::chrono::hours(900), true},
   };
   const auto now = fs::file_time_type::clock::now();
-  for (const auto& c : cases)
-    fs::last_write_time(directory.Write(c.name, "x"), now - c.age);
+  for (const auto& c : cases) fs::last_write_time(directory.Write(c.name, "x"), now - c.age);
   fs::last_write_time("NodeEditorLogs/deeper", now - std::chrono::hours(900));
 
   LogFile::Prune();
 
-  for (const auto& c : cases)
-    EXPECT_EQ(fs::exists(c.name), c.stays) << c.name;
+  for (const auto& c : cases) EXPECT_EQ(fs::exists(c.name), c.stays) << c.name;
 }
 
 } // namespace

@@ -52,23 +52,18 @@ bool Contains(const std::vector<std::string_view>& list, std::string_view name) 
 std::vector<std::string> SplitPath(std::string_view path) {
   std::vector<std::string> parts;
   std::istringstream stream{std::string(path)};
-  for (std::string part; std::getline(stream, part, '/');)
-    parts.push_back(part);
+  for (std::string part; std::getline(stream, part, '/');) parts.push_back(part);
   return parts;
 }
 
 /// The room of a path relative to src/, or nothing if no room holds it.
 std::optional<std::string> RoomOf(std::string_view path) {
   const std::vector<std::string> parts = SplitPath(path);
-  if (parts.size() < 2)
-    return std::nullopt;
-  if (parts[0] == "app" && parts[1] == "dialogmodule")
-    return "dialogmodule";
-  if (parts[0] == "app" && Contains(topSources, std::filesystem::path(parts.back()).stem().string()))
-    return "top";
+  if (parts.size() < 2) return std::nullopt;
+  if (parts[0] == "app" && parts[1] == "dialogmodule") return "dialogmodule";
+  if (parts[0] == "app" && Contains(topSources, std::filesystem::path(parts.back()).stem().string())) return "top";
   for (const Room& room : rooms)
-    if (room.name == parts[0])
-      return parts[0];
+    if (room.name == parts[0]) return parts[0];
   return std::nullopt;
 }
 
@@ -76,26 +71,19 @@ std::optional<std::string> RoomOf(std::string_view path) {
 std::optional<std::string> Objection(std::string_view file, std::string_view included) {
   const std::optional<std::string> from = RoomOf(file);
   const std::optional<std::string> to = RoomOf(included);
-  if (!from)
-    return "the file stands in no room of the table";
-  if (!to)
-    return "the included path does not begin with a room (include paths start at src/)";
-  if (*from == *to && *from != "toolkit")
-    return std::nullopt;
+  if (!from) return "the file stands in no room of the table";
+  if (!to) return "the included path does not begin with a room (include paths start at src/)";
+  if (*from == *to && *from != "toolkit") return std::nullopt;
   if (*from != *to) {
     const auto row = std::find_if(rooms.begin(), rooms.end(), [&](const Room& room) { return room.name == *from; });
-    if (Contains(row->mayInclude, *to))
-      return std::nullopt;
-    if (*from == "actions" && Contains(valueCarriers, included))
-      return std::nullopt;
+    if (Contains(row->mayInclude, *to)) return std::nullopt;
+    if (*from == "actions" && Contains(valueCarriers, included)) return std::nullopt;
     return *from + " may not include " + *to;
   }
-  if (Contains(leaves, included))
-    return std::nullopt;
+  if (Contains(leaves, included)) return std::nullopt;
   const auto fromLayer = std::find(layers.begin(), layers.end(), SplitPath(file)[1]);
   const auto toLayer = std::find(layers.begin(), layers.end(), SplitPath(included)[1]);
-  if (fromLayer == layers.end() || toLayer == layers.end())
-    return "no such layer of the toolkit";
+  if (fromLayer == layers.end() || toLayer == layers.end()) return "no such layer of the toolkit";
   if (toLayer > fromLayer)
     return "the toolkit's layer " + std::string(*toLayer) + " lies above " + std::string(*fromLayer);
   return std::nullopt;
@@ -106,15 +94,12 @@ std::vector<std::string> QuotedIncludes(std::istream& source) {
   std::vector<std::string> paths;
   for (std::string line; std::getline(source, line);) {
     size_t at = line.find_first_not_of(" \t");
-    if (at == std::string::npos || line[at] != '#')
-      continue;
+    if (at == std::string::npos || line[at] != '#') continue;
     at = line.find_first_not_of(" \t", at + 1);
-    if (at == std::string::npos || line.compare(at, 7, "include") != 0)
-      continue;
+    if (at == std::string::npos || line.compare(at, 7, "include") != 0) continue;
     const size_t open = line.find('"', at);
     const size_t close = open == std::string::npos ? open : line.find('"', open + 1);
-    if (close != std::string::npos)
-      paths.push_back(line.substr(open + 1, close - open - 1));
+    if (close != std::string::npos) paths.push_back(line.substr(open + 1, close - open - 1));
   }
   return paths;
 }
@@ -155,8 +140,7 @@ TEST(IncludeTable, HoldsForEverySource) {
   size_t files = 0;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
     const std::string extension = entry.path().extension().string();
-    if (!entry.is_regular_file() || (extension != ".h" && extension != ".cpp"))
-      continue;
+    if (!entry.is_regular_file() || (extension != ".h" && extension != ".cpp")) continue;
     ++files;
     const std::string file = entry.path().lexically_relative(root).generic_string();
     std::ifstream source(entry.path());

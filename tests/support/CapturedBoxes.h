@@ -15,8 +15,7 @@ public:
     former = Toolkit::MessageBox::SetPresenter([this, answer](Toolkit::MessageBox::Request request) {
       const auto callback = request.callback;
       boxes.push_back(std::move(request));
-      if (callback)
-        callback(answer);
+      if (callback) callback(answer);
     });
   }
   ~CapturedBoxes() { Toolkit::MessageBox::SetPresenter(std::move(former)); }
@@ -26,8 +25,7 @@ public:
   /// "<caption>: <text>" of each box, in order.
   std::vector<std::string> Texts() const {
     std::vector<std::string> texts;
-    for (const auto& box : boxes)
-      texts.push_back(box.caption + ": " + box.text);
+    for (const auto& box : boxes) texts.push_back(box.caption + ": " + box.text);
     return texts;
   }
 

@@ -48,8 +48,7 @@ TEST(TextBoundaries, StepsOverWholeGraphemesInBothDirections) {
   for (const auto& graphemes : cases) {
     std::string text;
     std::vector<size_t> boundaries = {0};
-    for (const std::string& grapheme : graphemes)
-      boundaries.push_back((text += grapheme).size());
+    for (const std::string& grapheme : graphemes) boundaries.push_back((text += grapheme).size());
     for (size_t i = 0; i + 1 < boundaries.size(); ++i) {
       EXPECT_EQ(NextGrapheme(text, boundaries[i]), boundaries[i + 1]) << text;
       EXPECT_EQ(PreviousGrapheme(text, boundaries[i + 1]), boundaries[i]) << text;

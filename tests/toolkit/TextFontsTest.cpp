@@ -21,8 +21,7 @@ TEST(FontCollection, ChoosesTheNearestFaceAndSaysWhatIsMissing) {
       {FontWeight::Normal, FontStyle::Italic, {2, false, false}},
       {FontWeight::Bold, FontStyle::Italic, {1, false, true}},
   };
-  for (const Case& each : cases)
-    EXPECT_EQ(text.fonts.Choose({12, each.weight, each.style}), each.choice);
+  for (const Case& each : cases) EXPECT_EQ(text.fonts.Choose({12, each.weight, each.style}), each.choice);
   EXPECT_EQ(text.fonts.FindFamily("inter"), 0);
   EXPECT_EQ(text.fonts.FindFamily("Nothing"), 0);
 }
@@ -52,8 +51,7 @@ TEST(FontCollection, TakesASystemFontForAMissingCharacter) {
     EXPECT_TRUE(text.fonts.Face(choice.face).HasGlyph(character));
     EXPECT_NE(text.fonts.Face(choice.face).OutlineFace(), nullptr);
   }
-  if (found == 0)
-    GTEST_SKIP() << "This machine has no font beyond the embedded one.";
+  if (found == 0) GTEST_SKIP() << "This machine has no font beyond the embedded one.";
 }
 
 TEST(FontCollection, DoesNotTakeAFallbackThatLacksTheCharacter) {
@@ -92,8 +90,7 @@ TEST(TextCache, MeasuresEveryPairOfAsciiCharactersAsALayoutHasIt) {
   TextCache cache(text.fonts);
   for (char first = ' '; first <= '~'; ++first) {
     std::string all;
-    for (char second = ' '; second <= '~'; ++second)
-      (all += first) += second;
+    for (char second = ' '; second <= '~'; ++second) (all += first) += second;
     EXPECT_EQ(cache.MeasureText(all, {12}), text.Layout(all).Size()) << all;
   }
 }

@@ -134,8 +134,7 @@ TEST_F(TextLayoutTest, CaretAndHitTestAgreeAtEveryGrapheme) {
       previousX = caret.x;
       previousY = caret.y;
       EXPECT_EQ(layout.HitTest(caret.x + 0.01f, caret.y + 1), index) << each;
-      if (index == each.size())
-        break;
+      if (index == each.size()) break;
     }
     EXPECT_EQ(layout.HitTest(-5, -5), 0u);
     EXPECT_EQ(layout.HitTest(1e6f, 1e6f), each.size());
@@ -206,8 +205,7 @@ TEST_F(TextLayoutTest, NumbersInsideRightToLeftTextKeepTheirOrder) {
 TEST_F(TextLayoutTest, StaysLinearForLongTexts) {
   const std::string words = [] {
     std::string result;
-    while (result.size() < 100000)
-      result += "word ";
+    while (result.size() < 100000) result += "word ";
     return result;
   }();
   const std::string tabs(100000, '\t');

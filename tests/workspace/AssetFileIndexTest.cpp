@@ -28,16 +28,14 @@ TEST(AssetFileIndex, FindsTheNearestEnclosingRoot) {
       {"/", ""},
       {"", ""},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(Tesselor::FindAssetRoot(c.path), c.root) << c.path;
+  for (const auto& c : cases) EXPECT_EQ(Tesselor::FindAssetRoot(c.path), c.root) << c.path;
 }
 
 /// "<key>=<path below the root>" of each entry after a scan.
 std::vector<std::string> Scan(const std::string& path, const std::string& root) {
   AssetFileIndex& index = AssetFileIndex::Instance();
   index.BuildAsync(path);
-  while (index.isBuilding)
-    std::this_thread::yield();
+  while (index.isBuilding) std::this_thread::yield();
   std::vector<std::string> lines;
   for (const auto& [key, value] : index.entries)
     lines.push_back(key + "=" + (value.starts_with(root) ? value.substr(root.size()) : value));
@@ -61,8 +59,7 @@ TEST(AssetFileIndex, ListsTheFilesOfTheTreeInTheOrderOfTheirNames) {
 
 TEST(DirectoryWalk, TakesFilesAndDirectoriesInOneSortedOrderAndEndsInALoop) {
   TemporaryDirectory directory;
-  for (const char* name : {"b.json", "a/z.json", "a/b/c.json", "B.json", "c/d.json"})
-    directory.Write(name, "");
+  for (const char* name : {"b.json", "a/z.json", "a/b/c.json", "B.json", "c/d.json"}) directory.Write(name, "");
   std::filesystem::create_directory_symlink("..", directory / "a/loop");
   std::filesystem::create_symlink("nowhere", directory / "broken");
   std::vector<std::string> visited;

@@ -31,18 +31,15 @@ void CheckReferences(const NodeDictionary& dictionary) {
     EXPECT_TRUE(dictionary.FindBlueprint(id)) << id;
     EXPECT_EQ(id.find('-'), std::string::npos) << id;
   };
-  for (const auto& [category, ids] : dictionary.categories)
-    std::for_each(ids.begin(), ids.end(), isNode);
+  for (const auto& [category, ids] : dictionary.categories) std::for_each(ids.begin(), ids.end(), isNode);
   for (const auto& [family, variant] : dictionary.variants) {
     const std::string* firstPin = nullptr;
     for (const auto& [value, id] : variant->Variants) {
       isNode(id);
       const NodeBlueprint* node = dictionary.FindBlueprint(id);
-      if (!node || node->inputs.empty())
-        continue;
+      if (!node || node->inputs.empty()) continue;
       // The pin that is found for the first child of an array is used by name for the others.
-      if (!firstPin)
-        firstPin = &node->inputs[0]->id;
+      if (!firstPin) firstPin = &node->inputs[0]->id;
       EXPECT_EQ(node->inputs[0]->id, *firstPin) << family << " " << id;
     }
   }

@@ -28,10 +28,8 @@ double AsciiAdvances::Measure(std::string_view text, float size) {
     const int character = text[i] - First;
     const int follower = i + 1 < text.size() ? text[i + 1] - First : EndOfText;
     float& advance = advances[static_cast<size_t>(follower * Count + character)];
-    if (std::isnan(advance))
-      advance = ShapePair(character, follower);
-    if (advance == Unsuited)
-      return -1;
+    if (std::isnan(advance)) advance = ShapePair(character, follower);
+    if (advance == Unsuited) return -1;
     width += static_cast<double>(advance) * size;
   }
   return width;
@@ -44,16 +42,14 @@ float AsciiAdvances::ShapePair(int character, int follower) {
   unsigned count = 0;
   const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
   const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, &count);
-  if (count != length)
-    return Unsuited;
+  if (count != length) return Unsuited;
   for (unsigned i = 0; i < count; ++i)
     if (infos[i].codepoint != face.GlyphFor(static_cast<unsigned char>(text[i])) || positions[i].x_advance < 0)
       return Unsuited;
   // The pair must leave the second glyph's own advance alone.
   const float em = static_cast<float>(face.UnitsPerEm());
   const float last = static_cast<float>(positions[count - 1].x_advance) / em;
-  if (length == 2 && last != face.GlyphAdvance(infos[1].codepoint))
-    return Unsuited;
+  if (length == 2 && last != face.GlyphAdvance(infos[1].codepoint)) return Unsuited;
   return static_cast<float>(positions[0].x_advance) / em;
 }
 

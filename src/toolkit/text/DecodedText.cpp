@@ -5,8 +5,7 @@ namespace Toolkit {
 DecodedCharacter DecodeCharacter(std::string_view text, size_t index) {
   const auto byteAt = [&](size_t at) -> uint32_t { return static_cast<unsigned char>(text[at]); };
   const uint32_t first = byteAt(index);
-  if (first < 0x80)
-    return {first, 1};
+  if (first < 0x80) return {first, 1};
   uint32_t length = 0;
   char32_t value = 0;
   char32_t smallest = 0;
@@ -17,30 +16,24 @@ DecodedCharacter DecodeCharacter(std::string_view text, size_t index) {
   } else if (first >= 0xF0 && first <= 0xF4) {
     length = 4, value = first & 0x07, smallest = 0x10000;
   }
-  if (length == 0 || index + length > text.size())
-    return {ReplacementCharacter, 1};
+  if (length == 0 || index + length > text.size()) return {ReplacementCharacter, 1};
   for (uint32_t i = 1; i < length; ++i) {
     const uint32_t next = byteAt(index + i);
-    if ((next & 0xC0) != 0x80)
-      return {ReplacementCharacter, 1};
+    if ((next & 0xC0) != 0x80) return {ReplacementCharacter, 1};
     value = (value << 6) | (next & 0x3F);
   }
   const bool isSurrogate = value >= 0xD800 && value <= 0xDFFF;
-  if (value < smallest || value > 0x10FFFF || isSurrogate)
-    return {ReplacementCharacter, 1};
+  if (value < smallest || value > 0x10FFFF || isSurrogate) return {ReplacementCharacter, 1};
   return {value, length};
 }
 
 size_t CharacterStart(std::string_view text, size_t index) {
-  if (index >= text.size())
-    return text.size();
+  if (index >= text.size()) return text.size();
   // A character is at most four bytes long, so at most three starts before the byte can reach it.
   for (size_t back = 3; back > 0; --back) {
-    if (back > index)
-      continue;
+    if (back > index) continue;
     const size_t start = index - back;
-    if (start + DecodeCharacter(text, start).length > index)
-      return start;
+    if (start + DecodeCharacter(text, start).length > index) return start;
   }
   return index;
 }

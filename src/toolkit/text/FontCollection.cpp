@@ -60,12 +60,10 @@ FaceChoice FontCollection::Choose(const TextStyle& style) const {
 
 FaceChoice FontCollection::ChooseFor(char32_t character, const TextStyle& style) {
   const FaceChoice own = Choose(style);
-  if (Face(own.face).HasGlyph(character))
-    return own;
+  if (Face(own.face).HasGlyph(character)) return own;
   for (const Family& family : families) {
     const FaceChoice other = Nearest(family, style.weight, style.style);
-    if (Face(other.face).HasGlyph(character))
-      return other;
+    if (Face(other.face).HasGlyph(character)) return other;
   }
   const std::optional<FaceId> fallback = Fallback(character, style);
   return fallback ? FaceChoice{*fallback, false, false} : own;
@@ -73,13 +71,11 @@ FaceChoice FontCollection::ChooseFor(char32_t character, const TextStyle& style)
 
 std::optional<FaceId> FontCollection::Fallback(char32_t character, const TextStyle& style) {
   const auto known = faceByCharacter.find(character);
-  if (known != faceByCharacter.end())
-    return known->second;
+  if (known != faceByCharacter.end()) return known->second;
 
   std::optional<FaceId> result;
   for (const FaceId face : fallbackFaces) {
-    if (!Face(face).HasGlyph(character))
-      continue;
+    if (!Face(face).HasGlyph(character)) continue;
     result = face;
     break;
   }
@@ -93,8 +89,7 @@ std::optional<FaceId> FontCollection::Fallback(char32_t character, const TextSty
           fallbackFaces.push_back(*entry->second);
         }
       }
-      if (entry->second && Face(*entry->second).HasGlyph(character))
-        result = entry->second;
+      if (entry->second && Face(*entry->second).HasGlyph(character)) result = entry->second;
     }
   }
   faceByCharacter.emplace(character, result);

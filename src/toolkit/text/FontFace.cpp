@@ -51,14 +51,12 @@ std::unique_ptr<FontFace> FontFace::FromBlob(hb_blob_t* blob, int index) {
   result->descent = static_cast<float>(-extents.descender) / em;
   result->lineGap = static_cast<float>(extents.line_gap) / em;
   result->coversAscii = true;
-  for (char32_t c = ' '; c <= '~' && result->coversAscii; ++c)
-    result->coversAscii = result->HasGlyph(c);
+  for (char32_t c = ' '; c <= '~' && result->coversAscii; ++c) result->coversAscii = result->HasGlyph(c);
   return result;
 }
 
 FontFace::~FontFace() {
-  if (outlines)
-    FT_Done_Face(outlines);
+  if (outlines) FT_Done_Face(outlines);
   hb_font_destroy(font);
   hb_blob_destroy(blob);
 }
@@ -73,8 +71,7 @@ float FontFace::GlyphAdvance(unsigned glyph) const {
 }
 
 FT_FaceRec_* FontFace::OutlineFace() {
-  if (outlinesTried)
-    return outlines;
+  if (outlinesTried) return outlines;
   outlinesTried = true;
   unsigned size = 0;
   const char* data = hb_blob_get_data(blob, &size);

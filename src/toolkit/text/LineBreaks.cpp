@@ -37,11 +37,9 @@ std::vector<Paragraph> SplitParagraphs(const DecodedText& text) {
   Paragraph current;
   for (uint32_t i = 0; i < count; ++i) {
     const char32_t c = text.characters[i];
-    if (c != '\n' && c != '\r')
-      continue;
+    if (c != '\n' && c != '\r') continue;
     current.end = i;
-    if (c == '\r' && i + 1 < count && text.characters[i + 1] == '\n')
-      ++i;
+    if (c == '\r' && i + 1 < count && text.characters[i + 1] == '\n') ++i;
     current.next = i + 1;
     paragraphs.push_back(current);
     current.first = i + 1;
@@ -55,8 +53,7 @@ std::vector<bool> FindBreakOpportunities(const DecodedText& text, size_t first, 
   static const bool initialised = (init_linebreak(), true);
   static_cast<void>(initialised);
   std::vector<bool> result(end - first, false);
-  if (result.empty())
-    return result;
+  if (result.empty()) return result;
   std::vector<char> breaks(result.size());
   const std::vector<utf32_t> characters = BreakableCharacters(text, first, end);
   set_linebreaks_utf32(characters.data(), characters.size(), "en", breaks.data());

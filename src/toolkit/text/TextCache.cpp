@@ -75,8 +75,7 @@ TextSize TextCache::MeasureAscii(std::string_view text, const TextStyle& style) 
 TextSize TextCache::MeasureText(std::string_view text, const TextStyle& style) {
   const KeyView key{text, style, {}};
   const size_t cost = text.size() + SizeEntryCost;
-  if (const TextSize* known = sizes.Find(key, cost, SizeTableLimit))
-    return *known;
+  if (const TextSize* known = sizes.Find(key, cost, SizeTableLimit)) return *known;
   const bool isPlain = IsPrintableAscii(text) && fonts.Face(fonts.Choose(style).face).CoversAscii();
   const TextSize size = isPlain ? MeasureAscii(text, style) : TextLayout(text, style, {}, fonts, shaper).Size();
   return sizes.Add(key, size, cost, SizeTableLimit);
@@ -92,8 +91,7 @@ std::shared_ptr<const TextLayout> TextCache::Layout(std::string_view text, const
                                                     const TextLayoutOptions& options) {
   const KeyView key{text, style, options};
   const size_t cost = text.size() * LayoutByteCost + LayoutEntryCost;
-  if (const auto* known = layouts.Find(key, cost, LayoutTableLimit))
-    return *known;
+  if (const auto* known = layouts.Find(key, cost, LayoutTableLimit)) return *known;
   return layouts.Add(key, std::make_shared<const TextLayout>(text, style, options, fonts, shaper), cost,
                      LayoutTableLimit);
 }

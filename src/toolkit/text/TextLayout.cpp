@@ -39,10 +39,8 @@ CaretGeometry TextLayout::CaretPosition(size_t index) const {
   CaretGeometry caret{cellsOfLine[lineIndex].endX, line.y, line.height};
   if (index < line.textEnd) {
     // An index inside a grapheme, or inside what an ellipsis stands for, counts as its start.
-    while (index > line.textStart && cellAt[index] == NoCell)
-      --index;
-    if (cellAt[index] != NoCell)
-      caret.x = cells[cellAt[index]].Leading();
+    while (index > line.textStart && cellAt[index] == NoCell) --index;
+    if (cellAt[index] != NoCell) caret.x = cells[cellAt[index]].Leading();
   }
   return caret;
 }
@@ -55,13 +53,10 @@ size_t TextLayout::HitTest(float x, float y) const {
   const LayoutLine& line = lines[lineIndex];
   const auto begin = cells.begin() + cellsOfLine[lineIndex].first;
   const auto end = cells.begin() + cellsOfLine[lineIndex].end;
-  if (begin == end)
-    return line.textStart;
-  if (x < begin->left)
-    return line.textStart;
+  if (begin == end) return line.textStart;
+  if (x < begin->left) return line.textStart;
   const auto hit = std::partition_point(begin, end, [&](const Cell& cell) { return cell.right <= x; });
-  if (hit == end)
-    return LineEnd(line.textStart);
+  if (hit == end) return LineEnd(line.textStart);
   const bool isLeftHalf = x < (hit->left + hit->right) / 2;
   const size_t index = isLeftHalf != hit->isRightToLeft ? hit->start : hit->end;
   return std::min(index, LineEnd(line.textStart));
@@ -69,8 +64,7 @@ size_t TextLayout::HitTest(float x, float y) const {
 
 std::vector<TextRectangle> TextLayout::SelectionRectangles(size_t start, size_t end) const {
   std::vector<TextRectangle> rectangles;
-  if (start >= end)
-    return rectangles;
+  if (start >= end) return rectangles;
   MakeCells();
   for (size_t i = LineAt(start); i < lines.size() && lines[i].textStart < end; ++i) {
     const LayoutLine& line = lines[i];
@@ -90,23 +84,20 @@ std::vector<TextRectangle> TextLayout::SelectionRectangles(size_t start, size_t 
 }
 
 void TextLayout::MakeCells() const {
-  if (!cellsOfLine.empty())
-    return;
+  if (!cellsOfLine.empty()) return;
   cellAt.assign(text.size() + 1, NoCell);
   cells.reserve(glyphs.size());
   for (const LayoutLine& line : lines) {
     LineCells range;
     range.first = static_cast<uint32_t>(cells.size());
-    for (uint32_t i = line.firstRun; i < line.endRun; ++i)
-      AddRunCells(runs[i]);
+    for (uint32_t i = line.firstRun; i < line.endRun; ++i) AddRunCells(runs[i]);
     range.end = static_cast<uint32_t>(cells.size());
     // Behind the last character in the order of the text, which need not be the rightmost.
     range.endX = line.x;
     uint32_t furthest = line.textStart;
     for (uint32_t i = range.first; i < range.end; ++i) {
       cellAt[cells[i].start] = i;
-      if (cells[i].end <= furthest)
-        continue;
+      if (cells[i].end <= furthest) continue;
       furthest = cells[i].end;
       range.endX = cells[i].Trailing();
     }
@@ -120,16 +111,14 @@ void TextLayout::AddRunCells(const LayoutRun& run) const {
     const uint32_t start = glyphs[i].cluster;
     uint32_t next = i;
     float right = x;
-    for (; next < run.endGlyph && glyphs[next].cluster == start; ++next)
-      right += glyphs[next].advance;
+    for (; next < run.endGlyph && glyphs[next].cluster == start; ++next) right += glyphs[next].advance;
     const bool isLastOfText = run.isRightToLeft ? i == run.firstGlyph : next == run.endGlyph;
     const uint32_t end = isLastOfText ? run.textEnd : glyphs[run.isRightToLeft ? i - 1 : next].cluster;
 
     // A ligature's width is shared out evenly among the graphemes that it stands for.
     uint32_t count = 0;
     if (!run.isEllipsis)
-      for (size_t at = start; at < end; at = NextGrapheme(text, at))
-        ++count;
+      for (size_t at = start; at < end; at = NextGrapheme(text, at)) ++count;
     count = std::max(count, 1u);
     const float step = (right - x) / static_cast<float>(count);
     const size_t firstCell = cells.size();
@@ -143,8 +132,7 @@ void TextLayout::AddRunCells(const LayoutRun& run) const {
       at = partEnd;
     }
     // Cells stand from left to right, as a search by position needs them.
-    if (run.isRightToLeft)
-      std::reverse(cells.begin() + static_cast<std::ptrdiff_t>(firstCell), cells.end());
+    if (run.isRightToLeft) std::reverse(cells.begin() + static_cast<std::ptrdiff_t>(firstCell), cells.end());
     x = right;
     i = next;
   }

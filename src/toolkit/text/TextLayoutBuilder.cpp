@@ -32,8 +32,7 @@ void TextLayout::Builder::Build() {
   baselineOffset = (face.Ascent() + face.LineGap() / 2) * layout.style.size;
 
   decoded.Assign(layout.text);
-  for (const Paragraph& paragraph : SplitParagraphs(decoded))
-    AddParagraph(paragraph);
+  for (const Paragraph& paragraph : SplitParagraphs(decoded)) AddParagraph(paragraph);
 
   layout.size = {RoundUpTextLength(widest), layout.lineHeight * static_cast<float>(layout.lines.size())};
   Align();
@@ -75,8 +74,7 @@ void TextLayout::Builder::MeasureClusters(const Paragraph& paragraph) {
       continue;
     }
     float& width = widths[i - paragraph.first];
-    if (width == InsideCluster)
-      continue;
+    if (width == InsideCluster) continue;
     float& startWidth = widths[start - paragraph.first];
     startWidth = std::max(startWidth, 0.0f) + width;
     width = InsideCluster;
@@ -90,8 +88,7 @@ double TextLayout::Builder::TabWidth(double x) const {
 
 /// The width in pixels of the cluster that starts at the character, placed at `x` on its line.
 float TextLayout::Builder::Advance(uint32_t character, double x) const {
-  if (decoded.characters[character] == '\t')
-    return static_cast<float>(TabWidth(x));
+  if (decoded.characters[character] == '\t') return static_cast<float>(TabWidth(x));
   return std::max(0.0f, widths[character - paragraphFirst]) * layout.style.size;
 }
 
@@ -106,18 +103,15 @@ uint32_t TextLayout::Builder::FindLineEnd(const Paragraph& paragraph, uint32_t f
   uint32_t lastBreak = first;
   for (uint32_t i = first; i < paragraph.end;) {
     uint32_t next = i + 1;
-    while (next < paragraph.end && widths[next - paragraph.first] == InsideCluster)
-      ++next;
+    while (next < paragraph.end && widths[next - paragraph.first] == InsideCluster) ++next;
     x += Advance(i, x);
     // Blanks hang over the edge: they never begin a line.
     if (x > limit && !IsBlank(i)) {
-      if (lastBreak > first)
-        return lastBreak;
+      if (lastBreak > first) return lastBreak;
       // A word wider than the line is cut, but each line takes one cluster at least.
       return i > first ? i : next;
     }
-    if (breaks[next - 1 - paragraph.first])
-      lastBreak = next;
+    if (breaks[next - 1 - paragraph.first]) lastBreak = next;
     i = next;
   }
   return paragraph.end;
@@ -141,8 +135,7 @@ void TextLayout::Builder::AddLine(const Paragraph& paragraph, uint32_t first, ui
   CollectPieces(first, shownEnd);
   OrderPieces();
   PlacePieces(line);
-  if (line.isTrimmed)
-    PlaceEllipsis(line);
+  if (line.isTrimmed) PlaceEllipsis(line);
   layout.lines.push_back(line);
 }
 
@@ -150,8 +143,7 @@ void TextLayout::Builder::AddLine(const Paragraph& paragraph, uint32_t first, ui
 uint32_t TextLayout::Builder::Trim(uint32_t first, uint32_t end) {
   const double limit = options.maxWidth + WidthTolerance;
   uint32_t contentEnd = end;
-  while (contentEnd > first && IsBlank(contentEnd - 1))
-    --contentEnd;
+  while (contentEnd > first && IsBlank(contentEnd - 1)) --contentEnd;
   if (ellipsisWidth == 0) {
     ellipsisFace = fonts.ChooseFor(Ellipsis, layout.style);
     const FontFace& face = fonts.Face(ellipsisFace.face);
@@ -161,13 +153,10 @@ uint32_t TextLayout::Builder::Trim(uint32_t first, uint32_t end) {
   double x = 0;
   uint32_t fitting = first;
   for (uint32_t i = first; i < contentEnd; ++i) {
-    if (widths[i - paragraphFirst] == InsideCluster)
-      continue;
-    if (x + ellipsisWidth <= limit)
-      fitting = i;
+    if (widths[i - paragraphFirst] == InsideCluster) continue;
+    if (x + ellipsisWidth <= limit) fitting = i;
     x += Advance(i, x);
-    if (x > limit)
-      return fitting;
+    if (x > limit) return fitting;
   }
   return end;
 }
@@ -176,40 +165,31 @@ void TextLayout::Builder::CollectPieces(uint32_t first, uint32_t end) {
   pieces.clear();
   uint32_t blanks = end;
   if (shaped.hasRightToLeft)
-    while (blanks > first && IsBlank(blanks - 1))
-      --blanks;
-  while (nextRun > 0 && shaped.runs[nextRun - 1].endCharacter > first)
-    --nextRun;
+    while (blanks > first && IsBlank(blanks - 1)) --blanks;
+  while (nextRun > 0 && shaped.runs[nextRun - 1].endCharacter > first) --nextRun;
   for (; nextRun < shaped.runs.size(); ++nextRun) {
     const ShapedRun& run = shaped.runs[nextRun];
-    if (run.endCharacter <= first)
-      continue;
-    if (run.firstCharacter >= end)
-      break;
+    if (run.endCharacter <= first) continue;
+    if (run.firstCharacter >= end) break;
     const uint32_t from = std::max(first, run.firstCharacter);
     const uint32_t to = std::min(end, run.endCharacter);
     const auto index = static_cast<uint32_t>(nextRun);
     // Blanks at a line's end belong to the paragraph's direction, whatever stands before them.
     const uint32_t middle = std::clamp(blanks, from, to);
-    if (from < middle)
-      pieces.push_back({index, from, middle, run.level});
-    if (middle < to)
-      pieces.push_back({index, middle, to, 0});
-    if (run.endCharacter > end)
-      break;
+    if (from < middle) pieces.push_back({index, from, middle, run.level});
+    if (middle < to) pieces.push_back({index, middle, to, 0});
+    if (run.endCharacter > end) break;
   }
 }
 
 /// Reverses, from the highest level down to the lowest odd one, every stretch of at least that level.
 void TextLayout::Builder::OrderPieces() {
   uint8_t highest = 0;
-  for (const Piece& piece : pieces)
-    highest = std::max(highest, piece.level);
+  for (const Piece& piece : pieces) highest = std::max(highest, piece.level);
   for (uint8_t level = highest; level > 0; --level) {
     for (size_t i = 0; i < pieces.size();) {
       size_t end = i;
-      while (end < pieces.size() && pieces[end].level >= level)
-        ++end;
+      while (end < pieces.size() && pieces[end].level >= level) ++end;
       std::reverse(pieces.begin() + static_cast<std::ptrdiff_t>(i), pieces.begin() + static_cast<std::ptrdiff_t>(end));
       i = end + 1;
     }
@@ -261,22 +241,19 @@ void TextLayout::Builder::PlacePieces(LayoutLine& line) {
     const auto first = layout.glyphs.begin() + layout.runs[line.firstRun].firstGlyph;
     for (auto glyph = layout.glyphs.end(); glyph != first; --glyph) {
       const char c = layout.text[(glyph - 1)->cluster];
-      if (c != ' ' && c != '\t')
-        break;
+      if (c != ' ' && c != '\t') break;
       x -= (glyph - 1)->advance;
     }
   }
   line.width = static_cast<float>(x);
   // Kept apart from the lines' rounded widths, so that a size does not depend on how it was measured.
-  if (!line.isTrimmed)
-    widest = std::max(widest, x);
+  if (!line.isTrimmed) widest = std::max(widest, x);
 }
 
 void TextLayout::Builder::PlaceEllipsis(LayoutLine& line) {
   const uint32_t cut = line.firstRun == line.endRun ? line.textStart : [&] {
     uint32_t last = line.textStart;
-    for (uint32_t i = line.firstRun; i < line.endRun; ++i)
-      last = std::max(last, layout.runs[i].textEnd);
+    for (uint32_t i = line.firstRun; i < line.endRun; ++i) last = std::max(last, layout.runs[i].textEnd);
     return last;
   }();
   LayoutRun run;
@@ -296,8 +273,7 @@ void TextLayout::Builder::PlaceEllipsis(LayoutLine& line) {
 }
 
 void TextLayout::Builder::Align() {
-  if (options.alignment == TextAlignment::Left)
-    return;
+  if (options.alignment == TextAlignment::Left) return;
   const float width = std::isfinite(options.maxWidth) ? options.maxWidth : layout.size.width;
   for (LayoutLine& line : layout.lines) {
     const float rest = std::max(0.0f, width - line.width);
@@ -305,8 +281,7 @@ void TextLayout::Builder::Align() {
     for (uint32_t i = line.firstRun; i < line.endRun; ++i) {
       LayoutRun& run = layout.runs[i];
       run.x += line.x;
-      for (uint32_t glyph = run.firstGlyph; glyph < run.endGlyph; ++glyph)
-        layout.glyphs[glyph].x += line.x;
+      for (uint32_t glyph = run.firstGlyph; glyph < run.endGlyph; ++glyph) layout.glyphs[glyph].x += line.x;
     }
   }
 }

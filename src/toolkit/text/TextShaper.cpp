@@ -44,8 +44,7 @@ bool IsMark(char32_t c) {
 }
 
 uint32_t ScriptOf(char32_t c) {
-  if (c >= 0x80)
-    return hb_unicode_script(hb_unicode_funcs_get_default(), c);
+  if (c >= 0x80) return hb_unicode_script(hb_unicode_funcs_get_default(), c);
   const bool isLetter = (c | 0x20) >= 'a' && (c | 0x20) <= 'z';
   return isLetter ? HB_SCRIPT_LATIN : HB_SCRIPT_COMMON;
 }
@@ -64,8 +63,7 @@ void TextShaper::Shape(const DecodedText& text, size_t first, size_t end, const 
   result.runs.clear();
   result.glyphs.clear();
   result.hasRightToLeft = false;
-  if (first >= end)
-    return;
+  if (first >= end) return;
   FindLevels(text, first, end, result);
   FindFaces(text, first, end, style);
 
@@ -76,14 +74,11 @@ void TextShaper::Shape(const DecodedText& text, size_t first, size_t end, const 
     uint32_t script = scripts[start];
     if (!isTab(start)) {
       for (; stop < count && !isTab(stop); ++stop) {
-        if (levels[stop] != levels[start] || faces[stop] != faces[start])
-          break;
+        if (levels[stop] != levels[start] || faces[stop] != faces[start]) break;
         const bool isNeutral = scripts[stop] == HB_SCRIPT_COMMON || scripts[stop] == HB_SCRIPT_INHERITED;
         const bool wasNeutral = script == HB_SCRIPT_COMMON || script == HB_SCRIPT_INHERITED;
-        if (!isNeutral && !wasNeutral && scripts[stop] != script)
-          break;
-        if (wasNeutral)
-          script = scripts[stop];
+        if (!isNeutral && !wasNeutral && scripts[stop] != script) break;
+        if (wasNeutral) script = scripts[stop];
       }
     }
     ShapedRun run;
@@ -112,12 +107,10 @@ void TextShaper::FindLevels(const DecodedText& text, size_t first, size_t end, S
   fribidi_get_bidi_types(characters, length, types.data());
   fribidi_get_bracket_types(characters, length, types.data(), brackets.data());
   FriBidiParType base = FRIBIDI_PAR_LTR;
-  if (fribidi_get_par_embedding_levels_ex(types.data(), brackets.data(), length, &base, embedding.data()) == 0)
-    return;
+  if (fribidi_get_par_embedding_levels_ex(types.data(), brackets.data(), length, &base, embedding.data()) == 0) return;
   for (size_t i = 0; i < count; ++i) {
     levels[i] = static_cast<uint8_t>(std::max<int>(0, embedding[i]));
-    if (levels[i] & 1)
-      result.hasRightToLeft = true;
+    if (levels[i] & 1) result.hasRightToLeft = true;
   }
 }
 
@@ -154,8 +147,7 @@ void TextShaper::ShapeRun(const DecodedText& text, size_t first, size_t end, Sha
     hb_buffer_clear_contents(buffer);
     hb_buffer_set_direction(buffer, run.IsRightToLeft() ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
     const bool isNeutral = script == HB_SCRIPT_COMMON || script == HB_SCRIPT_INHERITED;
-    if (isNeutral)
-      script = HB_SCRIPT_LATIN;
+    if (isNeutral) script = HB_SCRIPT_LATIN;
     hb_buffer_set_script(buffer, static_cast<hb_script_t>(script));
     hb_buffer_set_language(buffer, Language());
     const auto* characters = reinterpret_cast<const hb_codepoint_t*>(text.characters.data());
@@ -184,14 +176,11 @@ void TextShaper::ShapeRun(const DecodedText& text, size_t first, size_t end, Sha
 
 double TextShaper::MeasureAscii(std::string_view text, const FaceChoice& choice, float size) {
   FontFace& face = fonts.Face(choice.face);
-  if (choice.face >= asciiAdvances.size())
-    asciiAdvances.resize(choice.face + 1u);
+  if (choice.face >= asciiAdvances.size()) asciiAdvances.resize(choice.face + 1u);
   std::unique_ptr<AsciiAdvances>& advances = asciiAdvances[choice.face];
-  if (!advances)
-    advances = std::make_unique<AsciiAdvances>(face, buffer);
+  if (!advances) advances = std::make_unique<AsciiAdvances>(face, buffer);
   const double known = advances->Measure(text, size);
-  if (known >= 0)
-    return known;
+  if (known >= 0) return known;
 
   ShapeAscii(face, text, buffer);
   unsigned count = 0;
