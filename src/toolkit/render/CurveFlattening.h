@@ -14,11 +14,11 @@ struct Extent {
   bool Meets(float l, float t, float r, float b) const { return l <= right && r >= left && t <= bottom && b >= top; }
 };
 
-/// How many straight pieces bring a cubic curve within a tenth of a pixel.
-inline float CurvePieces(Point a, Point b, Point c, Point d) {
+/// How many straight pieces bring a cubic curve within `tolerance` pixels.
+inline float CurvePieces(Point a, Point b, Point c, Point d, float tolerance) {
   const Point first{a.x - 2 * b.x + c.x, a.y - 2 * b.y + c.y}, second{b.x - 2 * c.x + d.x, b.y - 2 * c.y + d.y};
   const float bend = std::max(first.x * first.x + first.y * first.y, second.x * second.x + second.y * second.y);
-  return std::sqrt(0.75f / 0.1f * std::sqrt(bend));
+  return std::sqrt(0.75f / tolerance * std::sqrt(bend));
 }
 
 inline Point CurvePoint(Point a, Point b, Point c, Point d, float t) {
@@ -31,8 +31,8 @@ inline Point CurvePoint(Point a, Point b, Point c, Point d, float t) {
 /// top, right, bottom)` turns down, only `skip(from, to)` is called, so a long curve costs what is visible of it. What
 /// is cut off never changes the pieces that remain.
 template <class Meets, class Emit, class Skip>
-void FlattenCurve(Point a, Point b, Point c, Point d, const Meets& meets, const Emit& emit, const Skip& skip,
-                  int depth = 0) {
+void FlattenCurve(Point a, Point b, Point c, Point d, float tolerance, const Meets& meets, const Emit& emit,
+                  const Skip& skip, int depth = 0) {
   constexpr int maximumDepth = 20;
   constexpr float piecesAtOnce = 8;
   if (!meets(std::min(std::min(a.x, b.x), std::min(c.x, d.x)), std::min(std::min(a.y, b.y), std::min(c.y, d.y)),
@@ -40,7 +40,7 @@ void FlattenCurve(Point a, Point b, Point c, Point d, const Meets& meets, const 
     skip(a, d);
     return;
   }
-  const float pieces = CurvePieces(a, b, c, d);
+  const float pieces = CurvePieces(a, b, c, d, tolerance);
   if (!(pieces > piecesAtOnce) || depth == maximumDepth) {
     const int count = pieces > 1 ? static_cast<int>(std::ceil(std::min(pieces, piecesAtOnce))) : 1;
     Point from = a;
@@ -54,8 +54,8 @@ void FlattenCurve(Point a, Point b, Point c, Point d, const Meets& meets, const 
   const auto middle = [](Point p, Point q) { return Point{(p.x + q.x) / 2, (p.y + q.y) / 2}; };
   const Point ab = middle(a, b), bc = middle(b, c), cd = middle(c, d);
   const Point abc = middle(ab, bc), bcd = middle(bc, cd), center = middle(abc, bcd);
-  FlattenCurve(a, ab, abc, center, meets, emit, skip, depth + 1);
-  FlattenCurve(center, bcd, cd, d, meets, emit, skip, depth + 1);
+  FlattenCurve(a, ab, abc, center, tolerance, meets, emit, skip, depth + 1);
+  FlattenCurve(center, bcd, cd, d, tolerance, meets, emit, skip, depth + 1);
 }
 
 } // namespace Toolkit

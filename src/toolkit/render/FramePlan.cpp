@@ -102,7 +102,7 @@ void FramePlan::AddGroup(const DisplayList& list, const State& state, size_t ind
   for (size_t i = start + 1; i < items.size(); ++i) {
     bounds = bounds.Unite(items[i].bounds);
     // What is hidden inside of the group still shows through it.
-    items[i].hidden = {};
+    items[i].hides = false;
   }
   if (bounds.IsEmpty()) {
     items.resize(start);
@@ -142,11 +142,7 @@ void FramePlan::AddRectangle(const DisplayList& list, const DisplayEntry& entry,
   item.top = entry.bounds.y * m.m22 + m.dy;
   item.right = entry.bounds.Right() * m.m11 + m.dx;
   item.bottom = entry.bounds.Bottom() * m.m22 + m.dy;
-  if (AlphaOf(ink.color) == 255 && state.clip == 0)
-    item.hidden = {ToPixel(std::ceil(item.left), bounds.left, bounds.right),
-                   ToPixel(std::ceil(item.top), bounds.top, bounds.bottom),
-                   ToPixel(std::floor(item.right), bounds.left, bounds.right),
-                   ToPixel(std::floor(item.bottom), bounds.top, bounds.bottom)};
+  item.hides = state.clip == 0 && IsOpaque(ink);
 }
 
 void FramePlan::AddBox(const DisplayList& list, const DisplayEntry& entry, const State& state) {
@@ -177,7 +173,7 @@ void FramePlan::AddBox(const DisplayList& list, const DisplayEntry& entry, const
   item.borderColor = border.color;
   item.borderPaint = border.paint;
   item.first = static_cast<uint32_t>(boxes.size());
-  if (state.clip == 0 && AlphaOf(ink.color) == 255) item.hidden = box.inner.Covered(bounds);
+  item.hides = state.clip == 0 && IsOpaque(ink);
   boxes.push_back(box);
 }
 
@@ -222,6 +218,14 @@ PixelRect FramePlan::PixelBounds(const Rect& rect, const State& state) const {
           ToPixel(std::ceil(right), clip.left, clip.right), ToPixel(std::ceil(bottom), clip.top, clip.bottom)};
 }
 
+PixelRect FramePlan::HiddenBy(const PlanItem& item) const {
+  if (!item.hides) return {};
+  if (item.kind == PlanItem::Kind::Box) return boxes[item.first].inner.Covered(item.bounds);
+  const PixelRect& b = item.bounds;
+  return {ToPixel(std::ceil(item.left), b.left, b.right), ToPixel(std::ceil(item.top), b.top, b.bottom),
+          ToPixel(std::floor(item.right), b.left, b.right), ToPixel(std::floor(item.bottom), b.top, b.bottom)};
+}
+
 FramePlan::Ink FramePlan::InkFor(const DisplayList& list, uint16_t index, const State& state) {
   if (index == DisplayEntry::NoPaint) return {};
   const Paint& paint = list.PaintAt(index);
@@ -233,6 +237,9 @@ FramePlan::Ink FramePlan::InkFor(const DisplayList& list, uint16_t index, const 
     const Point d = end - start;
     const float length = d.x * d.x + d.y * d.y;
     if (!(length > 1e-12f)) return {paint.ramp->Colors().back(), 0};
+    // Within two pixels, all that shows of a gradient is its middle.
+    if (length < 4) return {paint.ramp->Colors()[127], 0};
+    plan.isOpaque = paint.ramp->IsOpaque();
     plan.ramp = paint.ramp.get();
     plan.alongX = d.x / length * 255;
     plan.alongY = d.y / length * 255;
@@ -248,6 +255,7 @@ FramePlan::Ink FramePlan::InkFor(const DisplayList& list, uint16_t index, const 
     if (paint.isTiled && (width < 4 || height < 4)) return {ScalePixel(paint.bitmap->Average(), plan.opacity), 0};
     plan.isTiled = paint.isTiled;
     plan.clampsImage = paint.clampsImage;
+    plan.isOpaque = plan.opacity == 255 && paint.bitmap->IsOpaque() && (paint.isTiled || paint.clampsImage);
     if (paint.isTiled && state.isUpright && width <= TileCells::MaximumSize && height <= TileCells::MaximumSize) {
       plan.cell = &tileCells.Find(paint.bitmap, width, height);
       plan.cellX = toPixels.dx;

@@ -15,6 +15,8 @@ namespace Toolkit {
 /// A paint in pixels.
 struct PlanPaint {
   PaintKind kind = PaintKind::None;
+  /// Every pixel is opaque.
+  bool isOpaque = false;
   uint32_t opacity = 255;
   /// A gradient: the place along it is x * alongX + y * alongY + along, 0 to 255.
   const GradientRamp* ramp = nullptr;
@@ -55,10 +57,10 @@ struct PlanItem {
   /// Of a group, 0 to 255.
   uint8_t opacity = 255;
   bool hasBorder = false;
+  /// Its fill is opaque and not clipped, so that it hides what is below.
+  bool hides = false;
   /// Nothing outside of it is drawn.
   PixelRect bounds;
-  /// Pixels that the item hides; often none.
-  PixelRect hidden;
   /// A solid colour where the paint is 0; a transparent one paints nothing.
   Pixel color = 0, borderColor = 0;
   uint32_t paint = 0, borderPaint = 0;
@@ -77,6 +79,9 @@ public:
 
   /// `visible` is where anything is going to be drawn; `target` all of the picture.
   void Build(const DisplayList& list, const Matrix& toPixels, const PixelRect& visible, const PixelRect& target);
+
+  /// Pixels that the item hides wholly; often none.
+  PixelRect HiddenBy(const PlanItem& item) const;
 
   std::vector<PlanItem> items;
   /// The first entry of paints and of clips stands for none.
@@ -122,6 +127,9 @@ private:
   void AddTextBar(const TextLayout& layout, size_t line, Point origin, const Ink& ink, const State& state);
   void AddGlyphOutlines(const TextLayout& layout, size_t line, Point origin, const Ink& ink, const State& state);
 
+  bool IsOpaque(const Ink& ink) const {
+    return AlphaOf(ink.color) == 255 || (ink.paint != 0 && paints[ink.paint].isOpaque);
+  }
   PixelRect PixelBounds(const Rect& rect, const State& state) const;
   Ink InkFor(const DisplayList& list, uint16_t paint, const State& state);
   PlanItem& Add(PlanItem::Kind kind, const PixelRect& bounds, const Ink& ink, const State& state);

@@ -14,6 +14,9 @@ constexpr float FarAway = 1e7f;
 /// Text smaller than this in pixels becomes a bar, and below the second figure nothing.
 constexpr float LeastReadable = 2.5f;
 constexpr float LeastBar = 1.0f;
+/// How far from a curve its straight pieces may run, and the faint ones of a hair line, in pixels.
+constexpr float Tolerance = 0.1f;
+constexpr float HairlineTolerance = 0.25f;
 
 Point MapNear(const Matrix& matrix, Point p) {
   const Point q = matrix.Map(p);
@@ -104,7 +107,9 @@ void FramePlan::AddArea(const PathOutline& outline, const Matrix& matrix, const 
     end = to;
     edge(from, to);
   };
-  const auto curve = [&](Point a, Point b, Point c, Point d) { FlattenCurve(a, b, c, d, meets, line, line); };
+  const auto curve = [&](Point a, Point b, Point c, Point d) {
+    FlattenCurve(a, b, c, d, Tolerance, meets, line, line);
+  };
   WalkOutline(
       outline, matrix, [](bool) {}, line, curve, close);
   if (edges.size() == first) return;
@@ -120,6 +125,7 @@ void FramePlan::AddStroke(const DisplayList::PathShape& shape, const PixelRect& 
   if (ink.IsNone()) return;
   const float reach = std::max(width, 1.0f) / 2 + 0.5f;
   const bool hasFlatEnds = width >= 1;
+  const float tolerance = width >= 1 ? Tolerance : HairlineTolerance;
   const Extent extent{static_cast<float>(bounds.left) - reach, static_cast<float>(bounds.top) - reach,
                       static_cast<float>(bounds.right) + reach, static_cast<float>(bounds.bottom) + reach};
   const auto firstSegment = static_cast<uint32_t>(segments.size());
@@ -155,8 +161,8 @@ void FramePlan::AddStroke(const DisplayList::PathShape& shape, const PixelRect& 
     lastSegment = 0;
   };
   const auto curve = [&](Point a, Point b, Point c, Point d) {
-    if (!isDashed) return FlattenCurve(a, b, c, d, meets, line, skip);
-    const int pieces = static_cast<int>(std::min(std::max(CurvePieces(a, b, c, d), 1.0f), 400.0f));
+    if (!isDashed) return FlattenCurve(a, b, c, d, tolerance, meets, line, skip);
+    const int pieces = static_cast<int>(std::min(std::max(CurvePieces(a, b, c, d, tolerance), 1.0f), 400.0f));
     Point from = a;
     for (int i = 1; i <= pieces; ++i) {
       const Point to = CurvePoint(a, b, c, d, static_cast<float>(i) / static_cast<float>(pieces));

@@ -90,6 +90,7 @@ std::shared_ptr<const GradientRamp> GradientRamp::Of(std::vector<Stop> stops, fl
                                         mix(from.color.b, to.color.b), mix(from.color.a, to.color.a)},
                                        opacity);
   }
+  for (const Pixel color : ramp->colors) ramp->opaque = ramp->opaque && AlphaOf(color) == 255;
   ramp->stops = std::move(stops);
   ramp->opacity = opacity;
   known.push_back(ramp);

@@ -26,10 +26,12 @@ public:
   static std::shared_ptr<const GradientRamp> Of(std::vector<Stop> stops, float opacity);
 
   const std::array<Pixel, 256>& Colors() const { return colors; }
+  bool IsOpaque() const { return opaque; }
 
 private:
   std::vector<Stop> stops;
   float opacity = 1;
+  bool opaque = true;
   std::array<Pixel, 256> colors{};
 };
 

@@ -47,8 +47,10 @@ void TilePainter::Draw(const FramePlan& framePlan, std::span<const BinEntry> bin
   tileY = y;
   clip = part;
   surfaces.assign(1, {target.pixels, target.stride, 0, 0});
-  for (int row = clip.top; row < clip.bottom; ++row)
-    std::fill_n(surfaces[0].At(clip.left, row), clip.Width(), background);
+  // Most often the first item, the canvas's background, hides this one.
+  if (bin.empty() || !plan->HiddenBy(plan->items[bin[0].item]).Contains(clip))
+    for (int row = clip.top; row < clip.bottom; ++row)
+      std::fill_n(surfaces[0].At(clip.left, row), clip.Width(), background);
   for (size_t i = 0; i < bin.size();) {
     const PlanItem& item = plan->items[bin[i].item];
     area = item.bounds.Intersect(clip);

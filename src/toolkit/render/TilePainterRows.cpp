@@ -60,6 +60,7 @@ void TilePainter::PaintRun(int y, int left, int right, int coverage) {
       operations.blendColor(row, count, color);
     return;
   }
+  if (coverage == 255 && ink.paint->isOpaque) return MakePaintRow(*ink.paint, left, y, count, row);
   Pixel pixels[TileWidth];
   MakePaintRow(*ink.paint, left, y, count, pixels);
   if (coverage != 255)

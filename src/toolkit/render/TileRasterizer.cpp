@@ -75,9 +75,9 @@ void TileRasterizer::FillBins() {
       PutSegments(i, item);
       continue;
     }
-    const bool hidesTiles = item.hidden.Width() >= TileWidth / 4 && item.hidden.Height() >= TileHeight / 4;
+    const PixelRect hidden = plan.HiddenBy(item);
     ForTiles(item.bounds, [&](Tile& tile) {
-      if (hidesTiles && item.hidden.Contains(tile.bounds)) tile.bin.clear();
+      if (hidden.Contains(tile.bounds)) tile.bin.clear();
       tile.bin.push_back({i, item.first, item.end});
     });
   }
