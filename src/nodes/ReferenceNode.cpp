@@ -137,7 +137,7 @@ void ReferenceNode::Serialize(cJSON* json, bool writeNodeId, bool saveAllFields)
   for (const auto& [name, field] : contentFields) {
     const auto kept = keptValues.find(name);
     if (kept != keptValues.end() && field->GetValueAsString().empty())
-      cJSON_AddRawToObject(values, name.c_str(), kept->second.c_str());
+      cJSON_AddItemToObject(values, name.c_str(), cJSON_Parse(kept->second.c_str()));
     else if (saveAllFields || field->ShouldSerialize())
       field->Serialize(values, name);
   }

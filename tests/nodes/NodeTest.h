@@ -1,0 +1,68 @@
+#pragma once
+
+#include "CapturedBoxes.h"
+#include "CapturedLog.h"
+#include "TestDocumentView.h"
+#include "ToolkitEnvironment.h"
+#include "fields/FieldRegistration.h"
+#include "nodes/NodeRegistration.h"
+#include "toolkit/base/Diagnostics.h"
+#include "workspace/Workspace.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace TestSupport {
+
+/// Base of the tests of nodes: a dictionary that takes schemas, and a view without a window. Boxes and log lines are
+/// kept; toolkit warnings fail the test.
+class NodeTest : public testing::Test {
+protected:
+  NodeTest() {
+    Toolkit::SetLogHandler([](const char* file, uint32_t line, Toolkit::LogLevel level, const char*, const char* text) {
+      if (level >= Toolkit::LogLevel::Warning) ADD_FAILURE() << file << ":" << line << " " << text;
+    });
+    workspace.nodeDictionary = std::make_unique<Tesselor::NodeDictionary>();
+  }
+  ~NodeTest() override { Toolkit::SetLogHandler(nullptr); }
+
+  void AddSchema(const std::string& quoted) {
+    const Tesselor::JsonPtr schema = Parse(quoted);
+    ASSERT_TRUE(schema) << quoted;
+    workspace.nodeDictionary->AddSchema(schema.get());
+  }
+  /// Makes a node and puts it on the canvas.
+  Tesselor::ContentNode& Add(const std::string& id) {
+    const Toolkit::Ptr<Tesselor::ContentNode> node = workspace.nodeDictionary->CreateNode(id, true);
+    view.AddNode(*node, 0, 0, false);
+    return *node;
+  }
+  /// JSON in which single quotes stand for double ones.
+  static Tesselor::JsonPtr Parse(std::string quoted) {
+    std::replace(quoted.begin(), quoted.end(), '\'', '"');
+    return Tesselor::JsonPtr(cJSON_Parse(quoted.c_str()));
+  }
+  static std::string Print(const cJSON* json) {
+    const std::unique_ptr<char, decltype(&cJSON_free)> printed(cJSON_PrintUnformatted(json), &cJSON_free);
+    std::string text = printed ? printed.get() : "";
+    std::replace(text.begin(), text.end(), '"', '\'');
+    return text;
+  }
+
+  /// Comes before everything that is made of toolkit objects.
+  struct Environment {
+    Environment() {
+      ToolkitEnvironment::Start([] {
+        Tesselor::RegisterFieldTypes();
+        Tesselor::RegisterNodeTypes();
+      });
+    }
+  } environment;
+  CapturedBoxes boxes;
+  CapturedLog log;
+  Tesselor::Workspace workspace;
+  TestDocumentView view{"Node"};
+};
+
+} // namespace TestSupport
