@@ -319,8 +319,9 @@ void DocumentCompiler::CompilePropertyElement(ElementPlan& plan, const pugi::xml
 Ptr<Object> DocumentCompiler::Share(std::unique_ptr<ElementPlan> plan) {
   Instantiation instantiation(nullptr, nullptr, false);
   Ptr<Object> object = instantiation.Create(*plan);
-  // The object may point to tables of its plan.
-  plan.release();
+  // The object may point to tables of its plan, which stays with it: both live until the process ends.
+  static auto* plans = new std::vector<std::unique_ptr<ElementPlan>>();
+  plans->push_back(std::move(plan));
   return object;
 }
 
