@@ -5,6 +5,7 @@
 #include "toolkit/controls/Slider.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"
+#include "toolkit/controls/UserControl.h"
 
 namespace Toolkit {
 namespace {
@@ -164,6 +165,24 @@ TEST_F(InputTest, TellsOfEveryTextChangeOnce) {
   box.SetText("a");
   box.SetText("a");
   EXPECT_EQ(changes, 1);
+}
+
+TEST_F(InputTest, TellsNobodyWhileAnElementIsDestroyed) {
+  // A control that goes takes its content along; who listens to that may be half destroyed by then.
+  int changes = 0;
+  {
+    auto owner = MakePtr<UserControl>();
+    auto data = MakePtr<TestData>();
+    data->SetText("bound");
+    owner->SetDataContext(data.Get());
+    auto panel = Make<StackPanel>("StackPanel", "><TextBox x:Name=\"T\" Text=\"{Binding Text}\"/></StackPanel>");
+    owner->SetContent(Value(panel));
+    auto* box = panel->FindName<TextBox>("T");
+    ASSERT_EQ(box->GetText(), "bound");
+    box->AddHandler(TextBox::TextChangedEvent,
+                    RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) { ++changes; }));
+  }
+  EXPECT_EQ(changes, 0);
 }
 
 TEST_F(InputTest, KeepsASliderWithinItsBounds) {

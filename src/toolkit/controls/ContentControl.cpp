@@ -21,7 +21,8 @@ TOOLKIT_TYPE_IMPL(UserControl, ContentControl, "UserControl")
 void UserControl::Describe(TypeBuilder<UserControl>&) {}
 
 ContentControl::~ContentControl() {
-  if (contentElement && contentElement->VisualParent() == this) ReleaseVisualChild(contentElement.Get());
+  if (!contentElement || contentElement->VisualParent() != this) return;
+  ReleaseVisualChild(contentElement.Get(), GetContent().AsObject() == contentElement.Get() ? 2 : 1);
 }
 
 void ContentControl::ReleaseContent() {

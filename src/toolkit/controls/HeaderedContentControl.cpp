@@ -21,7 +21,8 @@ void HeaderedContentControl::Describe(TypeBuilder<HeaderedContentControl>& type)
 }
 
 HeaderedContentControl::~HeaderedContentControl() {
-  if (headerElement && headerElement->VisualParent() == this) ReleaseVisualChild(headerElement.Get());
+  if (!headerElement || headerElement->VisualParent() != this) return;
+  ReleaseVisualChild(headerElement.Get(), GetHeader().AsObject() == headerElement.Get() ? 2 : 1);
 }
 
 void HeaderedContentControl::OnPropertyChanged(const PropertyChange& change) {

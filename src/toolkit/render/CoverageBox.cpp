@@ -1,5 +1,7 @@
 #include "toolkit/render/CoverageBox.h"
 
+#include "toolkit/render/PixelRounding.h"
+
 #include <cmath>
 
 namespace Toolkit {
@@ -11,10 +13,6 @@ float Unit(float value) { return std::min(std::max(value, 0.0f), 1.0f); }
 /// How much of the pixel that begins at `start` lies between two edges.
 float Overlap(float start, float low, float high) {
   return std::max(0.0f, std::min(start + 1, high) - std::max(start, low));
-}
-
-int ToPixel(float value, int low, int high) {
-  return static_cast<int>(std::min(std::max(value, static_cast<float>(low)), static_cast<float>(high)));
 }
 
 } // namespace
@@ -71,22 +69,19 @@ PixelRect CoverageBox::Touched(const PixelRect& limit) const {
       low = {std::min(low.x, corner.x), std::min(low.y, corner.y)};
       high = {std::max(high.x, corner.x), std::max(high.y, corner.y)};
     }
-    return {ToPixel(std::floor(low.x - 1), limit.left, limit.right),
-            ToPixel(std::floor(low.y - 1), limit.top, limit.bottom),
-            ToPixel(std::ceil(high.x + 1), limit.left, limit.right),
-            ToPixel(std::ceil(high.y + 1), limit.top, limit.bottom)};
+    return {FloorPixel(low.x - 1, limit.left, limit.right), FloorPixel(low.y - 1, limit.top, limit.bottom),
+            CeilPixel(high.x + 1, limit.left, limit.right), CeilPixel(high.y + 1, limit.top, limit.bottom)};
   }
-  return {ToPixel(std::floor(left), limit.left, limit.right), ToPixel(std::floor(top), limit.top, limit.bottom),
-          ToPixel(std::ceil(right), limit.left, limit.right), ToPixel(std::ceil(bottom), limit.top, limit.bottom)};
+  return {FloorPixel(left, limit.left, limit.right), FloorPixel(top, limit.top, limit.bottom),
+          CeilPixel(right, limit.left, limit.right), CeilPixel(bottom, limit.top, limit.bottom)};
 }
 
 PixelRect CoverageBox::Covered(const PixelRect& limit) const {
   if (isTurned) return {};
   // The band between the upper and the lower corners.
   const float upper = std::max(radii.topLeft, radii.topRight), lower = std::max(radii.bottomLeft, radii.bottomRight);
-  return {ToPixel(std::ceil(left), limit.left, limit.right), ToPixel(std::ceil(top + upper), limit.top, limit.bottom),
-          ToPixel(std::floor(right), limit.left, limit.right),
-          ToPixel(std::floor(bottom - lower), limit.top, limit.bottom)};
+  return {CeilPixel(left, limit.left, limit.right), CeilPixel(top + upper, limit.top, limit.bottom),
+          FloorPixel(right, limit.left, limit.right), FloorPixel(bottom - lower, limit.top, limit.bottom)};
 }
 
 bool CoverageBox::Covers(const PixelRect& area) const {
@@ -128,8 +123,8 @@ CoverageRow::CoverageRow(const CoverageBox& box, int y) : box(box), center(stati
   cut(box.radii.topRight, box.radii.bottomRight, rightRadius, rightDistance);
   leftX = box.left + leftRadius;
   rightX = box.right - rightRadius;
-  runStart = std::ceil(leftX);
-  runEnd = std::max(runStart, std::floor(rightX));
+  runStart = CeilPixel(leftX, -FarPixel, FarPixel);
+  runEnd = std::max(runStart, FloorPixel(rightX, -FarPixel, FarPixel));
 }
 
 float CoverageRow::At(int x) const {

@@ -39,8 +39,8 @@ public:
   /// 0 to 1.
   float At(int x) const;
   /// The pixels whose coverage is `Run()`; perhaps none.
-  float RunStart() const { return runStart; }
-  float RunEnd() const { return runEnd; }
+  int RunStart() const { return runStart; }
+  int RunEnd() const { return runEnd; }
   float Run() const { return height; }
 
 private:
@@ -48,7 +48,7 @@ private:
   float center;
   /// The covered part of the row's height.
   float height;
-  float runStart = 0, runEnd = 0;
+  int runStart = 0, runEnd = 0;
   /// The circle of the corner that the row cuts at either side; the radius is zero where it cuts none.
   float leftRadius = 0, leftX = 0, leftDistance = 0;
   float rightRadius = 0, rightX = 0, rightDistance = 0;

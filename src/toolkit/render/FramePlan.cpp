@@ -1,5 +1,7 @@
 #include "toolkit/render/FramePlan.h"
 
+#include "toolkit/render/PixelRounding.h"
+
 #include <cmath>
 
 namespace Toolkit {
@@ -14,10 +16,6 @@ constexpr int MaximumDepth = 100;
 constexpr float LeastBorder = 0.12f;
 constexpr float LeastRadius = 0.4f;
 constexpr float LeastShadow = 1.0f;
-
-int ToPixel(float value, int low, int high) {
-  return static_cast<int>(std::min(std::max(value, static_cast<float>(low)), static_cast<float>(high)));
-}
 
 } // namespace
 
@@ -214,16 +212,16 @@ PixelRect FramePlan::PixelBounds(const Rect& rect, const State& state) const {
   if (!(left < static_cast<float>(clip.right) && right > static_cast<float>(clip.left) &&
         top < static_cast<float>(clip.bottom) && bottom > static_cast<float>(clip.top)))
     return {};
-  return {ToPixel(std::floor(left), clip.left, clip.right), ToPixel(std::floor(top), clip.top, clip.bottom),
-          ToPixel(std::ceil(right), clip.left, clip.right), ToPixel(std::ceil(bottom), clip.top, clip.bottom)};
+  return {FloorPixel(left, clip.left, clip.right), FloorPixel(top, clip.top, clip.bottom),
+          CeilPixel(right, clip.left, clip.right), CeilPixel(bottom, clip.top, clip.bottom)};
 }
 
 PixelRect FramePlan::HiddenBy(const PlanItem& item) const {
   if (!item.hides) return {};
   if (item.kind == PlanItem::Kind::Box) return boxes[item.first].inner.Covered(item.bounds);
   const PixelRect& b = item.bounds;
-  return {ToPixel(std::ceil(item.left), b.left, b.right), ToPixel(std::ceil(item.top), b.top, b.bottom),
-          ToPixel(std::floor(item.right), b.left, b.right), ToPixel(std::floor(item.bottom), b.top, b.bottom)};
+  return {CeilPixel(item.left, b.left, b.right), CeilPixel(item.top, b.top, b.bottom),
+          FloorPixel(item.right, b.left, b.right), FloorPixel(item.bottom, b.top, b.bottom)};
 }
 
 FramePlan::Ink FramePlan::InkFor(const DisplayList& list, uint16_t index, const State& state) {
@@ -258,8 +256,9 @@ FramePlan::Ink FramePlan::InkFor(const DisplayList& list, uint16_t index, const 
     plan.isOpaque = plan.opacity == 255 && paint.bitmap->IsOpaque() && (paint.isTiled || paint.clampsImage);
     if (paint.isTiled && state.isUpright && width <= TileCells::MaximumSize && height <= TileCells::MaximumSize) {
       plan.cell = &tileCells.Find(paint.bitmap, width, height);
-      plan.cellX = toPixels.dx;
-      plan.cellY = toPixels.dy;
+      // Any tile may be the first; one near the picture keeps the numbers small.
+      plan.cellX = std::isfinite(toPixels.dx) ? std::fmod(toPixels.dx, width) : 0;
+      plan.cellY = std::isfinite(toPixels.dy) ? std::fmod(toPixels.dy, height) : 0;
       plan.cellWidth = width;
       plan.cellHeight = height;
     }

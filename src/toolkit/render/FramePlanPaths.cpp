@@ -1,6 +1,7 @@
 #include "toolkit/render/FramePlan.h"
 
 #include "toolkit/render/CurveFlattening.h"
+#include "toolkit/render/PixelRounding.h"
 #include "toolkit/text/TextLayout.h"
 
 #include <cmath>
@@ -271,9 +272,9 @@ void FramePlan::AddText(const DisplayList& list, const DisplayEntry& entry, cons
         const LayoutGlyph& glyph = layout.Glyphs()[g];
         const float x = (shape.origin.x + glyph.x) * m.m11 + m.dx, y = (shape.origin.y + glyph.y) * m.m22 + m.dy;
         if (!(x >= left && x <= right)) continue;
-        const int quarters = static_cast<int>(std::floor(x * 4 + 0.5f));
+        const int quarters = FloorPixel(x * 4 + 0.5f, -FarPixel, FarPixel);
         const GlyphMask& mask = glyphAtlas.Mask(page, glyph.id, quarters & 3);
-        if (mask.width > 0) glyphs.push_back({&mask, quarters >> 2, static_cast<int>(std::floor(y + 0.5f))});
+        if (mask.width > 0) glyphs.push_back({&mask, quarters >> 2, FloorPixel(y + 0.5f, -FarPixel, FarPixel)});
       }
     }
     if (glyphs.size() == first) continue;

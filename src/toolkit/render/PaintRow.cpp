@@ -1,5 +1,7 @@
 #include "toolkit/render/PaintRow.h"
 
+#include "toolkit/render/PixelRounding.h"
+
 #include <cmath>
 #include <cstring>
 
@@ -23,9 +25,11 @@ void MakeGradientRow(const PlanPaint& paint, int x, int y, int count, Pixel* row
 /// The tiles along one axis begin at whole pixels, so that a pattern's lines stay sharp.
 struct TileSteps {
   float origin, size;
-  int Start(int index) const { return static_cast<int>(std::floor(origin + static_cast<float>(index) * size + 0.5f)); }
+  int Start(int index) const {
+    return FloorPixel(origin + static_cast<float>(index) * size + 0.5f, -FarPixel, FarPixel);
+  }
   int IndexAt(int place) const {
-    int index = static_cast<int>(std::floor((static_cast<float>(place) + 0.5f - origin) / size));
+    int index = FloorPixel((static_cast<float>(place) + 0.5f - origin) / size, -FarPixel, FarPixel);
     while (Start(index) > place) --index;
     while (Start(index + 1) <= place) ++index;
     return index;

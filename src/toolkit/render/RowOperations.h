@@ -13,8 +13,11 @@ inline constexpr uint32_t Divide255(uint32_t value) {
 /// All channels times `coverage / 255`.
 inline constexpr Pixel ScalePixel(Pixel pixel, uint32_t coverage) {
   if (coverage == 255) return pixel;
-  return Divide255((pixel >> 24) * coverage) << 24 | Divide255((pixel >> 16 & 255) * coverage) << 16 |
-         Divide255((pixel >> 8 & 255) * coverage) << 8 | Divide255((pixel & 255) * coverage);
+  // Two channels at once, each in 16 bits.
+  uint32_t even = (pixel & 0xff00ff) * coverage + 0x800080, odd = (pixel >> 8 & 0xff00ff) * coverage + 0x800080;
+  even = (even + (even >> 8 & 0xff00ff)) >> 8 & 0xff00ff;
+  odd = (odd + (odd >> 8 & 0xff00ff)) & 0xff00ff00;
+  return even | odd;
 }
 
 /// `source` over `below`.

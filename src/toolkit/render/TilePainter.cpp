@@ -1,6 +1,7 @@
 #include "toolkit/render/TilePainter.h"
 
 #include "toolkit/render/PaintRow.h"
+#include "toolkit/render/PixelRounding.h"
 
 #include <cmath>
 #include <cstring>
@@ -10,10 +11,6 @@ namespace Toolkit {
 namespace {
 
 int ToByte(float coverage) { return static_cast<int>(std::min(std::max(coverage, 0.0f), 1.0f) * 255 + 0.5f); }
-
-int ToPixel(float value, int low, int high) {
-  return static_cast<int>(std::min(std::max(value, static_cast<float>(low)), static_cast<float>(high)));
-}
 
 float Overlap(float start, float low, float high) {
   return std::max(0.0f, std::min(start + 1, high) - std::max(start, low));
@@ -82,11 +79,11 @@ void TilePainter::DrawItem(const PlanItem& item) {
 }
 
 void TilePainter::DrawRectangle(const PlanItem& item) {
-  const float firstColumn = std::floor(item.left), lastColumn = std::floor(item.right);
-  const int first = ToPixel(firstColumn, area.left - 1, area.right),
-            last = ToPixel(lastColumn, area.left - 1, area.right);
-  const float firstWidth = Overlap(firstColumn, item.left, item.right);
-  const float lastWidth = lastColumn > firstColumn ? item.right - lastColumn : 0;
+  // The columns that the left and the right edge cut, one beyond the area where they lie outside.
+  const int first = FloorPixel(item.left, area.left - 1, area.right);
+  const int last = FloorPixel(item.right, area.left - 1, area.right);
+  const float firstWidth = Overlap(static_cast<float>(first), item.left, item.right);
+  const float lastWidth = item.right - static_cast<float>(last);
   const int runLeft = std::max(first + 1, area.left), runRight = std::min(last, area.right);
   for (int y = area.top; y < area.bottom; ++y) {
     const float height = Overlap(static_cast<float>(y), item.top, item.bottom);
@@ -105,12 +102,12 @@ void TilePainter::DrawBox(const PlanItem& item) {
   for (int y = area.top; y < area.bottom; ++y) {
     const CoverageRow outer(box.outer, y), inner(box.inner, y);
     // The pixels between the corners and the sides of the border are all alike.
-    float start = outer.RunStart(), end = outer.RunEnd();
+    int start = outer.RunStart(), end = outer.RunEnd();
     if (item.hasBorder && inner.Run() > 0) {
       start = std::max(start, inner.RunStart());
       end = std::min(end, inner.RunEnd());
     }
-    const int runLeft = ToPixel(start, area.left, area.right), runRight = ToPixel(end, runLeft, area.right);
+    const int runLeft = std::clamp(start, area.left, area.right), runRight = std::clamp(end, runLeft, area.right);
     const auto drawSingly = [&](int left, int right) {
       if (left >= right) return;
       if (!item.hasBorder) {
@@ -157,8 +154,8 @@ void TilePainter::DrawShadow(const PlanItem& item) {
   // Between the corners, the strength does not change along a row.
   const float corner = std::max(soft, box.radii.topLeft);
   const bool hasRun = !box.isTurned && box.right - box.left > 2 * corner;
-  const int runLeft = hasRun ? ToPixel(std::ceil(box.left + corner), area.left, area.right) : area.right;
-  const int runRight = hasRun ? ToPixel(std::floor(box.right - corner), runLeft, area.right) : area.right;
+  const int runLeft = hasRun ? CeilPixel(box.left + corner, area.left, area.right) : area.right;
+  const int runRight = hasRun ? FloorPixel(box.right - corner, runLeft, area.right) : area.right;
   uint8_t values[TileWidth];
   for (int y = area.top; y < area.bottom; ++y) {
     const float center = static_cast<float>(y) + 0.5f;
@@ -210,8 +207,8 @@ size_t TilePainter::DrawStroke(std::span<const BinEntry> bin, size_t at) {
 /// Each pixel takes the greatest coverage of any segment, so joints are not painted twice.
 void TilePainter::CoverSegment(const StrokeSegment& s) {
   const float endX = s.x + s.directionX * s.length, endY = s.y + s.directionY * s.length;
-  const int top = ToPixel(std::floor(std::min(s.y, endY) - s.reach), area.top, area.bottom);
-  const int bottom = ToPixel(std::ceil(std::max(s.y, endY) + s.reach), area.top, area.bottom);
+  const int top = FloorPixel(std::min(s.y, endY) - s.reach, area.top, area.bottom);
+  const int bottom = CeilPixel(std::max(s.y, endY) + s.reach, area.top, area.bottom);
   const float boxLeft = std::min(s.x, endX) - s.reach, boxRight = std::max(s.x, endX) + s.reach;
   const bool isSteep = std::abs(s.directionY) > 1e-3f;
   const float lean = isSteep ? s.directionX / s.directionY : 0, spread = isSteep ? s.reach / std::abs(s.directionY) : 0;
@@ -222,8 +219,8 @@ void TilePainter::CoverSegment(const StrokeSegment& s) {
       low = std::max(low, middle - spread);
       high = std::min(high, middle + spread);
     }
-    const int left = ToPixel(std::floor(low - 0.5f), area.left, area.right);
-    const int right = ToPixel(std::ceil(high + 0.5f), area.left, area.right);
+    const int left = FloorPixel(low - 0.5f, area.left, area.right);
+    const int right = CeilPixel(high + 0.5f, area.left, area.right);
     if (left >= right) continue;
     const auto row = static_cast<size_t>(y - tileY);
     maskLeft[row] = std::min(maskLeft[row], left - tileX);
@@ -265,8 +262,8 @@ void TilePainter::AddEdge(Point from, Point to) {
   if (from.y > to.y) std::swap(from, to);
   const float slope = (to.x - from.x) / (to.y - from.y);
   constexpr float width = TileWidth;
-  const int top = ToPixel(std::floor(from.y), area.top, area.bottom);
-  const int bottom = ToPixel(std::ceil(to.y), area.top, area.bottom);
+  const int top = FloorPixel(from.y, area.top, area.bottom);
+  const int bottom = CeilPixel(to.y, area.top, area.bottom);
   for (int y = top; y < bottom; ++y) {
     float* row = &areas[static_cast<size_t>(y - tileY) * (TileWidth + 2)];
     const float upper = std::max(static_cast<float>(y), from.y), lower = std::min(static_cast<float>(y + 1), to.y);
@@ -289,8 +286,8 @@ void TilePainter::AddEdge(Point from, Point to) {
       high = std::min(high, width);
       share = part * (high - low);
     }
-    const float lowFloor = std::floor(low), highCeiling = std::ceil(high);
-    const int first = static_cast<int>(lowFloor), last = static_cast<int>(highCeiling);
+    const int first = FloorPixel(low, 0, TileWidth), last = CeilPixel(high, 0, TileWidth);
+    const float lowFloor = static_cast<float>(first), highCeiling = static_cast<float>(last);
     if (last <= first + 1) {
       const float middle = (low + high) / 2 - lowFloor;
       row[first] += share - share * middle;

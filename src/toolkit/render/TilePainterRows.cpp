@@ -20,8 +20,7 @@ void TilePainter::UseClips(uint32_t index) {
 bool TilePainter::IsRowClipped(int y, int left, int right) const {
   for (const CoverageBox* box : clips) {
     const CoverageRow row(*box, y);
-    if (row.Run() < 1 || static_cast<float>(left) < row.RunStart() || static_cast<float>(right) > row.RunEnd())
-      return true;
+    if (row.Run() < 1 || left < row.RunStart() || right > row.RunEnd()) return true;
   }
   return false;
 }
@@ -30,8 +29,7 @@ bool TilePainter::ClipMask(int y, int left, int right, uint8_t* coverage) const 
   bool isClipped = false;
   for (const CoverageBox* box : clips) {
     const CoverageRow row(*box, y);
-    if (row.Run() >= 1 && static_cast<float>(left) >= row.RunStart() && static_cast<float>(right) <= row.RunEnd())
-      continue;
+    if (row.Run() >= 1 && left >= row.RunStart() && right <= row.RunEnd()) continue;
     isClipped = true;
     for (int x = left; x < right; ++x)
       if (coverage[x - left] != 0)

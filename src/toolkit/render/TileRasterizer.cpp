@@ -1,6 +1,7 @@
 #include "toolkit/render/TileRasterizer.h"
 
 #include "toolkit/base/Diagnostics.h"
+#include "toolkit/render/PixelRounding.h"
 
 #include <cmath>
 
@@ -85,16 +86,13 @@ void TileRasterizer::FillBins() {
 
 void TileRasterizer::PutSegments(uint32_t index, const PlanItem& item) {
   const PixelRect& limit = item.bounds;
-  const auto toPixel = [](float value, int low, int high) {
-    return static_cast<int>(std::min(std::max(value, static_cast<float>(low)), static_cast<float>(high)));
-  };
   for (uint32_t i = item.first; i < item.end; ++i) {
     const StrokeSegment& s = plan.segments[i];
     const float endX = s.x + s.directionX * s.length, endY = s.y + s.directionY * s.length;
-    const PixelRect bounds{toPixel(std::floor(std::min(s.x, endX) - s.reach), limit.left, limit.right),
-                           toPixel(std::floor(std::min(s.y, endY) - s.reach), limit.top, limit.bottom),
-                           toPixel(std::ceil(std::max(s.x, endX) + s.reach), limit.left, limit.right),
-                           toPixel(std::ceil(std::max(s.y, endY) + s.reach), limit.top, limit.bottom)};
+    const PixelRect bounds{FloorPixel(std::min(s.x, endX) - s.reach, limit.left, limit.right),
+                           FloorPixel(std::min(s.y, endY) - s.reach, limit.top, limit.bottom),
+                           CeilPixel(std::max(s.x, endX) + s.reach, limit.left, limit.right),
+                           CeilPixel(std::max(s.y, endY) + s.reach, limit.top, limit.bottom)};
     ForTiles(bounds, [&](Tile& tile) {
       if (!tile.bin.empty() && tile.bin.back().item == index && tile.bin.back().end == i)
         tile.bin.back().end = i + 1;

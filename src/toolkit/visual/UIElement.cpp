@@ -144,8 +144,8 @@ void UIElement::RemoveVisualChild(UIElement* child) {
   LayoutQueue::Current().VisualChanged();
 }
 
-void UIElement::ReleaseVisualChild(UIElement* child) {
-  if (child->ReferenceCount() > 1 || child->attached)
+void UIElement::ReleaseVisualChild(UIElement* child, uint32_t ownReferences) {
+  if (child->ReferenceCount() > ownReferences || child->attached)
     RemoveVisualChild(child);
   else
     child->visualParent = nullptr;

@@ -106,8 +106,9 @@ protected:
   /// A child was added to or taken from what `VisualChild` lists.
   void AddVisualChild(UIElement* child);
   void RemoveVisualChild(UIElement* child);
-  /// As `RemoveVisualChild`, from a destructor: a child that goes with its parent is not told of the change.
-  void ReleaseVisualChild(UIElement* child);
+  /// As `RemoveVisualChild`, from a destructor: a child that goes with its parent is not told of the change, since who
+  /// listens to it may be half destroyed. `ownReferences` is how many references the parent itself holds.
+  void ReleaseVisualChild(UIElement* child, uint32_t ownReferences = 1);
   void OnPropertyChanged(const PropertyChange& change) override;
   void OnInheritedChanged(uint16_t bits) override;
   void RefreshInheritanceOfChildren(uint16_t changedBits) override;
