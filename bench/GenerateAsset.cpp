@@ -54,8 +54,7 @@ std::string Uuid(RandomNumbers& random) {
 std::string Words(RandomNumbers& random, uint32_t count) {
   std::string text;
   for (uint32_t i = 0; i < count; ++i) {
-    if (i > 0)
-      text += ' ';
+    if (i > 0) text += ' ';
     text += words[random.Below(std::size(words))];
   }
   return text;
@@ -73,8 +72,7 @@ void WriteFile(const std::filesystem::path& path, const std::string& text) {
 
 std::string NodeSchema(const std::string& id, bool hasChildren) {
   std::string values;
-  for (const char* rarity : rarities)
-    values += (values.empty() ? "\"" : ", \"") + std::string(rarity) + "\"";
+  for (const char* rarity : rarities) values += (values.empty() ? "\"" : ", \"") + std::string(rarity) + "\"";
   const std::string childPin =
       hasChildren ? R"({"id": "Steps", "Type": "Step", "color": "orange", "Multiple": true, "Label": "Steps"})"
                   : R"({"id": "Outcome", "Type": "Step", "color": "green", "Label": "Outcome"})";
@@ -164,8 +162,7 @@ private:
       cJSON_AddItemToArray(steps, Branch(child, depth + 1));
     // What the division by five left over hangs on the first branch.
     uint32_t leaves = 4 + (branch == 0 ? nodes - branches * 5 : 0);
-    if (nodes < 5)
-      leaves = nodes - 1;
+    if (nodes < 5) leaves = nodes - 1;
     for (; leaves > 0; --leaves) {
       cJSON* leaf = Node("Leaf", depth + 1);
       if (leaves == 2) {
@@ -192,14 +189,9 @@ private:
     cJSON_AddBoolToObject(node, "Enabled", random.Below(4) != 0);
     cJSON_AddStringToObject(node, "Rarity", rarities[random.Below(std::size(rarities))]);
     switch (random.Below(3)) {
-    case 0:
-      cJSON_AddNumberToObject(node, "Value", random.Below(100000));
-      break;
-    case 1:
-      cJSON_AddBoolToObject(node, "Value", random.Below(2) != 0);
-      break;
-    default:
-      cJSON_AddStringToObject(node, "Value", words[random.Below(std::size(words))]);
+    case 0: cJSON_AddNumberToObject(node, "Value", random.Below(100000)); break;
+    case 1: cJSON_AddBoolToObject(node, "Value", random.Below(2) != 0); break;
+    default: cJSON_AddStringToObject(node, "Value", words[random.Below(std::size(words))]);
     }
     cJSON_AddStringToObject(node, "Description", Words(random, 18).c_str());
 
@@ -208,8 +200,7 @@ private:
     // A column of the canvas has room for a thousand rows; larger trees go on beside it.
     cJSON_AddNumberToObject(position, "$x", depth * 600 + written / rowsPerColumn * 8000.0);
     cJSON_AddNumberToObject(position, "$y", written % rowsPerColumn * 600.0);
-    if (written == 0)
-      cJSON_AddStringToObject(place, "$Title", ("[ROOT] " + type).c_str());
+    if (written == 0) cJSON_AddStringToObject(place, "$Title", ("[ROOT] " + type).c_str());
     ++written;
     return node;
   }
