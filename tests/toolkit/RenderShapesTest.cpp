@@ -115,6 +115,12 @@ TEST(RenderShapes, DashAlongTheWholePath) {
   const Picture line = Draw(40, 5, [&](Painter& p) { p.DrawLine({1, 2}, {37, 2}, Solid(0xff0000).Get(), 2, dashes); });
   // Four pixels drawn and two left out, from the first on.
   for (int x = 1; x < 37; ++x) EXPECT_EQ(line.Red(x, 2), (x - 1) % 6 < 4 ? 255 : 0) << x;
+  PathOutline bent;
+  bent.MoveTo({1, 2});
+  bent.LineTo({12, 2});
+  bent.CurveTo({15, 2}, {30, 2}, {37, 2});
+  const Picture pieces = Draw(40, 5, [&](Painter& p) { p.DrawPath(bent, nullptr, Solid(0xff0000).Get(), 2, dashes); });
+  for (int x = 1; x < 37; ++x) EXPECT_NEAR(pieces.Red(x, 2), line.Red(x, 2), 1) << x;
   // What is left out because it lies outside does not shift the pattern.
   const Picture far = Draw(40, 5, [&](Painter& p) {
     p.DrawLine({-5999, 2}, {99999, 2}, Solid(0xff0000).Get(), 2, dashes);
@@ -199,6 +205,15 @@ TEST(RenderShapes, ShowAGroupThroughAsAWhole) {
   EXPECT_EQ(picture.At(1, 1), 0xff0000ffu);
   EXPECT_EQ(picture.At(4, 4), 0xff80007fu);
   EXPECT_EQ(picture.At(10, 10), 0xff00807fu);
+  // Larger than a tile, and opaque inside of the group.
+  const Picture large = Draw(300, 130, [](Painter& p) {
+    p.DrawRectangle({0, 0, 300, 130}, Solid(0x0000ff).Get());
+    p.PushOpacity(0.5f);
+    p.DrawRectangle({0, 0, 300, 130}, Solid(0xff0000).Get());
+    p.Pop();
+  });
+  EXPECT_EQ(large.At(100, 30), 0xff80007fu);
+  EXPECT_EQ(large.At(290, 120), 0xff80007fu);
 }
 
 TEST(RenderShapes, FadeAShadowOutwards) {

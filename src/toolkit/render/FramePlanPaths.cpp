@@ -216,9 +216,13 @@ void FramePlan::AddDashes(Point from, Point to, const DisplayList::PathShape& sh
         const auto place = [&](double t) {
           return Point{static_cast<float>(from.x + dx * t / length), static_cast<float>(from.y + dy * t / length)};
         };
-        AddSegment(place(start), place(end), reach);
-        segments.back().flatStart = start == at;
-        segments.back().flatEnd = end == at + dash;
+        // Where a dash goes on around a joint its end is round, unless that would reach further than the dash.
+        const double before = start - at, behind = at + dash - end;
+        const bool flatStart = before < reach, flatEnd = behind < reach;
+        AddSegment(place(flatStart ? start - std::min(before, 0.5) : start),
+                   place(flatEnd ? end + std::min(behind, 0.5) : end), reach);
+        segments.back().flatStart = flatStart;
+        segments.back().flatEnd = flatEnd;
       }
       at += dash;
     }

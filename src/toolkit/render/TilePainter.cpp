@@ -225,7 +225,9 @@ void TilePainter::CoverSegment(const StrokeSegment& s) {
     const auto row = static_cast<size_t>(y - tileY);
     maskLeft[row] = std::min(maskLeft[row], left - tileX);
     maskRight[row] = std::max(maskRight[row], right - tileX);
-    operations.coverSegment(&mask[row * TileWidth + static_cast<size_t>(left - tileX)], right - left, left, y, s);
+    // Whole registers where there is room: the pixels behind are out of reach and stay as they are.
+    const int count = std::min((right - left + 3) & ~3, area.right - left);
+    operations.coverSegment(&mask[row * TileWidth + static_cast<size_t>(left - tileX)], count, left, y, s);
   }
 }
 
