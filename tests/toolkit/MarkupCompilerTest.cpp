@@ -40,10 +40,11 @@ TEST_F(MarkupCompilerTest, ReportsEachMistakeWithItsLineAndLoadsTheRest) {
     auto panel = Make<StackPanel>("StackPanel", c.rest);
     EXPECT_TRUE(panel) << c.rest;
     ASSERT_EQ(Reports().size(), 1u) << c.rest;
-    if (c.report[0] == '0')
+    if (c.report[0] == '0') {
       EXPECT_NE(Reports()[0].find(c.report + 3), std::string::npos) << Reports()[0];
-    else
+    } else {
       EXPECT_EQ(Reports()[0], c.report);
+    }
   }
   Reports().clear();
   EXPECT_FALSE(Make<StackPanel>("StackPanel", "><Border></StackPanel>"));
@@ -106,7 +107,9 @@ TEST_F(MarkupCompilerTest, ReadsColoursAndPaths) {
         Case{"#12", false, {}}, Case{"#GGGGGG", false, {}}, Case{"", false, {}}, Case{"#", false, {}}}) {
     Color color;
     EXPECT_EQ(ValueConversion::ColorFromText(c.text, color), c.valid) << c.text;
-    if (c.valid) EXPECT_EQ(color, c.color) << c.text;
+    if (c.valid) {
+      EXPECT_EQ(color, c.color) << c.text;
+    }
   }
   Ptr<PathGeometry> path = PathGeometry::Parse("M0,0 C20,0 20,30 0,30 Z m 5 5 l10-2");
   ASSERT_TRUE(path);
