@@ -1,0 +1,105 @@
+#include "NodeTest.h"
+
+#include "actions/ActionHistory.h"
+#include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/TextBox.h"
+#include "toolkit/visual/Input.h"
+
+namespace Tesselor {
+
+using Toolkit::Visibility;
+
+/// Titles and comments of nodes, through real input.
+class NodeTexts : public TestSupport::NodeTest {
+protected:
+  NodeTexts() {
+    AddSchema("{'id':'Plain','title':'Plain','color':'blue'}");
+    ActionHistory::Instance().Clear();
+  }
+  ~NodeTexts() override { ActionHistory::Instance().Clear(); }
+
+  void Press(Toolkit::UIElement& element, uint32_t count = 1) {
+    view.Layout();
+    const Toolkit::Point middle =
+        element.TransformToAncestor(nullptr).Map({element.ActualWidth() * 0.5f, element.ActualHeight() * 0.5f});
+    input.MouseMove(middle);
+    input.MouseDown(Toolkit::MouseButton::Left, middle, count);
+    input.MouseUp(Toolkit::MouseButton::Left, middle);
+    view.Layout();
+  }
+  static Toolkit::TextBox* FindTextBox(Toolkit::UIElement& from) {
+    if (auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(static_cast<Toolkit::Object*>(&from))) return box;
+    for (size_t i = 0; i < from.VisualChildCount(); ++i)
+      if (Toolkit::TextBox* box = FindTextBox(*from.VisualChild(i))) return box;
+    return nullptr;
+  }
+  std::string Written(ContentNode& node) {
+    const JsonPtr json(cJSON_CreateObject());
+    node.SerializeChild(json.get(), false);
+    const cJSON* comment = cJSON_GetObjectItem(json.get(), "$Comment");
+    return comment ? comment->valuestring : "";
+  }
+
+  Toolkit::InputState input{*view.canvas};
+};
+
+TEST_F(NodeTexts, OfACommentGoThroughItsThreeStates) {
+  ContentNode& node = Add("Plain");
+  auto state = [&] {
+    std::string text;
+    for (const auto* property :
+         {ContentNode::CommentBlockVisibilityProperty, ContentNode::CommentInputVisibilityProperty,
+          ContentNode::CommentTextVisibilityProperty})
+      text += node.Get<Visibility>(property) == Visibility::Visible ? 'V' : '-';
+    return text;
+  };
+  auto& toggle = *node.FindName<Toolkit::Button>("CommentToggleButton");
+  auto& block = *node.FindName("CommentBlock");
+  EXPECT_EQ(state(), "--V");
+  Press(toggle);
+  EXPECT_EQ(state(), "V-V");
+  Press(block);
+  EXPECT_EQ(state(), "V-V") << "one click edits nothing";
+  Press(block, 2);
+  EXPECT_EQ(state(), "VV-");
+  Press(toggle);
+  EXPECT_EQ(state(), "VV-") << "the toggle does nothing while the comment is edited";
+  Press(*FindTextBox(block));
+  input.KeyDown(Toolkit::Key::Return);
+  input.KeyUp(Toolkit::Key::Return);
+  EXPECT_EQ(state(), "V-V");
+  Press(toggle);
+  EXPECT_EQ(state(), "--V");
+}
+
+TEST_F(NodeTexts, AreWrittenWhileTheirBoxStillHasTheFocus) {
+  // A save by keyboard comes while the author's caret still stands in the box.
+  ContentNode& node = Add("Plain");
+  Press(*node.FindName<Toolkit::Button>("CommentToggleButton"));
+  Press(*node.FindName("CommentBlock"), 2);
+  Toolkit::TextBox* box = FindTextBox(*node.FindName("CommentBlock"));
+  ASSERT_TRUE(box);
+  Press(*box);
+  box->SelectAll();
+  input.TextInput("ask combat");
+  EXPECT_TRUE(box->IsFocused());
+  EXPECT_EQ(Written(node), "ask combat");
+  EXPECT_EQ(ActionHistory::Instance().Size(), 0u);
+  auto* title = node.FindName<Toolkit::TextBox>("TitleTextBlock");
+  Press(*title);
+  EXPECT_EQ(ActionHistory::Instance().Size(), 1u) << "one step for the session that ended";
+  title->SelectAll();
+  input.TextInput("Renamed");
+  EXPECT_EQ(node.Title(), "Renamed");
+  ActionHistory::Instance().UndoLast();
+  EXPECT_EQ(Written(node), "");
+
+  GroupNode& group = view.AddGroupNode(1200, 300);
+  group.SetDataContext(&group);
+  view.Layout();
+  group.BeginTitleEdit();
+  input.TextInput("Act");
+  EXPECT_EQ(group.Title().substr(0, 3), "Act");
+}
+
+} // namespace Tesselor
