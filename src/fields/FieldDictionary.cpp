@@ -1,19 +1,16 @@
 #include "fields/FieldDictionary.h"
 
 #include "actions/ActionHistory.h"
-#include "app/FileDialogs.h"
-#include "fields/AssetIdReader.h"
 #include "fields/EventAttribute.h"
 #include "fields/FieldDictionaryActionCommand.h"
 #include "fields/FieldOptions.h"
-#include "toolkit/controls/ButtonBase.h"
 
 #include <algorithm>
 #include <cjson/cJSON.h>
 
 namespace Tesselor {
 
-TOOLKIT_TYPE_IMPL(FieldDictionary, BaseField, "Tesselor.FieldDictionary")
+TOOLKIT_TYPE_IMPL(FieldDictionary, FieldRows, "Tesselor.FieldDictionary")
 void FieldDictionary::Describe(Toolkit::TypeBuilder<FieldDictionary>& type) {
   WidthProperty = type.Property<int32_t>("Width", 75);
   type.Member<&FieldDictionary::ReflectedRows>("Dictionary");
@@ -28,14 +25,8 @@ void FieldDictionary::InitializeComponent() {
 
 bool FieldDictionary::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
   const EventAttribute attribute(source, eventName, handlerName);
-  const Toolkit::RoutedEvent& click = Toolkit::ButtonBase::ClickEvent;
   return attribute.Connect<&FieldDictionary::OnDictionaryLoaded>(LoadedEvent, "OnDictionaryLoaded", this) ||
-         attribute.Connect<&FieldDictionary::OnAddItem>(click, "OnAddItem", this) ||
-         attribute.Connect<&FieldDictionary::OnRemoveItem>(click, "OnRemoveItem", this) ||
-         attribute.Connect<&FieldDictionary::OnMoveUp>(click, "OnMoveUp", this) ||
-         attribute.Connect<&FieldDictionary::OnMoveDown>(click, "OnMoveDown", this) ||
-         attribute.Connect<&FieldDictionary::OnSelectFile>(click, "OnSelectFile", this) ||
-         attribute.Connect<&FieldDictionary::OnInputLostFocus>(LostFocusEvent, "OnInputLostFocus", this);
+         FieldRows::ConnectEvent(source, eventName, handlerName);
 }
 
 void FieldDictionary::Serialize(cJSON* object, const std::string& key) {
@@ -102,7 +93,7 @@ void FieldDictionary::AddRow(const Toolkit::SharedString& key, const Toolkit::Sh
   auto row = Toolkit::MakePtr<FieldDictionaryStringData>();
   row->SetKey(key);
   row->SetValue(value);
-  if (itemType == FieldItemType::Uuid) row->SetSelectFileButtonVisibility(Toolkit::Visibility::Visible);
+  PrepareRow(*row);
   rows->Add(std::move(row));
 }
 
@@ -114,45 +105,8 @@ void FieldDictionary::PushUndoIfChanged() {
   previousValues = std::move(current);
 }
 
-void FieldDictionary::MoveRow(Toolkit::Object* sender, int step) {
-  const FieldRowData* row = RowOfButton(sender);
-  const int index = row ? rows->IndexOfItem(row) : -1;
-  if (index < 0) return;
-  const int target = index + step;
-  if (target >= 0 && target < rows->CountValue()) rows->Move(static_cast<size_t>(index), static_cast<size_t>(target));
-  UpdateMoveButtons(*rows);
-  PushUndoIfChanged();
-}
-
 void FieldDictionary::OnDictionaryLoaded(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   previousValues = GetValues();
-}
-
-void FieldDictionary::OnAddItem(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  AddRow({}, {});
-  UpdateMoveButtons(*rows);
-  PushUndoIfChanged();
-}
-
-void FieldDictionary::OnRemoveItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
-  const FieldRowData* row = RowOfButton(sender);
-  const int index = row ? rows->IndexOfItem(row) : -1;
-  if (index < 0) return;
-  rows->RemoveAt(static_cast<size_t>(index));
-  UpdateMoveButtons(*rows);
-  PushUndoIfChanged();
-}
-
-void FieldDictionary::OnInputLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  if (!isRestoring) PushUndoIfChanged();
-}
-
-void FieldDictionary::OnSelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
-  const Toolkit::Ptr<FieldRowData> row(RowOfButton(sender));
-  if (!row) return;
-  const std::optional<std::string> path = FileDialogs::Open();
-  if (!path) return;
-  if (const std::optional<std::string> id = ReadAssetId(*path)) row->SetValue(*id);
 }
 
 } // namespace Tesselor

@@ -1,18 +1,15 @@
 #include "fields/FieldList.h"
 
 #include "actions/ActionHistory.h"
-#include "app/FileDialogs.h"
-#include "fields/AssetIdReader.h"
 #include "fields/EventAttribute.h"
 #include "fields/FieldListActionCommand.h"
 #include "fields/FieldOptions.h"
-#include "toolkit/controls/ButtonBase.h"
 
 #include <cjson/cJSON.h>
 
 namespace Tesselor {
 
-TOOLKIT_TYPE_IMPL(FieldList, BaseField, "Tesselor.FieldList")
+TOOLKIT_TYPE_IMPL(FieldList, FieldRows, "Tesselor.FieldList")
 void FieldList::Describe(Toolkit::TypeBuilder<FieldList>& type) {
   WidthProperty = type.Property<int32_t>("Width", 75);
   type.Member<&FieldList::ReflectedRows>("List");
@@ -27,14 +24,8 @@ void FieldList::InitializeComponent() {
 
 bool FieldList::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
   const EventAttribute attribute(source, eventName, handlerName);
-  const Toolkit::RoutedEvent& click = Toolkit::ButtonBase::ClickEvent;
   return attribute.Connect<&FieldList::OnListLoaded>(LoadedEvent, "OnListLoaded", this) ||
-         attribute.Connect<&FieldList::OnAddItem>(click, "OnAddItem", this) ||
-         attribute.Connect<&FieldList::OnRemoveItem>(click, "OnRemoveItem", this) ||
-         attribute.Connect<&FieldList::OnMoveUp>(click, "OnMoveUp", this) ||
-         attribute.Connect<&FieldList::OnMoveDown>(click, "OnMoveDown", this) ||
-         attribute.Connect<&FieldList::OnSelectFile>(click, "OnSelectFile", this) ||
-         attribute.Connect<&FieldList::OnInputLostFocus>(LostFocusEvent, "OnInputLostFocus", this);
+         FieldRows::ConnectEvent(source, eventName, handlerName);
 }
 
 void FieldList::ShareRows(const FieldList& other) { rows = other.rows; }
@@ -94,7 +85,7 @@ void FieldList::SetValues(const Values& values) {
 void FieldList::AddRow(const Toolkit::SharedString& value) {
   auto row = Toolkit::MakePtr<FieldListStringData>();
   row->SetValue(value);
-  if (itemType == FieldItemType::Uuid) row->SetSelectFileButtonVisibility(Toolkit::Visibility::Visible);
+  PrepareRow(*row);
   rows->Add(std::move(row));
 }
 
@@ -106,43 +97,6 @@ void FieldList::PushUndoIfChanged() {
   previousValues = std::move(current);
 }
 
-void FieldList::MoveRow(Toolkit::Object* sender, int step) {
-  const FieldRowData* row = RowOfButton(sender);
-  const int index = row ? rows->IndexOfItem(row) : -1;
-  if (index < 0) return;
-  const int target = index + step;
-  if (target >= 0 && target < rows->CountValue()) rows->Move(static_cast<size_t>(index), static_cast<size_t>(target));
-  UpdateMoveButtons(*rows);
-  PushUndoIfChanged();
-}
-
 void FieldList::OnListLoaded(Toolkit::Object*, const Toolkit::RoutedEventArgs&) { previousValues = GetValues(); }
-
-void FieldList::OnAddItem(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  AddRow({});
-  UpdateMoveButtons(*rows);
-  PushUndoIfChanged();
-}
-
-void FieldList::OnRemoveItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
-  const FieldRowData* row = RowOfButton(sender);
-  const int index = row ? rows->IndexOfItem(row) : -1;
-  if (index < 0) return;
-  rows->RemoveAt(static_cast<size_t>(index));
-  UpdateMoveButtons(*rows);
-  PushUndoIfChanged();
-}
-
-void FieldList::OnInputLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  if (!isRestoring) PushUndoIfChanged();
-}
-
-void FieldList::OnSelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
-  const Toolkit::Ptr<FieldRowData> row(RowOfButton(sender));
-  if (!row) return;
-  const std::optional<std::string> path = FileDialogs::Open();
-  if (!path) return;
-  if (const std::optional<std::string> id = ReadAssetId(*path)) row->SetValue(*id);
-}
 
 } // namespace Tesselor

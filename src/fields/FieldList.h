@@ -1,8 +1,8 @@
 #pragma once
 
-#include "fields/BaseField.h"
 #include "fields/FieldItemType.h"
 #include "fields/FieldListStringData.h"
+#include "fields/FieldRows.h"
 #include "toolkit/base/RoutedEvent.h"
 
 #include <vector>
@@ -10,7 +10,7 @@
 namespace Tesselor {
 
 /// A JSON array of scalars as rows of text. Undo compares snapshots of all rows, not single edits.
-class FieldList : public BaseField {
+class FieldList : public FieldRows {
   TOOLKIT_TYPE(FieldList)
 public:
   using Rows = Toolkit::ObservableCollection<FieldListStringData>;
@@ -40,20 +40,11 @@ private:
   void InitializeComponent() override;
   Toolkit::ObservableCollectionBase* ReflectedRows() const { return rows.Get(); }
   void AddRow(const Toolkit::SharedString& value);
-  void PushUndoIfChanged();
-  void MoveRow(Toolkit::Object* sender, int step);
-
+  Toolkit::ObservableCollectionBase& RowCollection() const override { return *rows; }
+  void AddEmptyRow() override { AddRow({}); }
+  void PushUndoIfChanged() override;
   void OnListLoaded(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void OnAddItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void OnRemoveItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void OnMoveUp(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args) { MoveRow(sender, -1); }
-  void OnMoveDown(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args) { MoveRow(sender, 1); }
-  void OnInputLostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void OnSelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
 
-  FieldItemType itemType = FieldItemType::String;
-  /// The rows are being rebuilt; focus events that this causes are no edits.
-  bool isRestoring = false;
   Toolkit::Ptr<Rows> rows;
   /// The rows at the last undo step.
   Values previousValues;

@@ -49,7 +49,7 @@ void ObservableCollectionBase::InsertItem(size_t index, Ptr<Object> item) {
   Notify({CollectionChange::Action::Add, index, 0});
 }
 
-void ObservableCollectionBase::RemoveItemAt(size_t index) {
+void ObservableCollectionBase::RemoveAt(size_t index) {
   Ptr<Object> removed = std::move(items[index]);
   items.erase(items.begin() + static_cast<std::ptrdiff_t>(index));
   Notify({CollectionChange::Action::Remove, index, 0});
@@ -60,7 +60,7 @@ void ObservableCollectionBase::SetItem(size_t index, Ptr<Object> item) {
   Notify({CollectionChange::Action::Replace, index, 0});
 }
 
-void ObservableCollectionBase::MoveItem(size_t oldIndex, size_t newIndex) {
+void ObservableCollectionBase::Move(size_t oldIndex, size_t newIndex) {
   if (oldIndex == newIndex) return;
   Ptr<Object> item = std::move(items[oldIndex]);
   items.erase(items.begin() + static_cast<std::ptrdiff_t>(oldIndex));
@@ -68,7 +68,7 @@ void ObservableCollectionBase::MoveItem(size_t oldIndex, size_t newIndex) {
   Notify({CollectionChange::Action::Move, newIndex, oldIndex});
 }
 
-void ObservableCollectionBase::ClearItems() {
+void ObservableCollectionBase::Clear() {
   if (items.empty()) return;
   std::vector<Ptr<Object>> removed = std::move(items);
   items.clear();

@@ -41,14 +41,14 @@ public:
   Object* ItemAt(size_t index) const { return items[index].Get(); }
   /// The index of the item, or -1.
   int IndexOfItem(const Object* item) const;
+  void RemoveAt(size_t index);
+  void Move(size_t oldIndex, size_t newIndex);
+  void Clear();
 
 protected:
   ObservableCollectionBase() = default;
   void InsertItem(size_t index, Ptr<Object> item);
-  void RemoveItemAt(size_t index);
   void SetItem(size_t index, Ptr<Object> item);
-  void MoveItem(size_t oldIndex, size_t newIndex);
-  void ClearItems();
 
 private:
   friend class CollectionObserver;
@@ -61,16 +61,13 @@ template <class T> class ObservableCollection : public ObservableCollectionBase 
 public:
   void Add(Ptr<T> item) { InsertItem(Count(), std::move(item)); }
   void Insert(size_t index, Ptr<T> item) { InsertItem(index, std::move(item)); }
-  void RemoveAt(size_t index) { RemoveItemAt(index); }
   /// Removes the first occurrence; false if there is none.
   bool Remove(const T* item) {
     const int index = IndexOfItem(item);
-    if (index >= 0) RemoveItemAt(static_cast<size_t>(index));
+    if (index >= 0) RemoveAt(static_cast<size_t>(index));
     return index >= 0;
   }
   void Set(size_t index, Ptr<T> item) { SetItem(index, std::move(item)); }
-  void Move(size_t oldIndex, size_t newIndex) { MoveItem(oldIndex, newIndex); }
-  void Clear() { ClearItems(); }
   T* Get(size_t index) const { return static_cast<T*>(ItemAt(index)); }
   int IndexOf(const T* item) const { return IndexOfItem(item); }
 };

@@ -1,0 +1,71 @@
+#include "fields/FieldRows.h"
+
+#include "app/FileDialogs.h"
+#include "fields/AssetIdReader.h"
+#include "fields/EventAttribute.h"
+#include "toolkit/controls/ButtonBase.h"
+
+namespace Tesselor {
+
+TOOLKIT_TYPE_IMPL(FieldRows, BaseField, "Tesselor.FieldRows")
+void FieldRows::Describe(Toolkit::TypeBuilder<FieldRows>&) {}
+
+bool FieldRows::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
+  const EventAttribute attribute(source, eventName, handlerName);
+  const Toolkit::RoutedEvent& click = Toolkit::ButtonBase::ClickEvent;
+  return attribute.Connect<&FieldRows::OnAddItem>(click, "OnAddItem", this) ||
+         attribute.Connect<&FieldRows::OnRemoveItem>(click, "OnRemoveItem", this) ||
+         attribute.Connect<&FieldRows::OnMoveUp>(click, "OnMoveUp", this) ||
+         attribute.Connect<&FieldRows::OnMoveDown>(click, "OnMoveDown", this) ||
+         attribute.Connect<&FieldRows::OnSelectFile>(click, "OnSelectFile", this) ||
+         attribute.Connect<&FieldRows::OnInputLostFocus>(LostFocusEvent, "OnInputLostFocus", this);
+}
+
+void FieldRows::PrepareRow(FieldRowData& row) const {
+  if (itemType == FieldItemType::Uuid) row.SetSelectFileButtonVisibility(Toolkit::Visibility::Visible);
+}
+
+int FieldRows::IndexOfSender(Toolkit::Object* sender) const {
+  const FieldRowData* row = RowOfButton(sender);
+  return row ? RowCollection().IndexOfItem(row) : -1;
+}
+
+void FieldRows::FinishEdit() {
+  UpdateMoveButtons(RowCollection());
+  PushUndoIfChanged();
+}
+
+void FieldRows::MoveRow(Toolkit::Object* sender, int step) {
+  const int index = IndexOfSender(sender);
+  if (index < 0) return;
+  Toolkit::ObservableCollectionBase& rows = RowCollection();
+  const int target = index + step;
+  if (target >= 0 && target < rows.CountValue()) rows.Move(static_cast<size_t>(index), static_cast<size_t>(target));
+  FinishEdit();
+}
+
+void FieldRows::OnAddItem(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  AddEmptyRow();
+  FinishEdit();
+}
+
+void FieldRows::OnRemoveItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
+  const int index = IndexOfSender(sender);
+  if (index < 0) return;
+  RowCollection().RemoveAt(static_cast<size_t>(index));
+  FinishEdit();
+}
+
+void FieldRows::OnInputLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  if (!isRestoring) PushUndoIfChanged();
+}
+
+void FieldRows::OnSelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
+  const Toolkit::Ptr<FieldRowData> row(RowOfButton(sender));
+  if (!row) return;
+  const std::optional<std::string> path = FileDialogs::Open();
+  if (!path) return;
+  if (const std::optional<std::string> id = ReadAssetId(*path)) row->SetValue(*id);
+}
+
+} // namespace Tesselor
