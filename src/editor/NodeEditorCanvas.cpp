@@ -68,6 +68,7 @@ NodeEditorCanvas::NodeEditorCanvas()
   Toolkit::GUI::LoadComponent(*this, "NodeEditorCanvas.xaml");
   panel = FindName<Toolkit::Canvas>("ContainerCanvas");
   TOOLKIT_ASSERT(panel);
+  panel->KeepDrawings();
   const auto* group = panel->Get<Toolkit::TransformGroup*>(RenderTransformProperty);
   TOOLKIT_ASSERT(group && group->ChildCount() == 2);
   scale = Toolkit::Ptr(Toolkit::DynamicCast<Toolkit::ScaleTransform>(group->Child(0)));

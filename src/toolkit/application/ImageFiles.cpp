@@ -1,6 +1,7 @@
 #include "toolkit/application/ImageFiles.h"
 
 #include "toolkit/controls/Image.h"
+#include "toolkit/render/ImageStore.h"
 
 #include <png.h>
 
@@ -17,6 +18,10 @@ std::unordered_map<std::string, Size>& Sizes() {
   static auto* sizes = new std::unordered_map<std::string, Size>();
   return *sizes;
 }
+
+std::string FullPath(std::string_view path) {
+  return Root().empty() ? std::string(path) : Root() + "/" + std::string(path);
+}
 } // namespace
 
 void ImageFiles::SetRoot(std::string root) {
@@ -29,7 +34,7 @@ Size ImageFiles::SizeOf(std::string_view path) {
   if (path.empty()) return {};
   auto [entry, isNew] = Sizes().try_emplace(std::string(path));
   if (isNew) {
-    const std::string file = Root().empty() ? std::string(path) : Root() + "/" + std::string(path);
+    const std::string file = FullPath(path);
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     if (png_image_begin_read_from_file(&image, file.c_str())) {
@@ -38,6 +43,10 @@ Size ImageFiles::SizeOf(std::string_view path) {
     }
   }
   return entry->second;
+}
+
+std::shared_ptr<const Bitmap> ImageFiles::Find(std::string_view path) {
+  return path.empty() ? nullptr : ImageStore::Instance().Load(FullPath(path));
 }
 
 } // namespace Toolkit

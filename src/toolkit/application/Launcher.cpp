@@ -1,6 +1,7 @@
 #include "toolkit/application/Launcher.h"
 
 #include "toolkit/application/Application.h"
+#include "toolkit/application/ImageFiles.h"
 #include "toolkit/application/ToolkitRegistration.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/base/Dispatcher.h"
@@ -12,6 +13,19 @@
 #include <cstdio>
 
 namespace Toolkit {
+
+namespace {
+
+/// The cursor of the element under the mouse, or of the nearest one around it that names one.
+std::string_view CursorAt(const InputState& input) {
+  for (const UIElement* e = input.Captured() ? input.Captured() : input.Hovered(); e; e = e->UIParent()) {
+    const std::string_view name = e->GetString(FrameworkElement::CursorProperty);
+    if (!name.empty()) return name;
+  }
+  return {};
+}
+
+} // namespace
 
 std::unique_ptr<Display> Launcher::CreateDisplay() {
   if (SdlDisplay::IsAvailable()) return std::make_unique<SdlDisplay>();
@@ -49,6 +63,7 @@ int Launcher::RunWindow(Window& window) {
     Log(__FILE__, __LINE__, LogLevel::Warning, "Display", "The display cannot be opened: " + error);
     display = std::make_unique<HeadlessDisplay>();
   }
+  FrameRecorder frames(&ImageFiles::Find);
   Dispatcher& dispatcher = Dispatcher::Current();
   LayoutQueue& layout = LayoutQueue::Current();
   window.SetClientSize(display->ClientSize());
@@ -60,8 +75,10 @@ int Launcher::RunWindow(Window& window) {
     if (layout.TakeVisualChange()) {
       input.UpdateHover();
       layout.Run();
-      display->Present();
+      layout.TakeVisualChange();
+      if (display->ShowsFrames()) display->Present(frames.Record(window, display->ClientSize(), display->Scale()));
     }
+    display->SetCursor(CursorAt(input));
     if (window.GetTitle() != title) {
       title = std::string(window.GetTitle());
       display->SetTitle(title);

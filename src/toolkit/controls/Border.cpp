@@ -1,6 +1,7 @@
 #include "toolkit/controls/Border.h"
 
 #include "toolkit/render/Brush.h"
+#include "toolkit/render/Painter.h"
 
 #include <algorithm>
 
@@ -46,6 +47,12 @@ Size Border::ArrangeOverride(Size finalSize) {
                     std::max(0.0f, finalSize.height - border.Vertical() - padding.Vertical())});
   }
   return finalSize;
+}
+
+void Border::OnRender(Painter& painter) {
+  painter.DrawRectangle({0, 0, ActualWidth(), ActualHeight()}, Get<CornerRadius>(CornerRadiusProperty),
+                        Get<Brush*>(BackgroundProperty), Get<Brush*>(BorderBrushProperty),
+                        Get<Thickness>(BorderThicknessProperty));
 }
 
 bool Border::HitTestSelf(Point point) const {

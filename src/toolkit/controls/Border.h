@@ -28,6 +28,7 @@ public:
 protected:
   Size MeasureOverride(Size available) override;
   Size ArrangeOverride(Size finalSize) override;
+  void OnRender(Painter& painter) override;
   bool HitTestSelf(Point point) const override;
 
 private:

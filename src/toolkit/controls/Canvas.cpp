@@ -1,5 +1,6 @@
 #include "toolkit/controls/Canvas.h"
 
+#include "toolkit/controls/CanvasScene.h"
 #include "toolkit/visual/LayoutQueue.h"
 
 namespace Toolkit {
@@ -18,6 +19,15 @@ void Canvas::Describe(TypeBuilder<Canvas>& type) {
   TopProperty = type.Property<float>("Top", Auto, 0, &PlaceOnCanvas);
   RightProperty = type.Property<float>("Right", Auto, 0, &PlaceOnCanvas);
   BottomProperty = type.Property<float>("Bottom", Auto, 0, &PlaceOnCanvas);
+}
+
+Canvas::Canvas() = default;
+Canvas::~Canvas() = default;
+
+void Canvas::KeepDrawings() {
+  scene = std::make_unique<CanvasScene>();
+  tracksChildren = true;
+  for (size_t i = 0; i < ChildCount(); ++i) scene->Add(*Child(i));
 }
 
 Size Canvas::MeasureOverride(Size) {
@@ -50,7 +60,35 @@ void Canvas::ArrangeChild(UIElement& child) {
 void Canvas::OnChildrenChanged() {}
 
 void Canvas::OnChildAdded(UIElement* child) {
+  if (scene) scene->Add(*child);
   if (IsAttached()) LayoutQueue::Current().AddMeasure(*child);
+}
+
+void Canvas::OnChildRemoved(UIElement* child) {
+  if (scene) scene->Remove(*child);
+}
+
+void Canvas::OnChildDrawingChanged(UIElement& child) {
+  if (scene) scene->ChildChanged(child);
+}
+
+void Canvas::OnZOrderChanged() {
+  if (scene) scene->OrderChanged();
+}
+
+void Canvas::RenderChildren(Painter& painter) {
+  if (scene)
+    scene->Render(painter, ZOrderedChildren());
+  else
+    Panel::RenderChildren(painter);
+}
+
+UIElement* Canvas::HitTest(Point point) {
+  if (!scene) return Panel::HitTest(point);
+  if (GetVisibility() != Visibility::Visible || !Get<bool>(IsHitTestVisibleProperty)) return nullptr;
+  if (Get<bool>(ClipToBoundsProperty) && !Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point)) return nullptr;
+  if (UIElement* hit = scene->HitTest(point, ZOrderedChildren())) return hit;
+  return HitTestSelf(point) ? this : nullptr;
 }
 
 void Canvas::OnChildDesiredSizeChanged(UIElement* child) {

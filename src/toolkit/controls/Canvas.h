@@ -4,6 +4,8 @@
 
 namespace Toolkit {
 
+class CanvasScene;
+
 /// Places children at coordinates. Each child is a layout root of its own: its size never changes the canvas, and a
 /// change inside one child lays out that child only.
 class Canvas : public Panel {
@@ -14,7 +16,11 @@ public:
   static inline const DependencyProperty* RightProperty = nullptr;
   static inline const DependencyProperty* BottomProperty = nullptr;
 
-  Canvas() = default;
+  Canvas();
+  ~Canvas() override;
+  /// For a canvas of many children: it keeps where they are and how they look, so that only what is in view and what
+  /// has changed costs anything. Call it before children are added.
+  void KeepDrawings();
   /// Not a number while it was never set.
   static float GetLeft(const UIElement* element) { return element->Get<float>(LeftProperty); }
   static void SetLeft(UIElement* element, float value) { element->SetValue(LeftProperty, value); }
@@ -28,11 +34,19 @@ protected:
   void OnChildAdded(UIElement* child) override;
   void OnChildDesiredSizeChanged(UIElement* child) override;
   void ArrangeDirtyChild(UIElement& child) override;
+  void OnChildRemoved(UIElement* child) override;
+  void OnChildDrawingChanged(UIElement& child) override;
+  void OnZOrderChanged() override;
+  void RenderChildren(Painter& painter) override;
+
+public:
+  UIElement* HitTest(Point point) override;
 
 private:
   friend void PlaceOnCanvas(DependencyObject& object, const PropertyChange& change);
   void ArrangeChild(UIElement& child);
   Size size;
+  std::unique_ptr<CanvasScene> scene;
 };
 
 } // namespace Toolkit

@@ -1,6 +1,11 @@
 #include "toolkit/controls/CheckBox.h"
 
+#include "toolkit/controls/TextElement.h"
+#include "toolkit/render/Brush.h"
+#include "toolkit/render/Painter.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace Toolkit {
 
@@ -37,6 +42,17 @@ Size CheckBox::ArrangeOverride(Size finalSize) {
                       std::max(0.0f, finalSize.width - BoxSize - BoxGap), height});
   }
   return finalSize;
+}
+
+void CheckBox::OnRender(Painter& painter) {
+  const float top = std::round((ActualHeight() - BoxSize) * 0.5f);
+  DrawChrome(painter, {0, top, BoxSize, BoxSize});
+  if (!IsChecked()) return;
+  PathOutline mark;
+  mark.MoveTo({3.5f, top + 8.5f});
+  mark.LineTo({6.5f, top + 11.5f});
+  mark.LineTo({12.5f, top + 4.5f});
+  painter.DrawPath(std::move(mark), nullptr, Get<Brush*>(TextElement::ForegroundProperty), 2);
 }
 
 } // namespace Toolkit

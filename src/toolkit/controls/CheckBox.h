@@ -15,6 +15,7 @@ public:
 
 protected:
   void OnClick() override;
+  void OnRender(Painter& painter) override;
   Size MeasureOverride(Size available) override;
   Size ArrangeOverride(Size finalSize) override;
   bool HitTestSelf(Point point) const override { return Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point); }

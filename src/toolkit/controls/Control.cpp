@@ -4,6 +4,7 @@
 #include "toolkit/controls/TextElement.h"
 #include "toolkit/markup/Template.h"
 #include "toolkit/render/Brush.h"
+#include "toolkit/render/Painter.h"
 #include "toolkit/visual/NameScope.h"
 
 #include <algorithm>
@@ -78,6 +79,15 @@ Size Control::MeasureOverride(Size available) {
 Size Control::ArrangeOverride(Size finalSize) {
   if (templateRoot) templateRoot->Arrange({0, 0, finalSize.width, finalSize.height});
   return finalSize;
+}
+
+void Control::DrawChrome(Painter& painter, const Rect& box) const {
+  painter.DrawRectangle(box, Get<CornerRadius>(CornerRadiusProperty), Get<Brush*>(BackgroundProperty),
+                        Get<Brush*>(BorderBrushProperty), Get<Thickness>(BorderThicknessProperty));
+}
+
+void Control::OnRender(Painter& painter) {
+  if (!templateRoot) DrawChrome(painter, {0, 0, ActualWidth(), ActualHeight()});
 }
 
 bool Control::HitTestSelf(Point point) const {

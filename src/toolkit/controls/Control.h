@@ -39,9 +39,12 @@ protected:
   void OnPropertyChanged(const PropertyChange& change) override;
   /// The template's tree was made.
   virtual void OnApplyTemplate() {}
+  /// Background and border, unless a template draws them.
+  void OnRender(Painter& painter) override;
   Size MeasureOverride(Size available) override;
   Size ArrangeOverride(Size finalSize) override;
   bool HitTestSelf(Point point) const override;
+  void DrawChrome(Painter& painter, const Rect& box) const;
   /// Border and padding together.
   Thickness Chrome() const;
 

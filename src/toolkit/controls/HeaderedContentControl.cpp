@@ -1,7 +1,10 @@
 #include "toolkit/controls/HeaderedContentControl.h"
 
 #include "toolkit/controls/ContentPresenter.h"
+#include "toolkit/controls/TextElement.h"
 #include "toolkit/markup/Template.h"
+#include "toolkit/render/Brush.h"
+#include "toolkit/render/Painter.h"
 #include "toolkit/visual/Input.h"
 
 #include <algorithm>
@@ -92,6 +95,24 @@ Size GroupBox::ArrangeOverride(Size finalSize) {
   return finalSize;
 }
 
+void GroupBox::OnRender(Painter& painter) {
+  // The frame's upper line runs behind the middle of the header, which stands in a gap of it.
+  const float top = HeaderElement() ? HeaderElement()->DesiredSize().height * 0.5f : 0;
+  const Rect frame{0, top, ActualWidth(), ActualHeight() - top};
+  if (!HeaderElement() || HeaderElement()->ActualWidth() <= 0) {
+    DrawChrome(painter, frame);
+    return;
+  }
+  const float gapStart = HeaderInset - 3, gapEnd = HeaderInset + HeaderElement()->ActualWidth() + 3;
+  const float below = top + Get<Thickness>(BorderThicknessProperty).top;
+  for (const Rect& part : {Rect{0, 0, gapStart, below}, Rect{gapEnd, 0, ActualWidth() - gapEnd, below},
+                           Rect{0, below, ActualWidth(), ActualHeight() - below}}) {
+    painter.PushClip(part);
+    DrawChrome(painter, frame);
+    painter.Pop();
+  }
+}
+
 const RoutedEvent Expander::ExpandedEvent("Expanded", RoutingStrategy::Bubble);
 const RoutedEvent Expander::CollapsedEvent("Collapsed", RoutingStrategy::Bubble);
 
@@ -159,6 +180,22 @@ Size Expander::ArrangeOverride(Size finalSize) {
                                std::max(0.0f, finalSize.height - header - chrome.Vertical())});
   }
   return finalSize;
+}
+
+void Expander::OnRender(Painter& painter) {
+  DrawChrome(painter, {0, 0, ActualWidth(), ActualHeight()});
+  const float x = ArrowWidth * 0.5f, y = HeaderHeight() * 0.5f;
+  PathOutline arrow;
+  if (IsExpanded()) {
+    arrow.MoveTo({x - 4, y - 2});
+    arrow.LineTo({x, y + 2});
+    arrow.LineTo({x + 4, y - 2});
+  } else {
+    arrow.MoveTo({x - 2, y - 4});
+    arrow.LineTo({x + 2, y});
+    arrow.LineTo({x - 2, y + 4});
+  }
+  painter.DrawPath(std::move(arrow), nullptr, Get<Brush*>(TextElement::ForegroundProperty), 1.5f);
 }
 
 bool Expander::HitTestSelf(Point point) const { return Rect{0, 0, ActualWidth(), HeaderHeight()}.Contains(point); }

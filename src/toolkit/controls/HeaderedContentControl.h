@@ -36,6 +36,7 @@ public:
   GroupBox() = default;
 
 protected:
+  void OnRender(Painter& painter) override;
   Size MeasureOverride(Size available) override;
   Size ArrangeOverride(Size finalSize) override;
 };
@@ -53,6 +54,7 @@ public:
   size_t VisualChildCount() const override;
 
 protected:
+  void OnRender(Painter& painter) override;
   void OnPropertyChanged(const PropertyChange& change) override;
   void OnRoutedEvent(const RoutedEventArgs& args) override;
   Size MeasureOverride(Size available) override;

@@ -1,5 +1,7 @@
 #include "toolkit/controls/Image.h"
 
+#include "toolkit/render/Painter.h"
+
 #include <algorithm>
 
 namespace Toolkit {
@@ -24,6 +26,25 @@ Size Image::MeasureOverride(Size available) {
   float scale = std::min(available.width / natural.width, available.height / natural.height);
   if (scale == Infinity) scale = 1;
   return {natural.width * scale, natural.height * scale};
+}
+
+void Image::OnRender(Painter& painter) {
+  if (!painter.Images()) return;
+  std::shared_ptr<const Bitmap> bitmap = (*painter.Images())(GetString(SourceProperty));
+  if (!bitmap) return;
+  const auto stretch = Get<Stretch>(StretchProperty);
+  float width = static_cast<float>(bitmap->Width()), height = static_cast<float>(bitmap->Height());
+  if (stretch == Stretch::Fill) {
+    width = ActualWidth();
+    height = ActualHeight();
+  } else if (stretch != Stretch::None) {
+    const float x = ActualWidth() / width, y = ActualHeight() / height;
+    const float scale = stretch == Stretch::Uniform ? std::min(x, y) : std::max(x, y);
+    width *= scale;
+    height *= scale;
+  }
+  painter.DrawImage(std::move(bitmap),
+                    {(ActualWidth() - width) * 0.5f, (ActualHeight() - height) * 0.5f, width, height});
 }
 
 } // namespace Toolkit

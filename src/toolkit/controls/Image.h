@@ -18,6 +18,7 @@ public:
   static void SetSizeProvider(ImageSizeProvider provider);
 
 protected:
+  void OnRender(Painter& painter) override;
   Size MeasureOverride(Size available) override;
   bool HitTestSelf(Point point) const override { return Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point); }
 };

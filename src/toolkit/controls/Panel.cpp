@@ -1,6 +1,7 @@
 #include "toolkit/controls/Panel.h"
 
 #include "toolkit/render/Brush.h"
+#include "toolkit/render/Painter.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -82,6 +83,20 @@ const std::vector<UIElement*>& Panel::ZOrderedChildren() const {
                      [](const UIElement* a, const UIElement* b) { return GetZIndex(a) < GetZIndex(b); });
   }
   return *zOrdered;
+}
+
+void Panel::InvalidateZOrder() {
+  zOrdered.reset();
+  OnZOrderChanged();
+  InvalidateVisual();
+}
+
+void Panel::OnRender(Painter& painter) {
+  painter.DrawRectangle({0, 0, ActualWidth(), ActualHeight()}, Get<Brush*>(BackgroundProperty));
+}
+
+void Panel::RenderChildren(Painter& painter) {
+  for (UIElement* child : ZOrderedChildren()) child->Render(painter);
 }
 
 bool Panel::HitTestSelf(Point point) const {

@@ -37,16 +37,19 @@ public:
   const std::vector<UIElement*>& ZOrderedChildren() const;
   UIElement* HitTest(Point point) override;
   /// A child's `ZIndex` changed.
-  void InvalidateZOrder() { zOrdered.reset(); }
+  void InvalidateZOrder();
 
 protected:
   Panel() = default;
   ~Panel() override;
+  void OnRender(Painter& painter) override;
+  void RenderChildren(Painter& painter) override;
   bool HitTestSelf(Point point) const override;
   /// The set of children changed; the base invalidates the measure.
   virtual void OnChildrenChanged() { InvalidateMeasure(); }
   virtual void OnChildAdded(UIElement* child) {}
   virtual void OnChildRemoved(UIElement* child) {}
+  virtual void OnZOrderChanged() {}
 
 private:
   std::vector<Ptr<UIElement>> children;

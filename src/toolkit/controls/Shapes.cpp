@@ -1,9 +1,11 @@
 #include "toolkit/controls/Shapes.h"
 
 #include "toolkit/render/Brush.h"
+#include "toolkit/render/Painter.h"
 #include "toolkit/render/PathGeometry.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace Toolkit {
@@ -21,10 +23,34 @@ void Shape::Describe(TypeBuilder<Shape>& type) {
 Brush* Shape::GetStroke() const { return static_cast<Brush*>(GetValue(StrokeProperty).AsObject()); }
 void Shape::SetStroke(Brush* brush) { SetValue(StrokeProperty, brush); }
 
+std::vector<float> Shape::Dashes() const {
+  std::vector<float> dashes;
+  const std::string_view text = GetString(StrokeDashArrayProperty);
+  const char *at = text.data(), *end = at + text.size();
+  while (at != end) {
+    if (*at == ' ' || *at == ',') {
+      ++at;
+      continue;
+    }
+    float value = 0;
+    const auto [next, error] = std::from_chars(at, end, value);
+    if (error != std::errc()) return {};
+    dashes.push_back(value);
+    at = next;
+  }
+  return dashes;
+}
+
 TOOLKIT_TYPE_IMPL(Rectangle, Shape, "Rectangle")
 void Rectangle::Describe(TypeBuilder<Rectangle>& type) {
   RadiusXProperty = type.Property<float>("RadiusX", 0, DependencyProperty::AffectsRender);
   RadiusYProperty = type.Property<float>("RadiusY", 0, DependencyProperty::AffectsRender);
+}
+
+void Rectangle::OnRender(Painter& painter) {
+  const float radius = Get<float>(RadiusXProperty);
+  painter.DrawRectangle({0, 0, ActualWidth(), ActualHeight()}, {radius, radius, radius, radius}, GetFill(), GetStroke(),
+                        Thickness::Uniform(GetStroke() ? GetStrokeThickness() : 0));
 }
 
 bool Rectangle::HitTestSelf(Point point) const {
@@ -33,6 +59,13 @@ bool Rectangle::HitTestSelf(Point point) const {
 
 TOOLKIT_TYPE_IMPL(Ellipse, Shape, "Ellipse")
 void Ellipse::Describe(TypeBuilder<Ellipse>&) {}
+
+void Ellipse::OnRender(Painter& painter) {
+  // The stroke lies inside of the element, as that of a rectangle does.
+  const float inset = GetStroke() ? GetStrokeThickness() * 0.5f : 0;
+  painter.DrawEllipse({inset, inset, ActualWidth() - 2 * inset, ActualHeight() - 2 * inset}, GetFill(), GetStroke(),
+                      GetStrokeThickness());
+}
 
 bool Ellipse::HitTestSelf(Point point) const {
   const float rx = ActualWidth() * 0.5f, ry = ActualHeight() * 0.5f;
@@ -55,6 +88,19 @@ Size Line::MeasureOverride(Size) {
           std::max(Get<float>(Y1Property), Get<float>(Y2Property))};
 }
 
+void Line::OnRender(Painter& painter) {
+  painter.DrawLine({Get<float>(X1Property), Get<float>(Y1Property)}, {Get<float>(X2Property), Get<float>(Y2Property)},
+                   GetStroke(), GetStrokeThickness(), Dashes());
+}
+
+Rect Line::DrawnBounds() const {
+  const float x1 = Get<float>(X1Property), y1 = Get<float>(Y1Property);
+  const float x2 = Get<float>(X2Property), y2 = Get<float>(Y2Property);
+  const float reach = GetStrokeThickness();
+  return {std::min(x1, x2) - reach, std::min(y1, y2) - reach, std::abs(x2 - x1) + 2 * reach,
+          std::abs(y2 - y1) + 2 * reach};
+}
+
 TOOLKIT_TYPE_IMPL(Path, Shape, "Path")
 void Path::Describe(TypeBuilder<Path>& type) {
   DataProperty = type.Property<PathGeometry*>("Data", nullptr, DependencyProperty::AffectsMeasure);
@@ -72,6 +118,9 @@ Size Path::MeasureOverride(Size) {
 }
 
 namespace {
+/// A thin path is hit from this far.
+constexpr float HitReach = 2;
+
 float SquaredDistanceToSegment(Point p, Point a, Point b) {
   const Point ab = b - a, ap = p - a;
   const float length = ab.x * ab.x + ab.y * ab.y;
@@ -87,13 +136,25 @@ Point OnCurve(Point p0, Point p1, Point p2, Point p3, float t) {
 }
 } // namespace
 
+void Path::OnRender(Painter& painter) {
+  if (const PathGeometry* geometry = GetData())
+    painter.DrawPath(*geometry, GetFill(), GetStroke(), GetStrokeThickness(), Dashes());
+}
+
+Rect Path::DrawnBounds() const {
+  const PathGeometry* geometry = GetData();
+  if (!geometry) return {};
+  const Rect bounds = geometry->Bounds();
+  const float reach = std::max(HitReach, GetStrokeThickness() * 0.5f);
+  return {bounds.x - reach, bounds.y - reach, bounds.width + 2 * reach, bounds.height + 2 * reach};
+}
+
 bool Path::HitTestSelf(Point point) const {
   const PathGeometry* geometry = GetData();
   if (!geometry) return false;
+  if (!DrawnBounds().Contains(point)) return false;
   const Rect bounds = geometry->Bounds();
-  const float reach = std::max(2.0f, Get<float>(StrokeThicknessProperty) * 0.5f);
-  const Rect around{bounds.x - reach, bounds.y - reach, bounds.width + 2 * reach, bounds.height + 2 * reach};
-  if (!around.Contains(point)) return false;
+  const float reach = std::max(HitReach, GetStrokeThickness() * 0.5f);
   if (!GetValue(FillProperty).IsNone() && bounds.Contains(point)) return true;
   if (GetValue(StrokeProperty).IsNone()) return false;
   constexpr int Steps = 24;

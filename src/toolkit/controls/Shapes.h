@@ -2,6 +2,8 @@
 
 #include "toolkit/visual/FrameworkElement.h"
 
+#include <vector>
+
 namespace Toolkit {
 
 class Brush;
@@ -23,6 +25,10 @@ public:
 
 protected:
   Shape() = default;
+  Brush* GetFill() const { return Get<Brush*>(FillProperty); }
+  float GetStrokeThickness() const { return Get<float>(StrokeThicknessProperty); }
+  /// The dashes as numbers; empty if there are none or the text is not one of numbers.
+  std::vector<float> Dashes() const;
 };
 
 class Rectangle : public Shape {
@@ -33,6 +39,7 @@ public:
   Rectangle() = default;
 
 protected:
+  void OnRender(Painter& painter) override;
   bool HitTestSelf(Point point) const override;
 };
 
@@ -42,6 +49,7 @@ public:
   Ellipse() = default;
 
 protected:
+  void OnRender(Painter& painter) override;
   bool HitTestSelf(Point point) const override;
 };
 
@@ -53,8 +61,10 @@ public:
   static inline const DependencyProperty* X2Property = nullptr;
   static inline const DependencyProperty* Y2Property = nullptr;
   Line() = default;
+  Rect DrawnBounds() const override;
 
 protected:
+  void OnRender(Painter& painter) override;
   Size MeasureOverride(Size available) override;
 };
 
@@ -66,8 +76,10 @@ public:
   Path() = default;
   void SetData(PathGeometry* geometry);
   PathGeometry* GetData() const;
+  Rect DrawnBounds() const override;
 
 protected:
+  void OnRender(Painter& painter) override;
   Size MeasureOverride(Size available) override;
   /// True within half the stroke's width of the outline, or inside a filled figure's box.
   bool HitTestSelf(Point point) const override;

@@ -1,5 +1,8 @@
 #include "toolkit/controls/Slider.h"
 
+#include "toolkit/controls/TextElement.h"
+#include "toolkit/render/Brush.h"
+#include "toolkit/render/Painter.h"
 #include "toolkit/visual/Input.h"
 
 #include <algorithm>
@@ -48,6 +51,33 @@ Size Slider::MeasureOverride(Size) {
   const auto ticks = Get<TickPlacement>(TickPlacementProperty);
   const float sides = ticks == TickPlacement::None ? 0 : ticks == TickPlacement::Both ? 2 : 1;
   return {ThumbWidth * 2, TrackHeight + sides * TickHeight};
+}
+
+void Slider::OnRender(Painter& painter) {
+  const auto ticks = Get<TickPlacement>(TickPlacementProperty);
+  const bool above = ticks == TickPlacement::TopLeft || ticks == TickPlacement::Both;
+  const bool below = ticks == TickPlacement::BottomRight || ticks == TickPlacement::Both;
+  const float low = Get<float>(MinimumProperty), high = std::max(low, Get<float>(MaximumProperty));
+  const float way = std::max(0.0f, ActualWidth() - ThumbWidth), start = ThumbWidth * 0.5f;
+  const float share = high > low ? std::clamp((GetValueNumber() - low) / (high - low), 0.0f, 1.0f) : 0;
+  const float middle = (ActualHeight() + (above ? TickHeight : 0) - (below ? TickHeight : 0)) * 0.5f;
+  const float at = start + way * share;
+  const auto* accent = Get<Brush*>(TextElement::ForegroundProperty);
+  const auto* line = Get<Brush*>(BorderBrushProperty);
+  constexpr CornerRadius round{2, 2, 2, 2};
+  painter.DrawRectangle({start, middle - 2, way, 4}, round, Get<Brush*>(BackgroundProperty), nullptr, {});
+  painter.DrawRectangle({start, middle - 2, way * share, 4}, round, accent, nullptr, {});
+  // Ticks that would stand closer than this are a grey band.
+  constexpr float ClosestTicks = 4;
+  const float frequency = Get<float>(TickFrequencyProperty);
+  if (ticks != TickPlacement::None && frequency > 0 && high > low && way * frequency / (high - low) >= ClosestTicks) {
+    for (float tick = low; tick <= high + frequency * 0.01f; tick += frequency) {
+      const float x = std::round(start + way * (tick - low) / (high - low));
+      if (above) painter.DrawRectangle({x, middle - 14, 1, 4}, line);
+      if (below) painter.DrawRectangle({x, middle + 10, 1, 4}, line);
+    }
+  }
+  painter.DrawEllipse({at - start, middle - start, ThumbWidth, ThumbWidth}, accent, nullptr, 0);
 }
 
 bool Slider::HitTestSelf(Point point) const { return Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point); }

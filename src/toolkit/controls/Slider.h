@@ -29,6 +29,7 @@ public:
 protected:
   void OnRoutedEvent(const RoutedEventArgs& args) override;
   void OnPropertyChanged(const PropertyChange& change) override;
+  void OnRender(Painter& painter) override;
   Size MeasureOverride(Size available) override;
   bool HitTestSelf(Point point) const override;
 

@@ -1,6 +1,7 @@
 #include "toolkit/controls/TextBlock.h"
 
 #include "toolkit/render/Brush.h"
+#include "toolkit/render/Painter.h"
 
 namespace Toolkit {
 
@@ -33,6 +34,20 @@ Size TextBlock::MeasureOverride(Size available) {
     size = TextCache::Instance().MeasureText(GetText(), style, options);
   }
   return {size.width + padding.Horizontal(), size.height + padding.Vertical()};
+}
+
+void TextBlock::OnRender(Painter& painter) {
+  painter.DrawRectangle({0, 0, ActualWidth(), ActualHeight()}, Get<Brush*>(BackgroundProperty));
+  if (GetText().empty()) return;
+  const Thickness padding = Get<Thickness>(PaddingProperty);
+  TextLayoutOptions options;
+  options.wrapping = Get<TextWrapping>(TextWrappingProperty);
+  options.trimming = Get<TextTrimming>(TextTrimmingProperty);
+  options.alignment = Get<TextAlignment>(TextAlignmentProperty);
+  // A text that is laid out without a width shares its layout with all that are.
+  if (options != TextLayoutOptions()) options.maxWidth = std::max(0.0f, ActualWidth() - padding.Horizontal());
+  painter.DrawText(TextCache::Instance().Layout(GetText(), TextElement::StyleOf(*this), options),
+                   {padding.left, padding.top}, Get<Brush*>(TextElement::ForegroundProperty));
 }
 
 } // namespace Toolkit

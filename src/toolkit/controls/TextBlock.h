@@ -21,6 +21,7 @@ public:
   void SetText(std::string_view text) { SetValue(TextProperty, text); }
 
 protected:
+  void OnRender(Painter& painter) override;
   Size MeasureOverride(Size available) override;
   bool HitTestSelf(Point point) const override { return Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point); }
 };

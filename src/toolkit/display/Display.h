@@ -1,9 +1,11 @@
 #pragma once
 
 #include "toolkit/base/Geometry.h"
+#include "toolkit/render/FrameRecorder.h"
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace Toolkit {
 
@@ -17,7 +19,10 @@ public:
   /// Takes the root's input; the caller lays the root out in `ClientSize`. False, with `error` set, if the display
   /// cannot open.
   virtual bool Open(UIElement& root, InputState& input, const std::string& title, std::string& error) = 0;
+  /// In device-independent pixels.
   virtual Size ClientSize() const = 0;
+  /// Screen pixels for one device-independent pixel.
+  virtual float Scale() const { return 1; }
   /// Waits at most `milliseconds` (negative: until something comes) and feeds what has come to the input state.
   virtual void WaitForInput(double milliseconds) = 0;
   /// True if a user may still act, so that a loop with nothing to do goes on waiting.
@@ -27,8 +32,13 @@ public:
   /// True once since the last call if the client size changed.
   virtual bool TakeSizeChange() = 0;
   virtual void SetTitle(const std::string& title) = 0;
-  /// What was laid out or drawn anew is to be shown.
-  virtual void Present() = 0;
+  /// False if nobody sees what is drawn, so that nothing need be.
+  virtual bool ShowsFrames() const { return false; }
+  /// Draws and shows what is damaged of a frame. The display keeps the frame until the next one comes, for when the
+  /// system asks for it again.
+  virtual void Present(const FrameRecorder::Frame& frame) {}
+  /// The name of a cursor as documents have it; an unknown or empty one means the arrow.
+  virtual void SetCursor(std::string_view name) {}
 };
 
 /// A display without a screen: the same loop and layout, nothing shown, input only as injected.
@@ -42,7 +52,6 @@ public:
   bool TakeCloseRequest() override { return false; }
   bool TakeSizeChange() override { return false; }
   void SetTitle(const std::string&) override {}
-  void Present() override {}
 
 private:
   Size size;

@@ -1,11 +1,15 @@
 #include "toolkit/display/SdlDisplay.h"
 
+#include "toolkit/display/DesktopScale.h"
 #include "toolkit/visual/Input.h"
 
 #include <SDL.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <unordered_map>
+#include <utility>
 
 namespace Toolkit {
 
@@ -40,6 +44,22 @@ bool ButtonOf(uint8_t button, MouseButton& result) {
   return true;
 }
 
+/// The client size of a new window, in device-independent pixels.
+constexpr float StartWidth = 1600, StartHeight = 900;
+/// What shows until the window's own background is drawn.
+constexpr Pixel WindowColor = 0xFF24242A;
+
+int CursorOf(std::string_view name) {
+  static const std::unordered_map<std::string_view, SDL_SystemCursor> kinds{
+      {"IBeam", SDL_SYSTEM_CURSOR_IBEAM},       {"Hand", SDL_SYSTEM_CURSOR_HAND},
+      {"SizeNS", SDL_SYSTEM_CURSOR_SIZENS},     {"SizeWE", SDL_SYSTEM_CURSOR_SIZEWE},
+      {"SizeNWSE", SDL_SYSTEM_CURSOR_SIZENWSE}, {"SizeNESW", SDL_SYSTEM_CURSOR_SIZENESW},
+      {"SizeAll", SDL_SYSTEM_CURSOR_SIZEALL},   {"Wait", SDL_SYSTEM_CURSOR_WAIT},
+      {"Cross", SDL_SYSTEM_CURSOR_CROSSHAIR},   {"No", SDL_SYSTEM_CURSOR_NO}};
+  const auto found = kinds.find(name);
+  return found == kinds.end() ? SDL_SYSTEM_CURSOR_ARROW : found->second;
+}
+
 bool IsSet(const char* variable) {
   const char* value = std::getenv(variable);
   return value && *value;
@@ -49,83 +69,156 @@ bool IsSet(const char* variable) {
 bool SdlDisplay::IsAvailable() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY"); }
 
 SdlDisplay::~SdlDisplay() {
+  for (const auto& entry : cursors) SDL_FreeCursor(entry.second);
   if (window) SDL_DestroyWindow(window);
   if (started) SDL_Quit();
 }
 
 bool SdlDisplay::Open(UIElement&, InputState& inputState, const std::string& title, std::string& error) {
+  // A plain pixel buffer that is shared with the window system: the accelerated kind costs a copy through a texture.
   SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
   SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
   SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
+  SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+  SDL_SetHint(SDL_HINT_IME_SHOW_UI, "1");
   if (SDL_Init(SDL_INIT_VIDEO) != 0) {
     error = SDL_GetError();
     return false;
   }
   started = true;
-  window = SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, 1600, 900,
+  scale = DesktopScale();
+  SDL_Rect usable{0, 0, 1600, 900};
+  if (SDL_GetDisplayUsableBounds(0, &usable) != 0 || usable.w <= 0 || usable.h <= 0) usable = {0, 0, 1600, 900};
+  const int width = std::min(static_cast<int>(StartWidth * scale), usable.w);
+  const int height = std::min(static_cast<int>(StartHeight * scale), usable.h);
+  window = SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width, height,
                             SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI);
   if (!window) {
     error = SDL_GetError();
     return false;
   }
+  ReadScale();
+  rasterizer = std::make_unique<TileRasterizer>();
   input = &inputState;
   return true;
 }
 
+void SdlDisplay::ReadScale() {
+  int points = 1, pixels = 1, unused = 0;
+  SDL_GetWindowSize(window, &points, &unused);
+  SDL_GetWindowSizeInPixels(window, &pixels, &unused);
+  pixelsPerPoint = points > 0 && pixels > 0 ? static_cast<float>(pixels) / static_cast<float>(points) : 1;
+  // A window system that scales by itself tells so here; else the desktop's setting counts.
+  scale = pixelsPerPoint != 1 ? pixelsPerPoint : DesktopScale();
+}
+
 Size SdlDisplay::ClientSize() const {
   int width = 1, height = 1;
-  SDL_GetWindowSize(window, &width, &height);
-  return {static_cast<float>(width), static_cast<float>(height)};
+  SDL_GetWindowSizeInPixels(window, &width, &height);
+  return {static_cast<float>(width) / scale, static_cast<float>(height) / scale};
+}
+
+Point SdlDisplay::ToUnits(int x, int y) const {
+  const float factor = pixelsPerPoint / scale;
+  return {static_cast<float>(x) * factor, static_cast<float>(y) * factor};
 }
 
 void SdlDisplay::SetTitle(const std::string& title) { SDL_SetWindowTitle(window, title.c_str()); }
 
+void SdlDisplay::SetCursor(std::string_view name) {
+  if (name == cursorName) return;
+  cursorName = name;
+  const int kind = CursorOf(name);
+  auto [entry, isNew] = cursors.try_emplace(kind, nullptr);
+  if (isNew) entry->second = SDL_CreateSystemCursor(static_cast<SDL_SystemCursor>(kind));
+  // Not every video driver has cursors.
+  if (entry->second) SDL_SetCursor(entry->second);
+}
+
+void SdlDisplay::Present(const FrameRecorder::Frame& frame) {
+  lastFrame = frame.list;
+  if (!frame.damage.empty()) Draw(frame.damage);
+}
+
+void SdlDisplay::Draw(std::span<const PixelRect> damage) {
+  SDL_Surface* surface = SDL_GetWindowSurface(window);
+  // While the window has no pixels (it is being resized, or minimised) there is nothing to show; an event follows.
+  if (!surface || !lastFrame || surface->format->BytesPerPixel != 4 || surface->w <= 0 || surface->h <= 0) return;
+  const PixelRect all{0, 0, surface->w, surface->h};
+  if (surface->pixels != drawnPixels || surface->w != drawnWidth || surface->h != drawnHeight) damage = {&all, 1};
+  drawnPixels = surface->pixels;
+  drawnWidth = surface->w;
+  drawnHeight = surface->h;
+  const PixelBuffer target{static_cast<Pixel*>(surface->pixels), surface->w, surface->h, surface->pitch / 4};
+  rasterizer->Draw(*lastFrame, target, Matrix::Scale(scale, scale), damage, WindowColor);
+  std::vector<SDL_Rect> shown;
+  for (PixelRect rect : damage) {
+    rect = rect.Intersect(all);
+    if (!rect.IsEmpty()) shown.push_back({rect.left, rect.top, rect.Width(), rect.Height()});
+  }
+  if (!shown.empty()) SDL_UpdateWindowSurfaceRects(window, shown.data(), static_cast<int>(shown.size()));
+}
+
 bool SdlDisplay::TakeCloseRequest() { return std::exchange(closeRequested, false); }
 bool SdlDisplay::TakeSizeChange() { return std::exchange(sizeChanged, false); }
 
-void SdlDisplay::Present() {
-  SDL_Surface* surface = SDL_GetWindowSurface(window);
-  if (!surface) return;
-  SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0x24, 0x24, 0x2A));
-  SDL_UpdateWindowSurface(window);
+void SdlDisplay::WaitForInput(double milliseconds) {
+  SDL_Event event, motion;
+  bool hasMotion = false;
+  const int timeout = milliseconds < 0 ? -1 : static_cast<int>(std::ceil(std::min(milliseconds, 1e6)));
+  if (!(timeout < 0 ? SDL_WaitEvent(&event) : SDL_WaitEventTimeout(&event, timeout))) return;
+  // Of moves that follow each other only the last one counts.
+  do {
+    if (hasMotion && event.type != SDL_MOUSEMOTION) {
+      Handle(motion);
+      hasMotion = false;
+    }
+    if (event.type == SDL_MOUSEMOTION) {
+      motion = event;
+      hasMotion = true;
+    } else {
+      Handle(event);
+    }
+  } while (SDL_PollEvent(&event));
+  if (hasMotion) Handle(motion);
 }
 
-void SdlDisplay::WaitForInput(double milliseconds) {
-  SDL_Event event;
-  const int timeout = milliseconds < 0 ? -1 : static_cast<int>(milliseconds);
-  if (!(timeout < 0 ? SDL_WaitEvent(&event) : SDL_WaitEventTimeout(&event, timeout))) return;
-  do {
-    Handle(event);
-  } while (SDL_PollEvent(&event));
+void SdlDisplay::HandleWindow(uint8_t kind) {
+  switch (kind) {
+  case SDL_WINDOWEVENT_CLOSE: closeRequested = true; break;
+  case SDL_WINDOWEVENT_SIZE_CHANGED:
+  case SDL_WINDOWEVENT_DISPLAY_CHANGED:
+    ReadScale();
+    sizeChanged = true;
+    break;
+  case SDL_WINDOWEVENT_SHOWN:
+  case SDL_WINDOWEVENT_RESTORED:
+  case SDL_WINDOWEVENT_EXPOSED:
+    // What the system may have forgotten is drawn anew.
+    drawnPixels = nullptr;
+    Draw({});
+    break;
+  case SDL_WINDOWEVENT_LEAVE: input->MouseLeave(); break;
+  case SDL_WINDOWEVENT_FOCUS_LOST: input->ReleaseAll(); break;
+  default: break;
+  }
 }
 
 void SdlDisplay::Handle(const SDL_Event& event) {
   MouseButton button;
   switch (event.type) {
   case SDL_QUIT: closeRequested = true; break;
-  case SDL_WINDOWEVENT:
-    if (event.window.event == SDL_WINDOWEVENT_CLOSE)
-      closeRequested = true;
-    else if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED)
-      sizeChanged = true;
-    else if (event.window.event == SDL_WINDOWEVENT_EXPOSED)
-      Present();
-    else if (event.window.event == SDL_WINDOWEVENT_LEAVE)
-      input->MouseLeave();
-    else if (event.window.event == SDL_WINDOWEVENT_FOCUS_LOST)
-      input->ReleaseAll();
-    break;
-  case SDL_MOUSEMOTION:
-    input->MouseMove({static_cast<float>(event.motion.x), static_cast<float>(event.motion.y)});
-    break;
+  case SDL_WINDOWEVENT: HandleWindow(event.window.event); break;
+  case SDL_MOUSEMOTION: input->MouseMove(ToUnits(event.motion.x, event.motion.y)); break;
   case SDL_MOUSEBUTTONDOWN:
+    // A button that is held goes on to be told of outside of the window.
+    SDL_CaptureMouse(SDL_TRUE);
     if (ButtonOf(event.button.button, button))
-      input->MouseDown(button, {static_cast<float>(event.button.x), static_cast<float>(event.button.y)},
-                       event.button.clicks);
+      input->MouseDown(button, ToUnits(event.button.x, event.button.y), event.button.clicks);
     break;
   case SDL_MOUSEBUTTONUP:
-    if (ButtonOf(event.button.button, button))
-      input->MouseUp(button, {static_cast<float>(event.button.x), static_cast<float>(event.button.y)});
+    if (SDL_GetMouseState(nullptr, nullptr) == 0) SDL_CaptureMouse(SDL_FALSE);
+    if (ButtonOf(event.button.button, button)) input->MouseUp(button, ToUnits(event.button.x, event.button.y));
     break;
   case SDL_MOUSEWHEEL: {
     float notches = event.wheel.preciseY;

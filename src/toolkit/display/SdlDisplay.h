@@ -1,7 +1,14 @@
 #pragma once
 
 #include "toolkit/display/Display.h"
+#include "toolkit/render/TileRasterizer.h"
 
+#include <map>
+#include <memory>
+#include <string>
+
+struct SDL_Cursor;
+struct SDL_Surface;
 struct SDL_Window;
 union SDL_Event;
 
@@ -14,18 +21,36 @@ public:
   ~SdlDisplay() override;
   bool Open(UIElement& root, InputState& input, const std::string& title, std::string& error) override;
   Size ClientSize() const override;
+  float Scale() const override { return scale; }
+  bool ShowsFrames() const override { return true; }
   void WaitForInput(double milliseconds) override;
   bool HasUser() const override { return true; }
   bool TakeCloseRequest() override;
   bool TakeSizeChange() override;
   void SetTitle(const std::string& title) override;
-  void Present() override;
+  void Present(const FrameRecorder::Frame& frame) override;
+  void SetCursor(std::string_view name) override;
   /// True if the environment names a display to connect to.
   static bool IsAvailable();
 
 private:
   void Handle(const SDL_Event& event);
+  void HandleWindow(uint8_t kind);
+  /// Device-independent from what the window system counts in.
+  Point ToUnits(int x, int y) const;
+  void ReadScale();
+  /// Draws the last frame's parts into the window's pixels; all of them if the window has got new ones.
+  void Draw(std::span<const PixelRect> damage);
   SDL_Window* window = nullptr;
+  std::unique_ptr<TileRasterizer> rasterizer;
+  std::shared_ptr<const DisplayList> lastFrame;
+  /// The pixels that hold the last frame. Not owned.
+  void* drawnPixels = nullptr;
+  int drawnWidth = 0, drawnHeight = 0;
+  /// Screen pixels for one device-independent pixel, and for one unit of the window system.
+  float scale = 1, pixelsPerPoint = 1;
+  std::string cursorName;
+  std::map<int, SDL_Cursor*> cursors;
   InputState* input = nullptr;
   bool started = false;
   bool closeRequested = false;

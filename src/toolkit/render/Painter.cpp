@@ -45,11 +45,51 @@ Rect United(const Rect& a, const Rect& b) {
   return {left, top, std::max(a.Right(), b.Right()) - left, std::max(a.Bottom(), b.Bottom()) - top};
 }
 
+Rect Overlap(const Rect& a, const Rect& b) {
+  const float left = std::max(a.x, b.x), top = std::max(a.y, b.y);
+  return {left, top, std::max(0.0f, std::min(a.Right(), b.Right()) - left),
+          std::max(0.0f, std::min(a.Bottom(), b.Bottom()) - top)};
+}
+
 float Length(float value) { return std::isfinite(value) && value > 0 ? value : 0; }
 
 } // namespace
 
-Painter::Painter(const ImageFinder* images) : images(images), list(std::make_shared<DisplayList>()) {}
+/// Stands for a view without an end: large, and still exact enough to be moved and mapped.
+constexpr Rect Everywhere{-1e9f, -1e9f, 2e9f, 2e9f};
+/// In pixels: what is smaller both ways, or thinner than this, does not show.
+constexpr float SmallestBox = 1.25f;
+constexpr float SmallestThickness = 0.3f;
+
+Painter::Painter(const ImageFinder* images)
+    : images(images), list(std::make_shared<DisplayList>()), visible(Everywhere) {}
+
+Painter Painter::Nested(float detailOfList) const {
+  Painter nested(images);
+  nested.detail = detailOfList;
+  return nested;
+}
+
+void Painter::SetView(const Rect& area, float pixelsPerUnit) {
+  visible = area;
+  detail = pixelsPerUnit;
+}
+
+Rect Painter::VisibleArea() const {
+  const Rect area = MappedBounds(matrix.Inverse(), visible);
+  return {area.x - offset.x, area.y - offset.y, area.width, area.height};
+}
+
+float Painter::Detail() const {
+  return detail * std::sqrt(std::abs(matrix.m11 * matrix.m22 - matrix.m12 * matrix.m21));
+}
+
+bool Painter::IsTooSmall(const Size& size) {
+  const float scale = Detail(), width = size.width * scale, height = size.height * scale;
+  const bool small = (width < SmallestBox && height < SmallestBox) || std::min(width, height) < SmallestThickness;
+  leftOut |= small;
+  return small;
+}
 
 void Painter::DrawRectangle(const Rect& rect, const Brush* fill) { DrawRectangle(rect, {}, fill, nullptr, {}); }
 
@@ -165,7 +205,7 @@ void Painter::DrawList(std::shared_ptr<const DisplayList> nested, Point at) {
 void Painter::PushTransform(const Matrix& transform) {
   const bool isMove = transform.m11 == 1 && transform.m12 == 0 && transform.m21 == 0 && transform.m22 == 1;
   if (isMove && std::isfinite(transform.dx) && std::isfinite(transform.dy)) {
-    states.push_back({NoEntry, offset, matrix});
+    states.push_back({NoEntry, offset, matrix, visible});
     offset = offset + Point{transform.dx, transform.dy};
     return;
   }
@@ -182,6 +222,7 @@ void Painter::PushClip(const Rect& rect, const CornerRadius& radii) {
   list->boxes.push_back(
       {{Length(radii.topLeft), Length(radii.topRight), Length(radii.bottomRight), Length(radii.bottomLeft)}, {}});
   Push(Kind::PushClip, moved, list->boxes.size() - 1);
+  visible = Overlap(visible, MappedBounds(matrix, moved));
 }
 
 void Painter::PushOpacity(float opacity) {
@@ -195,6 +236,7 @@ void Painter::Pop() {
   states.pop_back();
   offset = state.offset;
   matrix = state.matrix;
+  visible = state.visible;
   if (state.entry == NoEntry) return;
   if (list->entries.size() == state.entry + 1) {
     list->entries.pop_back();
@@ -242,7 +284,7 @@ DisplayEntry& Painter::Add(Kind kind, const Rect& bounds, size_t payload) {
 }
 
 void Painter::Push(Kind kind, const Rect& bounds, size_t payload) {
-  states.push_back({static_cast<uint32_t>(list->entries.size()), offset, matrix});
+  states.push_back({static_cast<uint32_t>(list->entries.size()), offset, matrix, visible});
   DisplayEntry& entry = list->entries.emplace_back();
   entry.kind = kind;
   entry.payload = static_cast<uint32_t>(payload);

@@ -18,6 +18,20 @@ class Painter {
 public:
   /// `images` finds the pictures of image brushes; it must outlive the painter.
   explicit Painter(const ImageFinder* images = nullptr);
+  /// For a nested list: the same images, and a detail of its own.
+  Painter Nested(float detail) const;
+
+  /// What of the list will be seen, and how many pixels one unit of the list's coordinates comes to: for those who
+  /// record to leave out what would not show. Everything, and 1, unless set.
+  void SetView(const Rect& visible, float detail);
+  /// The part of the current coordinates that is seen: the view within the clips pushed so far.
+  Rect VisibleArea() const;
+  /// Pixels for one unit of the current coordinates.
+  float Detail() const;
+  /// True if a box of this size would hardly make a pixel; the painter remembers that something was left out.
+  bool IsTooSmall(const Size& size);
+  bool HasLeftOut() const { return leftOut; }
+  const ImageFinder* Images() const { return images; }
 
   void DrawRectangle(const Rect& rect, const Brush* fill);
   /// The border lies inside of `rect`, the fill inside of the border.
@@ -58,6 +72,7 @@ private:
     uint32_t entry;
     Point offset;
     Matrix matrix;
+    Rect visible;
   };
   static constexpr uint32_t NoEntry = 0xffffffff;
 
@@ -73,6 +88,10 @@ private:
   /// Added to all coordinates; then `matrix` leads to the list's own.
   Point offset;
   Matrix matrix;
+  /// In the list's own coordinates.
+  Rect visible;
+  float detail = 1;
+  bool leftOut = false;
 };
 
 } // namespace Toolkit

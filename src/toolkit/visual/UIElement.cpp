@@ -115,6 +115,7 @@ void UIElement::SetAttached(bool value) {
   if (attached == value) return;
   attached = value;
   if (value) {
+    drawingStale = true;
     // What was never measured is measured by its parent; the rest may have changed while it was detached.
     if (measureDirty && (!visualParent || !neverMeasured)) LayoutQueue::Current().AddMeasure(*this);
     if (arrangeDirty && !neverArranged) LayoutQueue::Current().AddArrange(*this);
@@ -131,7 +132,9 @@ void UIElement::AddVisualChild(UIElement* child) {
   TOOLKIT_ASSERT(!child->visualParent);
   child->visualParent = this;
   child->RefreshInheritance(0);
-  if (attached) child->SetAttached(true);
+  if (!attached) return;
+  child->SetAttached(true);
+  InvalidateVisual();
 }
 
 void UIElement::RemoveVisualChild(UIElement* child) {
@@ -141,7 +144,7 @@ void UIElement::RemoveVisualChild(UIElement* child) {
   }
   child->visualParent = nullptr;
   child->RefreshInheritance(0);
-  LayoutQueue::Current().VisualChanged();
+  InvalidateVisual();
 }
 
 void UIElement::ReleaseVisualChild(UIElement* child, uint32_t ownReferences) {
@@ -165,7 +168,12 @@ void UIElement::OnPropertyChanged(const PropertyChange& change) {
   }
   if (flags & DependencyProperty::AffectsMeasure) InvalidateMeasure();
   if (flags & DependencyProperty::AffectsArrange) InvalidateArrange();
-  if (flags & DependencyProperty::AffectsRender) InvalidateVisual();
+  if (flags & (DependencyProperty::AffectsRender | DependencyProperty::AffectsMeasure)) {
+    InvalidateVisual();
+    // A transform moves the element on its parent.
+    if (&change.property == RenderTransformProperty || &change.property == RenderTransformOriginProperty)
+      InvalidatePlace();
+  }
   if (visualParent) {
     if (flags & DependencyProperty::AffectsParentMeasure) visualParent->InvalidateMeasure();
     if (flags & DependencyProperty::AffectsParentArrange) visualParent->InvalidateArrange();
@@ -215,8 +223,12 @@ void UIElement::Arrange(const Rect& rect) {
   finalRect = rect;
   neverArranged = false;
   arrangeDirty = false;
+  const Size sizeBefore = renderSize;
+  const Point placeBefore = offset;
   ArrangeCore(rect);
-  LayoutQueue::Current().VisualChanged();
+  if (!attached) return;
+  if (!(sizeBefore == renderSize)) InvalidateVisual();
+  if (!(placeBefore == offset)) InvalidatePlace();
 }
 
 void UIElement::ArrangeCore(const Rect& rect) { SetRenderSize({rect.width, rect.height}, {rect.x, rect.y}); }
@@ -242,7 +254,22 @@ void UIElement::InvalidateArrange() {
 }
 
 void UIElement::InvalidateVisual() {
-  if (attached) LayoutQueue::Current().VisualChanged();
+  if (!attached) return;
+  LayoutQueue::Current().VisualChanged();
+  // The first step is always taken: what is hidden stays stale below ancestors that were drawn without it.
+  UIElement* element = this;
+  do {
+    element->drawingStale = true;
+    UIElement* parent = element->visualParent;
+    if (parent && parent->tracksChildren) parent->OnChildDrawingChanged(*element);
+    element = parent;
+  } while (element && !element->drawingStale);
+}
+
+void UIElement::InvalidatePlace() {
+  if (!visualParent) return;
+  if (visualParent->tracksChildren) visualParent->OnChildDrawingChanged(*this);
+  visualParent->InvalidateVisual();
 }
 
 void UIElement::UpdateLayout() { LayoutQueue::Current().Run(); }

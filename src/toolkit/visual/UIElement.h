@@ -10,6 +10,7 @@
 namespace Toolkit {
 
 class LayoutQueue;
+class Painter;
 
 enum class Visibility : uint8_t { Collapsed = 0, Hidden = 1, Visible = 2 };
 const EnumDescription& DescribeEnum(Visibility);
@@ -90,6 +91,18 @@ public:
   /// The topmost element at a point of this element's coordinates, or null.
   virtual UIElement* HitTest(Point point);
 
+  // Drawing.
+  /// Records this element and all below it in the coordinates of its parent, as `OnRender` and `RenderChildren` tell,
+  /// with its transform, effect, opacity and clip. What is hidden is left out, and so is what the painter's detail does
+  /// not show.
+  void Render(Painter& painter);
+  /// The same in the element's own coordinates, without its place and its transform.
+  void RenderContent(Painter& painter);
+  /// The drawing of this element or of one below it has changed since it was last rendered.
+  bool IsDrawingStale() const { return drawingStale; }
+  /// The box, in its own coordinates, outside of which neither the element nor anything below it is drawn or hit.
+  virtual Rect DrawnBounds() const { return {0, 0, renderSize.width, renderSize.height}; }
+
   // Events.
   void AddHandler(const RoutedEvent& event, RoutedEventHandler handler, bool handledEventsToo = false);
   void RemoveHandler(const RoutedEvent& event, const RoutedEventHandler& handler);
@@ -122,6 +135,12 @@ protected:
   virtual void ArrangeDirtyChild(UIElement& child) { child.Arrange(child.finalRect); }
   /// True if `point` hits this element itself, apart from its children.
   virtual bool HitTestSelf(Point point) const { return false; }
+  /// Draws the element itself, below its children, in its own coordinates.
+  virtual void OnRender(Painter& painter) {}
+  /// Renders the children in their order.
+  virtual void RenderChildren(Painter& painter);
+  /// With `tracksChildren`: the drawing of a direct child, or its place or transform, has changed.
+  virtual void OnChildDrawingChanged(UIElement& child) {}
   /// The class's own part in an event, before the handlers of this element.
   virtual void OnRoutedEvent(const RoutedEventArgs& args) {}
   /// The element has come below a root, or has left it.
@@ -143,6 +162,8 @@ private:
   };
   void InvokeHandlers(const RoutedEventArgs& args);
   void SetAttached(bool value);
+  /// The element's place in its parent changed, its own drawing did not.
+  void InvalidatePlace();
 
   UIElement* visualParent = nullptr;
   std::unique_ptr<std::vector<HandlerEntry>> handlers;
@@ -159,10 +180,13 @@ private:
   bool inMeasureQueue : 1 = false;
   bool inArrangeQueue : 1 = false;
   bool attached : 1 = false;
+  bool drawingStale : 1 = true;
 
 protected:
   /// Set by a class that needs its `OnAttached` and `OnDetached` called.
   bool wantsAttachment : 1 = false;
+  /// Set by a class that needs its `OnChildDrawingChanged` called.
+  bool tracksChildren : 1 = false;
 };
 
 } // namespace Toolkit

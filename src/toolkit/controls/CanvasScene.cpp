@@ -1,0 +1,149 @@
+#include "toolkit/controls/CanvasScene.h"
+
+#include "toolkit/render/Painter.h"
+#include "toolkit/visual/UIElement.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Toolkit {
+
+namespace {
+
+/// Drawings are kept for details that are powers of two: a zoom within one of them records nothing anew.
+float DetailStep(float detail) { return std::exp2(std::ceil(std::log2(std::clamp(detail, 1.0f / 256, 1.0f)))); }
+
+/// A drawing with no more steps than this is not worth recording anew to leave out some.
+constexpr size_t FewSteps = 4;
+
+Rect BoxOf(const UIElement& element) {
+  const Rect box = element.DrawnBounds();
+  const Matrix matrix = element.TransformToParent();
+  Point low{Infinity, Infinity}, high{-Infinity, -Infinity};
+  for (const Point corner :
+       {Point{box.x, box.y}, Point{box.Right(), box.y}, Point{box.x, box.Bottom()}, Point{box.Right(), box.Bottom()}}) {
+    const Point mapped = matrix.Map(corner);
+    low = {std::min(low.x, mapped.x), std::min(low.y, mapped.y)};
+    high = {std::max(high.x, mapped.x), std::max(high.y, mapped.y)};
+  }
+  return {low.x, low.y, high.x - low.x, high.y - low.y};
+}
+
+bool HasTransform(const UIElement& element) { return !element.GetValue(UIElement::RenderTransformProperty).IsNone(); }
+
+} // namespace
+
+void CanvasScene::Add(UIElement& child) {
+  uint32_t id;
+  if (freeItems.empty()) {
+    id = static_cast<uint32_t>(items.size());
+    items.emplace_back();
+  } else {
+    id = freeItems.back();
+    freeItems.pop_back();
+    items[id] = {};
+  }
+  items[id].element = &child;
+  byElement[&child] = id;
+  isOrderStale = true;
+  items[id].isMoved = true;
+  moved.push_back(id);
+}
+
+void CanvasScene::Remove(UIElement& child) {
+  const auto entry = byElement.find(&child);
+  if (entry == byElement.end()) return;
+  const uint32_t id = entry->second;
+  byElement.erase(entry);
+  Item& item = items[id];
+  if (item.isIndexed) index.Remove(id, item.box);
+  if (item.isMoved) std::erase(moved, id);
+  std::erase(transformed, id);
+  item = {};
+  freeItems.push_back(id);
+  isOrderStale = true;
+}
+
+void CanvasScene::ChildChanged(UIElement& child) {
+  const auto entry = byElement.find(&child);
+  if (entry == byElement.end() || items[entry->second].isMoved) return;
+  items[entry->second].isMoved = true;
+  moved.push_back(entry->second);
+}
+
+void CanvasScene::UpdateIndex() {
+  for (const uint32_t id : moved) {
+    Item& item = items[id];
+    item.isMoved = false;
+    if (item.element->IsDrawingStale()) item.list.reset();
+    if (HasTransform(*item.element)) {
+      if (item.isIndexed) index.Remove(id, item.box);
+      item.isIndexed = false;
+      if (std::find(transformed.begin(), transformed.end(), id) == transformed.end()) transformed.push_back(id);
+      continue;
+    }
+    const Rect box = BoxOf(*item.element);
+    if (item.isIndexed && box == item.box) continue;
+    if (item.isIndexed) index.Remove(id, item.box);
+    item.box = box;
+    index.Insert(id, box);
+    item.isIndexed = true;
+  }
+  moved.clear();
+}
+
+void CanvasScene::UpdateOrder(const std::vector<UIElement*>& ordered) {
+  if (!isOrderStale) return;
+  isOrderStale = false;
+  for (uint32_t i = 0; i < ordered.size(); ++i)
+    if (const auto entry = byElement.find(ordered[i]); entry != byElement.end()) items[entry->second].order = i;
+}
+
+const std::vector<uint32_t>& CanvasScene::Find(const Rect& area, const std::vector<UIElement*>& ordered) {
+  UpdateIndex();
+  UpdateOrder(ordered);
+  found.clear();
+  index.Find(area, found);
+  std::erase_if(found, [&](uint32_t id) { return !items[id].box.Intersects(area); });
+  found.insert(found.end(), transformed.begin(), transformed.end());
+  std::sort(found.begin(), found.end(), [&](uint32_t a, uint32_t b) { return items[a].order < items[b].order; });
+  return found;
+}
+
+void CanvasScene::Render(Painter& painter, const std::vector<UIElement*>& ordered) {
+  const float detail = DetailStep(painter.Detail());
+  for (const uint32_t id : Find(painter.VisibleArea(), ordered)) RenderItem(painter, items[id], detail);
+}
+
+void CanvasScene::RenderItem(Painter& painter, Item& item, float detail) {
+  UIElement& element = *item.element;
+  if (element.GetVisibility() != Visibility::Visible) return;
+  // A transform may change the detail by itself: such children are drawn as they come.
+  if (!item.isIndexed) {
+    element.Render(painter);
+    return;
+  }
+  const Size size{item.box.width, item.box.height};
+  if (size.width > 0 && size.height > 0 && painter.IsTooSmall(size)) return;
+  if (!item.list || element.IsDrawingStale() || (item.detail != detail && !item.isComplete)) {
+    Painter own = painter.Nested(detail);
+    element.RenderContent(own);
+    item.isComplete = !own.HasLeftOut();
+    item.list = own.Finish();
+    // What was left out at this detail is all that a lower one needs, if there is little of the rest.
+    item.isComplete = item.isComplete && item.list->Entries().size() <= FewSteps;
+    item.detail = detail;
+  }
+  painter.DrawList(item.list, element.Offset());
+}
+
+UIElement* CanvasScene::HitTest(Point point, const std::vector<UIElement*>& ordered) {
+  const std::vector<uint32_t>& candidates = Find({point.x, point.y, 0.001f, 0.001f}, ordered);
+  for (size_t i = candidates.size(); i-- > 0;) {
+    UIElement& element = *items[candidates[i]].element;
+    if (UIElement* hit = element.HitTest(element.TransformToParent().Inverse().Map(point))) return hit;
+  }
+  return nullptr;
+}
+
+} // namespace Toolkit
