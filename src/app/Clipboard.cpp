@@ -1,36 +1,30 @@
 #include "app/Clipboard.h"
 
 #include "app/LogFile.h"
+#include "toolkit/visual/Clipboard.h"
 
-#include <utility>
+#include <optional>
 
 namespace Tesselor {
 
-namespace {
-ClipboardBackend* currentBackend = nullptr;
-} // namespace
-
 void Clipboard::SetText(const std::string& text) {
-  if (!currentBackend) {
+  if (!Toolkit::Clipboard::IsOpen())
     LogFile::Write("Unable to open the clipboard");
-    return;
-  }
-  if (!currentBackend->SetText(text.c_str())) LogFile::Write("Unable to set clipboard data");
+  else if (!Toolkit::Clipboard::SetText(text.c_str()))
+    LogFile::Write("Unable to set clipboard data");
 }
 
 std::string Clipboard::GetText() {
-  if (!currentBackend) {
+  if (!Toolkit::Clipboard::IsOpen()) {
     LogFile::Write("Unable to open clipboard");
     return {};
   }
-  const std::optional<std::string> text = currentBackend->GetText();
+  const std::optional<std::string> text = Toolkit::Clipboard::GetText();
   if (!text) {
     LogFile::Write("Unable to get clipboard");
     return {};
   }
   return text->c_str();
 }
-
-ClipboardBackend* Clipboard::SetBackend(ClipboardBackend* backend) { return std::exchange(currentBackend, backend); }
 
 } // namespace Tesselor

@@ -43,6 +43,11 @@ void FrameNode::RefreshZIndex() {
   Toolkit::Canvas::SetZIndex(this, std::min(index, NearestZIndex));
 }
 
+Toolkit::Rect FrameNode::DrawnBounds() const {
+  const UIElement* content = ContentElement();
+  return content ? content->TransformToParent().MapBounds(content->DrawnBounds()) : BaseNode::DrawnBounds();
+}
+
 ResizeEdge FrameNode::HitTestEdge(const Toolkit::Border& border) const {
   return EdgeAt(Toolkit::Mouse::GetPosition(&border), border.RenderSize(), 2 * FrameBorder());
 }

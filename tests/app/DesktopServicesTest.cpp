@@ -5,6 +5,7 @@
 #include "app/Uuid.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryDirectory.h"
+#include "toolkit/visual/Clipboard.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -16,7 +17,7 @@ using Tesselor::Clipboard;
 using Tesselor::ExecutableDirectory;
 using TestSupport::CapturedLog;
 
-struct MemoryClipboard : Tesselor::ClipboardBackend {
+struct MemoryClipboard : Toolkit::ClipboardBackend {
   bool SetText(const std::string& value) override {
     if (isBusy) return false;
     text = value;
@@ -32,11 +33,11 @@ TEST(Clipboard, TellsEachFailureInOneLogLine) {
   Clipboard::SetText("lost");
   EXPECT_EQ(Clipboard::GetText(), "");
   MemoryClipboard desktop;
-  Clipboard::SetBackend(&desktop);
+  Toolkit::Clipboard::SetBackend(&desktop);
   EXPECT_EQ(Clipboard::GetText(), "");
   desktop.isBusy = true;
   Clipboard::SetText("refused");
-  Clipboard::SetBackend(nullptr);
+  Toolkit::Clipboard::SetBackend(nullptr);
   EXPECT_EQ(log.lines, (std::vector<std::string>{"Unable to open the clipboard", "Unable to open clipboard",
                                                  "Unable to get clipboard", "Unable to set clipboard data"}));
 }
@@ -44,14 +45,14 @@ TEST(Clipboard, TellsEachFailureInOneLogLine) {
 TEST(Clipboard, CarriesTextUpToAZeroByteAndTheEmptyText) {
   CapturedLog log;
   MemoryClipboard desktop;
-  Clipboard::SetBackend(&desktop);
+  Toolkit::Clipboard::SetBackend(&desktop);
   Clipboard::SetText(std::string("ab\0c", 4));
   EXPECT_EQ(desktop.text, "ab");
   desktop.text = std::string("d\0e", 3);
   EXPECT_EQ(Clipboard::GetText(), "d");
   Clipboard::SetText("");
   EXPECT_EQ(desktop.text, "");
-  Clipboard::SetBackend(nullptr);
+  Toolkit::Clipboard::SetBackend(nullptr);
   EXPECT_TRUE(log.lines.empty());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -30,6 +31,13 @@ struct Rect {
   constexpr bool Contains(Point p) const { return p.x >= x && p.x < Right() && p.y >= y && p.y < Bottom(); }
   constexpr bool Intersects(const Rect& o) const {
     return x < o.Right() && o.x < Right() && y < o.Bottom() && o.y < Bottom();
+  }
+  /// The box around both; one without an extent counts for nothing.
+  constexpr Rect Union(const Rect& o) const {
+    if (o.width <= 0 && o.height <= 0) return *this;
+    if (width <= 0 && height <= 0) return o;
+    const float left = std::min(x, o.x), top = std::min(y, o.y);
+    return {left, top, std::max(Right(), o.Right()) - left, std::max(Bottom(), o.Bottom()) - top};
   }
   friend constexpr bool operator==(const Rect&, const Rect&) = default;
 };
@@ -62,6 +70,13 @@ struct Matrix {
   static constexpr Matrix Translation(float x, float y) { return {1, 0, 0, 1, x, y}; }
   static constexpr Matrix Scale(float x, float y) { return {x, 0, 0, y, 0, 0}; }
   constexpr Point Map(Point p) const { return {p.x * m11 + p.y * m21 + dx, p.x * m12 + p.y * m22 + dy}; }
+  /// The upright box around the mapped one.
+  constexpr Rect MapBounds(const Rect& r) const {
+    const Point a = Map({r.x, r.y}), b = Map({r.Right(), r.y}), c = Map({r.x, r.Bottom()});
+    const Point d = b + c - a;
+    const float left = std::min({a.x, b.x, c.x, d.x}), top = std::min({a.y, b.y, c.y, d.y});
+    return {left, top, std::max({a.x, b.x, c.x, d.x}) - left, std::max({a.y, b.y, c.y, d.y}) - top};
+  }
   /// First this map, then `next`.
   constexpr Matrix Then(const Matrix& next) const {
     return {m11 * next.m11 + m12 * next.m21,         m11 * next.m12 + m12 * next.m22,

@@ -91,6 +91,13 @@ UIElement* Canvas::HitTest(Point point) {
   return HitTestSelf(point) ? this : nullptr;
 }
 
+Rect Canvas::DrawnBounds() const {
+  Rect bounds = Panel::DrawnBounds();
+  for (size_t i = 0; i < ChildCount(); ++i)
+    bounds = bounds.Union(Child(i)->TransformToParent().MapBounds(Child(i)->DrawnBounds()));
+  return bounds;
+}
+
 void Canvas::OnChildDesiredSizeChanged(UIElement* child) {
   if (IsAttached()) LayoutQueue::Current().AddArrange(*child);
 }

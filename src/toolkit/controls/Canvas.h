@@ -41,6 +41,8 @@ protected:
 
 public:
   UIElement* HitTest(Point point) override;
+  /// Around all children, since they may lie anywhere.
+  Rect DrawnBounds() const override;
 
 private:
   friend void PlaceOnCanvas(DependencyObject& object, const PropertyChange& change);

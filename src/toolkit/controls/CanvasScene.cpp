@@ -16,18 +16,7 @@ float DetailStep(float detail) { return std::exp2(std::ceil(std::log2(std::clamp
 /// A drawing with no more steps than this is not worth recording anew to leave out some.
 constexpr size_t FewSteps = 4;
 
-Rect BoxOf(const UIElement& element) {
-  const Rect box = element.DrawnBounds();
-  const Matrix matrix = element.TransformToParent();
-  Point low{Infinity, Infinity}, high{-Infinity, -Infinity};
-  for (const Point corner :
-       {Point{box.x, box.y}, Point{box.Right(), box.y}, Point{box.x, box.Bottom()}, Point{box.Right(), box.Bottom()}}) {
-    const Point mapped = matrix.Map(corner);
-    low = {std::min(low.x, mapped.x), std::min(low.y, mapped.y)};
-    high = {std::max(high.x, mapped.x), std::max(high.y, mapped.y)};
-  }
-  return {low.x, low.y, high.x - low.x, high.y - low.y};
-}
+Rect BoxOf(const UIElement& element) { return element.TransformToParent().MapBounds(element.DrawnBounds()); }
 
 bool HasTransform(const UIElement& element) { return !element.GetValue(UIElement::RenderTransformProperty).IsNone(); }
 

@@ -31,6 +31,7 @@ public:
   /// Makes the template's tree if it is due.
   void ApplyTemplate();
 
+  int32_t TabOrder() const override { return Get<bool>(IsTabStopProperty) ? Get<int32_t>(TabIndexProperty) : -1; }
   size_t VisualChildCount() const override { return templateRoot ? 1 : 0; }
   UIElement* VisualChild(size_t) const override { return templateRoot.Get(); }
 

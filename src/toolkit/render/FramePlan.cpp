@@ -13,8 +13,8 @@ using Kind = DisplayEntry::Kind;
 /// Lists nested deeper than this are taken for a mistake and left out.
 constexpr int MaximumDepth = 100;
 /// What is thinner in pixels is left out: a border, and the rounding of a corner.
-constexpr float LeastBorder = 0.12f;
-constexpr float LeastRadius = 0.4f;
+constexpr float LeastBorder = 0.3f;
+constexpr float LeastRadius = 0.75f;
 constexpr float LeastShadow = 1.0f;
 
 } // namespace
@@ -106,8 +106,30 @@ void FramePlan::AddGroup(const DisplayList& list, const State& state, size_t ind
     items.resize(start);
     return;
   }
+  if (items.size() == start + 2 && Fade(items[start + 1], opacity)) {
+    items[start] = items[start + 1];
+    items.pop_back();
+    return;
+  }
   items[start].bounds = bounds;
   Add(PlanItem::Kind::GroupEnd, bounds, {}, state).opacity = opacity;
+}
+
+bool FramePlan::Fade(PlanItem& item, uint8_t opacity) {
+  if (item.hasBorder || item.kind == PlanItem::Kind::GroupEnd) return false;
+  if (item.paint == 0) {
+    item.color = ScalePixel(item.color, opacity);
+    return true;
+  }
+  PlanPaint& paint = paints[item.paint];
+  if (paint.kind != PaintKind::Image) return false;
+  // The paint may serve other items as well.
+  PlanPaint faded = paint;
+  faded.opacity = faded.opacity * opacity / 255;
+  faded.isOpaque = false;
+  paints.push_back(faded);
+  item.paint = static_cast<uint32_t>(paints.size() - 1);
+  return true;
 }
 
 bool FramePlan::Clip(const DisplayList& list, const DisplayEntry& entry, State& state) {

@@ -112,6 +112,8 @@ private:
   void AddList(const DisplayList& list, const State& state);
   void AddEntries(const DisplayList& list, const State& state, size_t first, size_t end);
   void AddGroup(const DisplayList& list, const State& state, size_t entry);
+  /// Lets a single item show through by itself, which is cheaper than a group of one; false if it cannot.
+  bool Fade(PlanItem& item, uint8_t opacity);
   bool Clip(const DisplayList& list, const DisplayEntry& entry, State& state);
   void AddRectangle(const DisplayList& list, const DisplayEntry& entry, const State& state);
   void AddBox(const DisplayList& list, const DisplayEntry& entry, const State& state);

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace Toolkit {
 
@@ -129,8 +130,13 @@ void TilePainter::DrawBox(const PlanItem& item) {
       const int whole = ToByte(outer.Run());
       if (!item.hasBorder) {
         PaintRun(y, runLeft, runRight, whole);
+      } else if (const int fill = std::min(whole, ToByte(inner.Run())); fill == whole) {
+        PaintRun(y, runLeft, runRight, whole);
+      } else if (fill == 0) {
+        const Ink own = std::exchange(ink, border);
+        PaintRun(y, runLeft, runRight, whole);
+        ink = own;
       } else if (isPlain) {
-        const int fill = std::min(whole, ToByte(inner.Run()));
         const Ink own = ink;
         ink.color = ScalePixel(own.color, static_cast<uint32_t>(fill)) +
                     ScalePixel(border.color, static_cast<uint32_t>(whole - fill));

@@ -2,6 +2,7 @@
 
 #include "toolkit/visual/LayoutQueue.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace Toolkit {
@@ -182,6 +183,17 @@ bool InputState::TextInput(std::string_view text) {
   return Route(UIElement::PreviewTextInputEvent, UIElement::TextInputEvent, args, *target);
 }
 
+void InputState::Composition(std::string_view text, size_t caret) {
+  if (UIElement* target = focused.Get()) target->SetComposition(text, caret);
+}
+
+Rect InputState::CaretRectangle() const {
+  const UIElement* target = focused.Get();
+  const Rect caret = target ? target->CaretRectangle() : Rect();
+  if (caret.width <= 0 && caret.height <= 0) return {};
+  return target->TransformToAncestor(nullptr).MapBounds(caret);
+}
+
 void InputState::ReleaseAll() {
   keys.reset();
   for (MouseButtonState& state : buttons) state = MouseButtonState::Released;
@@ -208,15 +220,21 @@ bool InputState::SetFocus(UIElement* element) {
 
 bool InputState::MoveFocus(bool forward) {
   std::vector<UIElement*> order;
-  CollectFocusable(root, order);
+  UIElement* scope = tabScope.Get();
+  CollectFocusable(scope && scope->IsAttached() ? *scope : root, order);
+  std::erase_if(order, [](const UIElement* e) { return e->TabOrder() < 0; });
   if (order.empty()) return false;
+  std::stable_sort(order.begin(), order.end(),
+                   [](const UIElement* a, const UIElement* b) { return a->TabOrder() < b->TabOrder(); });
   size_t index = forward ? 0 : order.size() - 1;
   for (size_t i = 0; i < order.size(); ++i) {
     if (order[i] != focused.Get()) continue;
     index = forward ? (i + 1) % order.size() : (i + order.size() - 1) % order.size();
     break;
   }
-  return SetFocus(order[index]);
+  if (!SetFocus(order[index])) return false;
+  order[index]->BringIntoView();
+  return true;
 }
 
 void InputState::ElementGone(UIElement& element) {

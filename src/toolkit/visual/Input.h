@@ -26,6 +26,8 @@ public:
   bool KeyDown(Key key, bool isRepeat = false);
   bool KeyUp(Key key);
   bool TextInput(std::string_view text);
+  /// What an input method composes, in UTF-8, with the caret's byte offset in it. It goes to the focused element.
+  void Composition(std::string_view text, size_t caret);
   /// The window lost the system's focus: keys and buttons count as released.
   void ReleaseAll();
 
@@ -39,8 +41,13 @@ public:
   void Capture(UIElement* element) { captured = WeakPtr<UIElement>(element); }
   /// Null takes the focus away.
   bool SetFocus(UIElement* element);
-  /// Moves the focus to the next element that can take it, in tree order; backwards if `forward` is false.
+  /// Moves the focus to the next element that can take it, in tab order; backwards if `forward` is false.
   bool MoveFocus(bool forward);
+  /// Keeps Tab within an element while it is in the tree, as a box does that wants an answer first. Null ends it.
+  void SetTabScope(UIElement* element) { tabScope = WeakPtr<UIElement>(element); }
+  UIElement* TabScope() const { return tabScope.Get(); }
+  /// Where the focused element takes text, in the root's coordinates; without an extent if it takes none.
+  Rect CaretRectangle() const;
   /// The element under the mouse may have changed: after layout.
   void UpdateHover();
   void ElementGone(UIElement& element);
@@ -56,7 +63,7 @@ private:
   Point mousePosition{-1, -1};
   MouseButtonState buttons[3] = {};
   std::bitset<static_cast<size_t>(Key::Count)> keys;
-  WeakPtr<UIElement> focused, hovered, captured;
+  WeakPtr<UIElement> focused, hovered, captured, tabScope;
 };
 
 class Mouse {

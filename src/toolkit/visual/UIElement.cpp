@@ -365,4 +365,9 @@ bool UIElement::Focus() {
   return input && input->SetFocus(this);
 }
 
+void UIElement::BringIntoView(const Rect& area) {
+  Rect rect = area;
+  for (UIElement* e = this; e; e = e->visualParent) rect = e->TransformToParent().MapBounds(e->Reveal(rect));
+}
+
 } // namespace Toolkit

@@ -5,6 +5,7 @@
 #include "toolkit/base/RoutedEvent.h"
 
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace Toolkit {
@@ -112,6 +113,16 @@ public:
   /// Gives this element the keyboard focus; false if it cannot take it.
   bool Focus();
   bool IsFocused() const { return Get<bool>(IsFocusedProperty); }
+  /// Where Tab reaches the element: in rising order, those of equal order as the tree has them. Negative: not at all.
+  virtual int32_t TabOrder() const { return INT32_MAX; }
+  /// Where typed text would appear, in the element's own coordinates, for the window of an input method. Without an
+  /// extent if the element takes no text.
+  virtual Rect CaretRectangle() const { return {}; }
+  /// What an input method shows before it is settled, in UTF-8; empty ends it. `caret` is a byte offset into it.
+  virtual void SetComposition(std::string_view text, size_t caret) {}
+  /// Scrolls whatever lies around this element so that `area`, in its own coordinates, comes into sight.
+  void BringIntoView(const Rect& area);
+  void BringIntoView() { BringIntoView({0, 0, renderSize.width, renderSize.height}); }
 
 protected:
   UIElement();
@@ -141,6 +152,9 @@ protected:
   virtual void RenderChildren(Painter& painter);
   /// With `tracksChildren`: the drawing of a direct child, or its place or transform, has changed.
   virtual void OnChildDrawingChanged(UIElement& child) {}
+  /// Scrolls so that `area`, in the element's own coordinates, comes into sight as far as it can. Returns where it is
+  /// then.
+  virtual Rect Reveal(const Rect& area) { return area; }
   /// The class's own part in an event, before the handlers of this element.
   virtual void OnRoutedEvent(const RoutedEventArgs& args) {}
   /// The element has come below a root, or has left it.
@@ -151,7 +165,6 @@ protected:
   bool WasMeasured() const { return !neverMeasured; }
   Size PreviousAvailable() const { return previousAvailable; }
 
-public:
 private:
   friend class LayoutQueue;
   friend class InputState;

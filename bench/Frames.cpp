@@ -1,0 +1,250 @@
+// What frames of the real editor cost: opens an asset in the whole program on a display that keeps its pixels in
+// memory, puts the nodes close to each other in rows, then pans, zooms, moves the mouse and types, and prints the
+// median and the slowest frame of each.
+//
+//   Frames ASSET [THREADS]      1920x1080; the asset's workspace is found as the editor finds it
+
+#include "app/AppLauncher.h"
+#include "app/CommandLineOptions.h"
+#include "app/ExecutableDirectory.h"
+#include "app/LogFile.h"
+#include "editor/MainView.h"
+#include "editor/NodeEditorCanvas.h"
+#include "nodes/ContentNode.h"
+#include "toolkit/base/Dispatcher.h"
+#include "toolkit/controls/TextBox.h"
+#include "toolkit/render/TileRasterizer.h"
+#include "toolkit/visual/Input.h"
+#include "workspace/AssetFileIndex.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Toolkit::Point;
+
+constexpr int Width = 1920, Height = 1080;
+constexpr Point Middle{Width / 2.0f, Height / 2.0f};
+
+double Milliseconds(Clock::duration duration) { return std::chrono::duration<double, std::milli>(duration).count(); }
+
+template <class T> T* FindFirst(Toolkit::UIElement& element, const std::function<bool(T&)>& fits) {
+  if (T* found = Toolkit::DynamicCast<T>(static_cast<Toolkit::Object*>(&element)); found && fits(*found)) return found;
+  for (size_t i = 0; i < element.VisualChildCount(); ++i)
+    if (Toolkit::UIElement* child = element.VisualChild(i))
+      if (T* found = FindFirst<T>(*child, fits)) return found;
+  return nullptr;
+}
+
+/// Plays a script: each time the program waits for input it gets the next piece of it.
+class ScriptedDisplay : public Toolkit::Display {
+public:
+  explicit ScriptedDisplay(int threads) : rasterizer(threads), pixels(static_cast<size_t>(Width * Height)) {}
+
+  bool Open(Toolkit::UIElement& window, Toolkit::InputState& state, const std::string&, std::string&) override {
+    root = &window;
+    input = &state;
+    return true;
+  }
+  Toolkit::Size ClientSize() const override { return {Width, Height}; }
+  bool HasUser() const override { return true; }
+  bool ShowsFrames() const override { return true; }
+  bool TakeCloseRequest() override { return isDone; }
+  bool TakeSizeChange() override { return false; }
+  void SetTitle(const std::string&) override {}
+
+  void Present(const Toolkit::FrameRecorder::Frame& frame) override {
+    const auto start = Clock::now();
+    if (!frame.damage.empty())
+      rasterizer.Draw(*frame.list, {pixels.data(), Width, Height, Width}, {}, frame.damage, 0xff24242a);
+    drawing = Milliseconds(Clock::now() - start);
+    if (frameStart == Clock::time_point()) return;
+    times.push_back(Milliseconds(Clock::now() - frameStart));
+    drawTimes.push_back(drawing);
+  }
+
+  void WaitForInput(double) override {
+    frameStart = {};
+    if (steps.empty() && !MakeSteps()) return;
+    if (next == steps.size()) {
+      isDone = true;
+      return;
+    }
+    frameStart = Clock::now();
+    steps[next++]();
+  }
+
+private:
+  /// False while the document is still being opened.
+  bool MakeSteps() {
+    canvas = FindFirst<Tesselor::NodeEditorCanvas>(*root, [](auto&) { return true; });
+    if (!canvas || Toolkit::Dispatcher::Current().HasWork()) return false;
+    PutInRows();
+    for (const float zoom : {1.0f, 0.25f, 0.05f, 0.0f}) {
+      Add([this, zoom] {
+        Report();
+        ZoomTo(zoom);
+      });
+      char name[64];
+      std::snprintf(name, sizeof name, "pan at zoom %.2f", zoom);
+      Measure(zoom > 0 ? name : "pan, all in view", 60, [this](int i) {
+        const Point at{Middle.x + static_cast<float>(i % 20 * 7), Middle.y + static_cast<float>(i % 10 * 5)};
+        canvas->SetTranslationClamped(start.x + at.x - Middle.x, start.y + at.y - Middle.y);
+      });
+      Measure("mouse move", 60, [this](int i) {
+        input->MouseMove({300 + static_cast<float>(i * 20), 200 + static_cast<float>(i * 10)});
+      });
+    }
+    Add([this] {
+      Report();
+      ZoomTo(1);
+    });
+    Measure("zoom from 1 to 0.04 by the wheel", 30, [this](int) { input->MouseWheel(Middle, -1); });
+    Measure("and back", 30, [this](int) { input->MouseWheel(Middle, 1); });
+    Add([this] {
+      Report();
+      auto* box = FindFirst<Toolkit::TextBox>(*canvas, [](Toolkit::TextBox& b) {
+        return b.IsVisible() && !b.Get<bool>(Toolkit::TextBox::IsReadOnlyProperty) && b.ActualWidth() > 50;
+      });
+      if (!box) return;
+      const Point place = box->TransformToAncestor(canvas->GetPanel()).Map({10, 10});
+      canvas->ResetViewTo(place);
+      box->Focus();
+    });
+    Measure("keystroke", 60, [this](int i) { input->TextInput(i % 2 ? "a" : "b"); });
+    Add([this] { Report(); });
+    return true;
+  }
+
+  void Add(std::function<void()> step) { steps.push_back(std::move(step)); }
+
+  void Measure(const std::string& name, int count, const std::function<void(int)>& step) {
+    Add([this, name] {
+      Report();
+      measured = name;
+      times.clear();
+      drawTimes.clear();
+    });
+    for (int i = 0; i < count; ++i) Add([step, i] { step(i); });
+  }
+
+  void Report() {
+    if (measured.empty() || times.empty()) return;
+    // The first frame belongs to what came before.
+    const auto median = [](std::vector<double> values) {
+      std::sort(values.begin(), values.end());
+      return values[values.size() / 2];
+    };
+    std::printf("%-36s median %7.2f  slowest %7.2f  of it drawing %7.2f  (%zu frames, %zu elements in view)\n",
+                measured.c_str(), median(times), *std::max_element(times.begin(), times.end()), median(drawTimes),
+                times.size(), CountInView());
+    measured.clear();
+  }
+
+  /// Children of the canvas that stand where the view is.
+  size_t CountInView() const {
+    const Toolkit::Canvas& panel = *canvas->GetPanel();
+    const Toolkit::Matrix inverse = panel.TransformToAncestor(nullptr).Inverse();
+    const Point low = inverse.Map({}), high = inverse.Map({Width, Height});
+    const Toolkit::Rect view{low.x, low.y, high.x - low.x, high.y - low.y};
+    size_t count = 0;
+    for (size_t i = 0; i < panel.ChildCount(); ++i) {
+      const Toolkit::UIElement& child = *panel.Child(i);
+      const Toolkit::Rect box = child.DrawnBounds();
+      const Point at = child.Offset();
+      count += view.Intersects({box.x + at.x, box.y + at.y, box.width, box.height});
+    }
+    return count;
+  }
+
+  /// Rows in the proportions of the view, a little apart.
+  void PutInRows() {
+    constexpr float Gap = 30;
+    std::vector<Tesselor::ContentNode*> nodes;
+    Toolkit::Canvas& panel = *canvas->GetPanel();
+    float width = 0, height = 0;
+    for (size_t i = 0; i < panel.ChildCount(); ++i) {
+      auto* node = Toolkit::DynamicCast<Tesselor::ContentNode>(static_cast<Toolkit::Object*>(panel.Child(i)));
+      if (!node) continue;
+      nodes.push_back(node);
+      width = std::max(width, node->ActualWidth() + Gap);
+      height = std::max(height, node->ActualHeight() + Gap);
+    }
+    const float count = static_cast<float>(nodes.size());
+    const auto columns = static_cast<size_t>(std::ceil(std::sqrt(count * height / width * Width / Height)));
+    const float rows = std::ceil(count / static_cast<float>(columns));
+    extent = {static_cast<float>(columns) * width, rows * height};
+    for (size_t i = 0; i < nodes.size(); ++i) {
+      Toolkit::Canvas::SetLeft(nodes[i], Centre + static_cast<float>(i % columns) * width - extent.width / 2);
+      Toolkit::Canvas::SetTop(nodes[i], Centre + static_cast<float>(i / columns) * height - extent.height / 2);
+    }
+    panel.UpdateLayout();
+    for (Toolkit::UIElement* e = canvas; e; e = e->UIParent())
+      if (auto* view = Toolkit::DynamicCast<Tesselor::MainView>(static_cast<Toolkit::Object*>(e)))
+        view->Connections().RefreshAll();
+  }
+
+  void ZoomTo(float zoom) {
+    if (zoom == 0) zoom = std::min(Width / extent.width, Height / extent.height);
+    canvas->ResetViewTo({Centre, Centre});
+    while (canvas->GetScaleTransform()->GetScaleX() > zoom * 1.0001f) {
+      const float before = canvas->GetScaleTransform()->GetScaleX();
+      input->MouseWheel(Middle, -1);
+      if (canvas->GetScaleTransform()->GetScaleX() == before) break;
+    }
+    start = {canvas->GetTranslateTransform()->GetX(), canvas->GetTranslateTransform()->GetY()};
+  }
+
+  /// Of the canvas's panel.
+  static constexpr float Centre = 750000;
+  Toolkit::Size extent;
+  Toolkit::TileRasterizer rasterizer;
+  std::vector<Toolkit::Pixel> pixels;
+  Toolkit::UIElement* root = nullptr;
+  Toolkit::InputState* input = nullptr;
+  Tesselor::NodeEditorCanvas* canvas = nullptr;
+  Point start;
+  std::vector<std::function<void()>> steps;
+  size_t next = 0;
+  bool isDone = false;
+  Clock::time_point frameStart;
+  double drawing = 0;
+  std::string measured;
+  std::vector<double> times, drawTimes;
+};
+
+class ScriptedLauncher : public Tesselor::AppLauncher {
+public:
+  explicit ScriptedLauncher(int threads) : threads(threads) {}
+
+protected:
+  std::unique_ptr<Toolkit::Display> CreateDisplay() override { return std::make_unique<ScriptedDisplay>(threads); }
+
+private:
+  int threads;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+  if (argc < 2) {
+    std::fputs("usage: Frames ASSET [THREADS]\n", stderr);
+    return 2;
+  }
+  Tesselor::LogFile::Open("");
+  Tesselor::ExecutableDirectory::SetFromProgram(argv[0]);
+  Tesselor::AssetFileIndex& index = Tesselor::AssetFileIndex::Instance();
+  index.assetToLoad = argv[1];
+  index.BuildAsync(argv[1]);
+  ScriptedLauncher launcher(argc > 2 ? std::atoi(argv[2]) : 0);
+  launcher.SetApplicationFile("App.xaml");
+  return launcher.Run();
+}
