@@ -55,6 +55,8 @@ void Canvas::ArrangeChild(UIElement& child) {
     y = IsAuto(bottom) ? 0 : size.height - bottom - wanted.height;
   }
   child.Arrange({x, y, wanted.width, wanted.height});
+  // Around a canvas that keeps drawings nobody asks for its bounds.
+  if (!scene) InvalidateBounds();
 }
 
 void Canvas::OnChildrenChanged() {}

@@ -18,6 +18,12 @@ constexpr size_t FewSteps = 4;
 
 Rect BoxOf(const UIElement& element) { return element.TransformToParent().MapBounds(element.DrawnBounds()); }
 
+/// Edges count: what is hit or drawn there is for the element to tell, and far from the origin a float has no room for
+/// an area around a point.
+bool Touch(const Rect& a, const Rect& b) {
+  return a.x <= b.Right() && b.x <= a.Right() && a.y <= b.Bottom() && b.y <= a.Bottom();
+}
+
 bool HasTransform(const UIElement& element) { return !element.GetValue(UIElement::RenderTransformProperty).IsNone(); }
 
 } // namespace
@@ -93,7 +99,7 @@ const std::vector<uint32_t>& CanvasScene::Find(const Rect& area, const std::vect
   UpdateOrder(ordered);
   found.clear();
   index.Find(area, found);
-  std::erase_if(found, [&](uint32_t id) { return !items[id].box.Intersects(area); });
+  std::erase_if(found, [&](uint32_t id) { return !Touch(items[id].box, area); });
   found.insert(found.end(), transformed.begin(), transformed.end());
   std::sort(found.begin(), found.end(), [&](uint32_t a, uint32_t b) { return items[a].order < items[b].order; });
   return found;
@@ -127,7 +133,7 @@ void CanvasScene::RenderItem(Painter& painter, Item& item, float detail) {
 }
 
 UIElement* CanvasScene::HitTest(Point point, const std::vector<UIElement*>& ordered) {
-  const std::vector<uint32_t>& candidates = Find({point.x, point.y, 0.001f, 0.001f}, ordered);
+  const std::vector<uint32_t>& candidates = Find({point.x, point.y, 0, 0}, ordered);
   for (size_t i = candidates.size(); i-- > 0;) {
     UIElement& element = *items[candidates[i]].element;
     if (UIElement* hit = element.HitTest(element.TransformToParent().Inverse().Map(point))) return hit;

@@ -266,6 +266,13 @@ void UIElement::InvalidateVisual() {
   } while (element && !element->drawingStale);
 }
 
+void UIElement::InvalidateBounds() {
+  InvalidateVisual();
+  // Unlike a drawing, bounds count even while nobody draws.
+  for (UIElement* e = this; e->visualParent; e = e->visualParent)
+    if (e->visualParent->tracksChildren) e->visualParent->OnChildDrawingChanged(*e);
+}
+
 void UIElement::InvalidatePlace() {
   if (!visualParent) return;
   if (visualParent->tracksChildren) visualParent->OnChildDrawingChanged(*this);

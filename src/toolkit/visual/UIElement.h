@@ -161,6 +161,8 @@ protected:
   virtual void OnAttached() {}
   virtual void OnDetached() {}
   void SetRenderSize(Size size, Point position);
+  /// For classes whose `DrawnBounds` follows from what they hold: it has changed.
+  void InvalidateBounds();
   bool HasHandler(const RoutedEvent& event) const;
   bool WasMeasured() const { return !neverMeasured; }
   Size PreviousAvailable() const { return previousAvailable; }
