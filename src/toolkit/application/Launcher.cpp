@@ -79,6 +79,7 @@ int Launcher::RunWindow(Window& window) {
       if (display->ShowsFrames()) display->Present(frames.Record(window, display->ClientSize(), display->Scale()));
     }
     display->SetCursor(CursorAt(input));
+    display->SetTextInput(input.CaretRectangle());
     if (window.GetTitle() != title) {
       title = std::string(window.GetTitle());
       display->SetTitle(title);

@@ -2,11 +2,24 @@
 
 #include "toolkit/controls/TextEditor.h"
 #include "toolkit/render/Brush.h"
+#include "toolkit/render/Painter.h"
 #include "toolkit/visual/Input.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Toolkit {
+
+namespace {
+
+/// What a scroll bar takes at the right edge, instead of padding.
+constexpr float BarRoom = 12;
+constexpr float CaretWidth = 1.25f;
+constexpr float PlaceholderOpacity = 0.5f;
+/// Lines that one notch of the wheel scrolls.
+constexpr float WheelLines = 3;
+
+} // namespace
 
 const EnumDescription& DescribeEnum(ScrollBarVisibility) {
   static const EnumDescription description{{{"Disabled", 0}, {"Auto", 1}, {"Hidden", 2}, {"Visible", 3}}};
@@ -66,15 +79,52 @@ void TextBox::OnPropertyChanged(const PropertyChange& change) {
   if (IsAttached() || HasHandler(TextChangedEvent)) RaiseEvent(RoutedEventArgs(TextChangedEvent, this));
 }
 
+bool TextBox::HasScrollBar() const {
+  const auto visibility = Get<ScrollBarVisibility>(VerticalScrollBarVisibilityProperty);
+  return visibility == ScrollBarVisibility::Auto || visibility == ScrollBarVisibility::Visible;
+}
+
+Thickness TextBox::Surround() const {
+  Thickness surround = Chrome();
+  if (HasScrollBar()) surround.right = std::max(surround.right, BarRoom);
+  return surround;
+}
+
+Rect TextBox::ContentBox() const {
+  const Thickness surround = Surround();
+  return {surround.left, surround.top, std::max(0.0f, ActualWidth() - surround.Horizontal()),
+          std::max(0.0f, ActualHeight() - surround.Vertical())};
+}
+
+std::shared_ptr<const TextLayout> TextBox::LayoutOf(std::string_view text) const {
+  TextLayoutOptions options;
+  options.wrapping = Get<TextWrapping>(TextWrappingProperty);
+  options.alignment = Get<TextAlignment>(TextAlignmentProperty);
+  // A text that is laid out without a width shares its layout with all that are.
+  if (options != TextLayoutOptions()) options.maxWidth = ContentBox().width;
+  return TextCache::Instance().Layout(text, TextElement::StyleOf(*this), options);
+}
+
+Point TextBox::TextOrigin(const TextLayout& layout) const {
+  const Rect content = ContentBox();
+  const Point scroll = editor ? editor->ScrollOffset() : Point();
+  // One line stands in the middle of the box, several begin at its top.
+  const bool isOneLine =
+      !Get<bool>(AcceptsReturnProperty) && Get<TextWrapping>(TextWrappingProperty) == TextWrapping::NoWrap;
+  const float room = isOneLine ? std::max(0.0f, content.height - layout.Size().height) : 0;
+  return {content.x - scroll.x, content.y - scroll.y + std::floor(room * 0.5f)};
+}
+
 Size TextBox::MeasureOverride(Size available) {
-  const Thickness chrome = Chrome();
+  const Thickness surround = Surround();
   const bool sized = !IsAuto(GetWidth()) && !IsAuto(GetHeight());
   // Both lengths given: the text does not matter.
   if (sized) return {};
   const TextStyle style = TextElement::StyleOf(*this);
   TextLayoutOptions options;
   options.wrapping = Get<TextWrapping>(TextWrappingProperty);
-  if (options.wrapping == TextWrapping::Wrap) options.maxWidth = std::max(0.0f, available.width - chrome.Horizontal());
+  if (options.wrapping == TextWrapping::Wrap)
+    options.maxWidth = std::max(0.0f, available.width - surround.Horizontal());
   const std::string_view text = GetText();
   TextSize size;
   if (!IsAuto(GetWidth()) && options.wrapping == TextWrapping::NoWrap && !Get<bool>(AcceptsReturnProperty)) {
@@ -83,32 +133,95 @@ Size TextBox::MeasureOverride(Size available) {
   } else {
     size = TextCache::Instance().MeasureText(text.empty() ? std::string_view(" ") : text, style, options);
   }
-  return {size.width + chrome.Horizontal(), size.height + chrome.Vertical()};
+  return {size.width + surround.Horizontal(), size.height + surround.Vertical()};
 }
 
 Size TextBox::ArrangeOverride(Size finalSize) { return finalSize; }
 
-void TextBox::OnRoutedEvent(const RoutedEventArgs& args) {
-  Control::OnRoutedEvent(args);
-  InputState* input = InputState::Current();
-  if (!input || !IsEnabled()) return;
+Rect TextBox::CaretRectangle() const {
+  if (!editor || Get<bool>(IsReadOnlyProperty)) return {};
+  const CaretGeometry at = editor->CaretGeometryNow();
+  const Point origin = TextOrigin(*editor->Layout());
+  return {origin.x + at.x, origin.y + at.y, CaretWidth, at.height};
+}
+
+void TextBox::SetComposition(std::string_view text, size_t caret) { Editor().SetComposition(text, caret); }
+
+void TextBox::OnRender(Painter& painter) {
+  DrawChrome(painter, {0, 0, ActualWidth(), ActualHeight()});
+  const Rect content = ContentBox();
+  if (content.width <= 0 || content.height <= 0) return;
+  const Brush* foreground = Get<Brush*>(TextElement::ForegroundProperty);
+  const bool isComposing = editor && !editor->Composition().empty();
+  const SharedString placeholder = Get<SharedString>(PlaceholderProperty);
+  if (GetText().empty() && !isComposing && !placeholder.IsEmpty()) {
+    painter.PushOpacity(PlaceholderOpacity);
+    const auto layout = LayoutOf(placeholder.View());
+    painter.PushClip(content);
+    painter.DrawText(layout, TextOrigin(*layout), foreground);
+    painter.Pop();
+    painter.Pop();
+  }
+  const auto layout = editor ? editor->Layout() : LayoutOf(GetText());
+  const Point origin = TextOrigin(*layout);
+  const bool isCut = origin.x < content.x || origin.y < content.y ||
+                     origin.x + layout->Size().width > content.Right() ||
+                     origin.y + layout->Size().height > content.Bottom();
+  // The caret at the end of a text stands a little outside of it.
+  if (isCut) painter.PushClip({content.x - CaretWidth, content.y, content.width + 2 * CaretWidth, content.height});
+  if (IsFocused() && editor && editor->SelectionStart() < editor->SelectionEnd() && !isComposing)
+    for (const TextRectangle& r : layout->SelectionRectangles(editor->SelectionStart(), editor->SelectionEnd()))
+      painter.DrawRectangle({origin.x + r.x, origin.y + r.y, r.width, r.height}, Get<Brush*>(SelectionBrushProperty));
+  if (!layout->Text().empty()) painter.DrawText(layout, origin, foreground);
+  if (isComposing) {
+    const size_t start = editor->Caret();
+    for (const TextRectangle& r : layout->SelectionRectangles(start, start + editor->Composition().size()))
+      painter.DrawRectangle({origin.x + r.x, origin.y + r.y + r.height - 1, r.width, 1}, foreground);
+  }
+  if (IsFocused() && editor && editor->IsCaretShown() && !Get<bool>(IsReadOnlyProperty))
+    painter.DrawRectangle(CaretRectangle(), Get<Brush*>(CaretBrushProperty));
+  if (isCut) painter.Pop();
+}
+
+void TextBox::OnMouse(const RoutedEventArgs& args, InputState& input) {
   if (args.event == &MouseLeftButtonDownEvent) {
     Focus();
     const auto& mouse = static_cast<const MouseButtonEventArgs&>(args);
     Editor().PressAt(Mouse::GetPosition(this), mouse.clickCount,
                      Keyboard::IsKeyDown(Key::LeftShift) || Keyboard::IsKeyDown(Key::RightShift));
-    input->Capture(this);
+    input.Capture(this);
     args.handled = true;
-  } else if (args.event == &MouseMoveEvent && input->Captured() == this) {
+  } else if (args.event == &MouseMoveEvent && input.Captured() == this) {
     Editor().DragTo(Mouse::GetPosition(this));
     args.handled = true;
-  } else if (args.event == &MouseLeftButtonUpEvent && input->Captured() == this) {
-    input->Capture(nullptr);
+  } else if (args.event == &MouseLeftButtonUpEvent && input.Captured() == this) {
+    input.Capture(nullptr);
     args.handled = true;
+  } else if (args.event == &MouseWheelEvent && Get<bool>(AcceptsReturnProperty)) {
+    const bool sideways = Keyboard::IsKeyDown(Key::LeftShift) || Keyboard::IsKeyDown(Key::RightShift);
+    const float distance =
+        -static_cast<const MouseWheelEventArgs&>(args).wheelRotation * WheelLines * Editor().Layout()->LineHeight();
+    const Point from = Editor().ScrollOffset();
+    // At the end of its way the wheel goes on to what lies around.
+    args.handled = Editor().ScrollTo(sideways ? Point{from.x + distance, from.y} : Point{from.x, from.y + distance});
+  }
+}
+
+void TextBox::OnRoutedEvent(const RoutedEventArgs& args) {
+  Control::OnRoutedEvent(args);
+  InputState* input = InputState::Current();
+  if (!input || !IsEnabled()) return;
+  if (args.event == &GotFocusEvent) {
+    Editor().BeginSession();
+    if (input->IsKeyDown(Key::Tab) && !Get<bool>(AcceptsReturnProperty)) SelectAll();
+  } else if (args.event == &LostFocusEvent) {
+    Editor().EndSession();
   } else if (args.event == &KeyDownEvent && IsFocused()) {
     if (Editor().HandleKey(static_cast<const KeyEventArgs&>(args).key)) args.handled = true;
   } else if (args.event == &TextInputEvent && IsFocused()) {
     if (Editor().HandleText(static_cast<const TextCompositionEventArgs&>(args).text)) args.handled = true;
+  } else {
+    OnMouse(args, *input);
   }
 }
 

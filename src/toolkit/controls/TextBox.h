@@ -8,13 +8,15 @@
 
 namespace Toolkit {
 
+class InputState;
 class TextEditor;
 
 enum class ScrollBarVisibility : uint8_t { Disabled, Auto, Hidden, Visible };
 const EnumDescription& DescribeEnum(ScrollBarVisibility);
 
 /// A box in which text is edited. It draws its own frame and text; what only an editing session needs (caret,
-/// selection, undo, scroll bars) is made when the session begins.
+/// selection, undo) is made when the session begins, and a scroll bar when the mouse or the focus comes to a box whose
+/// text does not fit.
 class TextBox : public Control {
   TOOLKIT_TYPE(TextBox)
 public:
@@ -46,16 +48,29 @@ public:
   /// Bytes of the given visual line, its line end included; 0 if there is no such line.
   size_t LineLength(size_t line) const;
 
+  Rect CaretRectangle() const override;
+  void SetComposition(std::string_view text, size_t caret) override;
+
 protected:
   void OnPropertyChanged(const PropertyChange& change) override;
   void OnRoutedEvent(const RoutedEventArgs& args) override;
   Size MeasureOverride(Size available) override;
   Size ArrangeOverride(Size finalSize) override;
+  void OnRender(Painter& painter) override;
   bool HitTestSelf(Point point) const override { return Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point); }
 
 private:
   friend class TextEditor;
   TextEditor& Editor() const;
+  bool HasScrollBar() const;
+  /// Inside of frame, padding and the room for a scroll bar.
+  Rect ContentBox() const;
+  /// Frame, padding and the room for a scroll bar.
+  Thickness Surround() const;
+  std::shared_ptr<const TextLayout> LayoutOf(std::string_view text) const;
+  /// The layout's upper left corner, scrolled.
+  Point TextOrigin(const TextLayout& layout) const;
+  void OnMouse(const RoutedEventArgs& args, InputState& input);
   mutable std::unique_ptr<TextEditor> editor;
 };
 

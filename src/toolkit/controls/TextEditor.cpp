@@ -1,6 +1,7 @@
 #include "toolkit/controls/TextEditor.h"
 
-#include "toolkit/text/TextBoundaries.h"
+#include "toolkit/text/DecodedText.h"
+#include "toolkit/visual/Clipboard.h"
 #include "toolkit/visual/Input.h"
 
 #include <algorithm>
@@ -8,133 +9,342 @@
 
 namespace Toolkit {
 
-std::shared_ptr<const TextLayout> TextEditor::Layout() const {
-  TextLayoutOptions options;
-  options.wrapping = box.Get<TextWrapping>(TextBox::TextWrappingProperty);
-  if (options.wrapping == TextWrapping::Wrap) {
-    const Thickness padding = box.Get<Thickness>(Control::PaddingProperty);
-    const Thickness border = box.Get<Thickness>(Control::BorderThicknessProperty);
-    options.maxWidth = std::max(0.0f, box.ActualWidth() - padding.Horizontal() - border.Horizontal());
+namespace {
+
+/// Milliseconds that the caret is shown and hidden in turn; after the second time without an action it stays.
+constexpr double BlinkTime = 530, BlinkLimit = 20000;
+/// Text that is scrolled to keeps this much in sight beside the caret.
+constexpr float CaretRoom = 2;
+
+bool IsDown(Key left, Key right) { return Keyboard::IsKeyDown(left) || Keyboard::IsKeyDown(right); }
+
+/// Text from elsewhere as the box may hold it: valid, lines ended by a line feed or, in a box of one line, joined.
+std::string Cleaned(std::string_view text, bool keepsLines) {
+  std::string result;
+  result.reserve(text.size());
+  if (!keepsLines)
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.remove_suffix(1);
+  for (size_t i = 0; i < text.size();) {
+    const DecodedCharacter decoded = DecodeCharacter(text, i);
+    if (text[i] == '\r' || text[i] == '\n') {
+      if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+      result += keepsLines ? '\n' : ' ';
+    } else if (decoded.character == ReplacementCharacter) {
+      result += "\xEF\xBF\xBD";
+    } else {
+      result += text.substr(i, decoded.length);
+    }
+    i += text[i] == '\n' || text[i] == '\r' ? 1 : decoded.length;
   }
-  return TextCache::Instance().Layout(box.GetText(), TextElement::StyleOf(box), options);
+  return result;
+}
+
+size_t CountCharacters(std::string_view text) {
+  return static_cast<size_t>(
+      std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+/// The first `limit` characters.
+std::string_view FirstCharacters(std::string_view text, size_t limit) {
+  size_t end = 0;
+  while (limit-- > 0 && end < text.size()) end += DecodeCharacter(text, end).length;
+  return text.substr(0, end);
+}
+
+} // namespace
+
+TextEditor::~TextEditor() {
+  if (blinkTimer) Dispatcher::Current().Cancel(blinkTimer);
+}
+
+std::shared_ptr<const TextLayout> TextEditor::Layout() const {
+  if (composition.empty()) return box.LayoutOf(box.GetText());
+  std::string shown(box.GetText());
+  shown.insert(caret, composition);
+  return box.LayoutOf(shown);
+}
+
+CaretGeometry TextEditor::CaretGeometryNow() const {
+  return Layout()->CaretPosition(caret + (composition.empty() ? 0 : compositionCaret));
 }
 
 void TextEditor::Select(size_t start, size_t end) {
   const size_t length = box.GetText().size();
   anchor = std::min(start, length);
   caret = std::min(end, length);
+  history.EndTyping();
+  wishedX = -1;
+  ShowCaret();
   box.RaiseEvent(RoutedEventArgs(TextBox::SelectionChangedEvent, &box));
-  box.InvalidateVisual();
 }
 
 void TextEditor::TextReplaced() {
   const size_t length = box.GetText().size();
   caret = std::min(caret, length);
   anchor = std::min(anchor, length);
+  wishedX = -1;
+  if (!isEditing) history.Clear();
+  ScrollTo(scroll);
 }
 
-void TextEditor::Erase(size_t start, size_t end) {
-  std::string text(box.GetText());
-  text.erase(start, end - start);
-  caret = anchor = start;
-  box.SetText(text);
-}
-
-void TextEditor::Insert(std::string_view inserted) {
-  std::string text(box.GetText());
-  const size_t start = SelectionStart();
-  text.replace(start, SelectionEnd() - start, inserted);
-  const int32_t limit = box.Get<int32_t>(TextBox::MaxLengthProperty);
-  if (limit > 0 && text.size() > static_cast<size_t>(limit)) return;
+void TextEditor::Replace(size_t start, size_t end, std::string_view inserted, bool isTyped) {
+  Ptr<TextBox> alive(&box);
+  const std::string before(box.GetText());
+  const TextEditHistory::Selection selectionBefore = Selected();
+  if (const int32_t limit = box.Get<int32_t>(TextBox::MaxLengthProperty); limit > 0) {
+    const size_t kept = CountCharacters(before) - CountCharacters(std::string_view(before).substr(start, end - start));
+    inserted = FirstCharacters(inserted, static_cast<size_t>(limit) > kept ? static_cast<size_t>(limit) - kept : 0);
+  }
+  std::string text = before;
+  text.replace(start, end - start, inserted);
   // The caret moves before the text does, so that a handler of the change that sets the text finds it in place.
   caret = anchor = start + inserted.size();
+  const bool isOutermost = !isEditing;
+  isEditing = true;
   box.SetText(text);
+  if (!isOutermost) return;
+  isEditing = false;
   TextReplaced();
+  history.Add(before, selectionBefore, box.GetText(), Selected(), isTyped);
+  ShowCaret();
+  box.RaiseEvent(RoutedEventArgs(TextBox::SelectionChangedEvent, &box));
+}
+
+void TextEditor::EraseTo(size_t index) {
+  if (caret != anchor)
+    Replace(SelectionStart(), SelectionEnd(), {}, false);
+  else if (index != caret)
+    Replace(std::min(index, caret), std::max(index, caret), {}, false);
+}
+
+void TextEditor::Restore(std::optional<TextEditHistory::State> state) {
+  if (!state) return;
+  Ptr<TextBox> alive(&box);
+  anchor = state->selection.anchor;
+  caret = state->selection.caret;
+  isEditing = true;
+  box.SetText(state->text);
+  isEditing = false;
+  TextReplaced();
+  ShowCaret();
+  box.RaiseEvent(RoutedEventArgs(TextBox::SelectionChangedEvent, &box));
 }
 
 void TextEditor::MoveTo(size_t index, bool extend) { Select(extend ? anchor : index, index); }
 
-bool TextEditor::HandleText(std::string_view text) {
-  if (box.Get<bool>(TextBox::IsReadOnlyProperty) || text.empty()) return false;
-  if (static_cast<unsigned char>(text[0]) < 0x20 || text[0] == 0x7F) return false;
-  Insert(text);
+bool TextEditor::MoveVertically(float distance, bool extend) {
+  const auto layout = Layout();
+  const CaretGeometry at = layout->CaretPosition(caret);
+  const float x = wishedX >= 0 ? wishedX : at.x;
+  const float height = layout->Size().height, middle = at.y + at.height * 0.5f;
+  // Beyond the first and the last line the caret goes to the text's ends, if it is not there yet.
+  if (middle + distance < 0 || middle + distance > height) {
+    const size_t end = distance < 0 ? 0 : box.GetText().size();
+    if (!AcceptsReturn() && layout->Lines().size() < 2) return false;
+    if (end == caret) return false;
+    MoveTo(end, extend);
+  } else {
+    MoveTo(layout->HitTest(x, middle + distance), extend);
+  }
+  wishedX = x;
   return true;
 }
 
+bool TextEditor::HandleText(std::string_view text) {
+  if (IsReadOnly() || text.empty()) return false;
+  if (static_cast<unsigned char>(text[0]) < 0x20 || text[0] == 0x7F) return false;
+  composition.clear();
+  Replace(SelectionStart(), SelectionEnd(), text, true);
+  return true;
+}
+
+void TextEditor::Copy() const {
+  if (caret == anchor) return;
+  Clipboard::SetText(std::string(box.GetText().substr(SelectionStart(), SelectionEnd() - SelectionStart())));
+}
+
+void TextEditor::Cut() {
+  Copy();
+  if (!IsReadOnly()) EraseTo(caret);
+}
+
+void TextEditor::Paste() {
+  if (IsReadOnly()) return;
+  const std::optional<std::string> text = Clipboard::GetText();
+  if (!text || text->empty()) return;
+  Replace(SelectionStart(), SelectionEnd(), Cleaned(*text, AcceptsReturn()), false);
+}
+
+bool TextEditor::HandleChord(Key key, bool shift) {
+  switch (key) {
+  case Key::A: Select(0, box.GetText().size()); return true;
+  case Key::C:
+  case Key::Insert: Copy(); return true;
+  case Key::X: Cut(); return true;
+  case Key::V: Paste(); return true;
+  case Key::Z:
+  case Key::Y: {
+    // With nothing left of its own, the box leaves undo and redo to what lies around it.
+    const bool redoes = shift || key == Key::Y;
+    if (!(redoes ? history.CanRedo() : history.CanUndo())) return false;
+    Restore(redoes ? history.Redo(box.GetText()) : history.Undo(box.GetText()));
+    return true;
+  }
+  default: return false;
+  }
+}
+
 bool TextEditor::HandleKey(Key key) {
-  const bool shift = Keyboard::IsKeyDown(Key::LeftShift) || Keyboard::IsKeyDown(Key::RightShift);
-  const bool ctrl = Keyboard::IsKeyDown(Key::LeftCtrl) || Keyboard::IsKeyDown(Key::RightCtrl);
-  const bool readOnly = box.Get<bool>(TextBox::IsReadOnlyProperty);
+  const bool shift = IsDown(Key::LeftShift, Key::RightShift);
+  const bool ctrl = IsDown(Key::LeftCtrl, Key::RightCtrl);
   const std::string_view text = box.GetText();
   const bool selected = caret != anchor;
+  if (ctrl && HandleChord(key, shift)) return true;
   switch (key) {
   case Key::Left:
-    if (selected && !shift)
+    if (selected && !shift && !ctrl)
       MoveTo(SelectionStart(), false);
     else
       MoveTo(ctrl ? PreviousWord(text, caret) : PreviousGrapheme(text, caret), shift);
     return true;
   case Key::Right:
-    if (selected && !shift)
+    if (selected && !shift && !ctrl)
       MoveTo(SelectionEnd(), false);
     else
       MoveTo(ctrl ? NextWord(text, caret) : NextGrapheme(text, caret), shift);
     return true;
   case Key::Home: MoveTo(ctrl ? 0 : Layout()->LineStart(caret), shift); return true;
   case Key::End: MoveTo(ctrl ? text.size() : Layout()->LineEnd(caret), shift); return true;
-  case Key::Up:
-  case Key::Down: {
-    const auto layout = Layout();
-    const CaretGeometry at = layout->CaretPosition(caret);
-    const float y = key == Key::Up ? at.y - at.height * 0.5f : at.y + at.height * 1.5f;
-    if (y < 0 || y > layout->Size().height) return false;
-    MoveTo(layout->HitTest(at.x, y), shift);
-    return true;
-  }
+  case Key::Up: return MoveVertically(-Layout()->LineHeight(), shift);
+  case Key::Down: return MoveVertically(Layout()->LineHeight(), shift);
+  case Key::PageUp: return MoveVertically(-std::max(box.ContentBox().height, Layout()->LineHeight()), shift);
+  case Key::PageDown: return MoveVertically(std::max(box.ContentBox().height, Layout()->LineHeight()), shift);
   case Key::Back:
-    if (readOnly) return false;
-    if (selected)
-      Erase(SelectionStart(), SelectionEnd());
-    else if (caret > 0)
-      Erase(ctrl ? PreviousWord(text, caret) : PreviousGrapheme(text, caret), caret);
+    if (!IsReadOnly()) EraseTo(ctrl ? PreviousWord(text, caret) : PreviousGrapheme(text, caret));
     return true;
   case Key::Delete:
-    if (readOnly) return false;
-    if (selected)
-      Erase(SelectionStart(), SelectionEnd());
-    else if (caret < text.size())
-      Erase(caret, ctrl ? NextWord(text, caret) : NextGrapheme(text, caret));
+    if (shift)
+      Cut();
+    else if (!IsReadOnly())
+      EraseTo(ctrl ? NextWord(text, caret) : NextGrapheme(text, caret));
     return true;
+  case Key::Insert:
+    if (shift) Paste();
+    return shift;
   case Key::Return:
-    if (readOnly || !box.Get<bool>(TextBox::AcceptsReturnProperty)) return false;
-    Insert("\n");
-    return true;
-  case Key::A:
-    if (!ctrl) return false;
-    Select(0, text.size());
+    if (IsReadOnly() || !AcceptsReturn()) return false;
+    Replace(SelectionStart(), SelectionEnd(), "\n", false);
     return true;
   default: return false;
   }
 }
 
 size_t TextEditor::IndexAt(Point point) const {
-  const Thickness padding = box.Get<Thickness>(Control::PaddingProperty);
-  const Thickness border = box.Get<Thickness>(Control::BorderThicknessProperty);
-  return Layout()->HitTest(point.x - padding.left - border.left, point.y - padding.top - border.top);
+  const Rect content = box.ContentBox();
+  const Point origin = box.TextOrigin(*Layout());
+  // Above and below the text count as its first and last line.
+  const float y = std::clamp(point.y, content.y, content.Bottom());
+  return Layout()->HitTest(point.x - origin.x, y - origin.y);
+}
+
+TextRange TextEditor::UnitAt(size_t index) const {
+  const std::string_view text = box.GetText();
+  if (dragUnit == Unit::Word) return WordAt(text, index);
+  if (dragUnit == Unit::Character) return {index, index};
+  const size_t before = index > 0 ? text.rfind('\n', index - 1) : std::string_view::npos;
+  const size_t behind = text.find('\n', index);
+  return {before == std::string_view::npos ? 0 : before + 1, behind == std::string_view::npos ? text.size() : behind};
 }
 
 void TextEditor::PressAt(Point point, uint32_t clickCount, bool extend) {
   const size_t index = IndexAt(point);
-  if (clickCount == 2) {
-    const TextRange word = WordAt(box.GetText(), index);
-    Select(word.start, word.end);
-  } else if (clickCount >= 3) {
-    Select(0, box.GetText().size());
-  } else {
-    MoveTo(index, extend);
+  dragUnit = clickCount <= 1 ? Unit::Character : clickCount == 2 ? Unit::Word : Unit::Paragraph;
+  if (extend && clickCount <= 1) {
+    dragOrigin = {anchor, anchor};
+    MoveTo(index, true);
+    return;
   }
+  dragOrigin = UnitAt(index);
+  Select(dragOrigin.start, dragOrigin.end);
 }
 
-void TextEditor::DragTo(Point point) { MoveTo(IndexAt(point), true); }
+void TextEditor::DragTo(Point point) {
+  const TextRange unit = UnitAt(IndexAt(point));
+  if (unit.start < dragOrigin.start)
+    Select(dragOrigin.end, unit.start);
+  else
+    Select(dragOrigin.start, std::max(unit.end, dragOrigin.end));
+}
+
+void TextEditor::BeginSession() {
+  history.Clear();
+  lastAction = Dispatcher::Current().Now();
+  RestartBlinking();
+}
+
+void TextEditor::EndSession() {
+  history.Clear();
+  composition.clear();
+  if (blinkTimer) Dispatcher::Current().Cancel(blinkTimer);
+  blinkTimer = 0;
+  isCaretShown = false;
+  box.InvalidateVisual();
+}
+
+void TextEditor::SetComposition(std::string_view text, size_t caretInside) {
+  if (IsReadOnly()) return;
+  // What is selected goes when the composition begins, as with a typed letter.
+  if (!text.empty() && composition.empty() && caret != anchor) Replace(SelectionStart(), SelectionEnd(), {}, false);
+  composition = text;
+  compositionCaret = std::min(caretInside, composition.size());
+  ShowCaret();
+}
+
+void TextEditor::ShowCaret() {
+  if (const Rect content = box.ContentBox(); content.width > 0 && content.height > 0) {
+    const CaretGeometry at = CaretGeometryNow();
+    ScrollTo({std::clamp(scroll.x, std::min(at.x + CaretRoom - content.width, at.x), at.x),
+              std::clamp(scroll.y, std::min(at.y + at.height - content.height, at.y), at.y)});
+  }
+  lastAction = Dispatcher::Current().Now();
+  if (box.IsFocused()) {
+    RestartBlinking();
+    box.BringIntoView(box.CaretRectangle());
+  }
+  box.InvalidateVisual();
+}
+
+void TextEditor::RestartBlinking() {
+  isCaretShown = true;
+  if (blinkTimer) Dispatcher::Current().Cancel(blinkTimer);
+  blinkTimer = Dispatcher::Current().StartTimer(BlinkTime, [this] { Blink(); });
+  box.InvalidateVisual();
+}
+
+void TextEditor::Blink() {
+  blinkTimer = 0;
+  isCaretShown = !isCaretShown;
+  box.InvalidateVisual();
+  // An abandoned window comes to rest.
+  if (isCaretShown && Dispatcher::Current().Now() - lastAction > BlinkLimit) return;
+  blinkTimer = Dispatcher::Current().StartTimer(BlinkTime, [this] { Blink(); });
+}
+
+Size TextEditor::Extent() const {
+  const TextSize size = Layout()->Size();
+  return {size.width + CaretRoom, size.height};
+}
+
+bool TextEditor::ScrollTo(Point offset) {
+  const Rect content = box.ContentBox();
+  const Size extent = Extent();
+  const bool wraps = box.Get<TextWrapping>(TextBox::TextWrappingProperty) == TextWrapping::Wrap;
+  offset.x = wraps ? 0 : std::clamp(offset.x, 0.0f, std::max(0.0f, extent.width - content.width));
+  offset.y = std::clamp(offset.y, 0.0f, std::max(0.0f, extent.height - content.height));
+  if (offset == scroll) return false;
+  scroll = offset;
+  box.InvalidateVisual();
+  return true;
+}
 
 } // namespace Toolkit

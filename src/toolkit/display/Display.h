@@ -39,6 +39,9 @@ public:
   virtual void Present(const FrameRecorder::Frame& frame) {}
   /// The name of a cursor as documents have it; an unknown or empty one means the arrow.
   virtual void SetCursor(std::string_view name) {}
+  /// Where typed text appears, in device-independent pixels, for the windows of input methods; without an extent while
+  /// nothing takes text, which turns input methods off.
+  virtual void SetTextInput(const Rect& caret) {}
 };
 
 /// A display without a screen: the same loop and layout, nothing shown, input only as injected.

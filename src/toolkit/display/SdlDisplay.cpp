@@ -69,6 +69,7 @@ bool IsSet(const char* variable) {
 bool SdlDisplay::IsAvailable() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY"); }
 
 SdlDisplay::~SdlDisplay() {
+  if (input) Clipboard::SetBackend(nullptr);
   for (const auto& entry : cursors) SDL_FreeCursor(entry.second);
   if (window) SDL_DestroyWindow(window);
   if (started) SDL_Quit();
@@ -81,6 +82,7 @@ bool SdlDisplay::Open(UIElement&, InputState& inputState, const std::string& tit
   SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
   SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
   SDL_SetHint(SDL_HINT_IME_SHOW_UI, "1");
+  SDL_SetHint(SDL_HINT_IME_SUPPORT_EXTENDED_TEXT, "1");
   if (SDL_Init(SDL_INIT_VIDEO) != 0) {
     error = SDL_GetError();
     return false;
@@ -100,6 +102,8 @@ bool SdlDisplay::Open(UIElement&, InputState& inputState, const std::string& tit
   ReadScale();
   rasterizer = std::make_unique<TileRasterizer>();
   input = &inputState;
+  SDL_StopTextInput();
+  Clipboard::SetBackend(this);
   return true;
 }
 
@@ -133,6 +137,32 @@ void SdlDisplay::SetCursor(std::string_view name) {
   if (isNew) entry->second = SDL_CreateSystemCursor(static_cast<SDL_SystemCursor>(kind));
   // Not every video driver has cursors.
   if (entry->second) SDL_SetCursor(entry->second);
+}
+
+void SdlDisplay::SetTextInput(const Rect& caret) {
+  if (caret == caretRectangle) return;
+  const bool wasOn = caretRectangle.width > 0, isOn = caret.width > 0;
+  caretRectangle = caret;
+  if (isOn) {
+    const float factor = scale / pixelsPerPoint;
+    const SDL_Rect rect{static_cast<int>(caret.x * factor), static_cast<int>(caret.y * factor),
+                        std::max(1, static_cast<int>(caret.width * factor)),
+                        std::max(1, static_cast<int>(caret.height * factor))};
+    SDL_SetTextInputRect(&rect);
+  }
+  if (isOn && !wasOn) SDL_StartTextInput();
+  if (!isOn && wasOn) SDL_StopTextInput();
+}
+
+bool SdlDisplay::SetText(const std::string& text) { return SDL_SetClipboardText(text.c_str()) == 0; }
+
+std::optional<std::string> SdlDisplay::GetText() {
+  if (!SDL_HasClipboardText()) return std::nullopt;
+  char* text = SDL_GetClipboardText();
+  if (!text) return std::nullopt;
+  std::string result = text;
+  SDL_free(text);
+  return result;
 }
 
 void SdlDisplay::Present(const FrameRecorder::Frame& frame) {
@@ -204,6 +234,17 @@ void SdlDisplay::HandleWindow(uint8_t kind) {
   }
 }
 
+void SdlDisplay::Compose(const char* text, int caret) {
+  const std::string_view composed = text ? text : "";
+  // The system counts characters.
+  size_t offset = 0;
+  while (caret-- > 0 && offset < composed.size()) {
+    ++offset;
+    while (offset < composed.size() && (static_cast<unsigned char>(composed[offset]) & 0xC0) == 0x80) ++offset;
+  }
+  input->Composition(composed, offset);
+}
+
 void SdlDisplay::Handle(const SDL_Event& event) {
   MouseButton button;
   switch (event.type) {
@@ -233,6 +274,11 @@ void SdlDisplay::Handle(const SDL_Event& event) {
     if (const Key key = KeyOf(event.key.keysym.sym); key != Key::None) input->KeyUp(key);
     break;
   case SDL_TEXTINPUT: input->TextInput(event.text.text); break;
+  case SDL_TEXTEDITING: Compose(event.edit.text, event.edit.start); break;
+  case SDL_TEXTEDITING_EXT:
+    Compose(event.editExt.text, event.editExt.start);
+    SDL_free(event.editExt.text);
+    break;
   default: break;
   }
 }

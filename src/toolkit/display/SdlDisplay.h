@@ -2,6 +2,7 @@
 
 #include "toolkit/display/Display.h"
 #include "toolkit/render/TileRasterizer.h"
+#include "toolkit/visual/Clipboard.h"
 
 #include <map>
 #include <memory>
@@ -14,9 +15,9 @@ union SDL_Event;
 
 namespace Toolkit {
 
-/// A window of the desktop, its mouse and its keyboard. Lengths are device-independent: the window's scale divides
-/// them.
-class SdlDisplay : public Display {
+/// A window of the desktop, its mouse, its keyboard and its clipboard. Lengths are device-independent: the window's
+/// scale divides them.
+class SdlDisplay : public Display, private ClipboardBackend {
 public:
   ~SdlDisplay() override;
   bool Open(UIElement& root, InputState& input, const std::string& title, std::string& error) override;
@@ -30,12 +31,16 @@ public:
   void SetTitle(const std::string& title) override;
   void Present(const FrameRecorder::Frame& frame) override;
   void SetCursor(std::string_view name) override;
+  void SetTextInput(const Rect& caret) override;
   /// True if the environment names a display to connect to.
   static bool IsAvailable();
 
 private:
+  bool SetText(const std::string& text) override;
+  std::optional<std::string> GetText() override;
   void Handle(const SDL_Event& event);
   void HandleWindow(uint8_t kind);
+  void Compose(const char* text, int caret);
   /// Device-independent from what the window system counts in.
   Point ToUnits(int x, int y) const;
   void ReadScale();
@@ -50,6 +55,7 @@ private:
   /// Screen pixels for one device-independent pixel, and for one unit of the window system.
   float scale = 1, pixelsPerPoint = 1;
   std::string cursorName;
+  Rect caretRectangle;
   std::map<int, SDL_Cursor*> cursors;
   InputState* input = nullptr;
   bool started = false;
