@@ -79,11 +79,15 @@ void TextEditor::Select(size_t start, size_t end) {
 }
 
 void TextEditor::TextReplaced() {
+  if (!isEditing) history.Clear();
+  KeepInside();
+}
+
+void TextEditor::KeepInside() {
   const size_t length = box.GetText().size();
   caret = std::min(caret, length);
   anchor = std::min(anchor, length);
   wishedX = -1;
-  if (!isEditing) history.Clear();
   ScrollTo(scroll);
 }
 
@@ -98,13 +102,17 @@ void TextEditor::Replace(size_t start, size_t end, std::string_view inserted, bo
   std::string text = before;
   text.replace(start, end - start, inserted);
   // The caret moves before the text does, so that a handler of the change that sets the text finds it in place.
-  caret = anchor = start + inserted.size();
+  const size_t behind = start + inserted.size();
+  caret = anchor = behind;
   const bool isOutermost = !isEditing;
   isEditing = true;
   box.SetText(text);
   if (!isOutermost) return;
   isEditing = false;
-  TextReplaced();
+  // A handler that took something out of the text, the typed letter perhaps, leaves the caret before the same rest.
+  if (const size_t length = box.GetText().size(); length != text.size() && caret == std::min(behind, length))
+    caret = anchor = length - std::min(length, text.size() - behind);
+  KeepInside();
   history.Add(before, selectionBefore, box.GetText(), Selected(), isTyped);
   ShowCaret();
   box.RaiseEvent(RoutedEventArgs(TextBox::SelectionChangedEvent, &box));
@@ -125,7 +133,7 @@ void TextEditor::Restore(std::optional<TextEditHistory::State> state) {
   isEditing = true;
   box.SetText(state->text);
   isEditing = false;
-  TextReplaced();
+  KeepInside();
   ShowCaret();
   box.RaiseEvent(RoutedEventArgs(TextBox::SelectionChangedEvent, &box));
 }

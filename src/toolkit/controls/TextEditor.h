@@ -57,6 +57,7 @@ private:
   TextEditHistory::Selection Selected() const { return {anchor, caret}; }
   /// Replaces a range of the text as one step of the undo; the caret goes behind it.
   void Replace(size_t start, size_t end, std::string_view text, bool isTyped);
+  void KeepInside();
   void EraseTo(size_t index);
   void Restore(std::optional<TextEditHistory::State> state);
   void MoveTo(size_t index, bool extend);
