@@ -285,6 +285,8 @@ TEST_F(TextBoxTest, KeepsTheCaretInSight) {
   EXPECT_GT(box->CaretRectangle().y, bottom);
   for (int i = 0; i < 10; ++i) input->MouseWheel(middle, 1);
   EXPECT_FALSE(input->MouseWheel(middle, 1));
+  input->SetFocus(nullptr);
+  EXPECT_FALSE(input->MouseWheel(middle, -1));
 }
 
 TEST_F(TextBoxTest, BlinksForAWhileAndOnlyWithTheFocus) {

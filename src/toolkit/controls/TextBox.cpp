@@ -197,7 +197,8 @@ void TextBox::OnMouse(const RoutedEventArgs& args, InputState& input) {
   } else if (args.event == &MouseLeftButtonUpEvent && input.Captured() == this) {
     input.Capture(nullptr);
     args.handled = true;
-  } else if (args.event == &MouseWheelEvent && Get<bool>(AcceptsReturnProperty)) {
+  } else if (args.event == &MouseWheelEvent && Get<bool>(AcceptsReturnProperty) && IsFocused()) {
+    // Without the focus the wheel belongs to what lies around: on a canvas full of boxes it zooms.
     const bool sideways = Keyboard::IsKeyDown(Key::LeftShift) || Keyboard::IsKeyDown(Key::RightShift);
     const float distance =
         -static_cast<const MouseWheelEventArgs&>(args).wheelRotation * WheelLines * Editor().Layout()->LineHeight();
