@@ -61,7 +61,7 @@ cJSON* CreateItemJson(FieldItemType type, const Toolkit::SharedString& text) {
 
 std::string ItemText(FieldItemType type, const cJSON* item) {
   switch (type) {
-  case FieldItemType::Int: return std::to_string(item->valueint);
+  case FieldItemType::Int: return std::to_string(IntegerMember(item));
   case FieldItemType::Float: return FixedText(item->valuedouble);
   case FieldItemType::Bool: return cJSON_IsTrue(item) ? "true" : "false";
   case FieldItemType::Mixed: return MixedText(item).value_or("");

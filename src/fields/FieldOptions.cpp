@@ -27,6 +27,11 @@ bool Matches(std::string_view lowerName, std::string_view key) {
 
 } // namespace
 
+int32_t IntegerMember(const cJSON* item) {
+  // The parser gives true a 1.
+  return cJSON_IsNumber(item) ? item->valueint : 0;
+}
+
 FieldOptions::FieldOptions(const cJSON* options) {
   if (!options) return;
   for (const cJSON* child = options->child; child; child = child->next) {
@@ -42,7 +47,7 @@ FieldOptions::FieldOptions(const cJSON* options) {
 
 std::optional<int32_t> FieldOptions::Integer(FieldOption option) const {
   const cJSON* item = Item(option);
-  return item ? std::optional<int32_t>(item->valueint) : std::nullopt;
+  return item ? std::optional<int32_t>(IntegerMember(item)) : std::nullopt;
 }
 
 std::optional<bool> FieldOptions::Boolean(FieldOption option) const {

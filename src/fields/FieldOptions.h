@@ -35,6 +35,9 @@ enum class FieldOption : uint8_t {
   Count
 };
 
+/// The number cut toward zero and saturated at the limits; 0 for an item of another type.
+int32_t IntegerMember(const cJSON* item);
+
 /// The options of one schema entry by key, found in a single walk: fields are made by the ten thousands, and a search
 /// per key would walk the same few members again and again. Keys match in any letter case; of equal keys the first
 /// counts. Holds pointers into the JSON only, so it must not outlive it.
@@ -46,7 +49,7 @@ public:
   const cJSON* Item(FieldOption option) const { return items[static_cast<size_t>(option)]; }
   bool Has(FieldOption option) const { return Item(option) != nullptr; }
 
-  /// The item's integer member, whatever its type; nothing if the key is absent.
+  /// The item's `IntegerMember`, whatever its type; nothing if the key is absent.
   std::optional<int32_t> Integer(FieldOption option) const;
   /// Nothing unless the item is true or false.
   std::optional<bool> Boolean(FieldOption option) const;
