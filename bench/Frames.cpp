@@ -143,9 +143,10 @@ private:
       std::sort(values.begin(), values.end());
       return values[values.size() / 2];
     };
-    std::printf("%-36s median %7.2f  slowest %7.2f  of it drawing %7.2f  (%zu frames, %zu elements in view, zoom %.4f)\n",
-                measured.c_str(), median(times), *std::max_element(times.begin(), times.end()), median(drawTimes),
-                times.size(), CountInView(), static_cast<double>(canvas->GetZoom()));
+    std::printf(
+        "%-36s median %7.2f  slowest %7.2f  of it drawing %7.2f  (%zu frames, %zu elements in view, zoom %.4f)\n",
+        measured.c_str(), median(times), *std::max_element(times.begin(), times.end()), median(drawTimes), times.size(),
+        CountInView(), static_cast<double>(canvas->GetZoom()));
     measured.clear();
   }
 

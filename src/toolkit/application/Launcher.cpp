@@ -89,7 +89,8 @@ int Launcher::RunWindow(Window& window) {
                  stderr);
       return 1;
     }
-    display->WaitForInput(dispatcher.TimeToNext());
+    // What a frame left for the next one is drawn as soon as the input that has come is heard.
+    display->WaitForInput(display->ShowsFrames() && layout.HasVisualChange() ? 0 : dispatcher.TimeToNext());
     if (display->TakeCloseRequest()) window.Close();
   }
   return Application::Current()->ExitCode();

@@ -79,10 +79,10 @@ void Canvas::OnZOrderChanged() {
 }
 
 void Canvas::RenderChildren(Painter& painter) {
-  if (scene)
-    scene->Render(painter, ZOrderedChildren());
-  else
+  if (!scene)
     Panel::RenderChildren(painter);
+  else if (scene->Render(painter, ZOrderedChildren()))
+    InvalidateVisual();
 }
 
 UIElement* Canvas::HitTest(Point point) {

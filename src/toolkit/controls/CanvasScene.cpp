@@ -18,6 +18,9 @@ constexpr size_t FewSteps = 4;
 
 Rect BoxOf(const UIElement& element) { return element.TransformToParent().MapBounds(element.DrawnBounds()); }
 
+/// Some milliseconds' worth.
+constexpr int RefinementsPerFrame = 400;
+
 /// Edges count: what is hit or drawn there is for the element to tell, and far from the origin a float has no room for
 /// an area around a point.
 bool Touch(const Rect& a, const Rect& b) {
@@ -105,9 +108,12 @@ const std::vector<uint32_t>& CanvasScene::Find(const Rect& area, const std::vect
   return found;
 }
 
-void CanvasScene::Render(Painter& painter, const std::vector<UIElement*>& ordered) {
+bool CanvasScene::Render(Painter& painter, const std::vector<UIElement*>& ordered) {
   const float detail = DetailStep(painter.Detail());
+  refinements = RefinementsPerFrame;
+  isCoarse = false;
   for (const uint32_t id : Find(painter.VisibleArea(), ordered)) RenderItem(painter, items[id], detail);
+  return isCoarse;
 }
 
 void CanvasScene::RenderItem(Painter& painter, Item& item, float detail) {
@@ -120,7 +126,12 @@ void CanvasScene::RenderItem(Painter& painter, Item& item, float detail) {
   }
   const Size size{item.box.width, item.box.height};
   if (size.width > 0 && size.height > 0 && painter.IsTooSmall(size)) return;
-  if (!item.list || element.IsDrawingStale() || (item.detail != detail && !item.isComplete)) {
+  bool isDue = !item.list || element.IsDrawingStale();
+  if (!isDue && item.detail != detail && !item.isComplete) {
+    isDue = refinements-- > 0;
+    isCoarse |= !isDue;
+  }
+  if (isDue) {
     Painter own = painter.Nested(detail);
     element.RenderContent(own);
     item.isComplete = !own.HasLeftOut();

@@ -24,8 +24,10 @@ public:
   /// The order of the children has changed.
   void OrderChanged() { isOrderStale = true; }
 
-  /// Draws what the painter's view shows. `ordered` holds all children, the undermost first.
-  void Render(Painter& painter, const std::vector<UIElement*>& ordered);
+  /// Draws what the painter's view shows. `ordered` holds all children, the undermost first. After a change of zoom
+  /// only so many children are recorded anew as a frame has time for; the others show what was kept for the former
+  /// zoom. True if such are left for the next frame.
+  bool Render(Painter& painter, const std::vector<UIElement*>& ordered);
   /// The topmost element at a point of the canvas, or null.
   UIElement* HitTest(Point point, const std::vector<UIElement*>& ordered);
 
@@ -60,6 +62,9 @@ private:
   std::vector<uint32_t> transformed;
   std::vector<uint32_t> found;
   bool isOrderStale = true;
+  /// In this frame: how many more may be recorded because of the zoom alone, and whether that was too few.
+  int refinements = 0;
+  bool isCoarse = false;
 };
 
 } // namespace Toolkit

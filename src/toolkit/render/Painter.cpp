@@ -59,7 +59,11 @@ float Length(float value) { return std::isfinite(value) && value > 0 ? value : 0
 constexpr Rect Everywhere{-1e9f, -1e9f, 2e9f, 2e9f};
 /// In pixels: what is smaller both ways, or thinner than this, does not show.
 constexpr float SmallestBox = 1.25f;
-constexpr float SmallestThickness = 0.3f;
+constexpr float SmallestThickness = 1.6f;
+/// A box thinner than this, in units, is a line, which stays visible for longer than a box with something in it.
+constexpr float LineThickness = 8, SmallestLine = 0.3f;
+/// Pixels of an em: of smaller text not even its bar would show.
+constexpr float SmallestText = 1;
 
 Painter::Painter(const ImageFinder* images)
     : images(images), list(std::make_shared<DisplayList>()), visible(Everywhere) {}
@@ -86,7 +90,8 @@ float Painter::Detail() const {
 
 bool Painter::IsTooSmall(const Size& size) {
   const float scale = Detail(), width = size.width * scale, height = size.height * scale;
-  const bool small = (width < SmallestBox && height < SmallestBox) || std::min(width, height) < SmallestThickness;
+  const float least = std::min(size.width, size.height) < LineThickness ? SmallestLine : SmallestThickness;
+  const bool small = (width < SmallestBox && height < SmallestBox) || std::min(width, height) < least;
   leftOut |= small;
   return small;
 }
@@ -159,6 +164,10 @@ void Painter::DrawText(std::shared_ptr<const TextLayout> layout, Point origin, c
   if (!layout || layout->Glyphs().empty()) return;
   const Rect box = Moved({origin.x, origin.y, layout->Size().width, layout->Size().height});
   const float size = layout->Style().size;
+  if (size * Detail() < SmallestText) {
+    leftOut = true;
+    return;
+  }
   // Glyphs may reach out of their line and advance, most of all slanted ones.
   const Rect bounds = Inflated(box, size * 0.5f);
   if (!IsDrawable(bounds)) return;

@@ -23,6 +23,7 @@ public:
   void RaiseLoaded();
   /// True once since the last call if anything was laid out or has to be drawn anew.
   bool TakeVisualChange();
+  bool HasVisualChange() const { return visualChanged; }
   void VisualChanged() { visualChanged = true; }
 
 private:
