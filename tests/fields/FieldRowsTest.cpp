@@ -222,6 +222,12 @@ TEST_F(FieldRows, TakeTheIdOfAChosenFileIntoUuidRows) {
     EXPECT_EQ(field->GetValueAsString(), type == std::string("List") ? "" : " ");
     stage.Settle();
     EXPECT_EQ(ButtonOf(*field, 0, Folder)->GetVisibility(), Visibility::Visible) << "a row that undo made";
+    stage.History().RedoLast();
+    stage.Settle();
+    EXPECT_EQ(ButtonOf(*field, 0, Folder)->GetVisibility(), Visibility::Visible) << "a row that redo made";
+    ChosenFile chosen(directory.Write("other.json", R"({"Id":"other-id"})"));
+    stage.Click(ButtonOf(*field, 0, Folder));
+    EXPECT_NE(field->GetValueAsString().find("other-id"), std::string::npos) << "its button works";
   }
   const auto plain = Make<FieldList>("List");
   plain->SetValues({"a"});
