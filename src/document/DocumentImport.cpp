@@ -3,6 +3,7 @@
 #include "app/JsonFile.h"
 #include "app/LogFile.h"
 #include "document/DocumentPrint.h"
+#include "document/UnplacedNodes.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/DocumentView.h"
@@ -15,6 +16,8 @@
 
 #include <array>
 #include <string_view>
+#include <unordered_set>
+#include <utility>
 
 namespace Tesselor {
 
@@ -56,6 +59,12 @@ void ReadFrame(FrameNode& frame, const cJSON* json) {
   frame.SetResizeHeight(Number(json, Keys::Height, frame.FrameHeight()));
   if (const auto name = JsonText(cJSON_GetObjectItem(json, Keys::FrameName))) frame.SetTitle(*name);
   frame.RefreshZIndex();
+}
+
+/// True if the node's own object or its link's said where it stands: new nodes stand in the canvas's middle.
+bool IsMoved(const ContentNode& node) {
+  const Toolkit::Point middle = CanvasOffset(node);
+  return Toolkit::Canvas::GetLeft(&node) != middle.x || Toolkit::Canvas::GetTop(&node) != middle.y;
 }
 
 } // namespace
@@ -175,6 +184,7 @@ void DocumentImport::ReadComments() {
 void DocumentImport::ApplyLayout() {
   const cJSON* nodes = cJSON_GetObjectItem(metadata, Keys::Nodes);
   const std::unordered_map<std::string_view, ContentNode*> nodesById = NodesById(view);
+  std::unordered_set<const ContentNode*> placed;
   if (cJSON_IsObject(nodes)) {
     const cJSON* member = nullptr;
     cJSON_ArrayForEach(member, nodes) {
@@ -183,13 +193,21 @@ void DocumentImport::ApplyLayout() {
       if (separator == std::string_view::npos) continue;
       const auto found = nodesById.find(key.substr(separator + 1));
       if (found == nodesById.end()) continue;
-      if (const cJSON* position = cJSON_GetObjectItem(member, Keys::Position); cJSON_IsObject(position))
+      if (const cJSON* position = cJSON_GetObjectItem(member, Keys::Position); cJSON_IsObject(position)) {
         ApplyPosition(*found->second, position, PositionPrecision::Fraction);
+        placed.insert(found->second);
+      }
       if (const auto title = JsonText(cJSON_GetObjectItem(member, Keys::Title))) found->second->SetTitle(*title);
     }
   }
   const bool hasNodes = cJSON_IsObject(nodes) && nodes->child;
-  if (!hasNodes && !HasInlinePosition(document)) view.AutoPosition(false);
+  if (!hasNodes && !HasInlinePosition(document)) {
+    view.AutoPosition(false);
+    return;
+  }
+  for (const auto& node : view.ContentNodes())
+    if (IsMoved(*node) || node->IsPassthrough()) placed.insert(node.Get());
+  PlaceUnplacedNodes(view, std::move(placed));
 }
 
 void DocumentImport::HideUnusedPins() {

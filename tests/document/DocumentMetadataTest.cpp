@@ -5,6 +5,7 @@
 
 #include <sys/stat.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -49,6 +50,23 @@ TEST_F(DocumentMetadata, PlacesNodes) {
   EXPECT_EQ(ExportMetadata("$Nodes"), Quoted("{'Doc-1':{'$Position':{'$x':10,'$y':0},'$Title':'[ROOT] Doc'},"
                                              "'Item-2':{'$Position':{'$x':0,'$y':0}},"
                                              "'Item-3':{'$Position':{'$x':10,'$y':0},'$Title':'t'}}"));
+}
+
+TEST_F(DocumentMetadata, PutsNodesWithoutAPlaceBesideTheirParents) {
+  ASSERT_TRUE(Import("{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-2','Items':[{}]},{'$NodeId':'Item-3'},"
+                     "{'$NodeId':'Item-4'}],'$NodeEditorMetadata':{'$Nodes':{'Doc-1':{'$Position':{'$x':50,'$y':20}},"
+                     "'Item-3':{'$Position':{'$x':400,'$y':600}}}}}"));
+  std::map<std::string, const ContentNode*> byId;
+  for (const auto& node : view->nodes) byId[node->NodeId()] = node.Get();
+  const auto bottomOf = [](const ContentNode* node) { return Toolkit::Canvas::GetTop(node) + node->ActualHeight(); };
+  const ContentNode *root = byId["1"], *first = byId["2"], *placed = byId["3"], *last = byId["4"];
+  const ContentNode* grandchild = view->nodes[2].Get();
+  EXPECT_EQ(Toolkit::Canvas::GetTop(placed), 1100);
+  EXPECT_EQ(Toolkit::Canvas::GetLeft(first), Toolkit::Canvas::GetLeft(root) + root->ActualWidth() + 300);
+  EXPECT_EQ(Toolkit::Canvas::GetTop(first), bottomOf(placed) + 80);
+  EXPECT_EQ(Toolkit::Canvas::GetTop(last), bottomOf(first) + 80);
+  EXPECT_EQ(Toolkit::Canvas::GetLeft(grandchild), Toolkit::Canvas::GetLeft(first) + first->ActualWidth() + 300);
+  EXPECT_EQ(Toolkit::Canvas::GetTop(grandchild), Toolkit::Canvas::GetTop(first));
 }
 
 TEST_F(DocumentMetadata, LaysOutADocumentWithoutPositions) {
