@@ -11,7 +11,7 @@ namespace Toolkit {
 namespace {
 
 /// Drawings are kept for details that are powers of two: a zoom within one of them records nothing anew.
-float DetailStep(float detail) { return std::exp2(std::ceil(std::log2(std::clamp(detail, 1.0f / 256, 1.0f)))); }
+float DetailStep(float detail) { return std::exp2(std::ceil(std::log2(std::clamp(detail, 1.0f / 256, 8.0f)))); }
 
 /// A drawing with no more steps than this is not worth recording anew to leave out some.
 constexpr size_t FewSteps = 4;
@@ -80,6 +80,8 @@ void CanvasScene::UpdateIndex() {
       if (std::find(transformed.begin(), transformed.end(), id) == transformed.end()) transformed.push_back(id);
       continue;
     }
+    // A child whose transform was taken away is looked up by its box again.
+    if (!item.isIndexed) std::erase(transformed, id);
     const Rect box = BoxOf(*item.element);
     if (item.isIndexed && box == item.box) continue;
     if (item.isIndexed) index.Remove(id, item.box);
