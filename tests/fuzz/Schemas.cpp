@@ -1,0 +1,212 @@
+// Makes a workspace of any schema files, loads any asset by it, edits the rows of its lists, saves, and loads what was
+// saved. An input is the schema files and, behind them, the asset, parted by lines "%%". Changes go to the JSON trees,
+// so that most inputs are still JSON.
+
+#include "app/ComponentRegistration.h"
+#include "app/JsonFile.h"
+#include "app/LogFile.h"
+#include "document/NodeImporterExporter.h"
+#include "fields/FieldDictionary.h"
+#include "fields/FieldList.h"
+#include "support/TestDocumentView.h"
+#include "support/ToolkitEnvironment.h"
+#include "toolkit/application/MessageBox.h"
+#include "toolkit/base/Diagnostics.h"
+#include "workspace/Workspace.h"
+#include "workspace/Workspaces.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+extern "C" size_t LLVMFuzzerMutate(uint8_t* data, size_t size, size_t maxSize);
+
+using namespace Tesselor;
+
+namespace {
+
+constexpr std::string_view separator = "\n%%\n";
+constexpr const char* configuration = R"({"WorkspaceName": "Fuzz",
+  "Roots": {"Root": {"RootNodeType": "Root", "MenuName": "Root"}},
+  "NodeCategories": {"All": ["Root", "Item", "Other", "Reference"]},
+  "Variants": {"Family": {"VariantFieldName": "Type", "Variants": {"item": "Item", "other": "Other", "": "Item"}}}})";
+
+std::vector<std::string> Split(std::string_view text) {
+  std::vector<std::string> parts;
+  for (size_t at; (at = text.find(separator)) != std::string_view::npos; text.remove_prefix(at + separator.size()))
+    parts.emplace_back(text.substr(0, at));
+  parts.emplace_back(text);
+  return parts;
+}
+
+/// The directory that all inputs use in turn.
+const std::filesystem::path& Start() {
+  static const std::filesystem::path directory = [] {
+    LogFile::SetSink([](std::string_view) {});
+    Toolkit::SetLogHandler([](const char*, uint32_t, Toolkit::LogLevel, const char*, const char*) {});
+    Toolkit::MessageBox::SetPresenter([](Toolkit::MessageBox::Request) {});
+    TestSupport::ToolkitEnvironment::Start(&RegisterComponents);
+    auto path = std::filesystem::temp_directory_path() / ("tesselor-fuzz-" + std::to_string(getpid()));
+    std::filesystem::create_directories(path / "Workspaces/Fuzz");
+    std::ofstream(path / "Workspaces/Fuzz/_Workspace.json") << configuration;
+    return path;
+  }();
+  return directory;
+}
+
+/// What undo does to the rows, and what search and the side panel ask of a field.
+void Exercise(BaseField& field) {
+  field.GetValueAsString();
+  field.ShouldSerialize();
+  auto* object = static_cast<Toolkit::Object*>(&field);
+  if (auto* list = Toolkit::DynamicCast<FieldList>(object)) list->SetValues(list->GetValues());
+  if (auto* dictionary = Toolkit::DynamicCast<FieldDictionary>(object)) dictionary->SetValues(dictionary->GetValues());
+}
+
+bool LoadAndSave(const std::shared_ptr<Workspace>& workspace, const std::string& asset, const std::string& output,
+                 bool saveAllFields) {
+  TestSupport::TestDocumentView view("Root");
+  if (!NodeImporterExporter::ImportNodeTree(asset, workspace, &view) || !view.rootNode) return false;
+  for (const auto& node : view.nodes)
+    for (const auto& [id, field] : node->contentFields) Exercise(*field);
+  view.Layout();
+  return NodeImporterExporter::ExportNodeTree(output, view.rootNode.Get(), view.nodes, view.groups, view.comments,
+                                              "Root", saveAllFields);
+}
+
+void CollectItems(cJSON* item, std::vector<cJSON*>& items) {
+  items.push_back(item);
+  for (cJSON* child = item->child; child; child = child->next) CollectItems(child, items);
+}
+
+/// Trees as deep as the parser allows are left to inputs that are changed as bytes.
+constexpr size_t largestTree = 5000;
+
+class TreeMutator {
+public:
+  explicit TreeMutator(unsigned seed) : random(seed) {}
+
+  bool Change(cJSON* root, const cJSON* donor) {
+    std::vector<cJSON*> items, donors;
+    CollectItems(root, items);
+    CollectItems(const_cast<cJSON*>(donor), donors);
+    if (items.size() < 2 || items.size() > largestTree || donors.size() > largestTree) return false;
+    // The root itself stays.
+    cJSON* item = items[1 + Below(items.size() - 1)];
+    cJSON* parent = items[0];
+    for (cJSON* candidate : items)
+      for (cJSON* child = candidate->child; child; child = child->next)
+        if (child == item) parent = candidate;
+    const cJSON* other = donors[Below(donors.size())];
+    switch (Below(5)) {
+    case 0: Replace(parent, item, Scalar()); break;
+    case 1: Replace(parent, item, cJSON_Duplicate(other, true)); break;
+    case 2: cJSON_Delete(cJSON_DetachItemViaPointer(parent, item)); break;
+    case 3: Add(parent, cJSON_Duplicate(other, true), other->string ? other->string : "added"); break;
+    default: Rename(parent, item, other->string ? other->string : Word()); break;
+    }
+    return true;
+  }
+
+private:
+  size_t Below(size_t limit) { return random() % limit; }
+
+  const char* Word() {
+    static const char* const words[] = {"Default",        "Min",         "Max",        "Width",        "Height",
+                                        "Values",         "Type",        "Fields",     "Options",      "Id",
+                                        "UseUUID",        "IsUUID",      "IsNodeName", "Required",     "Active",
+                                        "Label",          "content",     "inputs",     "outputs",      "Schema",
+                                        "Multiple",       "IsMap",       "$Value",     "$Key",         "$NodeId",
+                                        "$Link",          "$Generic",    "$FileName",  "$Nodes",       "$Position",
+                                        "node",           "pin",         "Root",       "Item",         "Other",
+                                        "Family",         "List",        "Dictionary", "Object",       "Enum",
+                                        "EnumFilterable", "RawJson",     "Mixed",      "Int",          "IntSlider",
+                                        "Float",          "Checkbox",    "FilePath",   "SmallString",  "String",
+                                        "Spacer",         "uuid",        "mixed",      "bool",         "",
+                                        "\xff",           "isreference", "filerefkey", "filerefvalue", "modifykey",
+                                        "TickFrequency",  "LargeChange", "FontSize"};
+    return words[Below(std::size(words))];
+  }
+
+  cJSON* Scalar() {
+    static const double numbers[] = {0, -1, 1, 2.5, 1e-9, 1e15, -1e300, 2147483647, -2147483648.0, 1e5};
+    switch (Below(5)) {
+    case 0: return cJSON_CreateNull();
+    case 1: return cJSON_CreateBool(Below(2) == 0);
+    case 2: return cJSON_CreateNumber(numbers[Below(std::size(numbers))]);
+    default: return cJSON_CreateString(Word());
+    }
+  }
+
+  static void Add(cJSON* parent, cJSON* item, const char* key) {
+    if (cJSON_IsObject(parent))
+      cJSON_AddItemToObject(parent, key, item);
+    else
+      cJSON_AddItemToArray(parent, item);
+  }
+
+  static void Replace(cJSON* parent, cJSON* item, cJSON* replacement) {
+    if (!replacement) return;
+    if (item->string) {
+      cJSON_free(replacement->string);
+      replacement->string = item->string;
+      item->string = nullptr;
+    }
+    cJSON_ReplaceItemViaPointer(parent, item, replacement);
+  }
+
+  static void Rename(cJSON* parent, cJSON* item, const char* key) {
+    if (!cJSON_IsObject(parent)) return;
+    const std::string name = key;
+    cJSON_AddItemToObject(parent, name.c_str(), cJSON_DetachItemViaPointer(parent, item));
+  }
+
+  std::minstd_rand random;
+};
+
+} // namespace
+
+extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t maxSize, unsigned seed) {
+  std::vector<std::string> parts = Split({reinterpret_cast<const char*>(data), size});
+  const JsonParseResult tree = ParseJson(parts[seed % parts.size()]);
+  const JsonParseResult donor = ParseJson(parts[seed / 7 % parts.size()]);
+  if (seed % 16 == 0 || !tree || !donor || !TreeMutator(seed).Change(tree.json.get(), donor.json.get()))
+    return LLVMFuzzerMutate(data, size, maxSize);
+  char* printed = cJSON_PrintUnformatted(tree.json.get());
+  if (!printed) return LLVMFuzzerMutate(data, size, maxSize);
+  parts[seed % parts.size()] = printed;
+  cJSON_free(printed);
+  std::string joined;
+  for (size_t i = 0; i < parts.size(); ++i) joined += (i ? std::string(separator) : std::string()) + parts[i];
+  if (joined.size() > maxSize) return LLVMFuzzerMutate(data, size, maxSize);
+  std::copy(joined.begin(), joined.end(), data);
+  return joined.size();
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  const std::filesystem::path& directory = Start();
+  const std::vector<std::string> parts = Split({reinterpret_cast<const char*>(data), size});
+  const std::filesystem::path schemas = directory / "Workspaces/Fuzz";
+  for (size_t i = 0; i + 1 < parts.size(); ++i) std::ofstream(schemas / (std::to_string(i) + ".json")) << parts[i];
+  // The files of a longer input before this one.
+  for (size_t i = parts.size() - 1; std::filesystem::remove(schemas / (std::to_string(i) + ".json")); ++i) {
+  }
+  std::ofstream(directory / "asset.json") << parts.back();
+
+  Workspaces workspaces;
+  if (!workspaces.ImportWorkspaces((directory / "Workspaces").string())) std::abort();
+  const std::shared_ptr<Workspace> workspace = workspaces.FindRoot("Root")->workspace;
+  workspace->LoadNodeDictionary();
+  const std::string first = (directory / "first.json").string(), second = (directory / "second.json").string();
+  if (!LoadAndSave(workspace, (directory / "asset.json").string(), first, size % 2 == 0)) return 0;
+  if (!LoadAndSave(workspace, first, second, size % 2 == 0)) {
+    std::fprintf(stderr, "what was saved does not load\n");
+    std::abort();
+  }
+  return 0;
+}
