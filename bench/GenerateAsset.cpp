@@ -1,8 +1,10 @@
 // Writes a workspace and an asset of a given number of nodes, the same bytes for the same arguments:
 //   GenerateAsset <directory> <nodes> [--seed=<number>] [--no-layout]
 // The asset is a tree. A fifth of its nodes are branches, whose Multiple pin holds an array of children (up to three
-// branches and four leaves); one leaf in four hangs on the single pin of another. A node has ten fields and takes
-// about 500 bytes. Unless --no-layout is given, the metadata places every node, as a file that was saved before does.
+// branches and four leaves); one leaf in four hangs on the single pin of another. A node has ten plain fields; a branch
+// has fields of all other kinds besides, among them lists and dictionaries of two to four rows. Unless --no-layout is
+// given, the metadata places every node, as a file that was saved before does. It prints the numbers of nodes, of
+// fields (each row and each field inside an object counts as one) and of bytes.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -73,6 +75,26 @@ void WriteFile(const std::filesystem::path& path, const std::string& text) {
 std::string NodeSchema(const std::string& id, bool hasChildren) {
   std::string values;
   for (const char* rarity : rarities) values += (values.empty() ? "\"" : ", \"") + std::string(rarity) + "\"";
+  const std::string otherKinds = hasChildren ? R"(,
+    {"Id": "Heading", "Type": "Label", "Options": {"Text": "More", "FontSize": 18}},
+    {"Id": "Order", "Type": "IntSlider", "Options": {"Label": "Order", "Max": 50, "TickFrequency": 5}},
+    {"Id": "Mood", "Type": "EnumFilterable", "Options": {"Label": "Mood", "Values": [)" +
+                                                   values + R"(]}},
+    {"Id": "Voice", "Type": "FilePath", "Options": {"Label": "Voice", "UseUUID": true}},
+    {"Id": "Extra", "Type": "RawJson", "Options": {"Label": "Extra"}},
+    {"Id": "Remark", "Type": "Spacer", "Options": {"Label": "Remark", "Default": ""}},
+    {"Id": "Tags", "Type": "List", "Options": {"Label": "Tags", "Width": 120}},
+    {"Id": "Scores", "Type": "List", "Options": {"Label": "Scores", "Type": "int"}},
+    {"Id": "Limits", "Type": "Dictionary", "Options": {"Label": "Limits", "Type": "mixed"}},
+    {"Id": "Place", "Type": "Object", "Options": {"Label": "Place", "Fields": [
+      {"Id": "X", "Type": "Float", "Options": {"Label": "X"}},
+      {"Id": "Y", "Type": "Float", "Options": {"Label": "Y"}},
+      {"Id": "Note", "Type": "SmallString", "Options": {"Label": "Note"}}]}})"
+                                             : "";
+  const std::string otherKeys = hasChildren ? R"(
+    "Order": "Order", "Mood": "Mood", "Voice": "Voice", "Extra": "Extra", "Remark": "Remark", "Tags": "Tags",
+    "Scores": "Scores", "Limits": "Limits", "Place": "Place",)"
+                                            : "";
   const std::string childPin =
       hasChildren ? R"({"id": "Steps", "Type": "Step", "color": "orange", "Multiple": true, "Label": "Steps"})"
                   : R"({"id": "Outcome", "Type": "Step", "color": "green", "Label": "Outcome"})";
@@ -100,14 +122,15 @@ std::string NodeSchema(const std::string& id, bool hasChildren) {
     {"Id": "Rarity", "Type": "Enum", "Options": {"Label": "Rarity", "Values": [)" +
          values + R"(], "Default": "Common"}},
     {"Id": "Value", "Type": "Mixed", "Options": {"Label": "Value"}},
-    {"Id": "Description", "Type": "String", "Options": {"Label": "Description", "Width": 240, "Height": 60}}
+    {"Id": "Description", "Type": "String", "Options": {"Label": "Description", "Width": 240, "Height": 60}})" +
+         otherKinds + R"(
   ],
   "Schema": {
     "Kind": "$Const:)" +
          id + R"(",
     "Name": "Name", "Tag": "Tag", "Count": "Count", "Priority": "Priority", "Weight": "Weight", "Delay": "Delay",
-    "Enabled": "Enabled", "Rarity": "Rarity", "Value": "Value", "Description": "Description",
-    )" + childKey +
+    "Enabled": "Enabled", "Rarity": "Rarity", "Value": "Value", "Description": "Description",)" +
+         otherKeys + "\n    " + childKey +
          R"(
   }
 }
@@ -153,10 +176,12 @@ public:
   }
 
   uint32_t Written() const { return written; }
+  uint32_t Fields() const { return fields; }
 
 private:
   cJSON* Branch(uint32_t branch, int depth) {
     cJSON* node = Node("Branch", depth);
+    AddOtherKinds(node);
     cJSON* steps = cJSON_AddArrayToObject(node, "Steps");
     for (uint32_t child = 3 * branch + 1; child <= 3 * branch + 3 && child < branches; ++child)
       cJSON_AddItemToArray(steps, Branch(child, depth + 1));
@@ -172,6 +197,35 @@ private:
       cJSON_AddItemToArray(steps, leaf);
     }
     return node;
+  }
+
+  void AddOtherKinds(cJSON* node) {
+    cJSON_AddNumberToObject(node, "Order", random.Below(50));
+    cJSON_AddStringToObject(node, "Mood", rarities[random.Below(std::size(rarities))]);
+    cJSON_AddStringToObject(node, "Voice", Uuid(random).c_str());
+    cJSON_AddStringToObject(node, "$Voice_FileName", Words(random, 1).c_str());
+    cJSON_AddNumberToObject(cJSON_AddObjectToObject(node, "Extra"), "level", random.Below(10));
+    cJSON_AddStringToObject(node, "Remark", Words(random, 2).c_str());
+    cJSON* tags = cJSON_AddArrayToObject(node, "Tags");
+    for (uint32_t i = Rows(); i > 0; --i) cJSON_AddItemToArray(tags, cJSON_CreateString(Words(random, 1).c_str()));
+    cJSON* scores = cJSON_AddArrayToObject(node, "Scores");
+    for (uint32_t i = Rows(); i > 0; --i) cJSON_AddItemToArray(scores, cJSON_CreateNumber(random.Below(1000)));
+    cJSON* limits = cJSON_AddObjectToObject(node, "Limits");
+    for (uint32_t i = Rows(); i > 0; --i)
+      cJSON_AddNumberToObject(limits, (Words(random, 1) + std::to_string(i)).c_str(), random.Below(100));
+    cJSON* place = cJSON_AddObjectToObject(node, "Place");
+    cJSON_AddNumberToObject(place, "X", random.Below(400) / 4.0);
+    cJSON_AddNumberToObject(place, "Y", random.Below(400) / 4.0);
+    cJSON_AddStringToObject(place, "Note", Words(random, 2).c_str());
+    // Seven single ones, the heading among them, three with rows and three in the object.
+    fields += 13;
+  }
+
+  /// How many rows the next list or dictionary has.
+  uint32_t Rows() {
+    const uint32_t count = 2 + random.Below(3);
+    fields += count;
+    return count;
   }
 
   cJSON* Node(const std::string& type, int depth) {
@@ -202,6 +256,7 @@ private:
     cJSON_AddNumberToObject(position, "$y", written % rowsPerColumn * 600.0);
     if (written == 0) cJSON_AddStringToObject(place, "$Title", ("[ROOT] " + type).c_str());
     ++written;
+    fields += 10;
     return node;
   }
 
@@ -212,6 +267,7 @@ private:
   RandomNumbers random;
   Json places;
   uint32_t written = 0;
+  uint32_t fields = 0;
 };
 
 } // namespace
@@ -242,7 +298,8 @@ int main(int argc, char** argv) {
   char* text = cJSON_Print(root.get());
   const std::filesystem::path path = directory / ("asset-" + plain[1] + ".json");
   WriteFile(path, text);
-  std::cout << path.string() << ": " << writer.Written() << " nodes, " << std::string_view(text).size() << " bytes\n";
+  std::cout << path.string() << ": " << writer.Written() << " nodes, " << writer.Fields() << " fields, "
+            << std::string_view(text).size() << " bytes\n";
   cJSON_free(text);
   return writer.Written() == nodes ? 0 : 1;
 }
