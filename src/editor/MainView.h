@@ -7,7 +7,7 @@
 #include "toolkit/application/Window.h"
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/controls/Border.h"
-#include "toolkit/controls/Menu.h"
+#include "toolkit/controls/MenuItem.h"
 #include "toolkit/visual/InputEvents.h"
 #include "workspace/Workspaces.h"
 

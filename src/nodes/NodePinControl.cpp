@@ -2,7 +2,8 @@
 
 #include "nodes/DocumentView.h"
 #include "toolkit/controls/ContentControl.h"
-#include "toolkit/controls/Menu.h"
+#include "toolkit/controls/ContextMenu.h"
+#include "toolkit/controls/MenuItem.h"
 #include "toolkit/markup/GUI.h"
 
 #include <functional>

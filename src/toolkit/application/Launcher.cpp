@@ -63,6 +63,7 @@ int Launcher::RunWindow(Window& window) {
     Log(__FILE__, __LINE__, LogLevel::Warning, "Display", "The display cannot be opened: " + error);
     display = std::make_unique<HeadlessDisplay>();
   }
+  if (display->ShowsFrames()) window.PresentMessageBoxes();
   FrameRecorder frames(&ImageFiles::Find);
   Dispatcher& dispatcher = Dispatcher::Current();
   LayoutQueue& layout = LayoutQueue::Current();

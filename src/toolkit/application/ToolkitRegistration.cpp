@@ -1,6 +1,7 @@
 #include "toolkit/application/ToolkitRegistration.h"
 
 #include "toolkit/application/Application.h"
+#include "toolkit/application/MessageBoxView.h"
 #include "toolkit/application/Window.h"
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/controls/Border.h"
@@ -8,7 +9,9 @@
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/CheckBox.h"
 #include "toolkit/controls/ComboBox.h"
+#include "toolkit/controls/ComboBoxList.h"
 #include "toolkit/controls/ContentPresenter.h"
+#include "toolkit/controls/ContextMenu.h"
 #include "toolkit/controls/DockPanel.h"
 #include "toolkit/controls/EventTrigger.h"
 #include "toolkit/controls/Grid.h"
@@ -17,12 +20,16 @@
 #include "toolkit/controls/Label.h"
 #include "toolkit/controls/ListView.h"
 #include "toolkit/controls/Menu.h"
+#include "toolkit/controls/MenuItem.h"
+#include "toolkit/controls/Popup.h"
+#include "toolkit/controls/PopupLayer.h"
 #include "toolkit/controls/ScrollViewer.h"
 #include "toolkit/controls/Shapes.h"
 #include "toolkit/controls/Slider.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBlock.h"
 #include "toolkit/controls/TextBox.h"
+#include "toolkit/controls/ToolTip.h"
 #include "toolkit/controls/UserControl.h"
 #include "toolkit/markup/Binding.h"
 #include "toolkit/markup/Template.h"
@@ -47,11 +54,11 @@ void RegisterToolkitTypes() {
            ElementFactory, ObservableCollectionBase>();
   Describe<TextElement, TextBlock, Panel, StackPanel, Canvas, Grid, RowDefinition, ColumnDefinition, DockPanel, Border,
            Control, ContentControl, ContentPresenter, UserControl, ButtonBase, Button, CheckBox, Slider, TextBox,
-           HeaderedContentControl, GroupBox, Expander, ScrollViewer, ItemsControl, Selector, ComboBox, ListView,
-           GridView, GridViewColumn, GridViewColumnHeader, GridViewRow, Label, ToolTip, Image, Shape, Rectangle,
-           Ellipse, Line, Path, HeaderedItemsControl, MenuItem, Menu, ContextMenu, TriggerAction, ChangePropertyAction,
-           EventTrigger>();
-  Describe<Application, Window>();
+           HeaderedContentControl, GroupBox, Expander, ScrollViewer, ItemsControl, Selector, ComboBox, ComboBoxList,
+           ListView, GridView, GridViewColumn, GridViewColumnHeader, GridViewRow, Label, ToolTip, Image, Shape,
+           Rectangle, Ellipse, Line, Path, HeaderedItemsControl, MenuItem, MenuBase, Menu, MenuSurface, ContextMenu,
+           Popup, PopupLayer, TriggerAction, ChangePropertyAction, EventTrigger>();
+  Describe<Application, Window, MessageBoxView>();
 }
 
 } // namespace Toolkit

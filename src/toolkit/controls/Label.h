@@ -11,11 +11,4 @@ public:
   Label() = default;
 };
 
-/// A small window with an explanation, shown while the mouse rests on its owner.
-class ToolTip : public ContentControl {
-  TOOLKIT_TYPE(ToolTip)
-public:
-  ToolTip() = default;
-};
-
 } // namespace Toolkit

@@ -1,52 +1,12 @@
 #include "toolkit/controls/Menu.h"
 
+#include "toolkit/controls/MenuItem.h"
 #include "toolkit/controls/StackPanel.h"
-#include "toolkit/controls/TextElement.h"
-#include "toolkit/markup/ValueConversion.h"
+#include "toolkit/visual/Input.h"
 
 namespace Toolkit {
 
-TOOLKIT_TYPE_IMPL(HeaderedItemsControl, ItemsControl, "HeaderedItemsControl")
-void HeaderedItemsControl::Describe(TypeBuilder<HeaderedItemsControl>& type) {
-  HeaderProperty = type.Property<Value>("Header", Value(), DependencyProperty::AffectsMeasure);
-}
-
-const RoutedEvent MenuItem::ClickEvent("Click", RoutingStrategy::Bubble);
-
-TOOLKIT_TYPE_IMPL(MenuItem, HeaderedItemsControl, "MenuItem")
-void MenuItem::Describe(TypeBuilder<MenuItem>& type) {
-  using P = DependencyProperty;
-  IsCheckableProperty = type.Property<bool>("IsCheckable");
-  IsCheckedProperty = type.Property<bool>("IsChecked", false, P::BindsTwoWay | P::AffectsRender);
-  IsSubmenuOpenProperty = type.Property<bool>("IsSubmenuOpen", false, P::AffectsRender);
-  InputGestureTextProperty = type.Property<SharedString>("InputGestureText");
-  type.Event(&ClickEvent);
-}
-
-void MenuItem::Click() {
-  Ptr<MenuItem> alive(this);
-  if (Get<bool>(IsCheckableProperty)) SetIsChecked(!IsChecked());
-  RaiseEvent(RoutedEventArgs(ClickEvent, this));
-}
-
-void MenuItem::OnRoutedEvent(const RoutedEventArgs& args) {
-  HeaderedItemsControl::OnRoutedEvent(args);
-  if (args.event != &MouseLeftButtonUpEvent || !IsEnabled()) return;
-  args.handled = true;
-  if (ItemCount() > 0)
-    SetValue(IsSubmenuOpenProperty, !Get<bool>(IsSubmenuOpenProperty));
-  else
-    Click();
-}
-
-Size MenuItem::MeasureOverride(Size) {
-  const SharedString header = ValueConversion::ToText(GetHeader());
-  const TextSize size = TextCache::Instance().MeasureText(header.View(), TextElement::StyleOf(*this));
-  const Thickness chrome = Chrome();
-  return {size.width + chrome.Horizontal(), size.height + chrome.Vertical()};
-}
-
-TOOLKIT_TYPE_IMPL(Menu, ItemsControl, "Menu")
+TOOLKIT_TYPE_IMPL(Menu, MenuBase, "Menu")
 void Menu::Describe(TypeBuilder<Menu>&) {}
 
 Ptr<Panel> Menu::CreateHost() {
@@ -55,7 +15,81 @@ Ptr<Panel> Menu::CreateHost() {
   return panel;
 }
 
-TOOLKIT_TYPE_IMPL(ContextMenu, ItemsControl, "ContextMenu")
-void ContextMenu::Describe(TypeBuilder<ContextMenu>& type) { IsOpenProperty = type.Property<bool>("IsOpen"); }
+void Menu::Leave() {
+  isActive = false;
+  SetCurrent(nullptr);
+  ReturnFocus();
+}
+
+void Menu::ReturnFocus() {
+  InputState* input = InputState::Current();
+  if (input && IsFocused()) input->SetFocus(formerFocus.Get());
+}
+
+void Menu::OnItemEntered(MenuItem& item) {
+  isActive = isActive || OpenItem();
+  if (!isActive || OpenItem() == &item) {
+    SetCurrent(&item);
+    return;
+  }
+  isSwitching = true;
+  SetCurrent(&item);
+  isSwitching = false;
+  item.SetIsSubmenuOpen(true);
+}
+
+void Menu::OnItemLeft(MenuItem& item) {
+  if (!isActive && Current() == &item && !item.IsSubmenuOpen()) SetCurrent(nullptr);
+}
+
+void Menu::OnItemClosed(MenuItem& item) {
+  if (isSwitching) return;
+  isActive = false;
+  if (Current() == &item && !item.Get<bool>(IsMouseOverProperty)) SetCurrent(nullptr);
+  ReturnFocus();
+}
+
+void Menu::OnSideKey(int step) {
+  isSwitching = true;
+  MenuItem* item = MoveCurrent(step);
+  isSwitching = false;
+  isActive = true;
+  if (!item) return;
+  InputState* input = InputState::Current();
+  if (item->ItemCount() > 0) {
+    item->Choose();
+  } else if (input && !IsFocused()) {
+    UIElement* former = input->Focused();
+    if (Focus()) formerFocus = WeakPtr<UIElement>(former);
+  }
+}
+
+void Menu::OnRoutedEvent(const RoutedEventArgs& args) {
+  MenuBase::OnRoutedEvent(args);
+  if (args.event == &MouseLeaveEvent) {
+    if (!OpenItem()) Leave();
+  } else if (args.event == &MouseDownEvent) {
+    // Not on an item.
+    Leave();
+  } else if (args.event == &LostFocusEvent) {
+    if (!OpenItem()) Leave();
+  } else if (args.event == &KeyDownEvent && IsFocused()) {
+    Ptr<MenuItem> item(Current());
+    switch (static_cast<const KeyEventArgs&>(args).key) {
+    case Key::Left: OnSideKey(-1); break;
+    case Key::Right: OnSideKey(1); break;
+    case Key::Home: MoveToEnd(false); break;
+    case Key::End: MoveToEnd(true); break;
+    case Key::Down:
+    case Key::Return:
+    case Key::Space:
+      if (item) item->Choose();
+      break;
+    case Key::Escape: Leave(); break;
+    default: return;
+    }
+    args.handled = true;
+  }
+}
 
 } // namespace Toolkit

@@ -33,6 +33,16 @@ struct FrameworkElement::Extras {
   std::vector<Ptr<ConditionProbe>> probes;
 };
 
+namespace {
+/// A menu opens for the element that holds it, and inherits from there.
+void HoldContextMenu(DependencyObject& object, const PropertyChange& change) {
+  auto& owner = static_cast<FrameworkElement&>(object);
+  auto* former = DynamicCast<FrameworkElement>(change.oldValue.AsObject());
+  if (former && former->LogicalParent() == &owner) former->SetLogicalParent(nullptr);
+  if (auto* menu = DynamicCast<FrameworkElement>(change.newValue.AsObject())) menu->SetLogicalParent(&owner);
+}
+} // namespace
+
 TOOLKIT_TYPE_IMPL(FrameworkElement, UIElement, "FrameworkElement")
 void FrameworkElement::Describe(TypeBuilder<FrameworkElement>& type) {
   using P = DependencyProperty;
@@ -51,7 +61,7 @@ void FrameworkElement::Describe(TypeBuilder<FrameworkElement>& type) {
   NameProperty = type.Property<SharedString>("Name");
   TagProperty = type.Property<Value>("Tag");
   ToolTipProperty = type.Property<Value>("ToolTip", Value(), P::DefersContent);
-  ContextMenuProperty = type.Property<Object*>("ContextMenu", nullptr, P::DefersContent);
+  ContextMenuProperty = type.Property<Object*>("ContextMenu", nullptr, P::DefersContent, &HoldContextMenu);
   CursorProperty = type.Property<SharedString>("Cursor");
   DataContextProperty = type.Declare(DataContext::Property());
   type.Event(&LoadedEvent);

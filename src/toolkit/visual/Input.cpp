@@ -15,6 +15,13 @@ bool CanFocus(const UIElement& element) {
          element.IsAttached();
 }
 
+/// As `IsAncestorOf`, but along the way that events take: from a popup to its owner.
+bool IsAround(const UIElement* outer, const UIElement* element) {
+  for (; element; element = element->UIParent())
+    if (element == outer) return true;
+  return false;
+}
+
 void CollectFocusable(UIElement& element, std::vector<UIElement*>& found) {
   if (element.GetVisibility() != Visibility::Visible) return;
   if (CanFocus(element)) found.push_back(&element);
@@ -59,9 +66,9 @@ void InputState::SetHovered(UIElement* element) {
   FillMouse(enter);
   std::vector<Ptr<UIElement>> left, entered;
   for (UIElement* e = former; e; e = e->UIParent())
-    if (!element || !e->IsAncestorOf(element)) left.emplace_back(e);
+    if (!IsAround(e, element)) left.emplace_back(e);
   for (UIElement* e = element; e; e = e->UIParent())
-    if (!former || !e->IsAncestorOf(former)) entered.emplace_back(e);
+    if (!IsAround(e, former)) entered.emplace_back(e);
   for (const Ptr<UIElement>& e : left) {
     e->SetValue(UIElement::IsMouseOverProperty, false);
     leave.source = e.Get();
