@@ -281,6 +281,19 @@ TEST_F(FieldRows, UndoTheNameOfAChosenFileAlone) {
   EXPECT_EQ(Saved(*field), R"({"K":"new-id","$K_FileName":"new"})");
 }
 
+TEST_F(FieldRows, GiveTheirBoxesTheWidthOfTheSchema) {
+  for (const char* type : {"List", "Dictionary"}) {
+    const auto field = MakeField(type, R"({"Width":150})");
+    FieldStage stage(*field);
+    stage.Click(AddButton(*field));
+    for (const TextBox* box : All<TextBox>(field.Get())) {
+      EXPECT_GT(box->ActualWidth(), 120) << type;
+      EXPECT_LE(box->ActualWidth(), 150) << type;
+    }
+    EXPECT_EQ(All<TextBox>(field.Get()).size(), type == std::string("List") ? 1u : 2u);
+  }
+}
+
 TEST_F(FieldRows, CutAFileNameFromItsPath) {
   const struct {
     const char* path;
