@@ -2,7 +2,8 @@
 //   RoundTrip <tesselor> [nodes ...] [--repeat=<number>]
 // For each size it generates an asset (with the program GenerateAsset beside this one) and runs, each in a process of
 // its own and without a display: the JSON library's parse and print; the editor on an asset of one node, which is
-// what an empty start costs; the editor's load and save. Prints a Markdown table; times are the best of the runs.
+// what an empty start costs; the editor's load and save. Prints a Markdown table; times are the best of the runs, and
+// the time per field is without the empty start.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -107,28 +108,44 @@ int RunEditor(const std::string& program, const std::filesystem::path& directory
   return 127;
 }
 
-bool Generate(const std::filesystem::path& directory, const std::string& nodes) {
+/// The number of fields of the asset that was generated; 0 after a failure.
+unsigned long Generate(const std::filesystem::path& directory, const std::string& nodes) {
   const std::filesystem::path generator =
       std::filesystem::read_symlink("/proc/self/exe").parent_path() / "GenerateAsset";
-  return MeasureChild([&] {
-           const int sink = open("/dev/null", O_WRONLY);
-           dup2(sink, STDOUT_FILENO);
-           execl(generator.c_str(), generator.c_str(), directory.c_str(), nodes.c_str(), nullptr);
-           return 127;
-         })
-      .succeeded;
+  const std::filesystem::path report = directory / "generated.txt";
+  const Cost cost = MeasureChild([&] {
+    const int sink = open(report.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    dup2(sink, STDOUT_FILENO);
+    execl(generator.c_str(), generator.c_str(), directory.c_str(), nodes.c_str(), nullptr);
+    return 127;
+  });
+  std::string line;
+  std::getline(std::ifstream(report), line);
+  const size_t before = line.find(" nodes, ");
+  return cost.succeeded && before != std::string::npos ? std::strtoul(line.c_str() + before + 8, nullptr, 10) : 0;
 }
 
-void PrintRow(const std::string& nodes, const std::string& what, const Cost& cost, const Cost* bare) {
+/// What a cost is compared with; either may be absent.
+struct Reference {
+  const Cost* bare = nullptr;
+  const Cost* start = nullptr;
+  unsigned long fields = 0;
+};
+
+void PrintRow(const std::string& nodes, const std::string& what, const Cost& cost, const Reference& reference) {
   if (!cost.succeeded) {
-    std::printf("| %s | %s | failed | | | |\n", nodes.c_str(), what.c_str());
+    std::printf("| %s | %s | failed | | | | |\n", nodes.c_str(), what.c_str());
     return;
   }
-  char ratio[32] = "";
-  if (bare && bare->cpuMilliseconds > 0)
-    std::snprintf(ratio, sizeof(ratio), "%.1f", cost.cpuMilliseconds / bare->cpuMilliseconds);
-  std::printf("| %s | %s | %.1f | %.1f | %.0f | %s |\n", nodes.c_str(), what.c_str(), cost.wallMilliseconds,
-              cost.cpuMilliseconds, cost.peakMegabytes, ratio);
+  char ratio[32] = "", perField[32] = "";
+  if (reference.bare && reference.bare->cpuMilliseconds > 0)
+    std::snprintf(ratio, sizeof(ratio), "%.1f", cost.cpuMilliseconds / reference.bare->cpuMilliseconds);
+  if (reference.start && reference.fields > 0)
+    std::snprintf(perField, sizeof(perField), "%.1f",
+                  (cost.cpuMilliseconds - reference.start->cpuMilliseconds) * 1e3 /
+                      static_cast<double>(reference.fields));
+  std::printf("| %s | %s | %.1f | %.1f | %.0f | %s | %s |\n", nodes.c_str(), what.c_str(), cost.wallMilliseconds,
+              cost.cpuMilliseconds, cost.peakMegabytes, ratio, perField);
 }
 
 } // namespace
@@ -159,7 +176,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   const std::filesystem::path directory = pattern;
-  bool allSucceeded = Generate(directory, "1");
+  bool allSucceeded = Generate(directory, "1") > 0;
   const auto editor = [&](const std::string& nodes) {
     return BestOf(repeat, [&] {
       const std::string output = "saved-" + nodes + ".json";
@@ -171,13 +188,15 @@ int main(int argc, char** argv) {
     });
   };
 
-  std::printf("| nodes | what | wall (ms) | CPU (ms) | peak memory (MB) | CPU against parse and print |\n");
-  std::printf("|---|---|---|---|---|---|\n");
+  std::printf("| nodes | what | wall (ms) | CPU (ms) | peak memory (MB) | CPU against parse and print | "
+              "CPU per field (µs) |\n");
+  std::printf("|---|---|---|---|---|---|---|\n");
   const Cost start = editor("1");
-  PrintRow("1", "editor: start, load and save one node", start, nullptr);
+  PrintRow("1", "editor: start, load and save one node", start, {});
   allSucceeded = allSucceeded && start.succeeded;
   for (const std::string& nodes : sizes) {
-    if (!Generate(directory, nodes)) {
+    const unsigned long fields = Generate(directory, nodes);
+    if (fields == 0) {
       std::cerr << "Cannot generate an asset of " << nodes << " nodes.\n";
       allSucceeded = false;
       continue;
@@ -185,7 +204,7 @@ int main(int argc, char** argv) {
     const std::filesystem::path asset = directory / ("asset-" + nodes + ".json");
     const Cost bare = BestOf(repeat, [&] { return MeasureChild([&] { return ParseAndPrint(asset); }); });
     const Cost whole = editor(nodes);
-    PrintRow(nodes, "bare parse and print", bare, nullptr);
+    PrintRow(nodes, "bare parse and print", bare, {});
     const Cost loaded = BestOf(repeat, [&] {
       Cost cost = MeasureChild([&] { return RunEditor(program, directory, asset.string(), ""); });
       // The editor ends such a run with 1, having nothing left to do.
@@ -195,9 +214,9 @@ int main(int argc, char** argv) {
     Cost saving = whole;
     saving.wallMilliseconds -= loaded.wallMilliseconds;
     saving.cpuMilliseconds -= loaded.cpuMilliseconds;
-    PrintRow(nodes, "editor: start, load and save", whole, &bare);
-    PrintRow(nodes, "editor: start and load", loaded, &bare);
-    PrintRow(nodes, "the difference: save", saving, &bare);
+    PrintRow(nodes, "editor: start, load and save", whole, {&bare, &start, fields});
+    PrintRow(nodes, "editor: start and load", loaded, {&bare, &start, fields});
+    PrintRow(nodes, "the difference: save", saving, {&bare});
     allSucceeded = allSucceeded && bare.succeeded && whole.succeeded;
     std::fflush(stdout);
   }
