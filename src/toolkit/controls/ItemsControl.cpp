@@ -26,6 +26,13 @@ void ItemsControl::Describe(TypeBuilder<ItemsControl>& type) {
 ItemsControl::ItemsControl() : generator(*this) {}
 
 ItemsControl::~ItemsControl() {
+  // Whoever still holds an item, such as the event that led to this end, must not reach this control through it.
+  const auto release = [this](Object* item) {
+    auto* element = DynamicCast<FrameworkElement>(item);
+    if (element && element->LogicalParent() == this) element->SetLogicalParent(nullptr);
+  };
+  for (size_t i = 0; ownItems && i < ownItems->Count(); ++i) release(ownItems->ItemAt(i));
+  for (size_t i = 0; host && i < host->ChildCount(); ++i) release(host->Child(i));
   if (host && host->VisualParent() == this) ReleaseVisualChild(host.Get());
 }
 

@@ -45,8 +45,12 @@ void Popup::OnRoutedEvent(const RoutedEventArgs& args) {
        {&MouseDownEvent, &MouseUpEvent, &MouseLeftButtonDownEvent, &MouseLeftButtonUpEvent, &MouseRightButtonDownEvent,
         &MouseRightButtonUpEvent, &MouseMoveEvent, &MouseWheelEvent})
     if (args.event == event) args.handled = true;
-  if (kind == PopupKind::Modal && (args.event == &KeyDownEvent || args.event == &KeyUpEvent))
-    args.handled = static_cast<const KeyEventArgs&>(args).key != Key::Tab;
+  if (kind == PopupKind::Modal && (args.event == &KeyDownEvent || args.event == &KeyUpEvent)) {
+    InputState* input = InputState::Current();
+    if (args.event == &KeyDownEvent && static_cast<const KeyEventArgs&>(args).key == Key::Tab && input)
+      input->MoveFocusByTab();
+    args.handled = true;
+  }
 }
 
 void Popup::OnOwnerUnloaded(Object*, const RoutedEventArgs&) { Close(); }

@@ -68,6 +68,12 @@ void ToolTipService::Hide() {
   open->Close();
 }
 
+void ToolTipService::StayAway() {
+  const WeakPtr<FrameworkElement> former = owner;
+  Hide();
+  owner = former;
+}
+
 void ToolTipService::OnMouseMoved(const RoutedEventArgs& args) {
   FrameworkElement* now = OwnerAt(args.source);
   const auto& mouse = static_cast<const MouseEventArgs&>(args);
@@ -77,13 +83,13 @@ void ToolTipService::OnMouseMoved(const RoutedEventArgs& args) {
   if (!now || isDragging) return Hide();
   if (now == owner.Get()) {
     // The mouse does not rest yet. A tip that was seen and went does not come again before the mouse has left.
-    if (timer && !popup) StartTimer(FirstDelay, &ToolTipService::Show);
+    if (timer && !popup) StartTimer(delay, &ToolTipService::Show);
     return;
   }
   Hide();
   owner = WeakPtr<FrameworkElement>(now);
-  const bool justSeen = Dispatcher::Current().Now() - shownAt < NextWithin;
-  StartTimer(justSeen ? NextDelay : FirstDelay, &ToolTipService::Show);
+  delay = Dispatcher::Current().Now() - shownAt < NextWithin ? NextDelay : FirstDelay;
+  StartTimer(delay, &ToolTipService::Show);
 }
 
 Ptr<ToolTip> ToolTipService::MakeTip(FrameworkElement& element) const {
@@ -119,7 +125,7 @@ void ToolTipService::Show() {
     StopTimer();
   };
   layer.Open(*popup);
-  StartTimer(LongestStay, &ToolTipService::Hide);
+  StartTimer(LongestStay, &ToolTipService::StayAway);
 }
 
 void ToolTipService::Observe(const RoutedEventArgs& args) {
@@ -129,10 +135,10 @@ void ToolTipService::Observe(const RoutedEventArgs& args) {
              args.event == &UIElement::PreviewMouseLeftButtonDownEvent ||
              args.event == &UIElement::PreviewMouseRightButtonDownEvent ||
              args.event == &UIElement::PreviewMouseWheelEvent || args.event == &UIElement::PreviewKeyDownEvent) {
-    // It stays away until the mouse has gone elsewhere.
-    const WeakPtr<FrameworkElement> former = owner;
-    Hide();
-    if (args.event != &UIElement::MouseLeaveEvent) owner = former;
+    if (args.event == &UIElement::MouseLeaveEvent)
+      Hide();
+    else
+      StayAway();
   }
 }
 

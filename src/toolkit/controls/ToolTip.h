@@ -28,6 +28,8 @@ public:
   void Hide();
 
 private:
+  /// Hides the tip until the mouse has been elsewhere.
+  void StayAway();
   void OnMouseMoved(const RoutedEventArgs& args);
   void Show();
   Ptr<ToolTip> MakeTip(FrameworkElement& owner) const;
@@ -39,6 +41,8 @@ private:
   WeakPtr<FrameworkElement> owner;
   Ptr<Popup> popup;
   uint64_t timer = 0;
+  /// Milliseconds of rest that the owner's tip asks for.
+  double delay = 0;
   /// When a tip was last seen.
   double shownAt = -1e9;
 };

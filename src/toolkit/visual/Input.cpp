@@ -170,8 +170,7 @@ bool InputState::KeyDown(Key key, bool isRepeat) {
   args.key = key;
   args.isRepeat = isRepeat;
   if (Route(UIElement::PreviewKeyDownEvent, UIElement::KeyDownEvent, args, *target)) return true;
-  if (key == Key::Tab) return MoveFocus(!IsKeyDown(Key::LeftShift) && !IsKeyDown(Key::RightShift));
-  return false;
+  return key == Key::Tab && MoveFocusByTab();
 }
 
 bool InputState::KeyUp(Key key) {
@@ -224,6 +223,8 @@ bool InputState::SetFocus(UIElement* element) {
   }
   return focused.Get() == element;
 }
+
+bool InputState::MoveFocusByTab() { return MoveFocus(!IsKeyDown(Key::LeftShift) && !IsKeyDown(Key::RightShift)); }
 
 bool InputState::MoveFocus(bool forward) {
   std::vector<UIElement*> order;

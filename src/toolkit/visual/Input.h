@@ -43,6 +43,8 @@ public:
   bool SetFocus(UIElement* element);
   /// Moves the focus to the next element that can take it, in tab order; backwards if `forward` is false.
   bool MoveFocus(bool forward);
+  /// As the Tab key does: backwards while Shift is held.
+  bool MoveFocusByTab();
   /// Keeps Tab within an element while it is in the tree, as a box does that wants an answer first. Null ends it.
   void SetTabScope(UIElement* element) { tabScope = WeakPtr<UIElement>(element); }
   UIElement* TabScope() const { return tabScope.Get(); }

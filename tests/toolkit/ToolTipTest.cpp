@@ -1,0 +1,149 @@
+#include "toolkit/controls/ToolTip.h"
+#include "toolkit/PopupTestStage.h"
+#include "toolkit/controls/TextBlock.h"
+
+namespace Toolkit {
+namespace {
+
+class ToolTipTest : public PopupTest {
+protected:
+  void ShowRows() {
+    Show("<StackPanel><Border x:Name=\"A\" Background=\"Red\" Height=\"40\" ToolTip=\"first\"/>"
+         "<Border x:Name=\"B\" Background=\"Red\" Height=\"40\" ToolTip=\"second\"/>"
+         "<Border x:Name=\"C\" Background=\"Red\" Height=\"40\"/>"
+         "<Border x:Name=\"D\" Background=\"Red\" Height=\"40\" ToolTip=\"\"/></StackPanel>");
+  }
+  Point At(const char* name) { return MiddleOf(Find<FrameworkElement>(name)); }
+};
+
+TEST_F(ToolTipTest, ComesAfterRestAndGoesWithTheMouse) {
+  ShowRows();
+  MoveTo(At("A"));
+  Wait(400);
+  MoveTo(At("A") + Point{1, 0});
+  Wait(400);
+  EXPECT_FALSE(Shows("first"));
+  Wait(101);
+  ASSERT_TRUE(Shows("first"));
+  const Rect tip = BoxOf(*window->Popups().VisualChild(0));
+  EXPECT_FALSE(tip.Contains(input->MousePosition()));
+  EXPECT_LT(tip.y - input->MousePosition().y, 40);
+  // It takes no input and stays while the mouse moves on its owner.
+  MoveTo(At("A") + Point{10, 5});
+  EXPECT_TRUE(Shows("first"));
+  EXPECT_EQ(window->HitTest({tip.x + 1, tip.y + 1})->GetType().Name(), "Border");
+  // The next one comes sooner.
+  MoveTo(At("B"));
+  EXPECT_FALSE(Shows("first"));
+  Wait(101);
+  EXPECT_TRUE(Shows("second"));
+  MoveTo(At("C"));
+  Wait(600);
+  EXPECT_EQ(OpenPopups(), 0u);
+  MoveTo(At("B"));
+  Wait(101);
+  EXPECT_FALSE(Shows("second"));
+  Wait(400);
+  EXPECT_TRUE(Shows("second"));
+  Wait(10000);
+  EXPECT_FALSE(Shows("second"));
+  // Not again before the mouse has been elsewhere.
+  MoveTo(At("B") + Point{3, 0});
+  Wait(1000);
+  EXPECT_FALSE(Shows("second"));
+}
+
+TEST_F(ToolTipTest, GoesByAnyOtherInput) {
+  ShowRows();
+  const std::pair<const char*, std::function<void()>> inputs[] = {
+      {"press", [&] { input->MouseDown(MouseButton::Left, At("A"), 1); }},
+      {"key", [&] { input->KeyDown(Key::LeftCtrl); }},
+      {"wheel", [&] { input->MouseWheel(At("A"), 1); }},
+      {"leave", [&] { input->MouseLeave(); }},
+      {"resize",
+       [&] {
+         window->SetClientSize({Width, Height - 50});
+       }},
+  };
+  for (const auto& [name, act] : inputs) {
+    SCOPED_TRACE(name);
+    window->SetClientSize({Width, Height});
+    input->ReleaseAll();
+    MoveTo(At("C"));
+    MoveTo(At("A"));
+    Wait(600);
+    ASSERT_TRUE(Shows("first"));
+    act();
+    Settle();
+    EXPECT_FALSE(Shows("first"));
+    Wait(1000);
+    EXPECT_FALSE(Shows("first"));
+  }
+  // None while a button is held.
+  input->ReleaseAll();
+  MoveTo(At("C"));
+  input->MouseDown(MouseButton::Left, At("C"), 1);
+  MoveTo(At("A"));
+  Wait(1000);
+  EXPECT_EQ(OpenPopups(), 0u);
+}
+
+TEST_F(ToolTipTest, ShowsWhatThereIsToRead) {
+  const std::string description =
+      "<ToolTip Style=\"{StaticResource DescriptionToolTipStyle}\" Content=\"{Binding Text}\"/>";
+  struct Case {
+    const char* name;
+    std::string tip;
+    const char* text;
+    bool shown;
+  };
+  const Case cases[] = {
+      {"bound", description, "bound text", true},
+      {"bound to nothing", description, "", false},
+      {"plain", "<ToolTip Content=\"plain\"/>", "", true},
+      {"empty", "<ToolTip/>", "", false},
+      {"element", "<TextBlock Text=\"{Binding Text}\"/>", "in an element", true},
+      {"empty element", "<TextBlock/>", "", false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    Show("<Border x:Name=\"A\" Background=\"Red\" Height=\"40\"><Border.ToolTip>" + c.tip +
+         "</Border.ToolTip></Border>");
+    auto data = MakePtr<TestData>();
+    data->SetText(c.text);
+    Find<FrameworkElement>("A").SetDataContext(data.Get());
+    for (int round = 0; round < 2; ++round) {
+      MoveTo({10, 290});
+      MoveTo(At("A"));
+      Wait(600);
+      EXPECT_EQ(OpenPopups(), c.shown ? 1u : 0u);
+      if (c.shown && *c.text) {
+        EXPECT_TRUE(Shows(c.text));
+      }
+    }
+    input.reset();
+    window->DetachAsRoot();
+  }
+}
+
+TEST_F(ToolTipTest, WrapsLongTextsAndKeepsAnElementForTheNextTime) {
+  ShowRows();
+  auto text = MakePtr<TextBlock>();
+  std::string words;
+  for (int i = 0; i < 60; ++i) words += "word ";
+  text->SetText(words);
+  text->SetValue(TextBlock::TextWrappingProperty, TextWrapping::Wrap);
+  text->SetValue(FrameworkElement::MaxWidthProperty, 150.0f);
+  Find<FrameworkElement>("C").SetValue(FrameworkElement::ToolTipProperty, Value(text));
+  for (int round = 0; round < 3; ++round) {
+    MoveTo(At("D"));
+    MoveTo(At("C"));
+    Wait(600);
+    ASSERT_EQ(OpenPopups(), 1u);
+    EXPECT_LE(text->ActualWidth(), 150);
+    EXPECT_GT(text->ActualHeight(), 60);
+  }
+}
+
+} // namespace
+} // namespace Toolkit
