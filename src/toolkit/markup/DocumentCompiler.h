@@ -52,6 +52,7 @@ private:
   Ptr<Style> CompileStyle(const pugi::xml_node& node);
   void CompileSetters(const pugi::xml_node& node, const Type& target, PropertySet& setters);
   Ptr<Trigger> CompileTrigger(const pugi::xml_node& node, const Type& target);
+  void CompileAnimations(const pugi::xml_node& actions, const Type& target, Trigger& trigger);
   bool CompileCondition(const pugi::xml_node& node, const Type& target, Trigger& trigger);
   Ptr<FrameworkTemplate> CompileTemplate(const pugi::xml_node& node, Ptr<FrameworkTemplate> result);
   const Type* TypeAttribute(const pugi::xml_node& node, const char* name);

@@ -3,6 +3,10 @@
 #include "toolkit/markup/MarkupExtension.h"
 #include "toolkit/markup/ValueConversion.h"
 
+#include <charconv>
+#include <cmath>
+#include <limits>
+
 namespace Toolkit {
 
 namespace {
@@ -10,6 +14,23 @@ std::string_view LocalName(const pugi::xml_node& node) {
   const std::string_view qualified = node.name();
   const size_t colon = qualified.find(':');
   return colon == std::string_view::npos ? qualified : qualified.substr(colon + 1);
+}
+
+/// Reads "hours:minutes:seconds" with a fraction of seconds, as milliseconds above 0.
+bool ReadDuration(std::string_view text, double& milliseconds) {
+  double total = 0;
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  for (int part = 0; part < 3; ++part) {
+    double number = 0;
+    const std::from_chars_result read = std::from_chars(at, end, number, std::chars_format::fixed);
+    if (read.ec != std::errc() || number < 0) return false;
+    total = total * 60 + number;
+    at = read.ptr;
+    if (part < 2 && (at == end || *at++ != ':')) return false;
+  }
+  milliseconds = total * 1000;
+  return at == end && std::isfinite(milliseconds) && milliseconds > 0;
 }
 } // namespace
 
@@ -144,7 +165,35 @@ Ptr<Trigger> DocumentCompiler::CompileTrigger(const pugi::xml_node& node, const 
     return nullptr;
   }
   CompileSetters(node, target, trigger->setters);
+  for (const pugi::xml_node& child : node.children())
+    if (LocalName(child) == std::string(kind) + ".EnterActions") CompileAnimations(child, target, *trigger);
   return trigger;
+}
+
+void DocumentCompiler::CompileAnimations(const pugi::xml_node& actions, const Type& target, Trigger& trigger) {
+  for (const pugi::xml_node& begin : actions.children("BeginStoryboard")) {
+    for (const pugi::xml_node& node : begin.child("Storyboard").children("DoubleAnimation")) {
+      DoubleAnimation animation;
+      const std::string_view propertyName = node.attribute("Storyboard.TargetProperty").value();
+      animation.property = FindProperty(target, propertyName).property;
+      if (!animation.property || animation.property->defaultValue.Kind() != ValueKind::Float) {
+        Report(node, "'" + std::string(propertyName) + "' is no number of " + target.Name());
+        continue;
+      }
+      bool hasFrom = false, hasTo = false;
+      animation.from = ParseValue(node.attribute("From").value(), *animation.property, node, hasFrom).As<float>();
+      animation.to = ParseValue(node.attribute("To").value(), *animation.property, node, hasTo).As<float>();
+      if (!hasFrom || !hasTo) continue;
+      animation.isReversing = node.attribute("AutoReverse").as_bool();
+      if (std::string_view(node.attribute("RepeatBehavior").value()) == "Forever")
+        animation.repeatCount = std::numeric_limits<double>::infinity();
+      if (!ReadDuration(node.attribute("Duration").value(), animation.duration)) {
+        Report(node, "'" + std::string(node.attribute("Duration").value()) + "' is no duration");
+        continue;
+      }
+      trigger.animations.push_back(animation);
+    }
+  }
 }
 
 Ptr<FrameworkTemplate> DocumentCompiler::CompileTemplate(const pugi::xml_node& node, Ptr<FrameworkTemplate> result) {

@@ -2,6 +2,7 @@
 
 #include "toolkit/base/DataContext.h"
 #include "toolkit/base/Diagnostics.h"
+#include "toolkit/visual/Animation.h"
 #include "toolkit/visual/Behavior.h"
 #include "toolkit/visual/LayoutQueue.h"
 #include "toolkit/visual/NameScope.h"
@@ -9,6 +10,7 @@
 #include "toolkit/visual/Style.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Toolkit {
 
@@ -31,6 +33,7 @@ struct FrameworkElement::Extras {
   Ptr<ResourceDictionary> resources;
   std::vector<Ptr<Behavior>> behaviors;
   std::vector<Ptr<ConditionProbe>> probes;
+  std::vector<std::unique_ptr<RunningAnimation>> animations;
 };
 
 namespace {
@@ -73,9 +76,14 @@ void FrameworkElement::Describe(TypeBuilder<FrameworkElement>& type) {
 FrameworkElement::FrameworkElement() = default;
 
 FrameworkElement::~FrameworkElement() {
+  if (auto* menu = DynamicCast<FrameworkElement>(GetValue(ContextMenuProperty).AsObject());
+      menu && menu->LogicalParent() == this)
+    menu->SetLogicalParent(nullptr);
   if (wantsAttachment) LayoutQueue::Current().Remove(*this);
   if (extras) {
     for (const Ptr<Behavior>& behavior : extras->behaviors) behavior->Detach();
+    watchesTriggers = false;
+    EndAnimations();
     ReleaseProbes();
   }
 }
@@ -168,6 +176,7 @@ void FrameworkElement::ApplyStyles() {
   SetStyleValues(style ? &style->setters : nullptr, themeStyle ? &themeStyle->setters : nullptr, change);
   watchesTriggers = (style && !style->triggers.empty()) || (themeStyle && !themeStyle->triggers.empty());
   if (!watchesTriggers) return;
+  if ((style && style->HasAnimations()) || (themeStyle && themeStyle->HasAnimations())) wantsAttachment = true;
   bool mayHold = false;
   for (Toolkit::Style* source : {themeStyle, style}) {
     if (!source) continue;
@@ -211,6 +220,7 @@ void FrameworkElement::UpdateTriggers() {
             if (probe->condition == &condition) holds = probe->Holds();
         active = active && holds;
       }
+      for (const DoubleAnimation& animation : trigger->animations) SetRunning(animation, active);
       for (const PropertySet::Entry& setter : trigger->setters.Entries()) {
         auto found = std::find_if(outcome.begin(), outcome.end(),
                                   [&](const auto& pair) { return pair.first == setter.property; });
@@ -227,10 +237,32 @@ void FrameworkElement::UpdateTriggers() {
   }
 }
 
+void FrameworkElement::SetRunning(const DoubleAnimation& animation, bool runs) {
+  runs = runs && IsAttached();
+  if (!runs && !extras) return;
+  auto& running = GetExtras().animations;
+  const auto found = std::find_if(running.begin(), running.end(),
+                                  [&](const auto& candidate) { return &candidate->Animation() == &animation; });
+  if (runs == (found != running.end())) return;
+  if (runs) {
+    running.push_back(std::make_unique<RunningAnimation>(*this, animation));
+    return;
+  }
+  const std::unique_ptr<RunningAnimation> ended = std::move(*found);
+  running.erase(found);
+}
+
+void FrameworkElement::EndAnimations() {
+  if (!extras) return;
+  // Apart from the element already, since each of them gives a property back as it ends.
+  std::exchange(extras->animations, {}).clear();
+}
+
 void FrameworkElement::OnPropertyChanged(const PropertyChange& change) {
   UIElement::OnPropertyChanged(change);
   if (&change.property == StyleProperty) {
     ReleaseProbes();
+    EndAnimations();
     for (const auto* former = static_cast<const Toolkit::Style*>(change.oldValue.AsObject()); former; former = nullptr)
       for (const Ptr<Trigger>& trigger : former->triggers)
         for (const PropertySet::Entry& setter : trigger->setters.Entries())
@@ -254,10 +286,13 @@ void FrameworkElement::RefreshInheritanceOfChildren(uint16_t changedBits) {
 
 void FrameworkElement::OnAttached() {
   if (HasHandler(LoadedEvent)) LayoutQueue::Current().AddLoaded(*this);
+  // Animations run for elements in a window only.
+  if (watchesTriggers) UpdateTriggers();
 }
 
 void FrameworkElement::OnDetached() {
   LayoutQueue::Current().Remove(*this);
+  EndAnimations();
   if (HasHandler(UnloadedEvent)) RaiseEvent(RoutedEventArgs(UnloadedEvent, this));
 }
 

@@ -7,6 +7,7 @@
 namespace Toolkit {
 
 class Behavior;
+struct DoubleAnimation;
 class ConditionProbe;
 class NameScope;
 class ResourceDictionary;
@@ -114,6 +115,8 @@ private:
   Extras& GetExtras();
   void ApplyStyles();
   void ReleaseProbes();
+  void SetRunning(const DoubleAnimation& animation, bool runs);
+  void EndAnimations();
 
   UIElement* logicalParent = nullptr;
   FrameworkElement* templatedParent = nullptr;

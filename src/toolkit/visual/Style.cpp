@@ -15,9 +15,12 @@ void Style::Describe(TypeBuilder<Style>&) {}
 
 void Style::Seal() {
   triggerMask = 0;
-  for (const Ptr<Trigger>& trigger : triggers)
+  hasAnimations = false;
+  for (const Ptr<Trigger>& trigger : triggers) {
+    hasAnimations = hasAnimations || !trigger->animations.empty();
     for (const TriggerCondition& condition : trigger->conditions)
       if (condition.property) triggerMask |= condition.property->MaskBit();
+  }
 }
 
 TOOLKIT_TYPE_IMPL(ConditionProbe, DependencyObject, "ConditionProbe")

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/base/DependencyObject.h"
+#include "toolkit/visual/Animation.h"
 #include "toolkit/visual/FrameworkElement.h"
 
 #include <memory>
@@ -24,12 +25,13 @@ struct TriggerCondition {
   Value value;
 };
 
-/// Values that hold while all conditions hold.
+/// Values that hold, and animations that run, while all conditions hold.
 class Trigger : public Object {
   TOOLKIT_TYPE(Trigger)
 public:
   std::vector<TriggerCondition> conditions;
   PropertySet setters;
+  std::vector<DoubleAnimation> animations;
 };
 
 /// Property values and triggers for elements of one class. Immutable once loaded.
@@ -42,11 +44,13 @@ public:
   /// Those of the base style come first, so that this style's win.
   std::vector<Ptr<Trigger>> triggers;
   bool HasTriggerOn(const DependencyProperty& property) const { return triggerMask & property.MaskBit(); }
+  bool HasAnimations() const { return hasAnimations; }
   /// Called when loading is done.
   void Seal();
 
 private:
   uint64_t triggerMask = 0;
+  bool hasAnimations = false;
 };
 
 /// Where the theme's styles are found by class. Set once by the application.
