@@ -25,6 +25,8 @@ constexpr float SmallestZoom = 0.015f;
 constexpr float LargestZoom = 1.5f;
 constexpr int32_t NodesMenuZIndex = 10;
 /// How far the nodes menu keeps from the edges of the view, in pixels.
+/// View pixels around what was brought into the view.
+constexpr float RevealRoom = 40;
 constexpr float MenuMargin = 10;
 /// A cut line up to this long is a slip of the hand.
 constexpr double ShortestCut = 5;
@@ -91,6 +93,19 @@ void NodeEditorCanvas::ResetViewTo(Point point) {
   SetZoom(1);
   SetTranslationClamped(ActualWidth() * 0.5f - point.x, ActualHeight() * 0.5f - point.y);
   TellZoomToFrames();
+}
+
+Toolkit::Rect NodeEditorCanvas::Reveal(const Toolkit::Rect& area) {
+  // Per axis: how far to move what is not wholly inside, with some room around it. What is too long begins at the edge.
+  const auto wayInto = [](float start, float length, float viewLength) {
+    if (start >= 0 && start + length <= viewLength) return 0.0f;
+    const float room = std::clamp((viewLength - length) * 0.5f, 0.0f, RevealRoom);
+    return start < 0 || length > viewLength ? room - start : viewLength - room - start - length;
+  };
+  const Point before{translation->GetX(), translation->GetY()};
+  SetTranslationClamped(before.x + wayInto(area.x, area.width, ActualWidth()),
+                        before.y + wayInto(area.y, area.height, ActualHeight()));
+  return {area.x + translation->GetX() - before.x, area.y + translation->GetY() - before.y, area.width, area.height};
 }
 
 Point NodeEditorCanvas::ClampMenuPosition(Point position) {
@@ -193,7 +208,11 @@ void NodeEditorCanvas::Canvas_MouseUp(Toolkit::Object*, const Toolkit::MouseButt
 void NodeEditorCanvas::Canvas_MouseWheel(Toolkit::Object*, const Toolkit::MouseWheelEventArgs& args) {
   const Point mouse = Mouse::GetPosition(this);
   const float before = GetZoom();
-  const float zoom = before + before * (args.wheelRotation >= 1 ? ZoomStep : -ZoomStep);
+  // A touchpad turns by small parts of a notch; a step is due when they add up to one.
+  wheelRotation += args.wheelRotation;
+  if (std::abs(wheelRotation) < 1) return;
+  const float zoom = before + before * (wheelRotation > 0 ? ZoomStep : -ZoomStep);
+  wheelRotation = 0;
   if (!IsFinite(mouse)) return;
   if (zoom >= SmallestZoom && zoom <= LargestZoom) {
     const Point offset{translation->GetX(), translation->GetY()};

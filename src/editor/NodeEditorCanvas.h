@@ -42,6 +42,10 @@ public:
 
   bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
+protected:
+  /// Pans to what takes the focus by Tab or is typed into, if it is outside the view.
+  Toolkit::Rect Reveal(const Toolkit::Rect& area) override;
+
 private:
   void SetZoom(float zoom);
   void TellZoomToFrames();
@@ -65,6 +69,8 @@ private:
   Toolkit::Ptr<NodesMenu> nodesMenu;
   Toolkit::Ptr<Toolkit::ScaleTransform> scale;
   Toolkit::Ptr<Toolkit::TranslateTransform> translation;
+  /// What the wheel has turned since the last zoom step, in notches.
+  float wheelRotation = 0;
   bool isSelecting = false;
   bool isCutting = false;
   bool isPanning = false;

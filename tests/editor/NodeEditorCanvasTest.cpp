@@ -82,6 +82,42 @@ TEST_F(NodeEditorCanvasTest, ZoomsInStepsOfATenthAndRefusesAStepBeyondTheLimits)
   }
 }
 
+TEST_F(NodeEditorCanvasTest, ZoomsByWholeNotchesOfAFineWheel) {
+  for (const float part : {0.4f, 0.4f}) stage.input->MouseWheel({400, 300}, part);
+  EXPECT_EQ(canvas->GetZoom(), 1);
+  stage.input->MouseWheel({400, 300}, 0.4f);
+  EXPECT_FLOAT_EQ(canvas->GetZoom(), 1.1f);
+  for (const float part : {-0.5f, -0.5f, -0.5f}) stage.input->MouseWheel({400, 300}, part);
+  EXPECT_FLOAT_EQ(canvas->GetZoom(), 0.99f);
+}
+
+TEST_F(NodeEditorCanvasTest, PansToWhatTheFocusGoesTo) {
+  const auto showing = [&](const Toolkit::UIElement& element) {
+    return element.TransformToAncestor(canvas.Get()).MapBounds({0, 0, element.ActualWidth(), element.ActualHeight()});
+  };
+  const float width = canvas->ActualWidth(), height = canvas->ActualHeight();
+  const struct {
+    Point at;
+    Toolkit::Size size;
+    Point expected;
+  } cases[] = {
+      {{100, 100}, {50, 20}, {100, 100}},
+      {{-30, 100}, {50, 20}, {40, 100}},
+      {{width - 20, height + 500}, {50, 20}, {width - 90, height - 60}},
+      {{100, 300}, {50, height - 20}, {100, 10}},
+      {{-70, 100}, {width + 300, 20}, {0, 100}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.at.x);
+    auto box = Toolkit::MakePtr<Toolkit::Border>();
+    box->SetWidth(c.size.width);
+    box->SetHeight(c.size.height);
+    Place(box, c.at)->BringIntoView();
+    EXPECT_NEAR(showing(*box).x, c.expected.x, 0.1f);
+    EXPECT_NEAR(showing(*box).y, c.expected.y, 0.1f);
+  }
+}
+
 TEST_F(NodeEditorCanvasTest, KeepsThePointUnderTheMouseWhileZooming) {
   const Point before = OnPanel({130, 640});
   stage.input->MouseWheel({130, 640}, 1);

@@ -1,0 +1,53 @@
+# Sourced by the tests of this folder: a scratch directory and an X server of the test's own, which go when it ends.
+#   $scratch    the directory, the current one from here on
+#   fail TEXT   ends the test
+#   await SECONDS COMMAND...   runs a command again and again until it succeeds; fails after that time
+scratch=$(mktemp -d)
+started=()
+finish() {
+  local result=$?
+  for process in "${started[@]}"; do kill "$process" 2>/dev/null || true; done
+  wait 2>/dev/null || true
+  [ $result -eq 0 ] || tail -n 5 "$scratch/errors.txt" >&2 2>/dev/null || true
+  rm -rf "$scratch"
+}
+trap finish EXIT
+fail() {
+  echo "FAILED: $*" >&2
+  exit 1
+}
+await() {
+  local limit=$((SECONDS + $1))
+  shift
+  until "$@" >/dev/null 2>&1; do
+    [ $SECONDS -lt $limit ] || return 1
+    sleep 0.1
+  done
+}
+
+# Nothing of the user's desktop may take part: no settings, no portal, no accessibility bus, no other display.
+export HOME=$scratch/home XDG_RUNTIME_DIR=$scratch/runtime GSETTINGS_BACKEND=memory GTK_USE_PORTAL=0 NO_AT_BRIDGE=1
+export SDL_VIDEODRIVER=x11
+unset WAYLAND_DISPLAY XDG_CONFIG_HOME XDG_DATA_HOME DBUS_SESSION_BUS_ADDRESS
+mkdir -p -m 700 "$HOME" "$XDG_RUNTIME_DIR"
+cd "$scratch"
+
+Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>display.txt 2>/dev/null &
+server=$!
+started+=("$server")
+await 30 grep -q . display.txt || fail "the X server does not start"
+DISPLAY=:$(cat display.txt)
+export DISPLAY
+
+# Starts the editor on a file, and waits until the file is loaded and its window shows: sets $editor and $window.
+EditorWindow() { xdotool search --onlyvisible --name 'Node Editor'; }
+OpenEditor() {
+  "$1" --load-asset="$2" >/dev/null 2>errors.txt &
+  editor=$!
+  started+=("$editor")
+  await 60 EditorWindow || fail "the window does not open"
+  window=$(EditorWindow)
+  await 60 grep -rqs "Successfully imported" NodeEditorLogs || fail "the asset was not loaded"
+  # Without a window manager the focus goes where it is put.
+  xdotool windowfocus --sync "$window"
+}
