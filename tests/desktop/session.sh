@@ -32,7 +32,7 @@ unset WAYLAND_DISPLAY XDG_CONFIG_HOME XDG_DATA_HOME DBUS_SESSION_BUS_ADDRESS
 mkdir -p -m 700 "$HOME" "$XDG_RUNTIME_DIR"
 cd "$scratch"
 
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>display.txt 2>/dev/null &
+Xvfb -displayfd 3 -screen 0 1280x800x24 -noreset -nolisten tcp 3>display.txt 2>/dev/null &
 server=$!
 started+=("$server")
 await 30 grep -q . display.txt || fail "the X server does not start"

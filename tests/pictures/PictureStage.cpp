@@ -109,8 +109,11 @@ void PictureTest::LookAt(const UIElement& element, float zoom) {
 
 void PictureTest::Hover(const UIElement& element) {
   Settle();
-  input->MouseMove(
-      element.TransformToAncestor(nullptr).Map({element.ActualWidth() * 0.5f, element.ActualHeight() * 0.5f}));
+  HoverAt(element.TransformToAncestor(nullptr).Map({element.ActualWidth() * 0.5f, element.ActualHeight() * 0.5f}));
+}
+
+void PictureTest::HoverAt(Point point) {
+  input->MouseMove(point);
   Settle();
 }
 
@@ -128,6 +131,13 @@ void PictureTest::Press(Key key) {
   input->KeyUp(key);
   Settle();
 }
+
+void PictureTest::Type(const std::string& text) {
+  input->TextInput(text);
+  Settle();
+}
+
+void PictureTest::ShowBoxes() { view->PresentMessageBoxes(); }
 
 void PictureTest::Wait(double milliseconds) {
   now += milliseconds;
@@ -148,10 +158,15 @@ void PictureTest::Expect(const std::string& name) {
 void PictureTest::Expect(const std::string& name, const UIElement& element, float margin) {
   Settle();
   const Rect box = element.TransformToAncestor(nullptr).MapBounds(element.DrawnBounds());
-  const int left = std::max(0, static_cast<int>(std::floor(box.x - margin)));
-  const int top = std::max(0, static_cast<int>(std::floor(box.y - margin)));
-  const int right = std::min(Width, static_cast<int>(std::ceil(box.Right() + margin)));
-  const int bottom = std::min(Height, static_cast<int>(std::ceil(box.Bottom() + margin)));
+  Expect(name, Rect{box.x - margin, box.y - margin, box.width + 2 * margin, box.height + 2 * margin});
+}
+
+void PictureTest::Expect(const std::string& name, const Rect& wanted) {
+  Settle();
+  const int left = std::max(0, static_cast<int>(std::floor(wanted.x)));
+  const int top = std::max(0, static_cast<int>(std::floor(wanted.y)));
+  const int right = std::min(Width, static_cast<int>(std::ceil(wanted.Right())));
+  const int bottom = std::min(Height, static_cast<int>(std::ceil(wanted.Bottom())));
   ASSERT_TRUE(left < right && top < bottom) << name << " is not in the window";
   Picture part(right - left, bottom - top);
   for (int y = top; y < bottom; ++y)

@@ -31,9 +31,11 @@ protected:
   void LookAt(const Toolkit::UIElement& element, float zoom = 1);
   /// Puts the mouse over an element's middle.
   void Hover(const Toolkit::UIElement& element);
+  void HoverAt(Toolkit::Point point);
   void Click(const Toolkit::UIElement& element, Toolkit::MouseButton button = Toolkit::MouseButton::Left,
              uint32_t count = 1);
   void Press(Toolkit::Key key);
+  void Type(const std::string& text);
   void Wait(double milliseconds);
   /// Runs layout and what it leads to, and draws until nothing is left to draw.
   void Settle();
@@ -42,6 +44,9 @@ protected:
   /// may differ by a little: another compiler may round the last bit another way.
   void Expect(const std::string& name);
   void Expect(const std::string& name, const Toolkit::UIElement& element, float margin = 4);
+  void Expect(const std::string& name, const Toolkit::Rect& part);
+  /// Boxes show in the window from now on, in place of being an error.
+  void ShowBoxes();
 
   template <class T> static T* Find(Toolkit::UIElement& root, const std::function<bool(T&)>& fits) {
     if (T* found = Toolkit::DynamicCast<T>(static_cast<Toolkit::Object*>(&root)); found && fits(*found)) return found;

@@ -50,6 +50,29 @@ TEST_F(BindingTest, FindsItsSourceByNameByAncestorAndInItself) {
   EXPECT_EQ(panel->FindName<TextBlock>("B")->GetText(), "new");
 }
 
+TEST_F(BindingTest, FindsTheAncestorOfATemplateForBindingsAndTriggers) {
+  auto panel = Make<Panel>("StackPanel", R"( Tag="on"><StackPanel.Resources>
+    <Style x:Key="Shown" TargetType="TextBlock"><Setter Property="Visibility" Value="Collapsed"/><Style.Triggers>
+      <DataTrigger Binding="{Binding Tag, RelativeSource={RelativeSource FindAncestor, AncestorType={x:Type StackPanel}}}"
+                   Value="on"><Setter Property="Visibility" Value="Visible"/></DataTrigger>
+    </Style.Triggers></Style>
+    <ControlTemplate x:Key="Template" TargetType="Control"><Grid>
+      <TextBlock Style="{StaticResource Shown}"
+          Text="{Binding Tag, RelativeSource={RelativeSource FindAncestor, AncestorType={x:Type StackPanel}}}"/>
+    </Grid></ControlTemplate></StackPanel.Resources>
+    <Control Template="{StaticResource Template}"/></StackPanel>)");
+  ASSERT_TRUE(panel);
+  panel->AttachAsRoot();
+  panel->Measure({100, 100});
+  const auto* text = static_cast<TextBlock*>(panel->VisualChild(0)->VisualChild(0)->VisualChild(0));
+  EXPECT_EQ(text->GetText(), "on");
+  EXPECT_EQ(text->GetVisibility(), Visibility::Visible);
+  panel->SetValue(FrameworkElement::TagProperty, Value("off"));
+  EXPECT_EQ(text->GetText(), "off");
+  EXPECT_EQ(text->GetVisibility(), Visibility::Collapsed);
+  panel->DetachAsRoot();
+}
+
 TEST_F(BindingTest, FormatsAndConverts) {
   auto panel = Make("StackPanel", R"(>
     <TextBlock x:Name="A" Text="{Binding Number, StringFormat=D}"/>

@@ -56,8 +56,11 @@ void ContentControl::PrepareForMeasure() {
   if (!contentDue || TemplateRoot()) return;
   contentDue = false;
   ReleaseContent();
-  contentElement = ContentPresenter::MakeElement(GetContent(), GetValue(ContentTemplateProperty).AsObject(), this);
-  if (contentElement && !contentElement->VisualParent()) AddVisualChild(contentElement.Get());
+  ContentPresenter::MakeElement(GetContent(), GetValue(ContentTemplateProperty).AsObject(), this,
+                                [this](UIElement& made) {
+                                  contentElement = Ptr<UIElement>(&made);
+                                  AddVisualChild(&made);
+                                });
 }
 
 size_t ContentControl::VisualChildCount() const { return TemplateRoot() || contentElement ? 1 : 0; }

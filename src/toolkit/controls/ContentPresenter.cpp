@@ -19,17 +19,20 @@ ContentPresenter::~ContentPresenter() {
   if (element && element->VisualParent() == this) ReleaseVisualChild(element.Get());
 }
 
-Ptr<UIElement> ContentPresenter::MakeElement(const Value& content, Object* dataTemplate, FrameworkElement* owner) {
+void ContentPresenter::MakeElement(const Value& content, Object* dataTemplate, FrameworkElement* owner,
+                                   const std::function<void(UIElement&)>& join) {
   if (dataTemplate) {
-    Ptr<FrameworkElement> made = static_cast<DataTemplate*>(dataTemplate)->Instantiate(owner);
-    if (made && !content.IsNone()) made->SetValue(FrameworkElement::DataContextProperty, content);
-    return made;
+    static_cast<DataTemplate*>(dataTemplate)->Instantiate(owner, [&](FrameworkElement& root) {
+      if (!content.IsNone()) root.SetValue(FrameworkElement::DataContextProperty, content);
+      join(root);
+    });
+  } else if (auto* element = DynamicCast<UIElement>(content.AsObject())) {
+    if (!element->VisualParent()) join(*element);
+  } else if (!content.IsNone() && content.Kind() != ValueKind::Object) {
+    const auto text = MakePtr<TextBlock>();
+    text->SetValue(TextBlock::TextProperty, Value(ValueConversion::ToText(content)));
+    join(*text);
   }
-  if (auto* element = DynamicCast<UIElement>(content.AsObject())) return Ptr<UIElement>(element);
-  if (content.IsNone() || content.Kind() == ValueKind::Object) return nullptr;
-  auto text = MakePtr<TextBlock>();
-  text->SetValue(TextBlock::TextProperty, Value(ValueConversion::ToText(content)));
-  return text;
 }
 
 void ContentPresenter::OnPropertyChanged(const PropertyChange& change) {
@@ -52,11 +55,10 @@ void ContentPresenter::PrepareForMeasure() {
     RemoveVisualChild(element.Get());
     element.Reset();
   }
-  element = MakeElement(content, dataTemplate, this);
-  if (element && !element->VisualParent())
-    AddVisualChild(element.Get());
-  else
-    element.Reset();
+  MakeElement(content, dataTemplate, this, [this](UIElement& made) {
+    element = Ptr<UIElement>(&made);
+    AddVisualChild(&made);
+  });
 }
 
 Size ContentPresenter::MeasureOverride(Size available) {

@@ -2,6 +2,8 @@
 
 #include "toolkit/visual/FrameworkElement.h"
 
+#include <functional>
+
 namespace Toolkit {
 
 class Control;
@@ -22,8 +24,10 @@ public:
   size_t VisualChildCount() const override { return element ? 1 : 0; }
   UIElement* VisualChild(size_t) const override { return element.Get(); }
 
-  /// The element that shows `content`: itself if it is an element, what the template makes of it, or a text.
-  static Ptr<UIElement> MakeElement(const Value& content, Object* dataTemplate, FrameworkElement* owner);
+  /// Hands `join` the element that shows `content`, if there is one: itself if it is an element that stands nowhere
+  /// yet, what the template makes of it, or a text. What a template makes is still empty then.
+  static void MakeElement(const Value& content, Object* dataTemplate, FrameworkElement* owner,
+                          const std::function<void(UIElement&)>& join);
 
 protected:
   void PrepareForMeasure() override;

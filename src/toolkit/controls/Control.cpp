@@ -47,10 +47,11 @@ void Control::ApplyTemplate() {
                  "the template of " + controlTemplate->targetType->Name() + " is set on a " + GetType().Name());
     return;
   }
-  templateRoot = controlTemplate->Instantiate(this);
-  if (!templateRoot) return;
-  AddVisualChild(templateRoot.Get());
-  OnApplyTemplate();
+  controlTemplate->Instantiate(this, [this](FrameworkElement& root) {
+    templateRoot = Ptr<UIElement>(&root);
+    AddVisualChild(&root);
+  });
+  if (templateRoot) OnApplyTemplate();
 }
 
 Object* Control::GetTemplateChild(std::string_view name) const {

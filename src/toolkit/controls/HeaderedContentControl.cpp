@@ -47,8 +47,11 @@ void HeaderedContentControl::PrepareForMeasure() {
   ContentControl::PrepareForMeasure();
   if (!headerDue) return;
   headerDue = false;
-  headerElement = ContentPresenter::MakeElement(GetHeader(), GetValue(HeaderTemplateProperty).AsObject(), this);
-  if (headerElement && !headerElement->VisualParent()) AddVisualChild(headerElement.Get());
+  ContentPresenter::MakeElement(GetHeader(), GetValue(HeaderTemplateProperty).AsObject(), this,
+                                [this](UIElement& made) {
+                                  headerElement = Ptr<UIElement>(&made);
+                                  AddVisualChild(&made);
+                                });
 }
 
 size_t HeaderedContentControl::VisualChildCount() const {

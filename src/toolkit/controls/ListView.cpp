@@ -121,11 +121,11 @@ void GridViewRow::MakeCells(GridView& view) {
   for (size_t c = 0; c < view.ColumnCount(); ++c) {
     const auto* cellTemplate =
         static_cast<const DataTemplate*>(view.Column(c).GetValue(GridViewColumn::CellTemplateProperty).AsObject());
-    Ptr<UIElement> cell;
-    if (cellTemplate) cell = cellTemplate->Instantiate(this);
-    if (!cell) continue;
-    AddVisualChild(cell.Get());
-    cells.push_back(cell);
+    if (!cellTemplate) continue;
+    cellTemplate->Instantiate(this, [this](FrameworkElement& cell) {
+      cells.emplace_back(&cell);
+      AddVisualChild(&cell);
+    });
   }
 }
 

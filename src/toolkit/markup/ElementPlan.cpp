@@ -11,12 +11,10 @@ void ElementFactory::Describe(TypeBuilder<ElementFactory>&) {}
 
 Ptr<FrameworkElement> ElementFactory::Create(FrameworkElement& owner) const {
   Instantiation instantiation(nullptr, nullptr, false);
-  Ptr<Object> made = instantiation.Create(*plan);
+  const Ptr<Object> made =
+      instantiation.Create(*plan, [&owner](FrameworkElement& element) { element.SetLogicalParent(&owner); });
   Ptr<FrameworkElement> element(DynamicCast<FrameworkElement>(made.Get()));
-  if (element)
-    element->SetLogicalParent(&owner);
-  else
-    TOOLKIT_WARN("Markup", "a " + plan->type->Name() + " cannot stand here");
+  if (!element) TOOLKIT_WARN("Markup", "a " + plan->type->Name() + " cannot stand here");
   return element;
 }
 
@@ -33,7 +31,7 @@ Ptr<Object> Instantiation::Make(const ElementPlan& plan) {
   return object;
 }
 
-Ptr<Object> Instantiation::Create(const ElementPlan& plan) {
+Ptr<Object> Instantiation::Create(const ElementPlan& plan, const Join& join) {
   if (plan.hasNames) {
     ownScope = std::make_unique<NameScope>();
     scope = ownScope.get();
@@ -42,6 +40,7 @@ Ptr<Object> Instantiation::Create(const ElementPlan& plan) {
   auto* element = DynamicCast<FrameworkElement>(object.Get());
   if (element && ownScope) element->SetNameScope(std::move(ownScope));
   if (element) element->SetTemplatedParent(templatedParent);
+  if (element && join) join(*element);
   Fill(plan, *object);
   Finish();
   return object;

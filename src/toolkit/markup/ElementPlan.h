@@ -6,6 +6,7 @@
 #include "toolkit/visual/ResourceDictionary.h"
 #include "toolkit/visual/Style.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -60,8 +61,10 @@ public:
   Instantiation(FrameworkElement* component, FrameworkElement* templatedParent, bool fromTemplate)
       : component(component), templatedParent(templatedParent), fromTemplate(fromTemplate) {}
 
-  /// A new object as the plan describes it; it owns the name scope if the plan has names.
-  Ptr<Object> Create(const ElementPlan& plan);
+  using Join = std::function<void(FrameworkElement&)>;
+  /// A new object as the plan describes it; it owns the name scope if the plan has names. `join` puts it into its tree
+  /// while it is still empty, so that what looks for its ancestors finds them.
+  Ptr<Object> Create(const ElementPlan& plan, const Join& join = {});
   /// Applies the plan of a document's root to an object that exists already.
   void Apply(const ElementPlan& plan, DependencyObject& root);
 

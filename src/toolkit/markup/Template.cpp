@@ -23,10 +23,11 @@ FrameworkElement* ComponentFor(const Type* componentType, FrameworkElement* from
 }
 } // namespace
 
-Ptr<FrameworkElement> FrameworkTemplate::Instantiate(FrameworkElement* templatedParent) const {
+Ptr<FrameworkElement> FrameworkTemplate::Instantiate(FrameworkElement* templatedParent,
+                                                     const Instantiation::Join& join) const {
   if (!plan) return nullptr;
   Instantiation instantiation(ComponentFor(componentType, templatedParent), templatedParent, true);
-  Ptr<Object> made = instantiation.Create(*plan);
+  Ptr<Object> made = instantiation.Create(*plan, join);
   return Ptr<FrameworkElement>(DynamicCast<FrameworkElement>(made.Get()));
 }
 

@@ -9,7 +9,8 @@ class FrameworkTemplate : public Object {
   TOOLKIT_TYPE(FrameworkTemplate)
 public:
   /// A new tree; null if the template is empty. `templatedParent` is the control that the tree belongs to, if any.
-  Ptr<FrameworkElement> Instantiate(FrameworkElement* templatedParent) const;
+  /// `join` makes the tree's root a child of where it is to stand, while the root is still empty.
+  Ptr<FrameworkElement> Instantiate(FrameworkElement* templatedParent, const Instantiation::Join& join) const;
   void SetPlan(std::unique_ptr<ElementPlan> newPlan) { plan = std::move(newPlan); }
   /// For a control template: the class of control that it is for.
   const Type* targetType = nullptr;
