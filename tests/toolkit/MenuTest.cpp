@@ -39,8 +39,8 @@ protected:
   }
   void Run(const std::string& script) {
     static const std::map<std::string, Key> keys{
-        {"Down", Key::Down},   {"Up", Key::Up},         {"Home", Key::Home},     {"End", Key::End}, {"Left", Key::Left},
-        {"Right", Key::Right}, {"Return", Key::Return}, {"Escape", Key::Escape}, {"S", Key::S}};
+        {"Down", Key::Down},   {"Up", Key::Up},   {"Home", Key::Home},     {"End", Key::End},       {"Left", Key::Left},
+        {"Right", Key::Right}, {"F10", Key::F10}, {"Return", Key::Return}, {"Escape", Key::Escape}, {"S", Key::S}};
     std::istringstream words(script);
     for (std::string word; words >> word;) Type(keys.at(word));
   }
@@ -153,6 +153,39 @@ TEST_F(MenuTest, IsWorkedByKeysOnceOpen) {
     if (c.open == 0 && *c.lit == 0) {
       EXPECT_TRUE(area.IsFocused());
     }
+    input.reset();
+    window->DetachAsRoot();
+  }
+}
+
+TEST_F(MenuTest, TakesTheKeysByF10) {
+  const struct {
+    const char* script;
+    const char* lit;
+    size_t open;
+    const char* clicks;
+    bool returnsFocus;
+  } cases[] = {
+      {"F10", "File ", 0, "", false},
+      {"F10 F10", "", 0, "", true},
+      {"F10 Escape", "", 0, "", true},
+      {"F10 Down", "File New ", 1, "", false},
+      {"F10 Left Return", "", 0, "Help0 ", true},
+      {"F10 Down Return", "", 0, "New0 ", true},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.script);
+    ShowUsual();
+    clicks.clear();
+    auto& area = Find<FrameworkElement>("Area");
+    area.SetValue(UIElement::FocusableProperty, true);
+    area.Focus();
+    MoveTo({390, 290});
+    Run(c.script);
+    EXPECT_EQ(Lit(), c.lit);
+    EXPECT_EQ(OpenPopups(), c.open);
+    EXPECT_EQ(clicks, c.clicks);
+    EXPECT_EQ(area.IsFocused(), c.returnsFocus);
     input.reset();
     window->DetachAsRoot();
   }

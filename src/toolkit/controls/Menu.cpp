@@ -1,6 +1,7 @@
 #include "toolkit/controls/Menu.h"
 
 #include "toolkit/controls/MenuItem.h"
+#include "toolkit/controls/PopupLayer.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/visual/Input.h"
 
@@ -8,6 +9,24 @@ namespace Toolkit {
 
 TOOLKIT_TYPE_IMPL(Menu, MenuBase, "Menu")
 void Menu::Describe(TypeBuilder<Menu>&) {}
+
+Menu::Menu() { wantsAttachment = true; }
+
+void Menu::OnAttached() {
+  MenuBase::OnAttached();
+  if (PopupLayer* layer = PopupLayer::Of(*this)) layer->SetMenuBar(this);
+}
+
+void Menu::Toggle() {
+  InputState* input = InputState::Current();
+  if (!input) return;
+  if (IsFocused()) return Leave();
+  UIElement* former = input->Focused();
+  if (!Focus()) return;
+  formerFocus = WeakPtr<UIElement>(former);
+  isActive = true;
+  MoveToEnd(false);
+}
 
 Ptr<Panel> Menu::CreateHost() {
   auto panel = MakePtr<StackPanel>();

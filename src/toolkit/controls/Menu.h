@@ -9,7 +9,9 @@ namespace Toolkit {
 class Menu : public MenuBase {
   TOOLKIT_TYPE(Menu)
 public:
-  Menu() = default;
+  Menu();
+  /// Gives the keys to the bar, with its first item lit; or takes them back if it has them. What the key F10 does.
+  void Toggle();
   /// Nothing is lit or open any more, and the focus goes back to where it was.
   void Leave();
 
@@ -21,6 +23,7 @@ public:
 
 protected:
   Ptr<Panel> CreateHost() override;
+  void OnAttached() override;
   void OnRoutedEvent(const RoutedEventArgs& args) override;
 
 private:

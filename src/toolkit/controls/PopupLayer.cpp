@@ -2,6 +2,7 @@
 
 #include "toolkit/base/Dispatcher.h"
 #include "toolkit/controls/ContextMenu.h"
+#include "toolkit/controls/Menu.h"
 #include "toolkit/controls/Popup.h"
 #include "toolkit/controls/ToolTip.h"
 #include "toolkit/visual/Input.h"
@@ -47,6 +48,8 @@ PopupLayer* PopupLayer::Of(const UIElement& element) {
     if (auto* layer = DynamicCast<PopupLayer>(static_cast<Object*>(root->VisualChild(i)))) return layer;
   return nullptr;
 }
+
+void PopupLayer::SetMenuBar(Menu* menu) { menuBar = WeakPtr<Menu>(menu); }
 
 UIElement* PopupLayer::VisualChild(size_t index) const { return popups[index].Get(); }
 
@@ -247,6 +250,10 @@ void PopupLayer::OnWindowEvent(const RoutedEventArgs& args) {
   toolTips->Observe(args);
   const RoutedEvent* event = args.event;
   if (popups.empty()) {
+    if (event == &KeyDownEvent && static_cast<const KeyEventArgs&>(args).key == Key::F10 && menuBar) {
+      menuBar->Toggle();
+      args.handled = true;
+    }
     if (event == &MouseRightButtonUpEvent) args.handled = ContextMenu::OpenFor(args.source);
     return;
   }

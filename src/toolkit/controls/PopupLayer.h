@@ -7,6 +7,7 @@
 
 namespace Toolkit {
 
+class Menu;
 class Popup;
 class ToolTipService;
 
@@ -29,6 +30,8 @@ public:
   /// The topmost popup that is not passive, or null.
   Popup* Topmost() const;
   size_t PopupCount() const { return popups.size(); }
+  /// The window's menu, which F10 gives the keys to.
+  void SetMenuBar(Menu* menu);
 
   /// The window passes all events to the layer before it acts itself. Mouse input of popups goes on from here to them
   /// alone, and the topmost popup hears the keys first.
@@ -58,6 +61,7 @@ private:
 
   std::vector<Ptr<Popup>> popups;
   std::unique_ptr<ToolTipService> toolTips;
+  WeakPtr<Menu> menuBar;
   Size room;
   bool followPosted = false;
 };
