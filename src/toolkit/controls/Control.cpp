@@ -26,6 +26,7 @@ void Control::Describe(TypeBuilder<Control>& type) {
   TemplateProperty = type.Property<ControlTemplate*>("Template", nullptr, P::AffectsMeasure);
   IsTabStopProperty = type.Property<bool>("IsTabStop", true);
   TabIndexProperty = type.Property<int32_t>("TabIndex", INT32_MAX);
+  FocusBrushProperty = type.Property<Brush*>("FocusBrush", nullptr, P::AffectsRender);
   TextElement::DeclareOn(type);
 }
 
@@ -85,6 +86,12 @@ Size Control::ArrangeOverride(Size finalSize) {
 void Control::DrawChrome(Painter& painter, const Rect& box) const {
   painter.DrawRectangle(box, Get<CornerRadius>(CornerRadiusProperty), Get<Brush*>(BackgroundProperty),
                         Get<Brush*>(BorderBrushProperty), Get<Thickness>(BorderThicknessProperty));
+}
+
+void Control::DrawFocus(Painter& painter, const Rect& box, const CornerRadius& radii) const {
+  constexpr float Ring = 2;
+  if (!Get<bool>(IsFocusVisibleProperty)) return;
+  painter.DrawRectangle(box, radii, nullptr, Get<Brush*>(FocusBrushProperty), {Ring, Ring, Ring, Ring});
 }
 
 void Control::OnRender(Painter& painter) {

@@ -21,6 +21,8 @@ public:
   static inline const DependencyProperty* TemplateProperty = nullptr;
   static inline const DependencyProperty* IsTabStopProperty = nullptr;
   static inline const DependencyProperty* TabIndexProperty = nullptr;
+  /// Paints the ring around what has a visible focus.
+  static inline const DependencyProperty* FocusBrushProperty = nullptr;
 
   Control() = default;
   ~Control() override;
@@ -46,6 +48,8 @@ protected:
   Size ArrangeOverride(Size finalSize) override;
   bool HitTestSelf(Point point) const override;
   void DrawChrome(Painter& painter, const Rect& box) const;
+  /// The ring inside of the box's edges, while the focus is visible.
+  void DrawFocus(Painter& painter, const Rect& box, const CornerRadius& radii) const;
   /// Border and padding together.
   Thickness Chrome() const;
 

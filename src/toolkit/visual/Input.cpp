@@ -206,19 +206,24 @@ void InputState::ReleaseAll() {
   captured.Reset();
 }
 
-bool InputState::SetFocus(UIElement* element) {
+bool InputState::SetFocus(UIElement* element, FocusCause cause) {
   if (element && !CanFocus(*element)) return false;
   Ptr<UIElement> former(focused.Get());
-  if (former == element) return element != nullptr;
+  if (former == element) {
+    if (former && cause == FocusCause::Keyboard) former->SetValue(UIElement::IsFocusVisibleProperty, true);
+    return element != nullptr;
+  }
   Ptr<UIElement> next(element);
   focused = WeakPtr<UIElement>(element);
   if (former) {
     former->SetValue(UIElement::IsFocusedProperty, false);
+    former->SetValue(UIElement::IsFocusVisibleProperty, false);
     former->RaiseEvent(RoutedEventArgs(UIElement::LostFocusEvent, former.Get()));
   }
   // A handler of the loss may have moved the focus on.
   if (next && focused.Get() == next.Get()) {
     next->SetValue(UIElement::IsFocusedProperty, true);
+    next->SetValue(UIElement::IsFocusVisibleProperty, cause == FocusCause::Keyboard);
     next->RaiseEvent(RoutedEventArgs(UIElement::GotFocusEvent, next.Get()));
   }
   return focused.Get() == element;
@@ -240,7 +245,7 @@ bool InputState::MoveFocus(bool forward) {
     index = forward ? (i + 1) % order.size() : (i + order.size() - 1) % order.size();
     break;
   }
-  if (!SetFocus(order[index])) return false;
+  if (!SetFocus(order[index], FocusCause::Keyboard)) return false;
   order[index]->BringIntoView();
   return true;
 }

@@ -40,7 +40,7 @@ public:
   /// All mouse input goes to `element` until it is released with null.
   void Capture(UIElement* element) { captured = WeakPtr<UIElement>(element); }
   /// Null takes the focus away.
-  bool SetFocus(UIElement* element);
+  bool SetFocus(UIElement* element) { return SetFocus(element, FocusCause::Other); }
   /// Moves the focus to the next element that can take it, in tab order; backwards if `forward` is false.
   bool MoveFocus(bool forward);
   /// As the Tab key does: backwards while Shift is held.
@@ -55,6 +55,8 @@ public:
   void ElementGone(UIElement& element);
 
 private:
+  enum class FocusCause : uint8_t { Keyboard, Other };
+  bool SetFocus(UIElement* element, FocusCause cause);
   void FillMouse(MouseEventArgs& args) const;
   UIElement* Target(Point position) const;
   void SetHovered(UIElement* element);

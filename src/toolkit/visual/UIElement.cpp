@@ -55,6 +55,7 @@ void UIElement::Describe(TypeBuilder<UIElement>& type) {
   EffectProperty = type.Property<Object*>("Effect", nullptr, DependencyProperty::AffectsRender);
   IsMouseOverProperty = type.Property<bool>("IsMouseOver", false, DependencyProperty::AffectsRender);
   IsFocusedProperty = type.Property<bool>("IsFocused", false, DependencyProperty::AffectsRender);
+  IsFocusVisibleProperty = type.Property<bool>("IsFocusVisible", false, DependencyProperty::AffectsRender);
   for (const RoutedEvent* event : {&PreviewMouseDownEvent,
                                    &MouseDownEvent,
                                    &PreviewMouseUpEvent,

@@ -32,6 +32,8 @@ public:
   static inline const DependencyProperty* EffectProperty = nullptr;
   static inline const DependencyProperty* IsMouseOverProperty = nullptr;
   static inline const DependencyProperty* IsFocusedProperty = nullptr;
+  /// The focus came by the keyboard, so that whoever looks at the window has to be shown where it is.
+  static inline const DependencyProperty* IsFocusVisibleProperty = nullptr;
 
   static const RoutedEvent PreviewMouseDownEvent, MouseDownEvent, PreviewMouseUpEvent, MouseUpEvent;
   static const RoutedEvent PreviewMouseLeftButtonDownEvent, MouseLeftButtonDownEvent;
