@@ -133,9 +133,12 @@ void ComboBoxList::OnRoutedEvent(const RoutedEventArgs& args) {
     if (bar.ScrollTo(bar.offset - static_cast<const MouseWheelEventArgs&>(args).wheelRotation * WheelRows * rowHeight))
       InvalidateVisual();
     args.handled = true;
+  } else if (args.event == &MouseLeaveEvent) {
+    if (bar.SetHovered(false)) InvalidateVisual();
   } else if (args.event == &MouseMoveEvent) {
     args.handled = true;
-    if (bar.IsDragged()) {
+    if (bar.Hover(mouse)) InvalidateVisual();
+    if (bar.IsPressed()) {
       if (bar.DragTo(mouse)) InvalidateVisual();
     } else if (const int32_t row = RowAt(mouse); row >= 0 && row != current) {
       // Not through `SetCurrent`: a row that is cut off must not move away under the mouse.
@@ -146,11 +149,12 @@ void ComboBoxList::OnRoutedEvent(const RoutedEventArgs& args) {
     args.handled = true;
     if (!bar.Press(mouse)) return;
     input->Capture(this);
-    if (bar.DragTo(mouse)) InvalidateVisual();
+    InvalidateVisual();
   } else if (args.event == &MouseLeftButtonUpEvent) {
     args.handled = true;
-    if (bar.IsDragged()) {
+    if (bar.IsPressed()) {
       bar.Release();
+      InvalidateVisual();
       if (input->Captured() == this) input->Capture(nullptr);
       return;
     }

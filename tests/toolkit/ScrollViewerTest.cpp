@@ -1,0 +1,216 @@
+#include "toolkit/controls/ScrollViewer.h"
+#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/StackPanel.h"
+#include "toolkit/render/FrameRecorder.h"
+
+namespace Toolkit {
+namespace {
+
+constexpr float Bar = ScrollThumb::Width;
+
+/// A viewer of 200 by 100 in the corner of a root that takes input.
+class ScrollViewerTest : public MarkupTest {
+protected:
+  void Show(const std::string& attributes, const std::string& content) {
+    if (root) root->DetachAsRoot();
+    input.reset();
+    root = Make<StackPanel>("StackPanel", " Background=\"Black\"><ScrollViewer x:Name=\"V\" Width=\"200\" "
+                                          "Height=\"100\" HorizontalAlignment=\"Left\" " +
+                                              attributes + ">" + content + "</ScrollViewer></StackPanel>");
+    ASSERT_TRUE(root);
+    viewer = root->FindName<ScrollViewer>("V");
+    input = std::make_unique<InputState>(*root);
+    root->AttachAsRoot();
+    root->Measure({400, 400});
+    root->Arrange({0, 0, 400, 400});
+    LayoutQueue::Current().Run();
+  }
+  void TearDown() override {
+    if (root) root->DetachAsRoot();
+    input.reset();
+    root.Reset();
+    MarkupTest::TearDown();
+  }
+  void Drag(Point from, Point to) {
+    input->MouseMove(from);
+    input->MouseDown(MouseButton::Left, from, 1);
+    input->MouseMove(to);
+    input->MouseUp(MouseButton::Left, to);
+    LayoutQueue::Current().Run();
+  }
+  bool Wheel(float notches) {
+    const bool taken = input->MouseWheel({50, 50}, notches);
+    LayoutQueue::Current().Run();
+    return taken;
+  }
+  bool Press(Key key) {
+    const bool taken = input->KeyDown(key);
+    input->KeyUp(key);
+    LayoutQueue::Current().Run();
+    return taken;
+  }
+  static Point MiddleOf(const Rect& r) { return {r.x + r.width * 0.5f, r.y + r.height * 0.5f}; }
+
+  Ptr<StackPanel> root;
+  ScrollViewer* viewer = nullptr;
+  std::unique_ptr<InputState> input;
+};
+
+std::string Block(const char* width, const char* height) {
+  return std::string("<Border x:Name=\"B\" Background=\"Red\" HorizontalAlignment=\"Left\" Width=\"") + width +
+         "\" Height=\"" + height + "\"/>";
+}
+
+TEST_F(ScrollViewerTest, LeavesRoomForTheBarsThatTheContentNeeds) {
+  struct Case {
+    const char *vertical, *horizontal;
+    const char *width, *height;
+    Size viewport;
+  };
+  for (const Case& c : std::vector<Case>{{"Auto", "Auto", "200", "100", {200, 100}},
+                                         {"Auto", "Auto", "150", "101", {200 - Bar, 100}},
+                                         {"Auto", "Auto", "201", "50", {200, 100 - Bar}},
+                                         // One bar takes the room that makes the other one necessary.
+                                         {"Auto", "Auto", "195", "101", {200 - Bar, 100 - Bar}},
+                                         {"Auto", "Disabled", "300", "101", {200 - Bar, 100}},
+                                         {"Hidden", "Auto", "200", "300", {200, 100}},
+                                         {"Visible", "Auto", "150", "50", {200 - Bar, 100}},
+                                         {"Disabled", "Auto", "150", "300", {200, 100}}}) {
+    Show(std::string("VerticalScrollBarVisibility=\"") + c.vertical + "\" HorizontalScrollBarVisibility=\"" +
+             c.horizontal + "\"",
+         Block(c.width, c.height));
+    EXPECT_EQ(viewer->Viewport(), c.viewport)
+        << c.vertical << "/" << c.horizontal << " " << c.width << " x " << c.height;
+    // What is laid out anew has the same bars.
+    viewer->InvalidateMeasure();
+    LayoutQueue::Current().Run();
+    EXPECT_EQ(viewer->Viewport(), c.viewport) << "the second time";
+  }
+}
+
+TEST_F(ScrollViewerTest, TakesABarAwayWithTheNeedForIt) {
+  Show("", "<TextBlock x:Name=\"B\" TextWrapping=\"Wrap\"/>");
+  auto& text = *root->FindName("B");
+  const DependencyProperty* textProperty = text.GetType().FindProperty(Symbol("Text"));
+  std::string words;
+  for (int i = 0; i < 60; ++i) words += "words ";
+  text.SetValue(textProperty, std::string_view(words));
+  LayoutQueue::Current().Run();
+  EXPECT_EQ(viewer->Viewport().width, 200 - Bar);
+  EXPECT_LT(text.ActualWidth(), 195) << "the text wraps before the bar";
+  viewer->ScrollTo({0, 1e6f});
+  text.SetValue(textProperty, "short");
+  LayoutQueue::Current().Run();
+  EXPECT_EQ(viewer->Viewport().width, 200);
+  EXPECT_EQ(viewer->ScrollOffset(), Point());
+}
+
+TEST_F(ScrollViewerTest, KeepsTheOffsetWithinWhatCanBeScrolled) {
+  Show("HorizontalScrollBarVisibility=\"Auto\"", Block("500", "700"));
+  viewer->ScrollTo({1e6f, 1e6f});
+  EXPECT_EQ(viewer->ScrollOffset(), (Point{500 - 190, 700 - 90}));
+  root->FindName("B")->SetHeight(300);
+  LayoutQueue::Current().Run();
+  EXPECT_EQ(viewer->ScrollOffset(), (Point{310, 210}));
+  viewer->SetHeight(250);
+  LayoutQueue::Current().Run();
+  EXPECT_EQ(viewer->ScrollOffset(), (Point{310, 60}));
+  EXPECT_EQ(root->FindName("B")->Offset(), (Point{-310, -60}));
+}
+
+TEST_F(ScrollViewerTest, ScrollsByItsBars) {
+  Show("HorizontalScrollBarVisibility=\"Auto\"", Block("380", "900"));
+  const Rect down = viewer->VerticalBar().Thumb(), across = viewer->HorizontalBar().Thumb();
+  // Half of the content's way is half of the bar's.
+  Drag(MiddleOf(down), {MiddleOf(down).x + 90, MiddleOf(down).y + (90 - down.height) * 0.5f});
+  EXPECT_NEAR(viewer->ScrollOffset().y, 405, 0.5f);
+  EXPECT_EQ(viewer->ScrollOffset().x, 0);
+  Drag(MiddleOf(across), {MiddleOf(across).x + 500, 5});
+  EXPECT_EQ(viewer->ScrollOffset().x, 190);
+  // Beside it, the track takes a page.
+  const Point below{MiddleOf(down).x, 89}, above{MiddleOf(down).x, 1};
+  Drag(below, below);
+  EXPECT_NEAR(viewer->ScrollOffset().y, 495, 0.5f);
+  Drag(above, above);
+  Drag(above, above);
+  EXPECT_NEAR(viewer->ScrollOffset().y, 315, 0.5f);
+  EXPECT_EQ(input->Captured(), nullptr);
+  // A release that is never told of ends the drag as well.
+  input->MouseDown(MouseButton::Left, MiddleOf(viewer->VerticalBar().Thumb()), 1);
+  input->ReleaseAll();
+  input->MouseMove({195, 5});
+  EXPECT_NEAR(viewer->ScrollOffset().y, 315, 0.5f);
+}
+
+TEST_F(ScrollViewerTest, HitsItsBarsAndNotTheContentBelowThem) {
+  Show("HorizontalScrollBarVisibility=\"Auto\"", Block("380", "900"));
+  UIElement* block = root->FindName("B");
+  EXPECT_EQ(root->HitTest({100, 50}), block);
+  EXPECT_EQ(root->HitTest({195, 50}), viewer);
+  EXPECT_EQ(root->HitTest({50, 95}), viewer);
+  EXPECT_EQ(root->HitTest({50, 120}), root.Get());
+  const auto draw = [this] { return FrameRecorder(nullptr).Record(*root, {400, 400}, 1).list->Entries().size(); };
+  const size_t withBars = draw();
+  Show("VerticalScrollBarVisibility=\"Hidden\" HorizontalScrollBarVisibility=\"Hidden\"", Block("380", "900"));
+  EXPECT_EQ(draw(), withBars - 2);
+  EXPECT_EQ(root->HitTest({195, 50}), root->FindName("B"));
+  EXPECT_TRUE(Wheel(-1)) << "without a bar it scrolls all the same";
+}
+
+TEST_F(ScrollViewerTest, LeavesTheWheelToThoseAroundAtTheEndOfItsWay) {
+  Show("", "<ScrollViewer x:Name=\"Inner\" Height=\"150\" HorizontalScrollBarVisibility=\"Auto\">" +
+               Block("300", "200") + "</ScrollViewer>");
+  auto& inner = *root->FindName<ScrollViewer>("Inner");
+  EXPECT_TRUE(Wheel(-1));
+  EXPECT_EQ(inner.ScrollOffset(), (Point{0, 48}));
+  EXPECT_TRUE(Wheel(-1));
+  EXPECT_EQ(inner.ScrollOffset(), (Point{0, 60}));
+  EXPECT_EQ(viewer->ScrollOffset(), Point());
+  EXPECT_TRUE(Wheel(-1));
+  EXPECT_EQ(viewer->ScrollOffset(), (Point{0, 48}));
+  EXPECT_TRUE(Wheel(-1));
+  EXPECT_FALSE(Wheel(-1));
+  input->KeyDown(Key::LeftShift);
+  EXPECT_TRUE(Wheel(-1));
+  EXPECT_EQ(inner.ScrollOffset(), (Point{48, 60}));
+  for (int i = 0; i < 5; ++i) Wheel(-1);
+  EXPECT_FALSE(Wheel(-1));
+}
+
+TEST_F(ScrollViewerTest, ScrollsByKeysThatNobodyInsideTakes) {
+  Show("HorizontalScrollBarVisibility=\"Auto\"",
+       "<StackPanel Width=\"400\"><Button x:Name=\"First\" Height=\"30\"/><TextBox x:Name=\"Box\" Text=\"some\"/>"
+       "<Border Height=\"500\"/><Button x:Name=\"Last\" Height=\"30\" HorizontalAlignment=\"Right\"/></StackPanel>");
+  root->FindName("First")->Focus();
+  struct Step {
+    Key key;
+    bool isTaken;
+    Point offset;
+  };
+  const float end = viewer->Extent().height - 90;
+  for (const Step& s : std::vector<Step>{{Key::Up, false, {0, 0}},
+                                         {Key::Down, true, {0, 24}},
+                                         {Key::PageDown, true, {0, 90}},
+                                         {Key::Right, true, {24, 90}},
+                                         {Key::End, true, {24, end}},
+                                         {Key::PageUp, true, {24, end - 66}},
+                                         {Key::Home, true, {24, 0}},
+                                         {Key::Left, true, {0, 0}},
+                                         {Key::Space, true, {0, 0}}}) {
+    EXPECT_EQ(Press(s.key), s.isTaken) << static_cast<int>(s.key);
+    EXPECT_EQ(viewer->ScrollOffset(), s.offset) << static_cast<int>(s.key);
+  }
+  root->FindName("Box")->Focus();
+  Press(Key::End);
+  EXPECT_EQ(viewer->ScrollOffset(), Point()) << "the text box needs this key itself";
+  // What Tab comes to is shown.
+  Press(Key::Tab);
+  EXPECT_TRUE(root->FindName("Last")->IsFocused());
+  EXPECT_EQ(viewer->ScrollOffset().y, end);
+  Press(Key::Tab);
+  EXPECT_EQ(viewer->ScrollOffset(), Point());
+}
+
+} // namespace
+} // namespace Toolkit
