@@ -289,6 +289,74 @@ TEST_F(TextBoxTest, KeepsTheCaretInSight) {
   EXPECT_FALSE(input->MouseWheel(middle, -1));
 }
 
+TEST_F(TextBoxTest, ScrollsByItsBar) {
+  Show("Width=\"80\" Height=\"46\" AcceptsReturn=\"True\" VerticalScrollBarVisibility=\"Auto\"",
+       "|a\nb\nc\nd\ne\nf\ng\nh\ni\nj");
+  input->SetFocus(nullptr);
+  const Rect content{5, 3, 80 - 5 - 12, 40};
+  const auto firstLine = [this] { return box->CaretRectangle().y; };
+  const Point corner = box->TransformToAncestor(nullptr).Map({0, 0});
+  const Point top{corner.x + 75, corner.y + content.y + 2}, bottom{corner.x + 75, corner.y + content.Bottom() - 1};
+  const auto drag = [this](Point from, Point to) {
+    input->MouseMove(from);
+    input->MouseDown(MouseButton::Left, from, 1);
+    input->MouseMove(to);
+    input->MouseUp(MouseButton::Left, to);
+  };
+  const float start = firstLine(), extent = box->CaretRectangle().height * 10;
+  drag(bottom, bottom);
+  EXPECT_FLOAT_EQ(firstLine(), start - 40) << "a press beside the bar takes a page";
+  drag(top, top);
+  EXPECT_FLOAT_EQ(firstLine(), start);
+  drag(top, {top.x + 100, top.y + 100});
+  EXPECT_FLOAT_EQ(firstLine(), start - (extent - 40));
+  EXPECT_FALSE(box->IsFocused());
+  EXPECT_EQ(Marked(), "|a\nb\nc\nd\ne\nf\ng\nh\ni\nj") << "nothing was selected on the way";
+  input->MouseMove(bottom);
+  EXPECT_EQ(box->GetString(FrameworkElement::CursorProperty), "Arrow");
+  input->MouseMove({corner.x + 20, corner.y + 20});
+  EXPECT_EQ(box->GetString(FrameworkElement::CursorProperty), "IBeam");
+  // Short text has no bar: the same press is for the text.
+  box->SetText("short");
+  drag(bottom, bottom);
+  EXPECT_EQ(Marked(), "short|");
+}
+
+TEST_F(TextBoxTest, SelectsOnWhileTheMouseRestsOutside) {
+  std::string lines;
+  for (int i = 0; i < 50; ++i) lines += "line\n";
+  Show("Width=\"80\" Height=\"46\" AcceptsReturn=\"True\"", "|" + lines);
+  const auto turn = [this](int count) {
+    for (int i = 0; i < count; ++i) {
+      now += 40;
+      Dispatcher::Current().RunDue();
+    }
+  };
+  const Point corner = box->TransformToAncestor(nullptr).Map({0, 0});
+  input->MouseDown(MouseButton::Left, {corner.x + 6, corner.y + 6}, 1);
+  input->MouseMove({corner.x + 6, corner.y + 50});
+  const size_t atOnce = box->SelectionLength();
+  turn(4);
+  const size_t slowly = box->SelectionLength() - atOnce;
+  EXPECT_GT(slowly, 0u);
+  input->MouseMove({corner.x + 6, corner.y + 300});
+  turn(4);
+  const size_t fast = box->SelectionLength() - atOnce - slowly;
+  EXPECT_GT(fast, 2 * slowly) << "farther outside it goes faster";
+  turn(60);
+  EXPECT_EQ(box->SelectionLength(), lines.size());
+  // Back inside, and after the release, it rests.
+  input->MouseMove({corner.x + 6, corner.y + 20});
+  const std::string rest = Marked();
+  turn(4);
+  EXPECT_EQ(Marked(), rest);
+  input->MouseMove({corner.x + 6, corner.y - 100});
+  input->MouseUp(MouseButton::Left, {corner.x + 6, corner.y - 100});
+  const std::string released = Marked();
+  turn(4);
+  EXPECT_EQ(Marked(), released);
+}
+
 TEST_F(TextBoxTest, BlinksForAWhileAndOnlyWithTheFocus) {
   Show(Plain, "a|");
   const auto turn = [this] {

@@ -37,7 +37,7 @@ void ContextMenu::OnPropertyChanged(const PropertyChange& change) {
   if (!owner || ItemCount() == 0) return;
   auto popup = MakePtr<Popup>(*owner, *this, PopupKind::Light, PopupPlacement::Below);
   const Point mouse = Mouse::GetPosition(nullptr);
-  popup->anchor = Rect{mouse.x, mouse.y, 0, 0};
+  popup->anchor = anchor.value_or(Rect{mouse.x, mouse.y, 0, 0});
   OpenIn(popup);
 }
 

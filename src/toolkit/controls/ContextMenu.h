@@ -2,6 +2,8 @@
 
 #include "toolkit/controls/MenuSurface.h"
 
+#include <optional>
+
 namespace Toolkit {
 
 /// A menu that opens at the mouse. It belongs to the element whose `ContextMenu` it is, and opens by a right click on
@@ -16,6 +18,8 @@ public:
 
   /// Opens the menu of the element, or else of the nearest one around it that has one. False if there is none.
   static bool OpenFor(Object* source);
+  /// What the menu opens next to, in the window's coordinates; the mouse unless it is set before.
+  std::optional<Rect> anchor;
 
 protected:
   void OnPropertyChanged(const PropertyChange& change) override;

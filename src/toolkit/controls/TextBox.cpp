@@ -1,5 +1,8 @@
 #include "toolkit/controls/TextBox.h"
 
+#include "toolkit/controls/ContextMenu.h"
+#include "toolkit/controls/ScrollThumb.h"
+#include "toolkit/controls/TextBoxMenu.h"
 #include "toolkit/controls/TextEditor.h"
 #include "toolkit/render/Brush.h"
 #include "toolkit/render/Painter.h"
@@ -42,6 +45,7 @@ void TextBox::Describe(TypeBuilder<TextBox>& type) {
   PlaceholderProperty = type.Property<SharedString>("Placeholder", SharedString(), P::AffectsRender);
   CaretBrushProperty = type.Property<Brush*>("CaretBrush");
   SelectionBrushProperty = type.Property<Brush*>("SelectionBrush");
+  ScrollBarBrushProperty = type.Property<Brush*>("ScrollBarBrush");
   VerticalScrollBarVisibilityProperty =
       type.Property<ScrollBarVisibility>("VerticalScrollBarVisibility", ScrollBarVisibility::Hidden);
   HorizontalScrollBarVisibilityProperty =
@@ -181,9 +185,87 @@ void TextBox::OnRender(Painter& painter) {
   if (IsFocused() && editor && editor->IsCaretShown() && !Get<bool>(IsReadOnlyProperty))
     painter.DrawRectangle(CaretRectangle(), Get<Brush*>(CaretBrushProperty));
   if (isCut) painter.Pop();
+  if (!HasScrollBar()) return;
+  ScrollThumb bar;
+  if (!editor) PlaceBar(bar, *layout);
+  (editor ? editor->Bar() : bar).Draw(painter, Get<Brush*>(ScrollBarBrushProperty));
+}
+
+void TextBox::PlaceBar(ScrollThumb& bar, const TextLayout& layout) const {
+  const Rect content = ContentBox();
+  bar.viewport = content;
+  bar.viewport.width = ActualWidth() - Get<Thickness>(BorderThicknessProperty).right - content.x;
+  bar.extent = HasScrollBar() ? layout.Size().height : 0;
+  bar.offset = editor ? editor->ScrollOffset().y : 0;
+}
+
+bool TextBox::OnBar(const RoutedEventArgs& args, InputState& input) {
+  if (!HasScrollBar()) return false;
+  if (!editor) {
+    ScrollThumb needed;
+    PlaceBar(needed, *LayoutOf(GetText()));
+    if (!needed.IsNeeded()) return false;
+  }
+  ScrollThumb& bar = Editor().Bar();
+  const Point mouse = Mouse::GetPosition(this);
+  const bool isCaptured = input.Captured() == this;
+  if (!isCaptured) bar.Release();
+  bool isTaken = false;
+  if (args.event == &MouseLeftButtonDownEvent) {
+    isTaken = bar.Press(mouse);
+    if (isTaken) input.Capture(this);
+  } else if (bar.IsPressed() && args.event == &MouseMoveEvent) {
+    isTaken = true;
+    bar.DragTo(mouse);
+  } else if (bar.IsPressed() && args.event == &MouseLeftButtonUpEvent) {
+    isTaken = true;
+    bar.Release();
+    input.Capture(nullptr);
+  }
+  // A drag that selects text does not light the bar.
+  const bool isOver = args.event != &MouseLeaveEvent && (!isCaptured || isTaken) && bar.Track().Contains(mouse);
+  if (bar.SetHovered(isOver)) {
+    if (isOver)
+      SetValue(CursorProperty, "Arrow");
+    else
+      ClearValue(CursorProperty);
+    InvalidateVisual();
+  }
+  if (!isTaken) return false;
+  Editor().ScrollTo({Editor().ScrollOffset().x, bar.offset});
+  InvalidateVisual();
+  args.handled = true;
+  return true;
+}
+
+void TextBox::OnRightButton(const RoutedEventArgs& args) {
+  if (args.event == &PreviewMouseRightButtonDownEvent) {
+    // Before those around hear of the press: whoever wants it, as a canvas does that is panned by it, takes the focus
+    // back, and then there is no menu.
+    isRightPressed = Focus();
+  } else if (!isRightPressed || !IsFocused()) {
+    isRightPressed = false;
+  } else if (args.event == &MouseRightButtonDownEvent) {
+    Editor().PressRightAt(Mouse::GetPosition(this));
+  } else {
+    isRightPressed = false;
+    if (!GetValue(ContextMenuProperty).IsNone()) return;
+    const Point mouse = Mouse::GetPosition(nullptr);
+    args.handled = TextBoxMenu::Open(*this, {mouse.x, mouse.y, 0, 0});
+  }
+}
+
+bool TextBox::OnKey(Key key) {
+  const bool shift = Keyboard::IsKeyDown(Key::LeftShift) || Keyboard::IsKeyDown(Key::RightShift);
+  if (key != Key::Apps && !(key == Key::F10 && shift)) return Editor().HandleKey(key);
+  if (!GetValue(ContextMenuProperty).IsNone()) return ContextMenu::OpenFor(this);
+  Rect caret = CaretRectangle();
+  if (caret.height <= 0) caret = ContentBox();
+  return TextBoxMenu::Open(*this, TransformToAncestor(nullptr).MapBounds(caret));
 }
 
 void TextBox::OnMouse(const RoutedEventArgs& args, InputState& input) {
+  if (OnBar(args, input)) return;
   if (args.event == &MouseLeftButtonDownEvent) {
     Focus();
     const auto& mouse = static_cast<const MouseButtonEventArgs&>(args);
@@ -195,6 +277,7 @@ void TextBox::OnMouse(const RoutedEventArgs& args, InputState& input) {
     Editor().DragTo(Mouse::GetPosition(this));
     args.handled = true;
   } else if (args.event == &MouseLeftButtonUpEvent && input.Captured() == this) {
+    Editor().EndDrag();
     input.Capture(nullptr);
     args.handled = true;
   } else if (args.event == &MouseWheelEvent && Get<bool>(AcceptsReturnProperty) && IsFocused()) {
@@ -218,9 +301,12 @@ void TextBox::OnRoutedEvent(const RoutedEventArgs& args) {
   } else if (args.event == &LostFocusEvent) {
     Editor().EndSession();
   } else if (args.event == &KeyDownEvent && IsFocused()) {
-    if (Editor().HandleKey(static_cast<const KeyEventArgs&>(args).key)) args.handled = true;
+    if (OnKey(static_cast<const KeyEventArgs&>(args).key)) args.handled = true;
   } else if (args.event == &TextInputEvent && IsFocused()) {
     if (Editor().HandleText(static_cast<const TextCompositionEventArgs&>(args).text)) args.handled = true;
+  } else if (args.event == &PreviewMouseRightButtonDownEvent || args.event == &MouseRightButtonDownEvent ||
+             args.event == &MouseRightButtonUpEvent) {
+    OnRightButton(args);
   } else {
     OnMouse(args, *input);
   }

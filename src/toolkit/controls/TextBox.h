@@ -10,13 +10,15 @@ namespace Toolkit {
 
 class InputState;
 class TextEditor;
+struct ScrollThumb;
 
+enum class Key : uint8_t;
 enum class ScrollBarVisibility : uint8_t { Disabled, Auto, Hidden, Visible };
 const EnumDescription& DescribeEnum(ScrollBarVisibility);
 
-/// A box in which text is edited. It draws its own frame and text; what only an editing session needs (caret,
-/// selection, undo) is made when the session begins, and a scroll bar when the mouse or the focus comes to a box whose
-/// text does not fit.
+/// A box in which text is edited. It draws its own frame, text and scroll bar; what only an editing session needs
+/// (caret, selection, undo) is made when the session begins. A right click opens a menu of its own, unless the box has
+/// a `ContextMenu`.
 class TextBox : public Control {
   TOOLKIT_TYPE(TextBox)
 public:
@@ -30,6 +32,7 @@ public:
   static inline const DependencyProperty* PlaceholderProperty = nullptr;
   static inline const DependencyProperty* CaretBrushProperty = nullptr;
   static inline const DependencyProperty* SelectionBrushProperty = nullptr;
+  static inline const DependencyProperty* ScrollBarBrushProperty = nullptr;
   static inline const DependencyProperty* VerticalScrollBarVisibilityProperty = nullptr;
   static inline const DependencyProperty* HorizontalScrollBarVisibilityProperty = nullptr;
   /// Bubbling, raised on every change of the text, whoever made it.
@@ -61,6 +64,7 @@ protected:
 
 private:
   friend class TextEditor;
+  friend class TextBoxMenu;
   TextEditor& Editor() const;
   bool HasScrollBar() const;
   /// Inside of frame, padding and the room for a scroll bar.
@@ -70,8 +74,15 @@ private:
   std::shared_ptr<const TextLayout> LayoutOf(std::string_view text) const;
   /// The layout's upper left corner, scrolled.
   Point TextOrigin(const TextLayout& layout) const;
+  /// Fits the bar to the box and to a text that is laid out like that.
+  void PlaceBar(ScrollThumb& bar, const TextLayout& layout) const;
+  bool OnKey(Key key);
   void OnMouse(const RoutedEventArgs& args, InputState& input);
+  void OnRightButton(const RoutedEventArgs& args);
+  /// What the mouse does on the scroll bar; true if it took the event.
+  bool OnBar(const RoutedEventArgs& args, InputState& input);
   mutable std::unique_ptr<TextEditor> editor;
+  bool isRightPressed = false;
 };
 
 } // namespace Toolkit

@@ -5,6 +5,7 @@
 #include "toolkit/visual/Input.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 namespace Toolkit {
@@ -15,6 +16,9 @@ namespace {
 constexpr double BlinkTime = 530, BlinkLimit = 20000;
 /// Text that is scrolled to keeps this much in sight beside the caret.
 constexpr float CaretRoom = 2;
+/// Milliseconds between the steps of a drag that goes on by itself, and the lines that a step scrolls at most.
+constexpr double DragTurn = 40;
+constexpr float DragLines = 3;
 
 bool IsDown(Key left, Key right) { return Keyboard::IsKeyDown(left) || Keyboard::IsKeyDown(right); }
 
@@ -54,6 +58,7 @@ std::string_view FirstCharacters(std::string_view text, size_t limit) {
 } // namespace
 
 TextEditor::~TextEditor() {
+  EndDrag();
   if (blinkTimer) Dispatcher::Current().Cancel(blinkTimer);
 }
 
@@ -183,19 +188,42 @@ void TextEditor::Paste() {
   Replace(SelectionStart(), SelectionEnd(), Cleaned(*text, AcceptsReturn()), false);
 }
 
+bool TextEditor::CanDo(Command command) const {
+  switch (command) {
+  case Command::Undo: return history.CanUndo();
+  case Command::Redo: return history.CanRedo();
+  case Command::Cut: return caret != anchor && !IsReadOnly();
+  case Command::Copy: return caret != anchor;
+  case Command::Paste: return !IsReadOnly() && !Clipboard::GetText().value_or("").empty();
+  case Command::SelectAll: return !box.GetText().empty();
+  }
+  return false;
+}
+
+void TextEditor::Do(Command command) {
+  switch (command) {
+  case Command::Undo: return Restore(history.Undo(box.GetText()));
+  case Command::Redo: return Restore(history.Redo(box.GetText()));
+  case Command::Cut: return Cut();
+  case Command::Copy: return Copy();
+  case Command::Paste: return Paste();
+  case Command::SelectAll: return Select(0, box.GetText().size());
+  }
+}
+
 bool TextEditor::HandleChord(Key key, bool shift) {
   switch (key) {
-  case Key::A: Select(0, box.GetText().size()); return true;
+  case Key::A: Do(Command::SelectAll); return true;
   case Key::C:
-  case Key::Insert: Copy(); return true;
-  case Key::X: Cut(); return true;
-  case Key::V: Paste(); return true;
+  case Key::Insert: Do(Command::Copy); return true;
+  case Key::X: Do(Command::Cut); return true;
+  case Key::V: Do(Command::Paste); return true;
   case Key::Z:
   case Key::Y: {
     // With nothing left of its own, the box leaves undo and redo to what lies around it.
-    const bool redoes = shift || key == Key::Y;
-    if (!(redoes ? history.CanRedo() : history.CanUndo())) return false;
-    Restore(redoes ? history.Redo(box.GetText()) : history.Undo(box.GetText()));
+    const Command command = shift || key == Key::Y ? Command::Redo : Command::Undo;
+    if (!CanDo(command)) return false;
+    Do(command);
     return true;
   }
   default: return false;
@@ -250,9 +278,9 @@ bool TextEditor::HandleKey(Key key) {
 size_t TextEditor::IndexAt(Point point) const {
   const Rect content = box.ContentBox();
   const Point origin = box.TextOrigin(*Layout());
-  // Above and below the text count as its first and last line.
-  const float y = std::clamp(point.y, content.y, content.Bottom());
-  return Layout()->HitTest(point.x - origin.x, y - origin.y);
+  // What lies outside counts as the edge: text that is scrolled out of sight is not what the mouse points at.
+  const float x = std::clamp(point.x, content.x, content.Right()), y = std::clamp(point.y, content.y, content.Bottom());
+  return Layout()->HitTest(x - origin.x, y - origin.y);
 }
 
 TextRange TextEditor::UnitAt(size_t index) const {
@@ -276,7 +304,47 @@ void TextEditor::PressAt(Point point, uint32_t clickCount, bool extend) {
   Select(dragOrigin.start, dragOrigin.end);
 }
 
+void TextEditor::PressRightAt(Point point) {
+  const size_t index = IndexAt(point);
+  if (index < SelectionStart() || index > SelectionEnd() || caret == anchor) Select(index, index);
+}
+
+Point TextEditor::Beyond(Point point) const {
+  const Rect content = box.ContentBox();
+  return {point.x - std::clamp(point.x, content.x, content.Right()),
+          point.y - std::clamp(point.y, content.y, content.Bottom())};
+}
+
 void TextEditor::DragTo(Point point) {
+  StretchTo(point);
+  if (Beyond(point) == Point())
+    EndDrag();
+  else if (!dragTimer)
+    dragTimer = Dispatcher::Current().StartTimer(DragTurn, [this] { GoOnDragging(); });
+}
+
+void TextEditor::EndDrag() {
+  if (dragTimer) Dispatcher::Current().Cancel(dragTimer);
+  dragTimer = 0;
+}
+
+void TextEditor::GoOnDragging() {
+  dragTimer = 0;
+  const InputState* input = InputState::Current();
+  if (!input || input->Captured() != &box) return;
+  Ptr<TextBox> alive(&box);
+  const Point mouse = Mouse::GetPosition(&box), beyond = Beyond(mouse);
+  // The farther the mouse is outside, the faster it goes.
+  const float line = Layout()->LineHeight();
+  const auto step = [line](float distance) {
+    if (distance == 0) return 0.0f;
+    return std::copysign(std::clamp(std::abs(distance), line * 0.5f, line * DragLines), distance);
+  };
+  ScrollTo({scroll.x + step(beyond.x), scroll.y + step(beyond.y)});
+  DragTo(mouse);
+}
+
+void TextEditor::StretchTo(Point point) {
   const TextRange unit = UnitAt(IndexAt(point));
   if (unit.start < dragOrigin.start)
     Select(dragOrigin.end, unit.start);
@@ -293,6 +361,7 @@ void TextEditor::BeginSession() {
 void TextEditor::EndSession() {
   history.Clear();
   composition.clear();
+  EndDrag();
   if (blinkTimer) Dispatcher::Current().Cancel(blinkTimer);
   blinkTimer = 0;
   isCaretShown = false;
@@ -341,6 +410,11 @@ void TextEditor::Blink() {
 Size TextEditor::Extent() const {
   const TextSize size = Layout()->Size();
   return {size.width + CaretRoom, size.height};
+}
+
+ScrollThumb& TextEditor::Bar() {
+  box.PlaceBar(bar, *Layout());
+  return bar;
 }
 
 bool TextEditor::ScrollTo(Point offset) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/base/Dispatcher.h"
+#include "toolkit/controls/ScrollThumb.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/controls/TextEditHistory.h"
 #include "toolkit/text/TextBoundaries.h"
@@ -15,6 +16,9 @@ namespace Toolkit {
 /// the box is first edited or scrolled, owned by it. Indices are byte offsets into the box's text.
 class TextEditor {
 public:
+  /// What chords do and the box's menu offers.
+  enum class Command : uint8_t { Undo, Redo, Cut, Copy, Paste, SelectAll };
+
   explicit TextEditor(TextBox& box) : box(box) {}
   ~TextEditor();
   TextEditor(const TextEditor&) = delete;
@@ -30,9 +34,16 @@ public:
   /// True if the key was taken.
   bool HandleKey(Key key);
   bool HandleText(std::string_view text);
+  /// False if the command would change and copy nothing.
+  bool CanDo(Command command) const;
+  void Do(Command command);
   /// Positions are the box's own. A second click selects a word, a third one the paragraph; a drag goes on by those.
   void PressAt(Point point, uint32_t clickCount, bool extend);
+  /// While the mouse rests outside of the text, the drag scrolls and goes on by itself.
   void DragTo(Point point);
+  void EndDrag();
+  /// The caret goes to the point unless that is in the selection.
+  void PressRightAt(Point point);
   /// A session begins when the focus comes and ends when it goes.
   void BeginSession();
   void EndSession();
@@ -48,6 +59,8 @@ public:
   Point ScrollOffset() const { return scroll; }
   /// True if it moved.
   bool ScrollTo(Point offset);
+  /// The vertical scroll bar as it is now.
+  ScrollThumb& Bar();
   /// What the text takes, the caret at its end included.
   Size Extent() const;
 
@@ -67,6 +80,10 @@ private:
   void Cut();
   void Paste();
   size_t IndexAt(Point point) const;
+  /// How far the point lies outside of the part that shows the text.
+  Point Beyond(Point point) const;
+  void StretchTo(Point point);
+  void GoOnDragging();
   TextRange UnitAt(size_t index) const;
   void ShowCaret();
   void RestartBlinking();
@@ -79,11 +96,13 @@ private:
   /// Where a move up or down aims at; negative when the next one takes the caret's place.
   float wishedX = -1;
   Point scroll;
+  ScrollThumb bar;
   TextEditHistory history;
   /// The text is being changed from here.
   bool isEditing = false;
   Unit dragUnit = Unit::Character;
   TextRange dragOrigin;
+  Dispatcher::TimerId dragTimer = 0;
   std::string composition;
   size_t compositionCaret = 0;
   bool isCaretShown = false;
