@@ -106,6 +106,19 @@ TEST_F(ScrollViewerTest, TakesABarAwayWithTheNeedForIt) {
   EXPECT_EQ(viewer->ScrollOffset(), Point());
 }
 
+/// Half as high as it is wide, like a picture.
+struct Picture : FrameworkElement {
+  Picture() = default;
+  Size MeasureOverride(Size available) override { return {available.width, available.width * 0.5f + 1}; }
+};
+
+TEST_F(ScrollViewerTest, SettlesWhereContentFitsOnlyBesideABar) {
+  Show("", "");
+  viewer->SetContent(Value(MakePtr<Picture>()));
+  LayoutQueue::Current().Run();
+  EXPECT_EQ(viewer->Viewport().width, 200 - Bar);
+}
+
 TEST_F(ScrollViewerTest, KeepsTheOffsetWithinWhatCanBeScrolled) {
   Show("HorizontalScrollBarVisibility=\"Auto\"", Block("500", "700"));
   viewer->ScrollTo({1e6f, 1e6f});

@@ -355,6 +355,13 @@ TEST_F(TextBoxTest, SelectsOnWhileTheMouseRestsOutside) {
   const std::string released = Marked();
   turn(4);
   EXPECT_EQ(Marked(), released);
+
+  Show("Width=\"80\"", "|a line that is longer than its box");
+  input->MouseDown(MouseButton::Left, {corner.x + 6, corner.y + 6}, 1);
+  input->MouseMove({corner.x + 300, corner.y + 6});
+  EXPECT_LT(box->SelectionLength(), box->GetText().size());
+  turn(30);
+  EXPECT_EQ(box->SelectionLength(), box->GetText().size());
 }
 
 TEST_F(TextBoxTest, BlinksForAWhileAndOnlyWithTheFocus) {

@@ -277,7 +277,6 @@ void TextBox::OnMouse(const RoutedEventArgs& args, InputState& input) {
     Editor().DragTo(Mouse::GetPosition(this));
     args.handled = true;
   } else if (args.event == &MouseLeftButtonUpEvent && input.Captured() == this) {
-    Editor().EndDrag();
     input.Capture(nullptr);
     args.handled = true;
   } else if (args.event == &MouseWheelEvent && Get<bool>(AcceptsReturnProperty) && IsFocused()) {
