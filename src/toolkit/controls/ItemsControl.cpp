@@ -8,6 +8,7 @@
 #include "toolkit/markup/Template.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace Toolkit {
 
@@ -137,18 +138,23 @@ void ItemsControl::GenerateContainers() {
   }
   const size_t count = ItemCount();
   // Containers of items that stayed are kept: equal ones at both ends do not move.
-  size_t front = 0;
-  while (front < count && front < containerItems.size() && containerItems[front] == ItemAt(front)) ++front;
-  std::vector<std::pair<Ptr<Object>, Ptr<UIElement>>> spare;
-  for (size_t i = containerItems.size(); i-- > front;) {
-    Ptr<UIElement> container(host->Child(i));
-    host->RemoveChild(container.Get());
-    spare.emplace_back(containerItems[i], container);
+  const size_t before = containerItems.size();
+  size_t front = 0, back = 0;
+  while (front < count && front < before && containerItems[front] == ItemAt(front)) ++front;
+  while (front + back < std::min(count, before) && containerItems[before - 1 - back] == ItemAt(count - 1 - back))
+    ++back;
+  std::unordered_multimap<const Object*, Ptr<UIElement>> spare;
+  std::vector<Ptr<UIElement>> leaving;
+  for (size_t i = front; i < before - back; ++i) {
+    leaving.emplace_back(host->Child(i));
+    spare.emplace(containerItems[i].Get(), leaving.back());
   }
+  host->RemoveChildren(leaving);
+  const std::vector<Ptr<Object>> behind(containerItems.end() - static_cast<std::ptrdiff_t>(back), containerItems.end());
   containerItems.resize(front);
-  for (size_t i = front; i < count; ++i) {
+  for (size_t i = front; i < count - back; ++i) {
     Object* item = ItemAt(i);
-    auto kept = std::find_if(spare.begin(), spare.end(), [item](const auto& pair) { return pair.first == item; });
+    const auto kept = spare.find(item);
     Ptr<UIElement> container;
     if (kept != spare.end()) {
       container = kept->second;
@@ -160,8 +166,9 @@ void ItemsControl::GenerateContainers() {
       container = made;
     }
     containerItems.emplace_back(item);
-    host->AddChild(container.Get());
+    host->InsertChild(i, container.Get());
   }
+  containerItems.insert(containerItems.end(), behind.begin(), behind.end());
 }
 
 void ItemsControl::PrepareForMeasure() {

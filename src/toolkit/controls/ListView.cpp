@@ -1,6 +1,8 @@
 #include "toolkit/controls/ListView.h"
 
 #include "toolkit/markup/Template.h"
+#include "toolkit/render/Brush.h"
+#include "toolkit/render/Painter.h"
 
 #include <algorithm>
 
@@ -48,7 +50,10 @@ void GridView::RefreshInheritanceOfChildren(uint16_t changedBits) {
 
 TOOLKIT_TYPE_IMPL(ListView, Selector, "ListView")
 void ListView::Describe(TypeBuilder<ListView>& type) {
-  ViewProperty = type.Property<GridView*>("View", nullptr, DependencyProperty::AffectsMeasure);
+  using P = DependencyProperty;
+  ViewProperty = type.Property<GridView*>("View", nullptr, P::AffectsMeasure);
+  HighlightBrushProperty = type.Property<Brush*>("HighlightBrush", nullptr, P::AffectsRender);
+  SelectionBrushProperty = type.Property<Brush*>("SelectionBrush", nullptr, P::AffectsRender);
 }
 
 ListView::~ListView() {
@@ -81,31 +86,37 @@ Size ListView::MeasureOverride(Size available) {
   GridView* view = GetView();
   Panel* host = ItemsHost();
   if (!view || !host) return Selector::MeasureOverride(available);
-  // Columns without a width of their own take that of their widest cell, so all rows are asked before any is laid
-  // out.
-  columnWidths.assign(view->ColumnCount(), 0);
-  for (size_t c = 0; c < view->ColumnCount(); ++c) {
+  std::vector<float> given(view->ColumnCount());
+  for (size_t c = 0; c < given.size(); ++c) {
     const float width = view->Column(c).Get<float>(GridViewColumn::WidthProperty);
-    columnWidths[c] = IsAuto(width) ? Auto : width;
+    given[c] = IsAuto(width) ? -1 : width;
   }
-  std::vector<float> wanted(columnWidths.size(), 0);
-  for (size_t r = 0; r < host->ChildCount(); ++r) {
-    auto* row = DynamicCast<GridViewRow>(static_cast<Object*>(host->Child(r)));
-    if (!row) continue;
-    row->Measure({Infinity, Infinity});
-    for (size_t c = 0; c < wanted.size() && c < row->VisualChildCount(); ++c)
-      wanted[c] = std::max(wanted[c], row->CellSize(c).width);
-  }
-  bool changed = false;
-  for (size_t c = 0; c < columnWidths.size(); ++c) {
-    if (!IsAuto(columnWidths[c])) continue;
-    columnWidths[c] = wanted[c];
-    changed = true;
-  }
-  if (changed)
+  if (given != givenWidths) {
+    givenWidths = given;
     for (size_t r = 0; r < host->ChildCount(); ++r) host->Child(r)->InvalidateMeasure();
-  host->InvalidateMeasure();
-  return Selector::MeasureOverride(available);
+    host->InvalidateMeasure();
+  }
+  const Size wanted = Selector::MeasureOverride(available);
+  // Columns without a width of their own take that of their widest cell. Rows measure their cells without regard to
+  // each other, so that a change in one of them does not measure the others.
+  std::vector<float> widths(given.size(), 0);
+  for (size_t r = 0; r < host->ChildCount(); ++r) {
+    const auto* row = DynamicCast<GridViewRow>(static_cast<Object*>(host->Child(r)));
+    if (!row) continue;
+    for (size_t c = 0; c < widths.size() && c < row->VisualChildCount(); ++c)
+      widths[c] = std::max(widths[c], row->CellSize(c).width);
+  }
+  float total = Chrome().Horizontal();
+  for (size_t c = 0; c < widths.size(); ++c) {
+    if (given[c] >= 0) widths[c] = given[c];
+    total += widths[c];
+  }
+  if (widths != columnWidths) {
+    columnWidths = widths;
+    for (size_t r = 0; r < host->ChildCount(); ++r) host->Child(r)->InvalidateArrange();
+    host->InvalidateArrange();
+  }
+  return {std::max(wanted.width, total), wanted.height};
 }
 
 TOOLKIT_TYPE_IMPL(GridViewRow, FrameworkElement, "GridViewRow")
@@ -136,9 +147,9 @@ void GridViewRow::PrepareForMeasure() {
 Size GridViewRow::MeasureOverride(Size available) {
   Size wanted;
   for (size_t c = 0; c < cells.size(); ++c) {
-    const float width = list->ColumnWidth(c);
-    cells[c]->Measure({IsAuto(width) ? Infinity : width, available.height});
-    wanted.width += IsAuto(width) ? cells[c]->DesiredSize().width : width;
+    const float given = list->GivenWidth(c);
+    cells[c]->Measure({given < 0 ? Infinity : given, available.height});
+    wanted.width += given < 0 ? cells[c]->DesiredSize().width : given;
     wanted.height = std::max(wanted.height, cells[c]->DesiredSize().height);
   }
   return wanted;
@@ -152,6 +163,26 @@ Size GridViewRow::ArrangeOverride(Size finalSize) {
     x += width;
   }
   return finalSize;
+}
+
+void GridViewRow::OnChildDesiredSizeChanged(UIElement* child) {
+  FrameworkElement::OnChildDesiredSizeChanged(child);
+  for (size_t c = 0; c < cells.size(); ++c)
+    if (cells[c].Get() == child && list->GivenWidth(c) < 0) list->InvalidateMeasure();
+}
+
+void GridViewRow::OnRender(Painter& painter) {
+  const Rect box{0, 0, ActualWidth(), ActualHeight()};
+  if (list->GetSelectedItem() && list->GetSelectedItem() == GetDataContext())
+    painter.DrawRectangle(box, list->Get<Brush*>(ListView::SelectionBrushProperty));
+  else if (Get<bool>(IsMouseOverProperty))
+    painter.DrawRectangle(box, list->Get<Brush*>(ListView::HighlightBrushProperty));
+}
+
+void GridViewRow::OnRoutedEvent(const RoutedEventArgs& args) {
+  FrameworkElement::OnRoutedEvent(args);
+  // The press stays free for what lies around, which may want to be dragged by it.
+  if (args.event == &MouseLeftButtonDownEvent && IsEnabled()) list->SetSelectedItem(GetDataContext());
 }
 
 } // namespace Toolkit

@@ -61,11 +61,16 @@ class ListView : public Selector {
   TOOLKIT_TYPE(ListView)
 public:
   static inline const DependencyProperty* ViewProperty = nullptr;
+  /// Paint the row under the mouse and that of the selected item.
+  static inline const DependencyProperty* HighlightBrushProperty = nullptr;
+  static inline const DependencyProperty* SelectionBrushProperty = nullptr;
   ListView() = default;
   ~ListView() override;
   GridView* GetView() const { return static_cast<GridView*>(GetValue(ViewProperty).AsObject()); }
   /// The width of a column as all rows share it; valid after a measure.
   float ColumnWidth(size_t index) const { return index < columnWidths.size() ? columnWidths[index] : 0; }
+  /// The width that the column was given, or negative if it is as wide as its widest cell.
+  float GivenWidth(size_t index) const { return index < givenWidths.size() ? givenWidths[index] : -1; }
 
 protected:
   void OnPropertyChanged(const PropertyChange& change) override;
@@ -74,10 +79,10 @@ protected:
   Size MeasureOverride(Size available) override;
 
 private:
-  std::vector<float> columnWidths;
+  std::vector<float> columnWidths, givenWidths;
 };
 
-/// One row of a list view: a cell for each column. Its data context is the item.
+/// One row of a list view: a cell for each column. Its data context is the item, which a click on the row selects.
 class GridViewRow : public FrameworkElement {
   TOOLKIT_TYPE(GridViewRow)
 public:
@@ -88,10 +93,14 @@ public:
   void MakeCells(GridView& view);
   size_t VisualChildCount() const override { return cells.size(); }
   UIElement* VisualChild(size_t index) const override { return cells[index].Get(); }
-  /// What the cell of a column wants, without the column's own width.
+  /// What the cell of a column wants, at most as wide as the column was given.
   Size CellSize(size_t column) const { return cells[column]->DesiredSize(); }
 
 protected:
+  void OnChildDesiredSizeChanged(UIElement* child) override;
+  void OnRender(Painter& painter) override;
+  void OnRoutedEvent(const RoutedEventArgs& args) override;
+  bool HitTestSelf(Point point) const override { return Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point); }
   void PrepareForMeasure() override;
   Size MeasureOverride(Size available) override;
   Size ArrangeOverride(Size finalSize) override;

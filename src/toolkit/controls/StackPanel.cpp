@@ -1,5 +1,7 @@
 #include "toolkit/controls/StackPanel.h"
 
+#include "toolkit/render/Painter.h"
+
 #include <algorithm>
 
 namespace Toolkit {
@@ -48,6 +50,15 @@ Size StackPanel::ArrangeOverride(Size finalSize) {
     }
   }
   return finalSize;
+}
+
+void StackPanel::RenderChildren(Painter& painter) {
+  // Long lists are mostly out of sight. Shadows reach a little beyond their elements.
+  constexpr float Reach = 32;
+  Rect visible = painter.VisibleArea();
+  visible = {visible.x - Reach, visible.y - Reach, visible.width + 2 * Reach, visible.height + 2 * Reach};
+  for (UIElement* child : ZOrderedChildren())
+    if (visible.Intersects(child->TransformToParent().MapBounds(child->DrawnBounds()))) child->Render(painter);
 }
 
 } // namespace Toolkit

@@ -19,6 +19,7 @@ public:
 protected:
   Size MeasureOverride(Size available) override;
   Size ArrangeOverride(Size finalSize) override;
+  void RenderChildren(Painter& painter) override;
 };
 
 } // namespace Toolkit
