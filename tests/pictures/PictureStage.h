@@ -66,9 +66,10 @@ protected:
   Toolkit::Ptr<Tesselor::MainView> view;
   std::unique_ptr<Toolkit::InputState> input;
 
-private:
+  /// Compares a picture that the test has drawn itself.
   void Compare(const std::string& name, const RenderTest::Picture& actual);
 
+private:
   CurrentDirectoryScope directory;
   CapturedLog log;
   CapturedBoxes boxes;

@@ -2,10 +2,13 @@
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/CheckBox.h"
 #include "toolkit/controls/ComboBox.h"
+#include "toolkit/controls/HeaderedContentControl.h"
 #include "toolkit/controls/Slider.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/controls/UserControl.h"
+
+#include <cmath>
 
 namespace Toolkit {
 namespace {
@@ -185,17 +188,107 @@ TEST_F(InputTest, TellsNobodyWhileAnElementIsDestroyed) {
   EXPECT_EQ(changes, 0);
 }
 
-TEST_F(InputTest, KeepsASliderWithinItsBounds) {
+TEST_F(InputTest, MovesASliderByKeysWithinItsBounds) {
   Show("<Slider x:Name=\"S\" Minimum=\"10\" Maximum=\"20\" LargeChange=\"4\"/>");
   auto& slider = Find<Slider>("S");
   Click("S");
   EXPECT_EQ(slider.GetValueNumber(), 15.0f);
-  input->KeyDown(Key::PageUp);
-  input->KeyDown(Key::PageUp);
-  EXPECT_EQ(slider.GetValueNumber(), 20.0f);
-  input->KeyDown(Key::Home);
-  input->KeyDown(Key::Left);
-  EXPECT_EQ(slider.GetValueNumber(), 10.0f);
+  for (const auto& [key, value] : std::vector<std::pair<Key, float>>{{Key::PageUp, 19},
+                                                                     {Key::PageUp, 20},
+                                                                     {Key::Right, 20},
+                                                                     {Key::Left, 19},
+                                                                     {Key::Down, 18},
+                                                                     {Key::Up, 19},
+                                                                     {Key::Home, 10},
+                                                                     {Key::Left, 10},
+                                                                     {Key::Right, 11},
+                                                                     {Key::PageDown, 10},
+                                                                     {Key::End, 20},
+                                                                     {Key::A, 20}}) {
+    EXPECT_EQ(input->KeyDown(key), key != Key::A);
+    EXPECT_EQ(slider.GetValueNumber(), value) << static_cast<int>(key);
+  }
+}
+
+TEST_F(InputTest, DragsASliderByTheSpotWhereItWasTaken) {
+  // The thumb's middle has 100 pixels of way, from 6 to 106.
+  Show("<Slider x:Name=\"S\" Maximum=\"100\" Width=\"112\" HorizontalAlignment=\"Left\"/>");
+  auto& slider = Find<Slider>("S");
+  const auto value = [&] { return std::round(slider.GetValueNumber()); };
+  const float y = MiddleOf("S").y;
+  input->MouseDown(MouseButton::Left, {36, y}, 1);
+  EXPECT_EQ(value(), 30) << "the track brings the thumb to the mouse";
+  input->MouseUp(MouseButton::Left, {36, y});
+  input->MouseDown(MouseButton::Left, {40, y}, 1);
+  EXPECT_EQ(value(), 30) << "a press on the thumb does not move it";
+  input->MouseMove({50, y + 200});
+  EXPECT_EQ(value(), 40);
+  input->MouseMove({500, y});
+  EXPECT_EQ(value(), 100);
+  input->MouseMove({-500, y});
+  EXPECT_EQ(value(), 0);
+  input->ReleaseAll();
+  input->MouseMove({80, y});
+  EXPECT_EQ(value(), 0);
+  EXPECT_FALSE(slider.Get<bool>(Slider::IsDraggingProperty));
+}
+
+TEST_F(InputTest, ShowsTheFocusOnlyWhereAKeyBroughtIt) {
+  Show("<Button x:Name=\"A\" Content=\"a\"/><Button x:Name=\"B\" Content=\"b\"/>");
+  const auto shows = [this](const char* name) {
+    return Find<Button>(name).Get<bool>(UIElement::IsFocusVisibleProperty);
+  };
+  Click("A");
+  EXPECT_TRUE(Find<Button>("A").IsFocused());
+  EXPECT_FALSE(shows("A"));
+  input->KeyDown(Key::Tab);
+  EXPECT_TRUE(shows("B"));
+  input->KeyDown(Key::Tab);
+  EXPECT_TRUE(shows("A"));
+  EXPECT_FALSE(shows("B"));
+  Click("B");
+  EXPECT_FALSE(shows("A"));
+  EXPECT_FALSE(shows("B"));
+}
+
+TEST_F(InputTest, ShowsAButtonPressedWhileAReleaseWouldClickIt) {
+  Show("<Button x:Name=\"B\" Content=\"x\"/>");
+  const auto isPressed = [this] { return Find<Button>("B").Get<bool>(ButtonBase::IsPressedProperty); };
+  input->MouseDown(MouseButton::Left, MiddleOf("B"), 1);
+  EXPECT_TRUE(isPressed());
+  input->MouseMove({100, 300});
+  EXPECT_FALSE(isPressed());
+  input->MouseMove(MiddleOf("B"));
+  EXPECT_TRUE(isPressed());
+  input->ReleaseAll();
+  input->MouseMove(MiddleOf("B"));
+  EXPECT_FALSE(isPressed());
+}
+
+TEST_F(InputTest, OpensAnExpanderByItsHeaderAndByKeys) {
+  Show("<Expander x:Name=\"E\" Header=\"head\"><Button x:Name=\"B\" Height=\"50\"/></Expander>"
+       "<Button x:Name=\"Next\"/>");
+  auto& expander = Find<Expander>("E");
+  Click("E");
+  LayoutQueue::Current().Run();
+  EXPECT_TRUE(expander.IsExpanded());
+  Click("B");
+  EXPECT_TRUE(expander.IsExpanded());
+  input->KeyDown(Key::Space);
+  EXPECT_TRUE(expander.IsExpanded()) << "the key was for the button";
+  expander.Focus();
+  input->KeyDown(Key::Return);
+  EXPECT_FALSE(expander.IsExpanded());
+  input->KeyDown(Key::Tab);
+  EXPECT_TRUE(Find<Button>("Next").IsFocused()) << "closed content is no stop";
+  expander.Focus();
+  input->KeyDown(Key::Space);
+  input->KeyDown(Key::Space, true);
+  EXPECT_TRUE(expander.IsExpanded());
+  expander.SetValue(UIElement::IsEnabledProperty, false);
+  LayoutQueue::Current().Run();
+  input->MouseDown(MouseButton::Left, expander.TransformToAncestor(nullptr).Map({30, 5}), 1);
+  EXPECT_TRUE(expander.IsExpanded());
 }
 
 TEST_F(InputTest, KeepsIndexAndItemOfASelectionTogether) {

@@ -21,6 +21,7 @@ void ButtonBase::OnRoutedEvent(const RoutedEventArgs& args) {
   ContentControl::OnRoutedEvent(args);
   InputState* input = InputState::Current();
   if (!input || !IsEnabled()) return;
+  const bool isOver = Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(Mouse::GetPosition(this));
   if (args.event == &MouseLeftButtonDownEvent) {
     Focus();
     input->Capture(this);
@@ -31,11 +32,13 @@ void ButtonBase::OnRoutedEvent(const RoutedEventArgs& args) {
     input->Capture(nullptr);
     SetValue(IsPressedProperty, false);
     args.handled = true;
-    const Point at = Mouse::GetPosition(this);
-    if (Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(at)) {
+    if (isOver) {
       Ptr<ButtonBase> alive(this);
       OnClick();
     }
+  } else if (args.event == &MouseMoveEvent || args.event == &MouseLeaveEvent) {
+    // A press that is taken elsewhere, or whose release is never told of, looks as what it is.
+    SetValue(IsPressedProperty, input->Captured() == this && isOver);
   } else if (args.event == &KeyDownEvent && IsFocused()) {
     const auto& key = static_cast<const KeyEventArgs&>(args);
     if (key.key != Key::Space && key.key != Key::Return) return;

@@ -47,6 +47,7 @@ Size CheckBox::ArrangeOverride(Size finalSize) {
 void CheckBox::OnRender(Painter& painter) {
   const float top = std::round((ActualHeight() - BoxSize) * 0.5f);
   DrawChrome(painter, {0, top, BoxSize, BoxSize});
+  DrawFocus(painter, {0, top, BoxSize, BoxSize}, Get<CornerRadius>(CornerRadiusProperty));
   if (!IsChecked()) return;
   PathOutline mark;
   mark.MoveTo({3.5f, top + 8.5f});

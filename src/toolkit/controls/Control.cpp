@@ -95,7 +95,10 @@ void Control::DrawFocus(Painter& painter, const Rect& box, const CornerRadius& r
 }
 
 void Control::OnRender(Painter& painter) {
-  if (!templateRoot) DrawChrome(painter, {0, 0, ActualWidth(), ActualHeight()});
+  if (templateRoot) return;
+  const Rect box{0, 0, ActualWidth(), ActualHeight()};
+  DrawChrome(painter, box);
+  DrawFocus(painter, box, Get<CornerRadius>(CornerRadiusProperty));
 }
 
 bool Control::HitTestSelf(Point point) const {

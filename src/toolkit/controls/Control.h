@@ -42,7 +42,7 @@ protected:
   void OnPropertyChanged(const PropertyChange& change) override;
   /// The template's tree was made.
   virtual void OnApplyTemplate() {}
-  /// Background and border, unless a template draws them.
+  /// Background, border and focus ring, unless a template draws them.
   void OnRender(Painter& painter) override;
   Size MeasureOverride(Size available) override;
   Size ArrangeOverride(Size finalSize) override;

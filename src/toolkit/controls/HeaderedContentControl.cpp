@@ -123,6 +123,7 @@ TOOLKIT_TYPE_IMPL(Expander, HeaderedContentControl, "Expander")
 void Expander::Describe(TypeBuilder<Expander>& type) {
   using P = DependencyProperty;
   IsExpandedProperty = type.Property<bool>("IsExpanded", false, P::BindsTwoWay | P::AffectsMeasure);
+  HighlightBrushProperty = type.Property<Brush*>("HighlightBrush", nullptr, P::AffectsRender);
   type.Event(&ExpandedEvent);
   type.Event(&CollapsedEvent);
 }
@@ -187,6 +188,10 @@ Size Expander::ArrangeOverride(Size finalSize) {
 
 void Expander::OnRender(Painter& painter) {
   DrawChrome(painter, {0, 0, ActualWidth(), ActualHeight()});
+  const CornerRadius radii = Get<CornerRadius>(CornerRadiusProperty);
+  if (isHeaderHovered && IsEnabled())
+    painter.DrawRectangle(HeaderBox(), radii, Get<Brush*>(HighlightBrushProperty), nullptr, {});
+  DrawFocus(painter, HeaderBox(), radii);
   const float x = ArrowWidth * 0.5f, y = HeaderHeight() * 0.5f;
   PathOutline arrow;
   if (IsExpanded()) {
@@ -201,14 +206,28 @@ void Expander::OnRender(Painter& painter) {
   painter.DrawPath(std::move(arrow), nullptr, Get<Brush*>(TextElement::ForegroundProperty), 1.5f);
 }
 
-bool Expander::HitTestSelf(Point point) const { return Rect{0, 0, ActualWidth(), HeaderHeight()}.Contains(point); }
+bool Expander::HitTestSelf(Point point) const { return HeaderBox().Contains(point); }
 
 void Expander::OnRoutedEvent(const RoutedEventArgs& args) {
   HeaderedContentControl::OnRoutedEvent(args);
-  if (args.event == &MouseLeftButtonDownEvent && Mouse::GetPosition(this).y < HeaderHeight()) {
-    SetIsExpanded(!IsExpanded());
-    args.handled = true;
+  if (!IsEnabled()) return;
+  if (args.event == &MouseMoveEvent || args.event == &MouseLeaveEvent) {
+    const bool isOver = args.event == &MouseMoveEvent && HeaderBox().Contains(Mouse::GetPosition(this));
+    if (isOver != isHeaderHovered) InvalidateVisual();
+    isHeaderHovered = isOver;
+    return;
   }
+  bool toggles = false;
+  if (args.event == &MouseLeftButtonDownEvent) {
+    toggles = Mouse::GetPosition(this).y < HeaderHeight();
+    if (toggles) Focus();
+  } else if (args.event == &KeyDownEvent && IsFocused()) {
+    const auto& key = static_cast<const KeyEventArgs&>(args);
+    toggles = (key.key == Key::Space || key.key == Key::Return) && !key.isRepeat;
+  }
+  if (!toggles) return;
+  args.handled = true;
+  SetIsExpanded(!IsExpanded());
 }
 
 } // namespace Toolkit

@@ -41,11 +41,14 @@ protected:
   Size ArrangeOverride(Size finalSize) override;
 };
 
-/// Content that shows only while the expander is open; a click on the header opens and closes it.
+/// Content that shows only while the expander is open; a click on the header opens and closes it, and so do Space and
+/// Return while it has the focus.
 class Expander : public HeaderedContentControl {
   TOOLKIT_TYPE(Expander)
 public:
   static inline const DependencyProperty* IsExpandedProperty = nullptr;
+  /// Paints the header while the mouse is over it.
+  static inline const DependencyProperty* HighlightBrushProperty = nullptr;
   static const RoutedEvent ExpandedEvent, CollapsedEvent;
 
   Expander() = default;
@@ -63,6 +66,9 @@ protected:
 
 private:
   float HeaderHeight() const;
+  Rect HeaderBox() const { return {0, 0, ActualWidth(), HeaderHeight()}; }
+
+  bool isHeaderHovered = false;
 };
 
 } // namespace Toolkit

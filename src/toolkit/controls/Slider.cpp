@@ -34,6 +34,8 @@ void Slider::Describe(TypeBuilder<Slider>& type) {
   LargeChangeProperty = type.Property<float>("LargeChange", 10);
   TickPlacementProperty = type.Property<TickPlacement>("TickPlacement", TickPlacement::None, P::AffectsMeasure);
   IsSnapToTickEnabledProperty = type.Property<bool>("IsSnapToTickEnabled");
+  IsDraggingProperty = type.Property<bool>("IsDragging", false, P::AffectsRender);
+  ThumbBrushProperty = type.Property<Brush*>("ThumbBrush", nullptr, P::AffectsRender);
   type.Event(&ValueChangedEvent);
 }
 
@@ -59,14 +61,13 @@ void Slider::OnRender(Painter& painter) {
   const bool below = ticks == TickPlacement::BottomRight || ticks == TickPlacement::Both;
   const float low = Get<float>(MinimumProperty), high = std::max(low, Get<float>(MaximumProperty));
   const float way = std::max(0.0f, ActualWidth() - ThumbWidth), start = ThumbWidth * 0.5f;
-  const float share = high > low ? std::clamp((GetValueNumber() - low) / (high - low), 0.0f, 1.0f) : 0;
   const float middle = (ActualHeight() + (above ? TickHeight : 0) - (below ? TickHeight : 0)) * 0.5f;
-  const float at = start + way * share;
+  const float at = ThumbPosition();
   const auto* accent = Get<Brush*>(TextElement::ForegroundProperty);
   const auto* line = Get<Brush*>(BorderBrushProperty);
   constexpr CornerRadius round{2, 2, 2, 2};
   painter.DrawRectangle({start, middle - 2, way, 4}, round, Get<Brush*>(BackgroundProperty), nullptr, {});
-  painter.DrawRectangle({start, middle - 2, way * share, 4}, round, accent, nullptr, {});
+  painter.DrawRectangle({start, middle - 2, at - start, 4}, round, accent, nullptr, {});
   // Ticks that would stand closer than this are a grey band.
   constexpr float ClosestTicks = 4;
   const float frequency = Get<float>(TickFrequencyProperty);
@@ -77,15 +78,27 @@ void Slider::OnRender(Painter& painter) {
       if (below) painter.DrawRectangle({x, middle + 10, 1, 4}, line);
     }
   }
-  painter.DrawEllipse({at - start, middle - start, ThumbWidth, ThumbWidth}, accent, nullptr, 0);
+  const bool isLit = Get<bool>(IsMouseOverProperty) || Get<bool>(IsDraggingProperty);
+  const float radius = start + (isLit ? 1 : 0);
+  painter.DrawEllipse({at - radius, middle - radius, 2 * radius, 2 * radius}, Get<Brush*>(ThumbBrushProperty), nullptr,
+                      0);
+  constexpr float Ring = 3;
+  const float reach = radius + Ring;
+  DrawFocus(painter, {at - reach, middle - reach, 2 * reach, 2 * reach}, {reach, reach, reach, reach});
 }
 
 bool Slider::HitTestSelf(Point point) const { return Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point); }
 
-void Slider::MoveTo(Point point) {
+float Slider::ThumbPosition() const {
+  const float low = Get<float>(MinimumProperty), high = std::max(low, Get<float>(MaximumProperty));
+  const float share = high > low ? std::clamp((GetValueNumber() - low) / (high - low), 0.0f, 1.0f) : 0;
+  return ThumbWidth * 0.5f + std::max(0.0f, ActualWidth() - ThumbWidth) * share;
+}
+
+void Slider::MoveTo(float x) {
   const float low = Get<float>(MinimumProperty), high = std::max(low, Get<float>(MaximumProperty));
   const float track = std::max(1.0f, ActualWidth() - ThumbWidth);
-  float value = low + (high - low) * std::clamp((point.x - ThumbWidth * 0.5f) / track, 0.0f, 1.0f);
+  float value = low + (high - low) * std::clamp((x - ThumbWidth * 0.5f) / track, 0.0f, 1.0f);
   const float tick = Get<float>(TickFrequencyProperty);
   if (Get<bool>(IsSnapToTickEnabledProperty) && tick > 0) value = low + std::round((value - low) / tick) * tick;
   SetValueNumber(value);
@@ -98,13 +111,21 @@ void Slider::OnRoutedEvent(const RoutedEventArgs& args) {
   if (args.event == &MouseLeftButtonDownEvent) {
     Focus();
     input->Capture(this);
-    MoveTo(Mouse::GetPosition(this));
+    SetValue(IsDraggingProperty, true);
+    const float x = Mouse::GetPosition(this).x, thumb = ThumbPosition();
+    // A press on the thumb itself does not move it; beside it, it comes to the mouse.
+    grip = std::abs(x - thumb) <= ThumbWidth * 0.5f ? x - thumb : 0;
+    if (grip == 0) MoveTo(x);
     args.handled = true;
-  } else if (args.event == &MouseMoveEvent && input->Captured() == this) {
-    MoveTo(Mouse::GetPosition(this));
+  } else if (args.event == &MouseMoveEvent) {
+    const bool isDragging = input->Captured() == this;
+    SetValue(IsDraggingProperty, isDragging);
+    if (!isDragging) return;
+    MoveTo(Mouse::GetPosition(this).x - grip);
     args.handled = true;
   } else if (args.event == &MouseLeftButtonUpEvent && input->Captured() == this) {
     input->Capture(nullptr);
+    SetValue(IsDraggingProperty, false);
     args.handled = true;
   } else if (args.event == &KeyDownEvent && IsFocused()) {
     const float small = Get<float>(SmallChangeProperty), large = Get<float>(LargeChangeProperty);

@@ -19,6 +19,8 @@ public:
   static inline const DependencyProperty* LargeChangeProperty = nullptr;
   static inline const DependencyProperty* TickPlacementProperty = nullptr;
   static inline const DependencyProperty* IsSnapToTickEnabledProperty = nullptr;
+  static inline const DependencyProperty* IsDraggingProperty = nullptr;
+  static inline const DependencyProperty* ThumbBrushProperty = nullptr;
   static const RoutedEvent ValueChangedEvent;
 
   Slider() = default;
@@ -34,7 +36,12 @@ protected:
   bool HitTestSelf(Point point) const override;
 
 private:
-  void MoveTo(Point point);
+  /// Where the thumb's middle stands.
+  float ThumbPosition() const;
+  void MoveTo(float x);
+
+  /// How far from the thumb's middle it was taken.
+  float grip = 0;
 };
 
 } // namespace Toolkit
