@@ -89,6 +89,23 @@ TEST_F(ScrollViewerTest, LeavesRoomForTheBarsThatTheContentNeeds) {
   }
 }
 
+TEST_F(ScrollViewerTest, WidensTheColumnOfAGridByItsBar) {
+  root = Make<StackPanel>("StackPanel",
+                          "><Grid Height=\"100\" Width=\"300\"><Grid.ColumnDefinitions><ColumnDefinition/>"
+                          "<ColumnDefinition Width=\"Auto\"/></Grid.ColumnDefinitions><Grid.RowDefinitions>"
+                          "<RowDefinition Height=\"20\"/><RowDefinition/></Grid.RowDefinitions>"
+                          "<Border x:Name=\"Rest\" Grid.Row=\"1\"/><ScrollViewer x:Name=\"V\" Grid.Row=\"1\" "
+                          "Grid.Column=\"1\" HorizontalScrollBarVisibility=\"Auto\">" +
+                              Block("120", "500") + "</ScrollViewer></Grid></StackPanel>");
+  input = std::make_unique<InputState>(*root);
+  root->AttachAsRoot();
+  root->Measure({400, 400});
+  root->Arrange({0, 0, 400, 400});
+  LayoutQueue::Current().Run();
+  EXPECT_EQ(root->FindName<ScrollViewer>("V")->Viewport(), (Size{120, 80}));
+  EXPECT_EQ(root->FindName("Rest")->ActualWidth(), 300 - 120 - Bar);
+}
+
 TEST_F(ScrollViewerTest, TakesABarAwayWithTheNeedForIt) {
   Show("", "<TextBlock x:Name=\"B\" TextWrapping=\"Wrap\"/>");
   auto& text = *root->FindName("B");

@@ -201,12 +201,23 @@ Size Grid::MeasureOverride(Size available) {
   if (available.height != Infinity && rowTracks.size() > 1) {
     std::vector<Track> shared = rowTracks;
     ShareStars(shared, available.height);
-    for (size_t i = 0; i < ChildCount(); ++i) {
-      UIElement* child = Child(i);
-      size_t row, column, rowSpan, columnSpan;
-      Cell(*child, row, column, rowSpan, columnSpan);
-      if (!hasUnit(rowTracks, row, rowSpan, GridUnit::Star)) continue;
-      child->Measure({Sum(columnTracks, column, columnSpan), Sum(shared, row, rowSpan)});
+    for (size_t pass = 0; pass < 2; ++pass) {
+      for (size_t i = 0; i < ChildCount(); ++i) {
+        UIElement* child = Child(i);
+        size_t row, column, rowSpan, columnSpan;
+        Cell(*child, row, column, rowSpan, columnSpan);
+        if (!hasUnit(rowTracks, row, rowSpan, GridUnit::Star)) continue;
+        const float height = Sum(shared, row, rowSpan);
+        if (pass == 1) {
+          child->Measure({Sum(columnTracks, column, columnSpan), height});
+        } else if (hasUnit(columnTracks, column, columnSpan, GridUnit::Auto) &&
+                   !hasUnit(columnTracks, column, columnSpan, GridUnit::Star)) {
+          // A height that calls for a scroll bar makes the child wider, and its column with it.
+          child->Measure({Infinity, height});
+          Grow(columnTracks, column, columnSpan, child->DesiredSize().width);
+        }
+      }
+      if (pass == 0 && available.width != Infinity) ShareStars(columnTracks, available.width);
     }
   }
   // A star track wants only what its children want.
