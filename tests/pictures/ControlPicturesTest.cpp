@@ -73,7 +73,7 @@ TEST_F(ControlPictures, States) {
       Named((std::string(kind) + state).c_str()).SetValue(property, value);
     };
     set("Hover", UIElement::IsMouseOverProperty, true);
-    const Type& type = Named((std::string(kind) + "Press").c_str()).GetType();
+    const Toolkit::Type& type = Named((std::string(kind) + "Press").c_str()).GetType();
     const DependencyProperty* pressed = type.FindProperty(Symbol("IsPressed"));
     if (!pressed) pressed = type.FindProperty(Symbol("IsDragging"));
     if (pressed) set("Press", pressed, true);

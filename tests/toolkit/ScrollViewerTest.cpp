@@ -90,20 +90,29 @@ TEST_F(ScrollViewerTest, LeavesRoomForTheBarsThatTheContentNeeds) {
 }
 
 TEST_F(ScrollViewerTest, WidensTheColumnOfAGridByItsBar) {
-  root = Make<StackPanel>("StackPanel",
-                          "><Grid Height=\"100\" Width=\"300\"><Grid.ColumnDefinitions><ColumnDefinition/>"
-                          "<ColumnDefinition Width=\"Auto\"/></Grid.ColumnDefinitions><Grid.RowDefinitions>"
-                          "<RowDefinition Height=\"20\"/><RowDefinition/></Grid.RowDefinitions>"
-                          "<Border x:Name=\"Rest\" Grid.Row=\"1\"/><ScrollViewer x:Name=\"V\" Grid.Row=\"1\" "
-                          "Grid.Column=\"1\" HorizontalScrollBarVisibility=\"Auto\">" +
-                              Block("120", "500") + "</ScrollViewer></Grid></StackPanel>");
-  input = std::make_unique<InputState>(*root);
-  root->AttachAsRoot();
-  root->Measure({400, 400});
-  root->Arrange({0, 0, 400, 400});
-  LayoutQueue::Current().Run();
-  EXPECT_EQ(root->FindName<ScrollViewer>("V")->Viewport(), (Size{120, 80}));
-  EXPECT_EQ(root->FindName("Rest")->ActualWidth(), 300 - 120 - Bar);
+  const std::string content = "<ScrollViewer x:Name=\"V\" Grid.Row=\"1\" HorizontalScrollBarVisibility=\"Auto\">" +
+                              Block("120", "500") + "</ScrollViewer>";
+  const std::string rows = "<Grid.RowDefinitions><RowDefinition Height=\"20\"/><RowDefinition/></Grid.RowDefinitions>";
+  // Once alone in a grid that is measured freely, and once in a column beside another.
+  for (const std::string& panel :
+       {"<Grid Grid.Row=\"1\" Grid.Column=\"1\">" + rows + content + "</Grid>",
+        "<Border Grid.Row=\"1\" Grid.Column=\"1\"><Grid><Grid.RowDefinitions><RowDefinition Height=\"Auto\"/>"
+        "<RowDefinition/></Grid.RowDefinitions><Border Height=\"20\"/>" +
+            content + "</Grid></Border>"}) {
+    if (root) root->DetachAsRoot();
+    input.reset();
+    root = Make<StackPanel>("StackPanel",
+                            "><Grid Height=\"120\" Width=\"300\"><Grid.ColumnDefinitions><ColumnDefinition/>"
+                            "<ColumnDefinition Width=\"Auto\"/></Grid.ColumnDefinitions>" +
+                                rows + "<Border x:Name=\"Rest\" Grid.Row=\"1\"/>" + panel + "</Grid></StackPanel>");
+    input = std::make_unique<InputState>(*root);
+    root->AttachAsRoot();
+    root->Measure({400, 400});
+    root->Arrange({0, 0, 400, 400});
+    LayoutQueue::Current().Run();
+    EXPECT_EQ(root->FindName<ScrollViewer>("V")->Viewport(), (Size{120, 80})) << panel;
+    EXPECT_EQ(root->FindName("Rest")->ActualWidth(), 300 - 120 - Bar);
+  }
 }
 
 TEST_F(ScrollViewerTest, TakesABarAwayWithTheNeedForIt) {

@@ -34,7 +34,9 @@ void MessageBoxView::OnApplyTemplate() {
 void MessageBoxView::FocusDefault() {
   ApplyThemeStyle();
   ApplyTemplate();
-  if (auto* ok = DynamicCast<Button>(GetTemplateChild("OK"))) ok->Focus();
+  auto* ok = DynamicCast<Button>(GetTemplateChild("OK"));
+  // The box waits for a key as well as for a click, so it shows what Return would press.
+  if (ok && ok->Focus()) ok->SetValue(IsFocusVisibleProperty, true);
 }
 
 bool MessageBoxView::OnKey(const KeyEventArgs& args) {

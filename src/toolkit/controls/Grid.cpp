@@ -210,8 +210,9 @@ Size Grid::MeasureOverride(Size available) {
         const float height = Sum(shared, row, rowSpan);
         if (pass == 1) {
           child->Measure({Sum(columnTracks, column, columnSpan), height});
-        } else if (hasUnit(columnTracks, column, columnSpan, GridUnit::Auto) &&
-                   !hasUnit(columnTracks, column, columnSpan, GridUnit::Star)) {
+        } else if (hasUnit(columnTracks, column, columnSpan, GridUnit::Star)
+                       ? available.width == Infinity
+                       : hasUnit(columnTracks, column, columnSpan, GridUnit::Auto)) {
           // A height that calls for a scroll bar makes the child wider, and its column with it.
           child->Measure({Infinity, height});
           Grow(columnTracks, column, columnSpan, child->DesiredSize().width);

@@ -75,6 +75,7 @@ void ScrollThumb::Draw(Painter& painter, const Brush* brush) const {
     bar = {bar.x + 1, bar.Bottom() - EdgeGap - width, bar.width - 2, width};
   else
     bar = {bar.Right() - EdgeGap - width, bar.y + 1, width, bar.height - 2};
+  if (painter.IsTooSmall({bar.width, bar.height})) return;
   painter.DrawRectangle(bar, {round, round, round, round}, brush, nullptr, {});
 }
 
