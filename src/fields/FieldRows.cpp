@@ -40,7 +40,8 @@ void FieldRows::MoveRow(Toolkit::Object* sender, int step) {
   if (index < 0) return;
   Toolkit::ObservableCollectionBase& rows = RowCollection();
   const int target = index + step;
-  if (target >= 0 && target < rows.CountValue()) rows.Move(static_cast<size_t>(index), static_cast<size_t>(target));
+  if (target < 0 || target >= rows.CountValue()) return;
+  rows.Move(static_cast<size_t>(index), static_cast<size_t>(target));
   FinishEdit();
 }
 
