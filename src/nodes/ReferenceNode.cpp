@@ -136,8 +136,8 @@ void ReferenceNode::Serialize(cJSON* json, bool writeNodeId, bool saveAllFields)
   cJSON* values = cJSON_CreateObject();
   for (const auto& [name, field] : contentFields) {
     const auto kept = keptValues.find(name);
-    if (kept != keptValues.end() && field->GetValueAsString().empty())
-      cJSON_AddItemToObject(values, name.c_str(), cJSON_Parse(kept->second.c_str()));
+    if (kept != keptValues.end() && field->GetValueAsString() == kept->second.shownText)
+      cJSON_AddItemToObject(values, name.c_str(), cJSON_Parse(kept->second.json.c_str()));
     else if (saveAllFields || field->ShouldSerialize())
       field->Serialize(values, name);
   }
@@ -164,13 +164,14 @@ void ReferenceNode::Deserialize(const cJSON* json, const Workspace&, DocumentVie
       const double value = isInt ? member->valueint : static_cast<float>(member->valuedouble);
       AddParameterField(member->string, isInt ? "Int" : "Float", JsonPtr(cJSON_CreateNumber(value)),
                         ValueOrigin::Asset);
-    } else if (cJSON_IsString(member)) {
-      AddParameterField(member->string, "SmallString", JsonPtr(cJSON_CreateString(member->valuestring)),
-                        ValueOrigin::Asset);
     } else {
-      AddParameterField(member->string, "SmallString", nullptr, ValueOrigin::Asset);
-      keptValues.emplace(member->string, PrintJson(member));
+      AddParameterField(member->string, "SmallString",
+                        JsonPtr(cJSON_IsString(member) ? cJSON_CreateString(member->valuestring) : nullptr),
+                        ValueOrigin::Asset);
     }
+    // Of equal names the first has the field.
+    if (const auto field = contentFields.find(member->string); field != contentFields.end())
+      keptValues.emplace(member->string, KeptValue{PrintJson(member), field->second->GetValueAsString()});
   }
 }
 

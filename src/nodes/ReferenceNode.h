@@ -42,9 +42,14 @@ private:
   Toolkit::StackPanel* nodeParameters = nullptr;
   /// Every field made so far in either panel, hidden ones too.
   std::vector<Toolkit::Ptr<BaseField>> referenceFields;
-  /// Values of the asset that no field can show, as JSON by parameter name. Written back until the user enters
-  /// something in their place.
-  std::map<std::string, std::string, std::less<>> keptValues;
+  /// A value as it stands in the asset, and what its field shows of it: less for a number with many digits, nothing for
+  /// what is neither number nor text. As long as the field shows that, the value goes back as it came.
+  struct KeptValue {
+    std::string json;
+    std::string shownText;
+  };
+  /// By parameter name.
+  std::map<std::string, KeptValue, std::less<>> keptValues;
 };
 
 } // namespace Tesselor

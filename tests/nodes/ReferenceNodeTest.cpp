@@ -80,8 +80,8 @@ private:
 
 TEST_F(ReferenceNodes, KeepTheValuesOfTheAsset) {
   ReferenceNode& node = AddReference();
-  const std::string body = "'$FileName':'plot','Plot':'id-1','Values':{'B':true,'Name':'n','b':2,'big':5000000000,"
-                           "'d':0.5,'o':{'k':[1]}}}";
+  const std::string body = "'$FileName':'plot','Plot':'id-1','Values':{'B':true,'Name':'n','b':2,'big':12345678901,"
+                           "'d':0.5,'digits':1234.56789,'o':{'k':[1]}}}";
   node.Deserialize(Parse("{'$Comment':'c','$NodeId':'Ref-9'," + body).get(), workspace, view, false);
   view.Layout();
   EXPECT_EQ(Saved(node), "{'$Comment':'c','$NodeId':'Ref'," + body);
@@ -218,16 +218,24 @@ TEST_F(ReferenceNodes, StandWithWhatAnIncompleteAssetGives) {
 
 TEST_F(ReferenceNodes, ReadTheKindOfAParameterFromItsValue) {
   ReferenceNode& node = AddReference();
-  node.Deserialize(Parse("{'Plot':'id','$FileName':'f','Values':{'i':-7,'whole':2.0,'d':0.1,'s':'','t':true}}").get(),
+  node.Deserialize(Parse("{'Plot':'id','$FileName':'f','Values':{'i':-7,'whole':2.0,'d':1234.56,'s':'','t':true,"
+                         "'twice':'','twice':[1]}}")
+                       .get(),
                    workspace, view, false);
   EXPECT_EQ(Shown(node, "NodeReference"), "Plot=id ");
-  EXPECT_EQ(Shown(node, "NodeParameters"), "i=-7 whole=2 d=0.1 s= t= ");
-  // A value that no field can show goes when the user enters something in its place.
-  auto* box = First<Toolkit::TextBox>(node.FindField("t"));
-  Click(*box);
-  input.TextInput("no");
-  EXPECT_EQ(Saved(node), "{'$NodeId':'Ref','$FileName':'f','Plot':'id','Values':{'d':0.1,'i':-7,'s':'','t':'no',"
-                         "'whole':2}}");
+  EXPECT_EQ(Shown(node, "NodeParameters"), "i=-7 whole=2 d=1234.560059 s= t= twice= twice= ");
+  const std::string values = "'i':-7,'s':'','t':'no','twice':'','whole':2}}";
+  // A value of which the field does not show all goes when the user enters something in its place.
+  const auto type = [&](const char* name, const char* text) {
+    auto* box = First<Toolkit::TextBox>(node.FindField(name));
+    Click(*box);
+    box->SelectAll();
+    input.TextInput(text);
+  };
+  type("t", "no");
+  EXPECT_EQ(Saved(node), "{'$NodeId':'Ref','$FileName':'f','Plot':'id','Values':{'d':1234.56," + values);
+  type("d", "1234.5");
+  EXPECT_EQ(Saved(node), "{'$NodeId':'Ref','$FileName':'f','Plot':'id','Values':{'d':1234.5," + values);
 }
 
 } // namespace Tesselor
