@@ -1,10 +1,10 @@
 // Writes a workspace and an asset of a given number of nodes, the same bytes for the same arguments:
-//   GenerateAsset <directory> <nodes> [--seed=<number>] [--no-layout]
+//   GenerateAsset <directory> <nodes> [--seed=<number>] [--no-layout] [--plain]
 // The asset is a tree. A fifth of its nodes are branches, whose Multiple pin holds an array of children (up to three
 // branches and four leaves); one leaf in four hangs on the single pin of another. A node has ten plain fields; a branch
-// has fields of all other kinds besides, among them lists and dictionaries of two to four rows. Unless --no-layout is
-// given, the metadata places every node, as a file that was saved before does. It prints the numbers of nodes, of
-// fields (each row and each field inside an object counts as one) and of bytes.
+// has fields of all other kinds besides, among them lists and dictionaries of two to four rows, unless --plain is
+// given. Unless --no-layout is given, the metadata places every node, as a file that was saved before does. It prints
+// the numbers of nodes, of fields (each row and each field inside an object counts as one) and of bytes.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -72,10 +72,14 @@ void WriteFile(const std::filesystem::path& path, const std::string& text) {
   }
 }
 
-std::string NodeSchema(const std::string& id, bool hasChildren) {
+/// Which fields a branch has besides the plain ones.
+enum class BranchFields { Plain, AllKinds };
+
+std::string NodeSchema(const std::string& id, bool hasChildren, BranchFields branchFields) {
+  const bool hasAllKinds = hasChildren && branchFields == BranchFields::AllKinds;
   std::string values;
   for (const char* rarity : rarities) values += (values.empty() ? "\"" : ", \"") + std::string(rarity) + "\"";
-  const std::string otherKinds = hasChildren ? R"(,
+  const std::string otherKinds = hasAllKinds ? R"(,
     {"Id": "Heading", "Type": "Label", "Options": {"Text": "More", "FontSize": 18}},
     {"Id": "Order", "Type": "IntSlider", "Options": {"Label": "Order", "Max": 50, "TickFrequency": 5}},
     {"Id": "Mood", "Type": "EnumFilterable", "Options": {"Label": "Mood", "Values": [)" +
@@ -91,7 +95,7 @@ std::string NodeSchema(const std::string& id, bool hasChildren) {
       {"Id": "Y", "Type": "Float", "Options": {"Label": "Y"}},
       {"Id": "Note", "Type": "SmallString", "Options": {"Label": "Note"}}]}})"
                                              : "";
-  const std::string otherKeys = hasChildren ? R"(
+  const std::string otherKeys = hasAllKinds ? R"(
     "Order": "Order", "Mood": "Mood", "Voice": "Voice", "Extra": "Extra", "Remark": "Remark", "Tags": "Tags",
     "Scores": "Scores", "Limits": "Limits", "Place": "Place",)"
                                             : "";
@@ -137,7 +141,7 @@ std::string NodeSchema(const std::string& id, bool hasChildren) {
 )";
 }
 
-void WriteWorkspace(const std::filesystem::path& directory) {
+void WriteWorkspace(const std::filesystem::path& directory, BranchFields branchFields) {
   const std::filesystem::path workspace = directory / "Workspaces" / "Benchmark";
   std::filesystem::create_directories(workspace);
   WriteFile(workspace / "_Workspace.json", R"({
@@ -149,14 +153,15 @@ void WriteWorkspace(const std::filesystem::path& directory) {
   }
 }
 )");
-  WriteFile(workspace / "Branch.json", NodeSchema("Branch", true));
-  WriteFile(workspace / "Leaf.json", NodeSchema("Leaf", false));
+  WriteFile(workspace / "Branch.json", NodeSchema("Branch", true, branchFields));
+  WriteFile(workspace / "Leaf.json", NodeSchema("Leaf", false, branchFields));
 }
 
 /// Grows the tree in the order of the file and, along with it, the metadata's table of places.
 class TreeWriter {
 public:
-  TreeWriter(uint32_t nodes, uint64_t seed) : nodes(nodes), branches(nodes < 5 ? 1 : nodes / 5), random(seed) {}
+  TreeWriter(uint32_t nodes, uint64_t seed, BranchFields branchFields)
+      : nodes(nodes), branches(nodes < 5 ? 1 : nodes / 5), branchFields(branchFields), random(seed) {}
 
   Json Write(bool withLayout) {
     places.reset(cJSON_CreateObject());
@@ -181,7 +186,7 @@ public:
 private:
   cJSON* Branch(uint32_t branch, int depth) {
     cJSON* node = Node("Branch", depth);
-    AddOtherKinds(node);
+    if (branchFields == BranchFields::AllKinds) AddOtherKinds(node);
     cJSON* steps = cJSON_AddArrayToObject(node, "Steps");
     for (uint32_t child = 3 * branch + 1; child <= 3 * branch + 3 && child < branches; ++child)
       cJSON_AddItemToArray(steps, Branch(child, depth + 1));
@@ -264,6 +269,7 @@ private:
 
   uint32_t nodes;
   uint32_t branches;
+  BranchFields branchFields;
   RandomNumbers random;
   Json places;
   uint32_t written = 0;
@@ -275,6 +281,7 @@ private:
 int main(int argc, char** argv) {
   uint64_t seed = 1;
   bool withLayout = true;
+  BranchFields branchFields = BranchFields::AllKinds;
   std::vector<std::string> plain;
   for (int i = 1; i < argc; ++i) {
     const std::string argument = argv[i];
@@ -282,18 +289,20 @@ int main(int argc, char** argv) {
       seed = std::strtoull(argument.c_str() + 7, nullptr, 10);
     } else if (argument == "--no-layout") {
       withLayout = false;
+    } else if (argument == "--plain") {
+      branchFields = BranchFields::Plain;
     } else {
       plain.push_back(argument);
     }
   }
   const long nodes = plain.size() == 2 ? std::strtol(plain[1].c_str(), nullptr, 10) : 0;
   if (nodes <= 0) {
-    std::cerr << "Usage: GenerateAsset <directory> <nodes> [--seed=<number>] [--no-layout]\n";
+    std::cerr << "Usage: GenerateAsset <directory> <nodes> [--seed=<number>] [--no-layout] [--plain]\n";
     return 1;
   }
   const std::filesystem::path directory = plain[0];
-  WriteWorkspace(directory);
-  TreeWriter writer(static_cast<uint32_t>(nodes), seed);
+  WriteWorkspace(directory, branchFields);
+  TreeWriter writer(static_cast<uint32_t>(nodes), seed, branchFields);
   const Json root = writer.Write(withLayout);
   char* text = cJSON_Print(root.get());
   const std::filesystem::path path = directory / ("asset-" + plain[1] + ".json");

@@ -1,9 +1,10 @@
 // Measures the unattended round trip of the built editor beside a bare parse and print of the same file:
-//   RoundTrip <tesselor> [nodes ...] [--repeat=<number>]
+//   RoundTrip <tesselor> [nodes ...] [--repeat=<number>] [--plain]
 // For each size it generates an asset (with the program GenerateAsset beside this one) and runs, each in a process of
 // its own and without a display: the JSON library's parse and print; the editor on an asset of one node, which is
 // what an empty start costs; the editor's load and save. Prints a Markdown table; times are the best of the runs, and
-// the time per field is without the empty start.
+// the time per field is without the empty start. With --plain the assets have no lists, dictionaries and other kinds of
+// fields that only branches have.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -108,15 +109,16 @@ int RunEditor(const std::string& program, const std::filesystem::path& directory
   return 127;
 }
 
-/// The number of fields of the asset that was generated; 0 after a failure.
-unsigned long Generate(const std::filesystem::path& directory, const std::string& nodes) {
+/// The number of fields of the asset that was generated; 0 after a failure. `option` goes to the generator and may be
+/// null.
+unsigned long Generate(const std::filesystem::path& directory, const std::string& nodes, const char* option) {
   const std::filesystem::path generator =
       std::filesystem::read_symlink("/proc/self/exe").parent_path() / "GenerateAsset";
   const std::filesystem::path report = directory / "generated.txt";
   const Cost cost = MeasureChild([&] {
     const int sink = open(report.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     dup2(sink, STDOUT_FILENO);
-    execl(generator.c_str(), generator.c_str(), directory.c_str(), nodes.c_str(), nullptr);
+    execl(generator.c_str(), generator.c_str(), directory.c_str(), nodes.c_str(), option, nullptr);
     return 127;
   });
   std::string line;
@@ -152,12 +154,15 @@ void PrintRow(const std::string& nodes, const std::string& what, const Cost& cos
 
 int main(int argc, char** argv) {
   int repeat = 3;
+  const char* option = nullptr;
   std::string program;
   std::vector<std::string> sizes;
   for (int i = 1; i < argc; ++i) {
     const std::string argument = argv[i];
     if (argument.starts_with("--repeat=")) {
       repeat = std::max(1, std::atoi(argument.c_str() + 9));
+    } else if (argument == "--plain") {
+      option = "--plain";
     } else if (program.empty()) {
       program = std::filesystem::absolute(argument).string();
     } else {
@@ -165,7 +170,7 @@ int main(int argc, char** argv) {
     }
   }
   if (program.empty() || access(program.c_str(), X_OK) != 0) {
-    std::cerr << "Usage: RoundTrip <tesselor> [nodes ...] [--repeat=<number>]\n";
+    std::cerr << "Usage: RoundTrip <tesselor> [nodes ...] [--repeat=<number>] [--plain]\n";
     return 1;
   }
   if (sizes.empty()) sizes = {"1000", "10000", "50000"};
@@ -176,7 +181,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   const std::filesystem::path directory = pattern;
-  bool allSucceeded = Generate(directory, "1") > 0;
+  bool allSucceeded = Generate(directory, "1", option) > 0;
   const auto editor = [&](const std::string& nodes) {
     return BestOf(repeat, [&] {
       const std::string output = "saved-" + nodes + ".json";
@@ -195,7 +200,7 @@ int main(int argc, char** argv) {
   PrintRow("1", "editor: start, load and save one node", start, {});
   allSucceeded = allSucceeded && start.succeeded;
   for (const std::string& nodes : sizes) {
-    const unsigned long fields = Generate(directory, nodes);
+    const unsigned long fields = Generate(directory, nodes, option);
     if (fields == 0) {
       std::cerr << "Cannot generate an asset of " << nodes << " nodes.\n";
       allSucceeded = false;
