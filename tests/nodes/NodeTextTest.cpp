@@ -102,4 +102,40 @@ TEST_F(NodeTexts, AreWrittenWhileTheirBoxStillHasTheFocus) {
   EXPECT_EQ(group.Title().substr(0, 3), "Act");
 }
 
+TEST_F(NodeTexts, AreOneUndoStepPerEditOnEveryKindOfNode) {
+  ActionHistory& history = ActionHistory::Instance();
+  AddSchema("{'id':'Ref','title':'Ref','color':'red','isreference':true,'filerefkey':'K','filerefvalue':'Id',"
+            "'modifykey':'V'}");
+  for (const char* type : {"Plain", "Ref"}) {
+    ContentNode& node = Add(type);
+    Press(*node.FindName<Toolkit::Button>("CommentToggleButton"));
+    Press(*node.FindName("CommentBlock"), 2);
+    Toolkit::TextBox* box = FindTextBox(*node.FindName("CommentBlock"));
+    Press(*box);
+    box->SelectAll();
+    input.TextInput("typed");
+    input.SetFocus(nullptr);
+    EXPECT_EQ(history.Size(), 1u) << type;
+    history.UndoLast();
+    EXPECT_EQ(Written(node), "") << type;
+    history.RedoLast();
+    EXPECT_EQ(Written(node), "typed") << type;
+    history.Clear();
+  }
+  for (FrameNode* frame :
+       std::initializer_list<FrameNode*>{&view.AddGroupNode(1200, 300), &view.AddCommentNode(0, 0)}) {
+    frame->SetDataContext(frame);
+    view.Layout();
+    const std::string before(frame->Title());
+    frame->BeginTitleEdit();
+    input.TextInput("typed");
+    input.SetFocus(nullptr);
+    EXPECT_EQ(history.Size(), 1u) << before;
+    EXPECT_NE(frame->Title(), before);
+    history.UndoLast();
+    EXPECT_EQ(frame->Title(), before);
+    history.Clear();
+  }
+}
+
 } // namespace Tesselor
