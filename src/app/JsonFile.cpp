@@ -33,6 +33,42 @@ std::string DetailFrom(std::string_view text) {
   return detail;
 }
 
+constexpr std::string_view nullEscape = "\\u0000";
+/// How a zero character stands in the strings of a tree.
+constexpr std::string_view keptNull = "\xc0\x80";
+
+/// The text with the zero characters in its strings, written as they are or as escapes, in the form that a tree keeps.
+/// Nothing if there are none.
+std::optional<std::string> KeepNulls(const std::string& text) {
+  if (text.find(nullEscape) == std::string::npos && text.find('\0') == std::string::npos) return std::nullopt;
+  std::string result;
+  result.reserve(text.size());
+  bool isInString = false;
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (isInString && (c == '\0' || text.compare(i, nullEscape.size(), nullEscape) == 0)) {
+      result += keptNull;
+      if (c != '\0') i += nullEscape.size() - 1;
+      continue;
+    }
+    result += c;
+    if (c == '"') isInString = !isInString;
+    // An escaped quote ends no string, and an escaped backslash begins no escape.
+    if (isInString && c == '\\' && i + 1 < text.size()) result += text[++i];
+  }
+  return result;
+}
+
+/// The printed text with escapes for the zero characters that its strings hold.
+std::string WriteNulls(std::string_view text) {
+  std::string result;
+  for (size_t at = text.find(keptNull); at != std::string_view::npos; at = text.find(keptNull)) {
+    result.append(text.substr(0, at)).append(nullEscape);
+    text.remove_prefix(at + keptNull.size());
+  }
+  return result.append(text);
+}
+
 } // namespace
 
 std::optional<std::string> ReadTextFile(const std::string& path) {
@@ -62,10 +98,12 @@ std::optional<std::string> ReadTextFile(const std::string& path) {
   return text;
 }
 
-JsonParseResult ParseJson(const std::string& text) {
+JsonParseResult ParseJson(const std::string& original, JsonTail tail) {
   JsonParseResult result;
+  const std::optional<std::string> kept = KeepNulls(original);
+  const std::string& text = kept ? *kept : original;
   // The terminating zero belongs to the text, or a number at the very end would have no end.
-  result.json.reset(cJSON_ParseWithLengthOpts(text.c_str(), text.size() + 1, nullptr, false));
+  result.json.reset(cJSON_ParseWithLengthOpts(text.c_str(), text.size() + 1, nullptr, tail == JsonTail::Refused));
   if (!result.json) {
     const char* position = cJSON_GetErrorPtr();
     if (position && position >= text.c_str() && position <= text.c_str() + text.size())
@@ -74,12 +112,13 @@ JsonParseResult ParseJson(const std::string& text) {
   return result;
 }
 
-std::string PrintJson(const cJSON* json) {
+std::string PrintJson(const cJSON* json, JsonForm form) {
   struct Free {
     void operator()(char* text) const { cJSON_free(text); }
   };
-  const std::unique_ptr<char, Free> text(cJSON_Print(json));
-  return text ? std::string(text.get()) : std::string();
+  const std::unique_ptr<char, Free> printed(form == JsonForm::Formatted ? cJSON_Print(json)
+                                                                        : cJSON_PrintUnformatted(json));
+  return printed ? WriteNulls(printed.get()) : std::string();
 }
 
 std::optional<std::string> JsonText(const cJSON* item) {

@@ -28,12 +28,24 @@ struct JsonParseResult {
 /// The whole file as bytes; nothing if it can't be opened or read, as for a directory.
 std::optional<std::string> ReadTextFile(const std::string& path);
 
-/// Parses a text. What follows the first value is ignored. Nesting deeper than the parser's limit (1000) is an error,
-/// so a hostile file can't exhaust the stack.
-JsonParseResult ParseJson(const std::string& text);
+/// What to do about text behind the first value.
+enum class JsonTail { Ignored, Refused };
 
-/// The formatted form that all files have: tabs, no line end behind the last brace. Empty if memory runs out.
-std::string PrintJson(const cJSON* json);
+/// Parses a text. Nesting deeper than the parser's limit (1000) is an error, so a hostile file can't exhaust the stack.
+///
+/// The tree's strings end at a zero byte, so a zero character inside a JSON string stands there as the two bytes C0 80,
+/// which are no UTF-8 and can't mean anything else. `PrintJson` writes them as the escape of the zero character again.
+JsonParseResult ParseJson(const std::string& text, JsonTail tail = JsonTail::Ignored);
+
+enum class JsonForm {
+  /// What all files have: tabs, no line end behind the last brace.
+  Formatted,
+  /// Without any space.
+  Compact,
+};
+
+/// Empty if memory runs out.
+std::string PrintJson(const cJSON* json, JsonForm form = JsonForm::Formatted);
 
 /// The text of a JSON string; nothing for null and for items of other types.
 std::optional<std::string> JsonText(const cJSON* item);

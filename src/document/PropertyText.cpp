@@ -44,15 +44,14 @@ std::string PropertyText(const cJSON* value) {
   if (cJSON_IsString(value)) return value->valuestring;
   if (cJSON_IsNumber(value)) return NumberText(value);
   if (cJSON_IsBool(value)) return cJSON_IsTrue(value) ? "true" : "false";
-  const std::unique_ptr<char, decltype(&cJSON_free)> printed(cJSON_PrintUnformatted(value), &cJSON_free);
-  return printed ? printed.get() : "";
+  return PrintJson(value, JsonForm::Compact);
 }
 
 JsonPtr ValueOfPropertyText(const std::string& text) {
   // The parser also skips a byte order mark, which would be lost.
   const bool hasMark = !text.empty() && static_cast<unsigned char>(text.front()) == 0xef;
   if (!hasMark && !IsMalformedNumber(text))
-    if (JsonPtr value{cJSON_ParseWithLengthOpts(text.c_str(), text.size() + 1, nullptr, true)}) return value;
+    if (JsonParseResult parsed = ParseJson(text, JsonTail::Refused)) return std::move(parsed.json);
   return JsonPtr(cJSON_CreateString(text.c_str()));
 }
 

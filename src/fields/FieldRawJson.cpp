@@ -1,11 +1,8 @@
 #include "fields/FieldRawJson.h"
 
+#include "app/JsonFile.h"
 #include "fields/FieldErrorBox.h"
 #include "fields/FieldOptions.h"
-
-#include <cjson/cJSON.h>
-#include <cstring>
-#include <memory>
 
 namespace Tesselor {
 
@@ -15,9 +12,7 @@ namespace {
 bool IsCompleteJson(const char* text) {
   // The parser skips a byte order mark at the very start only.
   if (static_cast<unsigned char>(text[0]) == 0xef) return false;
-  cJSON* json = cJSON_ParseWithLengthOpts(text, std::strlen(text) + 1, nullptr, true);
-  cJSON_Delete(json);
-  return json != nullptr;
+  return static_cast<bool>(ParseJson(text, JsonTail::Refused));
 }
 
 } // namespace
@@ -54,9 +49,9 @@ const Toolkit::SharedString& FieldRawJson::TextToSave() {
 void FieldRawJson::Deserialize(const cJSON* object, const std::string& key) {
   const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
   if (!item) return;
-  const std::unique_ptr<char, decltype(&cJSON_free)> printed(cJSON_Print(item), &cJSON_free);
-  if (!printed) return;
-  lastValidText = Toolkit::SharedString(printed.get());
+  const std::string printed = PrintJson(item);
+  if (printed.empty()) return;
+  lastValidText = Toolkit::SharedString(printed);
   fieldTextData->SetValue(lastValidText);
   hasLoadedValue = true;
 }

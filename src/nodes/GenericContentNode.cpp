@@ -31,7 +31,7 @@ void GenericContentNode::SerializeWithId(cJSON* json, bool, bool writeLayout) {
   FieldRawJson* field = RawField();
   if (!field) return;
   const Toolkit::SharedString text = field->TextToSave();
-  const JsonPtr parsed(cJSON_ParseWithLengthOpts(text.CString(), text.Length() + 1, nullptr, false));
+  const JsonPtr parsed = ParseJson(text.ToString()).json;
   if (!parsed) return;
   for (cJSON* member = parsed->child; member;) {
     cJSON* next = member->next;

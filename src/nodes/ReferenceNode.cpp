@@ -1,6 +1,7 @@
 #include "nodes/ReferenceNode.h"
 
 #include "app/FileDialogs.h"
+#include "app/JsonFile.h"
 #include "app/LogFile.h"
 #include "fields/FieldFactory.h"
 #include "fields/FieldSmallText.h"
@@ -137,7 +138,7 @@ void ReferenceNode::Serialize(cJSON* json, bool writeNodeId, bool saveAllFields)
   for (const auto& [name, field] : contentFields) {
     const auto kept = keptValues.find(name);
     if (kept != keptValues.end() && field->GetValueAsString() == kept->second.shownText)
-      cJSON_AddItemToObject(values, name.c_str(), cJSON_Parse(kept->second.json.c_str()));
+      cJSON_AddItemToObject(values, name.c_str(), ParseJson(kept->second.json).json.release());
     else if (saveAllFields || field->ShouldSerialize())
       field->Serialize(values, name);
   }

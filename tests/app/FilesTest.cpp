@@ -24,6 +24,21 @@ size_t CountEntries(const fs::path& directory) {
   return static_cast<size_t>(std::distance(fs::directory_iterator(directory), fs::directory_iterator()));
 }
 
+TEST(JsonFile, KeepsZeroCharactersInStrings) {
+  const struct {
+    std::string text;
+    std::string printed;
+  } cases[] = {
+      {R"({"a\u0000b":"\u0000\u0000c"})", R"({"a\u0000b":"\u0000\u0000c"})"},
+      {std::string("[\"a\0b\"]", 7), R"(["a\u0000b"])"},
+      {R"(["\\u0000","\\\u0000","\"\u0000","\u00001"])", R"(["\\u0000","\\\u0000","\"\u0000","\u00001"])"},
+      {std::string("[1,\0\"a\"]", 8), R"([1,"a"])"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(Tesselor::PrintJson(Tesselor::ParseJson(c.text).json.get(), Tesselor::JsonForm::Compact), c.printed)
+        << c.text;
+}
+
 TEST(AtomicFile, ReplacesAFileAndKeepsItsMode) {
   TemporaryDirectory directory;
   const std::string path = directory.Write("asset.json", "a much longer old text");
