@@ -7,46 +7,10 @@ set -euo pipefail
 program=$(realpath "$1")
 data=$(realpath "$2")
 
-scratch=$(mktemp -d)
-started=()
-finish() {
-  local result=$?
-  for process in "${started[@]}"; do kill "$process" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  [ $result -eq 0 ] || tail -n 5 "$scratch/errors.txt" >&2 2>/dev/null || true
-  rm -rf "$scratch"
-}
-trap finish EXIT
-fail() {
-  echo "FAILED: $*" >&2
-  exit 1
-}
-# Runs a command again and again until it succeeds. The limit only ends a run that hangs: it is generous, because a build
-# server may be busy, and nothing waits for it otherwise.
-limit=60
-await() {
-  local end=$((SECONDS + limit))
-  until "$@" >/dev/null 2>&1; do
-    [ $SECONDS -lt $end ] || return 1
-    sleep 0.05
-  done
-}
+. "$(dirname "${BASH_SOURCE[0]}")/session.sh"
 
-# Nothing of the user's desktop may take part: no settings, no portal, no accessibility bus, no other display.
-export HOME=$scratch/home XDG_RUNTIME_DIR=$scratch/runtime GTK_USE_PORTAL=0 NO_AT_BRIDGE=1
-export SDL_VIDEODRIVER=x11
-unset WAYLAND_DISPLAY XDG_CONFIG_HOME XDG_DATA_HOME DBUS_SESSION_BUS_ADDRESS
-mkdir -p -m 700 "$HOME" "$XDG_RUNTIME_DIR" "$scratch/Workspaces/Test" "$scratch/files"
-# The dialog starts with its place for a path, so that no key is needed to get there.
-export GSETTINGS_BACKEND=keyfile
-mkdir -p "$HOME/.config/glib-2.0/settings"
-cat >"$HOME/.config/glib-2.0/settings/keyfile" <<'END'
-[org/gtk/settings/file-chooser]
-location-mode='filename-entry'
-startup-mode='cwd'
-END
-ln -s "$data/Assets" "$scratch/Assets"
-cd "$scratch"
+ln -s "$data/Assets" .
+mkdir -p Workspaces/Test files
 cat >Workspaces/Test/_Workspace.json <<'END'
 {"WorkspaceName": "Test", "Roots": {"Test": {"RootNodeType": "Node", "MenuName": "Test"}}}
 END
@@ -57,21 +21,9 @@ END
 echo '{"File": "former-id", "$File_FileName": "former", "$WorkspaceID": "Test"}' >asset.json
 echo '{"Id": "chosen-id"}' >files/chosen.one.json
 
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>display.txt 2>/dev/null &
-started+=($!)
-await grep -q . display.txt || fail "the X server does not start"
-DISPLAY=:$(cat display.txt)
-export DISPLAY
-
-"$program" --load-asset=asset.json >/dev/null 2>errors.txt &
-editor=$!
-started+=("$editor")
+OpenEditor "$program" asset.json
 Dialog() { xdotool search --onlyvisible --name '^Open File$'; }
 NoDialog() { ! Dialog; }
-EditorWindow() { xdotool search --onlyvisible --name 'Node Editor'; }
-await EditorWindow || fail "the window does not open"
-window=$(EditorWindow)
-await grep -rqs "Successfully imported" NodeEditorLogs || fail "the asset was not loaded"
 
 IsSaved() { [ -s asset.json ]; }
 DialogOrSaved() { Dialog || IsSaved || ! kill -0 "$editor"; }

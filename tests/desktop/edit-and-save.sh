@@ -18,10 +18,12 @@ Shows() { [ "$(Picture)" = "$1" ]; }
 Differs() { [ "$(Picture)" != "$1" ]; }
 # The number of a picture that stays for a while.
 RestingPicture() {
-  local former= now
-  until now=$(Picture) && [ "$now" = "$former" ]; do
+  local former= now same=0
+  while [ $same -lt 3 ]; do
+    now=$(Picture)
+    if [ "$now" = "$former" ]; then same=$((same + 1)); else same=0; fi
     former=$now
-    sleep 0.3
+    sleep 0.2
   done
   echo "$now"
 }
@@ -33,37 +35,44 @@ Drag() { # FROM_X FROM_Y TO_X TO_Y, with the right button; the mouse rests where
 
 Geometry
 xdotool mousemove --window "$window" 100 200
+# The list of hotkeys comes and goes: from then on the window is loaded, drawn and hears keys.
+plain=$(RestingPicture)
+xdotool key h
+await Differs "$plain" || fail "H shows nothing"
+hotkeys=$(RestingPicture)
+xdotool key h
+await Differs "$hotkeys" || fail "H does not take the hotkeys away"
 whole=$(RestingPicture)
 
 Drag 100 200 260 320
-await 20 Differs "$whole" || fail "dragging with the right button does not pan"
+await Differs "$whole" || fail "dragging with the right button does not pan"
 panned=$(RestingPicture)
 Drag 260 320 100 200
-await 20 Shows "$whole" || fail "panning back does not show what was there before"
+await Shows "$whole" || fail "panning back does not show what was there before"
 
 xdotool click 5 click 5
-await 20 Differs "$whole" || fail "the wheel does not zoom"
+await Differs "$whole" || fail "the wheel does not zoom"
 zoomed=$(RestingPicture)
 [ "$zoomed" != "$panned" ] || fail "zooming shows what panning showed"
 xdotool click 4
-await 20 Differs "$zoomed" || fail "the wheel does not zoom in"
+await Differs "$zoomed" || fail "the wheel does not zoom in"
 whole=$(RestingPicture)
 
 xdotool windowsize "$window" 1 1
 Tiny() { Geometry && [ "$WIDTH" -lt 200 ]; }
-if await 5 Tiny; then
+if limit=5 await Tiny; then
   sleep 0.3
   kill -0 "$editor" || fail "a tiny window ends the editor"
 fi
 xdotool windowsize --sync "$window" 1280 800 mousemove --window "$window" 100 200
-await 20 Shows "$whole" || fail "a window that was tiny does not show what was there before"
+await Shows "$whole" || fail "a window that was tiny does not show what was there before"
 
 # From the canvas Tab leads through the header of the root node to its first fields.
 xdotool mousemove --window "$window" 100 200 click 1 key Tab Tab Tab Tab Tab Tab ctrl+a
 xdotool type --delay 20 'Typed "by" hand'
 xdotool key ctrl+s
 Saved() { grep -q 'Typed \\"by\\" hand' quest.json; }
-await 20 Saved || fail "what was typed is not in the file"
+await Saved || fail "what was typed is not in the file"
 # The words of both files side by side: what was typed is all that differs.
 Words() { grep -oE '"([^"\\]|\\.)*"|[^", :]+' "$1"; }
 changes=$(diff <(Words "$data/samples/quest.json") <(Words quest.json) | grep -c '^>' || true)
