@@ -2,7 +2,8 @@
 // memory, puts the nodes into rows, then pans, zooms, moves the mouse and types, and prints the median and the slowest
 // frame of each, in milliseconds of wall time.
 //
-//   Frames ASSET [THREADS]      1920x1080; the asset's workspace is found as the editor finds it
+//   Frames ASSET [THREADS [ZOOM]]   1920x1080; the asset's workspace is found as the editor finds it; with a zoom, only
+//                                   the scene of that zoom is measured, ten times as long
 
 #include "app/AppLauncher.h"
 #include "app/CommandLineOptions.h"
@@ -55,7 +56,8 @@ template <class T> T* FindFirst(Toolkit::UIElement& element, const std::function
 /// Plays a script: each time the program waits for input it gets the next piece of it.
 class ScriptedDisplay : public Toolkit::Display {
 public:
-  explicit ScriptedDisplay(int threads) : rasterizer(threads), pixels(static_cast<size_t>(Width * Height)) {}
+  ScriptedDisplay(int threads, float onlyZoom)
+      : rasterizer(threads), pixels(static_cast<size_t>(Width * Height)), onlyZoom(onlyZoom) {}
 
   bool Open(Toolkit::UIElement& window, Toolkit::InputState& state, const std::string&, std::string&) override {
     root = &window;
@@ -106,18 +108,26 @@ private:
                   {"pan among 5,000 nodes at zoom 0.05", 0.05f, 5000},
                   {"pan with all in view", 0, 0}};
     for (const auto& scene : scenes) {
+      if (onlyZoom >= 0 && onlyZoom != scene.zoom) continue;
       Add([this, scene] {
         Report();
-        PutInRows(scene.zoom, scene.nodes);
+        // The wheel's steps reach a zoom near the one wanted.
+        float reached = 1;
+        while (reached > scene.zoom * 1.0001f && scene.zoom > 0) reached *= 0.9f;
+        PutInRows(reached, scene.nodes);
         ZoomTo(scene.zoom);
       });
-      Measure(scene.name, 60, [this](int i) {
+      Measure(scene.name, onlyZoom >= 0 ? 600 : 60, [this](int i) {
         const Point at{Middle.x + static_cast<float>(i % 20 * 7), Middle.y + static_cast<float>(i % 10 * 5)};
         canvas->SetTranslationClamped(start.x + at.x - Middle.x, start.y + at.y - Middle.y);
       });
       Measure("mouse move", 60, [this](int i) {
         input->MouseMove({300 + static_cast<float>(i * 20), 200 + static_cast<float>(i * 10)});
       });
+    }
+    if (onlyZoom >= 0) {
+      Add([this] { Report(); });
+      return true;
     }
     Add([this] {
       Report();
@@ -187,8 +197,8 @@ private:
     return count;
   }
 
-  /// Puts the nodes into rows in the proportions of the view: so that `inView` of them take its area at that zoom, but
-  /// never over each other.
+  /// Puts the nodes into rows in the proportions of the view: so that `inView` of them take its area at that zoom, over
+  /// each other where they are larger; or a little apart, if that is 0.
   void PutInRows(float zoom, float inView) {
     constexpr float Gap = 30;
     std::vector<Tesselor::ContentNode*> nodes;
@@ -203,8 +213,8 @@ private:
     }
     if (inView > 0) {
       const float spread = std::sqrt(static_cast<float>(Width) * Height / inView / width / height) / zoom;
-      width *= std::max(1.0f, spread);
-      height *= std::max(1.0f, spread);
+      width *= spread;
+      height *= spread;
     }
     const float count = static_cast<float>(nodes.size());
     const auto columns = static_cast<size_t>(std::ceil(std::sqrt(count * height / width * Width / Height)));
@@ -237,6 +247,8 @@ private:
   Toolkit::Size extent;
   Toolkit::TileRasterizer rasterizer;
   std::vector<Toolkit::Pixel> pixels;
+  /// Negative for all scenes.
+  float onlyZoom;
   Toolkit::UIElement* root = nullptr;
   Toolkit::InputState* input = nullptr;
   Tesselor::NodeEditorCanvas* canvas = nullptr;
@@ -252,20 +264,23 @@ private:
 
 class ScriptedLauncher : public Tesselor::AppLauncher {
 public:
-  explicit ScriptedLauncher(int threads) : threads(threads) {}
+  ScriptedLauncher(int threads, float onlyZoom) : threads(threads), onlyZoom(onlyZoom) {}
 
 protected:
-  std::unique_ptr<Toolkit::Display> CreateDisplay() override { return std::make_unique<ScriptedDisplay>(threads); }
+  std::unique_ptr<Toolkit::Display> CreateDisplay() override {
+    return std::make_unique<ScriptedDisplay>(threads, onlyZoom);
+  }
 
 private:
   int threads;
+  float onlyZoom;
 };
 
 } // namespace
 
 int main(int argc, char** argv) {
   if (argc < 2) {
-    std::fputs("usage: Frames ASSET [THREADS]\n", stderr);
+    std::fputs("usage: Frames ASSET [THREADS [ZOOM]]\n", stderr);
     return 2;
   }
   Tesselor::LogFile::Open("");
@@ -273,7 +288,7 @@ int main(int argc, char** argv) {
   Tesselor::AssetFileIndex& index = Tesselor::AssetFileIndex::Instance();
   index.assetToLoad = argv[1];
   index.BuildAsync(argv[1]);
-  ScriptedLauncher launcher(argc > 2 ? std::atoi(argv[2]) : 0);
+  ScriptedLauncher launcher(argc > 2 ? std::atoi(argv[2]) : 0, argc > 3 ? static_cast<float>(std::atof(argv[3])) : -1);
   launcher.SetApplicationFile("App.xaml");
   return launcher.Run();
 }

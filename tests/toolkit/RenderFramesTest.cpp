@@ -98,10 +98,30 @@ TEST(RenderText, SimplifiesWhatCannotBeRead) {
     return static_cast<double>(sum) / (scale * scale);
   };
   const double full = ink(1);
-  EXPECT_NEAR(ink(0.22f), ink(0.15f), 0.2 * full) << "glyphs above and the bar below leave about as much";
+  EXPECT_NEAR(ink(0.31f), ink(0.28f), 0.2 * full) << "glyphs above and the bar below leave about as much";
   EXPECT_GT(ink(0.15f), 0.4 * full);
   EXPECT_LT(ink(0.15f), 1.6 * full);
   EXPECT_EQ(ink(0.05f), 0);
+}
+
+TEST(RenderText, PutsTheBarsOfLinesWhereTheLinesAre) {
+  const auto layout = TextCache::Instance().Layout("one\ntwo\nthree\nfour", {20});
+  // The rows between the first and the last that show any of the text, at 16 pixels an em and at 2.
+  const auto extent = [&](float scale) {
+    const Picture picture = Draw(40, 120, [&](Painter& p) {
+      p.PushTransform(Matrix::Scale(scale, scale));
+      p.DrawText(layout, {}, Solid(0xff0000).Get());
+      p.Pop();
+    });
+    int first = picture.height, last = 0;
+    for (int y = 0; y < picture.height; ++y)
+      for (int x = 0; x < picture.width; ++x)
+        if (picture.At(x, y) != picture.At(39, 119)) first = std::min(first, y), last = y + 1;
+    return std::pair(static_cast<float>(first) / scale, static_cast<float>(last) / scale);
+  };
+  const auto letters = extent(0.8f), bars = extent(0.1f);
+  EXPECT_NEAR(letters.first, bars.first, 15);
+  EXPECT_NEAR(letters.second, bars.second, 15);
 }
 
 TEST(RenderText, KeepsTheAtlasWithinItsLimit) {

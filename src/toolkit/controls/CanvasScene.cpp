@@ -106,7 +106,11 @@ const std::vector<uint32_t>& CanvasScene::Find(const Rect& area, const std::vect
   index.Find(area, found);
   std::erase_if(found, [&](uint32_t id) { return !Touch(items[id].box, area); });
   found.insert(found.end(), transformed.begin(), transformed.end());
-  std::sort(found.begin(), found.end(), [&](uint32_t a, uint32_t b) { return items[a].order < items[b].order; });
+  // Sorted by numbers that hold the order and the item, so that the items themselves are not fetched again and again.
+  orders.clear();
+  for (const uint32_t id : found) orders.push_back(static_cast<uint64_t>(items[id].order) << 32 | id);
+  std::sort(orders.begin(), orders.end());
+  for (size_t i = 0; i < found.size(); ++i) found[i] = static_cast<uint32_t>(orders[i]);
   return found;
 }
 

@@ -61,6 +61,7 @@ private:
   /// Those with a transform of their own.
   std::vector<uint32_t> transformed;
   std::vector<uint32_t> found;
+  std::vector<uint64_t> orders;
   bool isOrderStale = true;
   /// In this frame: how many more may be recorded because of the zoom alone, and whether that was too few.
   int refinements = 0;

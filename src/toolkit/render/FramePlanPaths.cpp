@@ -13,11 +13,11 @@ namespace {
 /// Coordinates are held within this many pixels, so that no sum of them overflows.
 constexpr float FarAway = 1e7f;
 /// Text smaller than this in pixels becomes a bar, and below the second figure nothing.
-constexpr float LeastReadable = 2.5f;
+constexpr float LeastReadable = 3.6f;
 constexpr float LeastBar = 1.0f;
 /// How far from a curve its straight pieces may run, and the faint ones of a hair line, in pixels.
 constexpr float Tolerance = 0.1f;
-constexpr float HairlineTolerance = 0.25f;
+constexpr float HairlineTolerance = 0.4f;
 
 Point MapNear(const Matrix& matrix, Point p) {
   const Point q = matrix.Map(p);
@@ -291,7 +291,7 @@ void FramePlan::AddText(const DisplayList& list, const DisplayEntry& entry, cons
 void FramePlan::AddTextBar(const TextLayout& layout, size_t index, Point origin, const Ink& ink, const State& state) {
   if (!state.isUpright || ink.paint != 0) return;
   const LayoutLine& line = layout.Lines()[index];
-  const float size = layout.Style().size, baseline = origin.y + line.y + line.baseline;
+  const float size = layout.Style().size, baseline = origin.y + line.baseline;
   const Rect bar{origin.x + line.x, baseline - size * 0.5f, line.width, size * 0.5f};
   const PixelRect bounds = PixelBounds(bar, state);
   if (bounds.IsEmpty()) return;

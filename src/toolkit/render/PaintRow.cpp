@@ -38,8 +38,8 @@ struct TileSteps {
 
 void MakeTileRow(const PlanPaint& paint, int x, int y, int count, Pixel* row) {
   const TileCells::Cell& cell = *paint.cell;
-  const TileSteps rows{paint.cellY, paint.cellHeight}, columns{paint.cellX, paint.cellWidth};
-  const int line = std::min(y - rows.Start(rows.IndexAt(y)), cell.height - 1);
+  const TileSteps columns{paint.cellX, paint.cellWidth};
+  const int line = CellLineAt(paint, y);
   const Pixel* source = cell.pixels.data() + static_cast<size_t>(line) * static_cast<size_t>(cell.width);
   int index = columns.IndexAt(x), start = columns.Start(index);
   for (int i = 0; i < count;) {
@@ -67,6 +67,11 @@ void MakeImageRow(const PlanPaint& paint, int x, int y, int count, Pixel* row) {
 }
 
 } // namespace
+
+int CellLineAt(const PlanPaint& paint, int y) {
+  const TileSteps rows{paint.cellY, paint.cellHeight};
+  return std::min(y - rows.Start(rows.IndexAt(y)), paint.cell->height - 1);
+}
 
 void MakePaintRow(const PlanPaint& paint, int x, int y, int count, Pixel* row) {
   if (paint.kind == PaintKind::Linear) return MakeGradientRow(paint, x, y, count, row);

@@ -59,7 +59,7 @@ float Length(float value) { return std::isfinite(value) && value > 0 ? value : 0
 constexpr Rect Everywhere{-1e9f, -1e9f, 2e9f, 2e9f};
 /// In pixels: what is smaller both ways, or thinner than this, does not show.
 constexpr float SmallestBox = 1.25f;
-constexpr float SmallestThickness = 1.6f;
+constexpr float SmallestThickness = 2.2f;
 /// A box thinner than this, in units, is a line, which stays visible for longer than a box with something in it.
 constexpr float LineThickness = 8, SmallestLine = 0.3f;
 /// Pixels of an em: of smaller text not even its bar would show.

@@ -86,8 +86,52 @@ void TilePainter::DrawRectangle(const PlanItem& item) {
   const float firstWidth = Overlap(static_cast<float>(first), item.left, item.right);
   const float lastWidth = item.right - static_cast<float>(last);
   const int runLeft = std::max(first + 1, area.left), runRight = std::min(last, area.right);
+  if (!ink.paint && clips.empty()) {
+    const auto put = [](Pixel* pixel, Pixel color) { *pixel = BlendPixel(*pixel, color); };
+    const bool hasFirst = first >= area.left && first < area.right;
+    const bool hasLast = last > first && last >= area.left && last < area.right;
+    const Surface& surface = surfaces.back();
+    int known = -1;
+    Pixel firstColor = 0, runColor = 0, lastColor = 0;
+    for (int y = area.top; y < area.bottom; ++y) {
+      const float height = Overlap(static_cast<float>(y), item.top, item.bottom);
+      // All rows but the uppermost and the lowest are alike.
+      if (const int coverage = ToByte(height); coverage != known) {
+        known = coverage;
+        firstColor = ScalePixel(ink.color, static_cast<uint32_t>(ToByte(firstWidth * height)));
+        runColor = ScalePixel(ink.color, static_cast<uint32_t>(coverage));
+        lastColor = ScalePixel(ink.color, static_cast<uint32_t>(ToByte(lastWidth * height)));
+      }
+      if (hasFirst) put(surface.At(first, y), firstColor);
+      if (runLeft < runRight) {
+        Pixel* run = surface.At(runLeft, y);
+        if (AlphaOf(runColor) == 255)
+          std::fill_n(run, runRight - runLeft, runColor);
+        else if (AlphaOf(runColor) != 0)
+          operations.blendColor(run, runRight - runLeft, runColor);
+      }
+      if (hasLast) put(surface.At(last, y), lastColor);
+    }
+    return;
+  }
+  // Of a pattern of small tiles many rows are alike: one is made, and the others are copies of it.
+  const bool mayRepeat = ink.paint && ink.paint->cell && ink.paint->isOpaque && clips.empty() && runLeft < runRight &&
+                         ink.paint->cell->height < TileHeight;
+  std::array<int, TileHeight> rowOfLine;
+  if (mayRepeat) rowOfLine.fill(-1);
   for (int y = area.top; y < area.bottom; ++y) {
     const float height = Overlap(static_cast<float>(y), item.top, item.bottom);
+    if (mayRepeat && height == 1) {
+      int& former = rowOfLine[static_cast<size_t>(CellLineAt(*ink.paint, y))];
+      if (former < 0) {
+        former = y;
+      } else if (first < area.left && last >= area.right) {
+        const Surface& surface = surfaces.back();
+        std::memcpy(surface.At(runLeft, y), surface.At(runLeft, former),
+                    static_cast<size_t>(runRight - runLeft) * sizeof(Pixel));
+        continue;
+      }
+    }
     if (first >= area.left && first < area.right) PaintRun(y, first, first + 1, ToByte(firstWidth * height));
     if (runLeft < runRight) PaintRun(y, runLeft, runRight, ToByte(height));
     if (last > first && last >= area.left && last < area.right) PaintRun(y, last, last + 1, ToByte(lastWidth * height));
