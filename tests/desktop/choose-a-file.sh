@@ -7,7 +7,7 @@ set -euo pipefail
 program=$(realpath "$1")
 data=$(realpath "$2")
 
-. "$(dirname "${BASH_SOURCE[0]}")/session.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/desktop.sh"
 
 ln -s "$data/Assets" .
 mkdir -p Workspaces/Test files

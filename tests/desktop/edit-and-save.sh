@@ -6,7 +6,7 @@
 set -euo pipefail
 program=$(realpath "$1")
 data=$(realpath "$2")
-. "$(dirname "${BASH_SOURCE[0]}")/session.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/desktop.sh"
 
 ln -s "$data/Assets" "$data/Workspaces" .
 cp "$data/samples/quest.json" quest.json
