@@ -105,6 +105,7 @@ TEST(RenderText, SimplifiesWhatCannotBeRead) {
 }
 
 TEST(RenderText, PutsTheBarsOfLinesWhereTheLinesAre) {
+  Everything();
   const auto layout = TextCache::Instance().Layout("one\ntwo\nthree\nfour", {20});
   // The rows between the first and the last that show any of the text, at 16 pixels an em and at 2.
   const auto extent = [&](float scale) {
