@@ -2,6 +2,7 @@
 #include "toolkit/MarkupTestSupport.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/render/FrameRecorder.h"
+#include "toolkit/text/TextCache.h"
 #include "toolkit/visual/Clipboard.h"
 
 #include <map>
@@ -287,6 +288,18 @@ TEST_F(TextBoxTest, KeepsTheCaretInSight) {
   EXPECT_FALSE(input->MouseWheel(middle, 1));
   input->SetFocus(nullptr);
   EXPECT_FALSE(input->MouseWheel(middle, -1));
+}
+
+TEST_F(TextBoxTest, LaysOutNoTextThatIsOnlySet) {
+  Show("", "|");
+  const auto notes =
+      Make<TextBox>("TextBox", " AcceptsReturn=\"True\" Height=\"40\" VerticalScrollBarVisibility=\"Auto\"/>");
+  root->AddChild(notes.Get());
+  Settle();
+  const size_t before = TextCache::Instance().LayoutStatistics().misses;
+  // As a file does that is loaded: nobody sees these texts.
+  for (int i = 0; i < 3; ++i) notes->SetText("a text that nobody has seen yet " + std::to_string(i));
+  EXPECT_EQ(TextCache::Instance().LayoutStatistics().misses, before);
 }
 
 TEST_F(TextBoxTest, ScrollsByItsBar) {

@@ -306,7 +306,9 @@ void TextBox::OnRoutedEvent(const RoutedEventArgs& args) {
   } else if (args.event == &PreviewMouseRightButtonDownEvent || args.event == &MouseRightButtonDownEvent ||
              args.event == &MouseRightButtonUpEvent) {
     OnRightButton(args);
-  } else {
+  } else if (args.event == &MouseLeftButtonDownEvent || args.event == &MouseMoveEvent ||
+             args.event == &MouseLeftButtonUpEvent || args.event == &MouseWheelEvent ||
+             args.event == &MouseLeaveEvent) {
     OnMouse(args, *input);
   }
 }
