@@ -44,6 +44,14 @@ protected:
     std::istringstream words(script);
     for (std::string word; words >> word;) Type(keys.at(word));
   }
+  static Ptr<ContextMenu> MenuOfOne() {
+    auto menu = MakePtr<ContextMenu>();
+    auto item = MakePtr<MenuItem>();
+    item->SetName("Only");
+    item->SetHeader("Only");
+    menu->AddItem(item.Get());
+    return menu;
+  }
   std::string clicks;
 };
 
@@ -219,11 +227,8 @@ TEST_F(MenuTest, SurvivesAClickThatTakesTheMenuAway) {
 TEST_F(MenuTest, OpensAContextMenuByARightClickOnItsElement) {
   ShowBar("");
   auto& area = Find<FrameworkElement>("Area");
-  auto menu = MakePtr<ContextMenu>();
-  auto item = MakePtr<MenuItem>();
-  item->SetName("Only");
-  item->SetHeader("Only");
-  menu->AddItem(item.Get());
+  const Ptr<ContextMenu> menu = MenuOfOne();
+  auto* item = static_cast<MenuItem*>(menu->ItemAt(0));
   area.SetValue(FrameworkElement::ContextMenuProperty, Value(menu));
   Click({100, 100}, MouseButton::Right);
   ASSERT_TRUE(menu->IsOpen());
@@ -253,11 +258,7 @@ TEST_F(MenuTest, OpensAContextMenuByARightClickOnItsElement) {
 TEST_F(MenuTest, KeepsAMenuThatOpenedByThePressThroughTheRelease) {
   ShowBar("");
   auto& area = Find<FrameworkElement>("Area");
-  auto menu = MakePtr<ContextMenu>();
-  auto item = MakePtr<MenuItem>();
-  item->SetName("Only");
-  item->SetHeader("Only");
-  menu->AddItem(item.Get());
+  const Ptr<ContextMenu> menu = MenuOfOne();
   area.AddHandler(UIElement::PreviewMouseDownEvent, RoutedEventHandler::From([&](Object*, const RoutedEventArgs& args) {
                     args.handled = true;
                     area.SetValue(FrameworkElement::ContextMenuProperty, Value(menu));

@@ -1,3 +1,4 @@
+#include "MemoryClipboard.h"
 #include "toolkit/MarkupTestSupport.h"
 #include "toolkit/application/Window.h"
 #include "toolkit/controls/MenuItem.h"
@@ -6,19 +7,9 @@
 #include "toolkit/controls/PopupLayer.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"
-#include "toolkit/visual/Clipboard.h"
 
 namespace Toolkit {
 namespace {
-
-struct OneClipboard : ClipboardBackend {
-  bool SetText(const std::string& value) override {
-    text = value;
-    return true;
-  }
-  std::optional<std::string> GetText() override { return text; }
-  std::optional<std::string> text;
-};
 
 /// A window with two text boxes, the second of which has a menu of its own.
 class TextBoxMenuTest : public MarkupTest {
@@ -73,7 +64,7 @@ protected:
     return menu && index < menu->ItemCount() ? DynamicCast<MenuItem>(menu->ItemAt(index)) : nullptr;
   }
 
-  OneClipboard clipboard;
+  TestSupport::MemoryClipboard clipboard;
   Ptr<Window> window;
   Ptr<StackPanel> panel;
   TextBox* box = nullptr;

@@ -1,9 +1,9 @@
 #include "toolkit/controls/TextBox.h"
+#include "MemoryClipboard.h"
 #include "toolkit/MarkupTestSupport.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/render/FrameRecorder.h"
 #include "toolkit/text/TextCache.h"
-#include "toolkit/visual/Clipboard.h"
 
 #include <map>
 #include <optional>
@@ -11,15 +11,6 @@
 
 namespace Toolkit {
 namespace {
-
-struct MemoryClipboard : ClipboardBackend {
-  bool SetText(const std::string& value) override {
-    text = value;
-    return true;
-  }
-  std::optional<std::string> GetText() override { return text; }
-  std::optional<std::string> text;
-};
 
 /// One focused text box between two others, driven by words: a text in quotes is typed, "Ctrl+Shift+Left" is pressed,
 /// "copy=..." fills the clipboard, "compose=..." is what an input method shows.
@@ -127,7 +118,7 @@ protected:
   }
 
   double now = 0;
-  MemoryClipboard clipboard;
+  TestSupport::MemoryClipboard clipboard;
   Ptr<StackPanel> root;
   TextBox* box = nullptr;
   std::unique_ptr<InputState> input;

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "toolkit/visual/Clipboard.h"
+
+#include <optional>
+#include <string>
+
+namespace TestSupport {
+
+/// A clipboard that no other program sees.
+struct MemoryClipboard : Toolkit::ClipboardBackend {
+  bool SetText(const std::string& value) override {
+    text = value;
+    return true;
+  }
+  std::optional<std::string> GetText() override { return text; }
+  std::optional<std::string> text;
+};
+
+} // namespace TestSupport
