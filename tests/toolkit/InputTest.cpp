@@ -1,10 +1,9 @@
-#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/InputTestStage.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/CheckBox.h"
 #include "toolkit/controls/ComboBox.h"
 #include "toolkit/controls/HeaderedContentControl.h"
 #include "toolkit/controls/Slider.h"
-#include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/controls/UserControl.h"
 
@@ -14,23 +13,9 @@ namespace Toolkit {
 namespace {
 
 /// A column of controls under a root that takes input.
-class InputTest : public MarkupTest {
+class InputTest : public InputStageTest {
 protected:
-  void Show(const std::string& children) {
-    root = Make<StackPanel>("StackPanel", " x:Name=\"Root\" Background=\"Black\">" + children + "</StackPanel>");
-    ASSERT_TRUE(root);
-    input = std::make_unique<InputState>(*root);
-    root->AttachAsRoot();
-    root->Measure({200, 400});
-    root->Arrange({0, 0, 200, 400});
-    LayoutQueue::Current().Run();
-  }
-  void TearDown() override {
-    if (root) root->DetachAsRoot();
-    input.reset();
-    root.Reset();
-    MarkupTest::TearDown();
-  }
+  void Show(const std::string& children) { ShowColumn(children, {200, 400}); }
   Point MiddleOf(const char* name) {
     const FrameworkElement* element = root->FindName(name);
     return element->TransformToAncestor(nullptr).Map({element->ActualWidth() * 0.5f, element->ActualHeight() * 0.5f});
@@ -41,8 +26,6 @@ protected:
     input->MouseUp(MouseButton::Left, MiddleOf(name));
   }
   template <class T> T& Find(const char* name) { return *root->FindName<T>(name); }
-  Ptr<StackPanel> root;
-  std::unique_ptr<InputState> input;
 };
 
 TEST_F(InputTest, TunnelsBeforeItBubblesAndStopsAtAHandledEvent) {

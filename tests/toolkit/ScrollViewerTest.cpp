@@ -1,7 +1,6 @@
 #include "toolkit/controls/ScrollViewer.h"
-#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/InputTestStage.h"
 #include "toolkit/controls/ButtonBase.h"
-#include "toolkit/controls/StackPanel.h"
 #include "toolkit/render/FrameRecorder.h"
 
 namespace Toolkit {
@@ -10,27 +9,13 @@ namespace {
 constexpr float Bar = ScrollThumb::Width;
 
 /// A viewer of 200 by 100 in the corner of a root that takes input.
-class ScrollViewerTest : public MarkupTest {
+class ScrollViewerTest : public InputStageTest {
 protected:
   void Show(const std::string& attributes, const std::string& content) {
-    if (root) root->DetachAsRoot();
-    input.reset();
-    root = Make<StackPanel>("StackPanel", " Background=\"Black\"><ScrollViewer x:Name=\"V\" Width=\"200\" "
-                                          "Height=\"100\" HorizontalAlignment=\"Left\" " +
-                                              attributes + ">" + content + "</ScrollViewer></StackPanel>");
-    ASSERT_TRUE(root);
+    ShowColumn("<ScrollViewer x:Name=\"V\" Width=\"200\" Height=\"100\" HorizontalAlignment=\"Left\" " + attributes +
+                   ">" + content + "</ScrollViewer>",
+               {400, 400});
     viewer = root->FindName<ScrollViewer>("V");
-    input = std::make_unique<InputState>(*root);
-    root->AttachAsRoot();
-    root->Measure({400, 400});
-    root->Arrange({0, 0, 400, 400});
-    LayoutQueue::Current().Run();
-  }
-  void TearDown() override {
-    if (root) root->DetachAsRoot();
-    input.reset();
-    root.Reset();
-    MarkupTest::TearDown();
   }
   void Drag(Point from, Point to) {
     input->MouseMove(from);
@@ -52,9 +37,7 @@ protected:
   }
   static Point MiddleOf(const Rect& r) { return {r.x + r.width * 0.5f, r.y + r.height * 0.5f}; }
 
-  Ptr<StackPanel> root;
   ScrollViewer* viewer = nullptr;
-  std::unique_ptr<InputState> input;
 };
 
 std::string Block(const char* width, const char* height) {
