@@ -6,12 +6,12 @@
 //                                   the scene of that zoom is measured, ten times as long
 
 #include "app/AppLauncher.h"
-#include "app/CommandLineOptions.h"
-#include "app/ExecutableDirectory.h"
-#include "app/LogFile.h"
 #include "editor/MainView.h"
 #include "editor/NodeEditorCanvas.h"
 #include "nodes/ContentNode.h"
+#include "platform/CommandLineOptions.h"
+#include "platform/ExecutableDirectory.h"
+#include "platform/LogFile.h"
 #include "toolkit/base/Dispatcher.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/render/TileRasterizer.h"

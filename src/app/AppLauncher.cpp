@@ -2,7 +2,7 @@
 
 #include "app/ComponentRegistration.h"
 #include "app/EmbeddedData.h"
-#include "app/TextureRoot.h"
+#include "platform/TextureRoot.h"
 #include "toolkit/application/ImageFiles.h"
 #include "toolkit/markup/GUI.h"
 #include "toolkit/text/FontCollection.h"

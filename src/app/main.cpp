@@ -1,7 +1,7 @@
 #include "app/AppLauncher.h"
-#include "app/CommandLineOptions.h"
-#include "app/ExecutableDirectory.h"
-#include "app/LogFile.h"
+#include "platform/CommandLineOptions.h"
+#include "platform/ExecutableDirectory.h"
+#include "platform/LogFile.h"
 #include "toolkit/base/Diagnostics.h"
 #include "workspace/AssetFileIndex.h"
 

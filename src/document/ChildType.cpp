@@ -1,10 +1,10 @@
 #include "document/ChildType.h"
 
-#include "app/JsonFile.h"
-#include "app/LogFile.h"
 #include "document/NodeEntry.h"
 #include "nodes/ContentNode.h"
 #include "nodes/NodeKeys.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
 #include "toolkit/application/MessageBox.h"
 #include "workspace/Workspace.h"
 

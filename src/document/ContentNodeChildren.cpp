@@ -1,13 +1,13 @@
 // The part of ContentNode that makes child nodes of what stands behind its pins' keys.
 
-#include "app/JsonFile.h"
-#include "app/LogFile.h"
 #include "document/ChildType.h"
 #include "document/NodeEntry.h"
 #include "nodes/DocumentView.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
 #include "workspace/Workspace.h"
 
 namespace Tesselor {

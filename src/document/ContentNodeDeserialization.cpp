@@ -1,13 +1,13 @@
 // The part of ContentNode that reads its own JSON object, member by member.
 
-#include "app/JsonFile.h"
-#include "app/LogFile.h"
 #include "document/DocumentPrint.h"
 #include "document/NodeEntry.h"
 #include "nodes/DocumentView.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
 #include "toolkit/application/MessageBox.h"
 #include "workspace/Workspace.h"
 

@@ -1,13 +1,13 @@
 // The part of ContentNode that turns members which the schema doesn't name into property and parameter nodes, and
 // writes those back.
 
-#include "app/JsonFile.h"
-#include "app/LogFile.h"
 #include "document/NodeChildWriter.h"
 #include "document/PropertyText.h"
 #include "nodes/ContentNode.h"
 #include "nodes/DocumentView.h"
 #include "nodes/NodeKeys.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
 #include "workspace/Workspace.h"
 
 namespace Tesselor {

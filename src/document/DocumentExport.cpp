@@ -1,12 +1,12 @@
 #include "document/DocumentExport.h"
 
-#include "app/Uuid.h"
 #include "document/NodeChildWriter.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/GroupNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
+#include "platform/Uuid.h"
 
 #include <algorithm>
 

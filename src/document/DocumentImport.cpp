@@ -1,7 +1,5 @@
 #include "document/DocumentImport.h"
 
-#include "app/JsonFile.h"
-#include "app/LogFile.h"
 #include "document/DocumentPrint.h"
 #include "document/UnplacedNodes.h"
 #include "nodes/CommentNode.h"
@@ -10,6 +8,8 @@
 #include "nodes/GroupNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/Canvas.h"
 #include "workspace/Workspace.h"

@@ -1,9 +1,9 @@
 #include "document/LinkImport.h"
 
-#include "app/JsonFile.h"
 #include "nodes/ContentNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
+#include "platform/JsonFile.h"
 #include "workspace/Workspace.h"
 
 #include <algorithm>

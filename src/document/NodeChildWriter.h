@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/JsonFile.h"
+#include "platform/JsonFile.h"
 
 #include <vector>
 

@@ -1,12 +1,12 @@
 // The writing side of NodeImporterExporter.
 
-#include "app/AtomicFile.h"
-#include "app/LogFile.h"
 #include "document/DocumentExport.h"
 #include "document/NodeImporterExporter.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
+#include "platform/AtomicFile.h"
+#include "platform/LogFile.h"
 #include "toolkit/application/MessageBox.h"
 
 namespace Tesselor {

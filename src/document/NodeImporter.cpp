@@ -1,11 +1,11 @@
 // The reading side of NodeImporterExporter.
 
-#include "app/JsonFile.h"
-#include "app/LogFile.h"
 #include "document/DocumentImport.h"
 #include "document/NodeImporterExporter.h"
 #include "nodes/DocumentView.h"
 #include "nodes/NodeKeys.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
 #include "toolkit/application/MessageBox.h"
 #include "workspace/Workspace.h"
 

@@ -1,13 +1,13 @@
 #include "editor/EditorRegistration.h"
 
-#include "editor/Connection.h"
-#include "editor/ConnectionPath.h"
 #include "editor/CreateNodeButton.h"
 #include "editor/NodeCategoryHeader.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/PanelBaseField.h"
+#include "graph/Connection.h"
+#include "graph/ConnectionPath.h"
 
 namespace Tesselor {
 

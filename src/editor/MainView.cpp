@@ -1,7 +1,5 @@
 #include "editor/MainView.h"
 
-#include "actions/ActionHistory.h"
-#include "app/LogFile.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -9,9 +7,11 @@
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
 #include "nodes/NodePinControl.h"
+#include "platform/LogFile.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/markup/GUI.h"
+#include "values/ActionHistory.h"
 #include "workspace/RootType.h"
 
 #include <cstring>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editor/ConnectionManager.h"
 #include "editor/WorkspaceItemData.h"
+#include "graph/ConnectionManager.h"
 #include "nodes/DocumentView.h"
 #include "nodes/NodeIdIndex.h"
 #include "toolkit/application/Window.h"

@@ -1,7 +1,6 @@
 #include "editor/MainView.h"
 
-#include "actions/ActionHistory.h"
-#include "actions/SetRootNodeActionCommand.h"
+#include "commands/SetRootNodeActionCommand.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -17,6 +16,7 @@
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/visual/Input.h"
+#include "values/ActionHistory.h"
 #include "workspace/AssetFileIndex.h"
 #include "workspace/RootType.h"
 

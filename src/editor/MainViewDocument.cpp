@@ -1,15 +1,15 @@
 #include "editor/MainView.h"
 
-#include "actions/ActionHistory.h"
-#include "editor/Connection.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodeSearchPanel.h"
-#include "editor/TreeLayout.h"
+#include "graph/Connection.h"
+#include "graph/TreeLayout.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
 #include "nodes/NodePinControl.h"
 #include "toolkit/controls/Canvas.h"
+#include "values/ActionHistory.h"
 #include "workspace/RootType.h"
 
 #include <unordered_set>

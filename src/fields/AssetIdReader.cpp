@@ -1,8 +1,8 @@
 #include "fields/AssetIdReader.h"
 
-#include "app/JsonFile.h"
-#include "app/LogFile.h"
 #include "fields/FieldErrorBox.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
 
 namespace Tesselor {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fields/BaseField.h"
-#include "fields/FieldCheckboxData.h"
+#include "values/FieldCheckboxData.h"
 
 namespace Tesselor {
 

@@ -1,9 +1,9 @@
 #include "fields/FieldDictionary.h"
 
-#include "actions/ActionHistory.h"
 #include "fields/EventAttribute.h"
 #include "fields/FieldDictionaryActionCommand.h"
 #include "fields/FieldOptions.h"
+#include "values/ActionHistory.h"
 
 #include <algorithm>
 #include <cjson/cJSON.h>

@@ -1,8 +1,8 @@
 #include "fields/FieldEnum.h"
 
-#include "app/LogFile.h"
 #include "fields/FieldErrorBox.h"
 #include "fields/FieldOptions.h"
+#include "platform/LogFile.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/ComboBox.h"
 

@@ -1,12 +1,12 @@
 #include "fields/FieldFilePath.h"
 
-#include "actions/ActionHistory.h"
-#include "app/FileDialogs.h"
 #include "fields/AssetIdReader.h"
 #include "fields/EventAttribute.h"
 #include "fields/FieldFilePathActionCommand.h"
 #include "fields/FieldOptions.h"
+#include "platform/FileDialogs.h"
 #include "toolkit/controls/ButtonBase.h"
+#include "values/ActionHistory.h"
 
 #include <cjson/cJSON.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fields/BaseField.h"
-#include "fields/FieldIntData.h"
+#include "values/FieldIntData.h"
 
 namespace Tesselor {
 

@@ -1,9 +1,9 @@
 #include "fields/FieldList.h"
 
-#include "actions/ActionHistory.h"
 #include "fields/EventAttribute.h"
 #include "fields/FieldListActionCommand.h"
 #include "fields/FieldOptions.h"
+#include "values/ActionHistory.h"
 
 #include <cjson/cJSON.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "actions/IActionCommand.h"
 #include "fields/FieldList.h"
+#include "values/IActionCommand.h"
 
 namespace Tesselor {
 

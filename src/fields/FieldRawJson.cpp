@@ -1,8 +1,8 @@
 #include "fields/FieldRawJson.h"
 
-#include "app/JsonFile.h"
 #include "fields/FieldErrorBox.h"
 #include "fields/FieldOptions.h"
+#include "platform/JsonFile.h"
 
 namespace Tesselor {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fields/BaseField.h"
-#include "fields/FieldTextData.h"
+#include "values/FieldTextData.h"
 
 namespace Tesselor {
 

@@ -1,8 +1,6 @@
 #include "fields/FieldRegistration.h"
 
-#include "actions/CheckBoxSaveStateActionCommandBehavior.h"
-#include "actions/SliderIntSaveStateActionCommandBehavior.h"
-#include "actions/TextBoxSaveStateActionCommandBehavior.h"
+#include "fields/CheckBoxSaveStateActionCommandBehavior.h"
 #include "fields/FieldCheckbox.h"
 #include "fields/FieldDictionary.h"
 #include "fields/FieldEnum.h"
@@ -18,6 +16,8 @@
 #include "fields/FieldRawJson.h"
 #include "fields/FieldSmallText.h"
 #include "fields/FieldText.h"
+#include "fields/SliderIntSaveStateActionCommandBehavior.h"
+#include "fields/TextBoxSaveStateActionCommandBehavior.h"
 
 namespace Tesselor {
 

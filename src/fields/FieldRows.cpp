@@ -1,8 +1,8 @@
 #include "fields/FieldRows.h"
 
-#include "app/FileDialogs.h"
 #include "fields/AssetIdReader.h"
 #include "fields/EventAttribute.h"
+#include "platform/FileDialogs.h"
 #include "toolkit/controls/ButtonBase.h"
 
 namespace Tesselor {

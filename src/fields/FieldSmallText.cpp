@@ -1,9 +1,9 @@
 #include "fields/FieldSmallText.h"
 
-#include "app/Uuid.h"
 #include "fields/EventAttribute.h"
 #include "fields/FieldOptions.h"
 #include "fields/FieldOwner.h"
+#include "platform/Uuid.h"
 #include "toolkit/controls/ButtonBase.h"
 
 #include <cjson/cJSON.h>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "fields/BaseField.h"
-#include "fields/FieldTextData.h"
 #include "toolkit/base/RoutedEvent.h"
+#include "values/FieldTextData.h"
 
 namespace Tesselor {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "fields/FieldTextData.h"
 #include "nodes/NodeMouseEventArgs.h"
 #include "toolkit/controls/UserControl.h"
 #include "toolkit/visual/InputEvents.h"
+#include "values/FieldTextData.h"
 
 #include <string_view>
 

@@ -1,10 +1,10 @@
 #include "nodes/ContentNode.h"
 
-#include "app/Uuid.h"
 #include "nodes/NodeIdIndex.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePinControl.h"
 #include "nodes/TitleBrushes.h"
+#include "platform/Uuid.h"
 #include "toolkit/controls/ContentPresenter.h"
 #include "toolkit/controls/ItemsControl.h"
 #include "toolkit/controls/StackPanel.h"

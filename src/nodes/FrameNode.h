@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/JsonFile.h"
 #include "nodes/BaseNode.h"
 #include "nodes/ResizeEdge.h"
+#include "platform/JsonFile.h"
 
 #include <string>
 

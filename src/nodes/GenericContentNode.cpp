@@ -1,10 +1,10 @@
 #include "nodes/GenericContentNode.h"
 
-#include "app/JsonFile.h"
 #include "fields/FieldRawJson.h"
 #include "nodes/DocumentView.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
+#include "platform/JsonFile.h"
 
 namespace Tesselor {
 

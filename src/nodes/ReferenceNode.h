@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/JsonFile.h"
 #include "nodes/ContentNode.h"
+#include "platform/JsonFile.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #include "workspace/AssetFileIndex.h"
 
-#include "app/LogFile.h"
+#include "platform/LogFile.h"
 #include "workspace/DirectoryWalk.h"
 
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "workspace/Workspace.h"
 
-#include "app/JsonFile.h"
-#include "app/LogFile.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
 #include "toolkit/application/MessageBox.h"
 #include "workspace/DirectoryWalk.h"
 

@@ -1,8 +1,8 @@
 #include "workspace/Workspaces.h"
 
-#include "app/ExecutableDirectory.h"
-#include "app/JsonFile.h"
-#include "app/LogFile.h"
+#include "platform/ExecutableDirectory.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
 #include "toolkit/application/MessageBox.h"
 #include "workspace/DirectoryWalk.h"
 #include "workspace/Workspace.h"

@@ -42,8 +42,8 @@ const std::vector<std::string_view> layers = {"base",   "visual",   "text",    "
 /// Leaves inside a higher layer that every layer may include.
 const std::vector<std::string_view> leaves = {"toolkit/application/MessageBox.h"};
 /// The value carriers of fields know only the toolkit, and the commands that set a value hold them.
-const std::vector<std::string_view> valueCarriers = {"fields/FieldTextData.h", "fields/FieldCheckboxData.h",
-                                                     "fields/FieldIntData.h"};
+const std::vector<std::string_view> valueCarriers = {"values/FieldTextData.h", "values/FieldCheckboxData.h",
+                                                     "values/FieldIntData.h"};
 
 bool Contains(const std::vector<std::string_view>& list, std::string_view name) {
   return std::find(list.begin(), list.end(), name) != list.end();
@@ -122,13 +122,13 @@ TEST(IncludeTable, DecidesTheCasesThatItStandsFor) {
       {"toolkit/visual/Visual.cpp", "toolkit/application/Window.h", false},
       {"app/LogFile.cpp", "workspace/Workspaces.h", false},
       {"app/main.cpp", "editor/MainView.h", true},
-      {"workspace/Workspace.cpp", "app/LogFile.h", true},
+      {"workspace/Workspace.cpp", "platform/LogFile.h", true},
       {"workspace/Workspace.cpp", "app/AppLauncher.h", false},
-      {"actions/TextBoxValueActionCommand.h", "fields/FieldTextData.h", true},
-      {"actions/TextBoxValueActionCommand.h", "fields/BaseField.h", false},
-      {"fields/FieldTextData.h", "toolkit/base/Observable.h", true},
-      {"fields/FieldTextData.h", "nodes/BaseNode.h", false},
-      {"document/Importer.cpp", "actions/ActionHistory.h", false},
+      {"fields/TextBoxValueActionCommand.h", "values/FieldTextData.h", true},
+      {"fields/TextBoxValueActionCommand.h", "fields/BaseField.h", false},
+      {"values/FieldTextData.h", "toolkit/base/Observable.h", true},
+      {"values/FieldTextData.h", "nodes/BaseNode.h", false},
+      {"document/Importer.cpp", "values/ActionHistory.h", false},
       {"fields/FieldText.cpp", "FieldText.h", false},
   };
   for (const Case& each : cases)

@@ -1,6 +1,6 @@
 #include "document/DocumentPrint.h"
 
-#include "app/JsonFile.h"
+#include "platform/JsonFile.h"
 
 #include <gtest/gtest.h>
 #include <string>

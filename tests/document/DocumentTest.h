@@ -3,7 +3,7 @@
 #include "CapturedBoxes.h"
 #include "CapturedLog.h"
 #include "TestDocumentView.h"
-#include "app/JsonFile.h"
+#include "platform/JsonFile.h"
 #include "workspace/Workspace.h"
 
 #include <gtest/gtest.h>

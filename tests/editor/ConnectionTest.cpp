@@ -1,6 +1,6 @@
 #include "EditorStage.h"
-#include "editor/ConnectionManager.h"
 #include "editor/NodeEditorCanvas.h"
+#include "graph/ConnectionManager.h"
 
 #include <algorithm>
 #include <random>

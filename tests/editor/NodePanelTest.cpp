@@ -1,10 +1,10 @@
 #include "editor/NodePanel.h"
 #include "EditorStage.h"
-#include "actions/ActionHistory.h"
 #include "editor/PanelBaseField.h"
 #include "fields/FieldList.h"
 #include "nodes/ContentNode.h"
 #include "toolkit/controls/TextBox.h"
+#include "values/ActionHistory.h"
 
 namespace {
 

@@ -2,12 +2,12 @@
 
 #include "CapturedBoxes.h"
 #include "CapturedLog.h"
-#include "actions/ActionHistory.h"
 #include "fields/FieldFactory.h"
 #include "toolkit/base/Dispatcher.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/visual/Input.h"
+#include "values/ActionHistory.h"
 
 #include <cjson/cJSON.h>
 #include <gtest/gtest.h>

@@ -2,11 +2,11 @@
 #include "FieldEnvironment.h"
 
 #include "TemporaryDirectory.h"
-#include "app/FileDialogs.h"
 #include "fields/AssetIdReader.h"
 #include "fields/FieldDictionary.h"
 #include "fields/FieldFilePath.h"
 #include "fields/FieldList.h"
+#include "platform/FileDialogs.h"
 #include "toolkit/controls/ButtonBase.h"
 
 namespace {

@@ -1,13 +1,13 @@
 // Loads any JSON as an asset of one of the sample roots, and saves it; what was saved must load again.
 
 #include "app/ComponentRegistration.h"
-#include "app/JsonFile.h"
-#include "app/LogFile.h"
 #include "document/NodeImporterExporter.h"
 #include "editor/MainView.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
 #include "support/ToolkitEnvironment.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/base/Diagnostics.h"

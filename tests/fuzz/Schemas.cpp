@@ -3,11 +3,11 @@
 // so that most inputs are still JSON.
 
 #include "app/ComponentRegistration.h"
-#include "app/JsonFile.h"
-#include "app/LogFile.h"
 #include "document/NodeImporterExporter.h"
 #include "fields/FieldDictionary.h"
 #include "fields/FieldList.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
 #include "support/TestDocumentView.h"
 #include "support/ToolkitEnvironment.h"
 #include "toolkit/application/MessageBox.h"

@@ -1,9 +1,9 @@
 #include "NodeTest.h"
 
-#include "actions/ActionHistory.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/visual/Input.h"
+#include "values/ActionHistory.h"
 
 namespace Tesselor {
 

@@ -1,8 +1,8 @@
 #include "NodeTest.h"
 
 #include "TemporaryDirectory.h"
-#include "app/FileDialogs.h"
 #include "nodes/ReferenceNode.h"
+#include "platform/FileDialogs.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/LogFile.h"
+#include "platform/LogFile.h"
 
 #include <algorithm>
 #include <string>

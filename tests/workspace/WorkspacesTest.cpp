@@ -1,6 +1,6 @@
 #include "workspace/Workspaces.h"
 
-#include "app/ExecutableDirectory.h"
+#include "platform/ExecutableDirectory.h"
 #include "support/CapturedBoxes.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryDirectory.h"

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "values/FieldCheckboxData.h"
+#include "values/IActionCommand.h"
+
+namespace Tesselor {
+
+/// One click on a check box. A click always flips the value, so the old one need not be held.
+class CheckBoxValueActionCommand final : public IActionCommand {
+public:
+  CheckBoxValueActionCommand(Toolkit::Ptr<FieldCheckboxData> target, bool newValue)
+      : target(std::move(target)), newValue(newValue) {}
+  void Do() override { target->SetValue(newValue); }
+  void Undo() override { target->SetValue(!newValue); }
+
+private:
+  Toolkit::Ptr<FieldCheckboxData> target;
+  bool newValue;
+};
+
+} // namespace Tesselor

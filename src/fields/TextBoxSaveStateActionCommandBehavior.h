@@ -1,0 +1,29 @@
+#pragma once
+
+#include "toolkit/base/RoutedEvent.h"
+#include "toolkit/visual/Behavior.h"
+#include "values/FieldTextData.h"
+
+namespace Tesselor {
+
+/// Makes one undo step of what is typed into an element while it has the focus. The element's text is bound to the
+/// same carrier; this behaviour never changes it.
+class TextBoxSaveStateActionCommandBehavior : public Toolkit::BehaviorT<Toolkit::FrameworkElement> {
+  TOOLKIT_TYPE(TextBoxSaveStateActionCommandBehavior)
+public:
+  static inline const Toolkit::DependencyProperty* FieldTextDataProperty = nullptr;
+
+protected:
+  void OnAttached() override;
+  void OnDetaching() override;
+
+private:
+  FieldTextData* Carrier() const { return Get<FieldTextData*>(FieldTextDataProperty); }
+  void Remember();
+  void OnGotFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnLostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+
+  Toolkit::SharedString remembered;
+};
+
+} // namespace Tesselor

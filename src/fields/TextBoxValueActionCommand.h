@@ -1,0 +1,22 @@
+#pragma once
+
+#include "values/FieldTextData.h"
+#include "values/IActionCommand.h"
+
+namespace Tesselor {
+
+/// A text that was edited during one stay of the focus in its box.
+class TextBoxValueActionCommand final : public IActionCommand {
+public:
+  TextBoxValueActionCommand(Toolkit::Ptr<FieldTextData> target, Toolkit::SharedString oldText,
+                            Toolkit::SharedString newText)
+      : target(std::move(target)), oldText(std::move(oldText)), newText(std::move(newText)) {}
+  void Do() override { target->SetValue(newText); }
+  void Undo() override { target->SetValue(oldText); }
+
+private:
+  Toolkit::Ptr<FieldTextData> target;
+  Toolkit::SharedString oldText, newText;
+};
+
+} // namespace Tesselor

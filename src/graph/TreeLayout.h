@@ -1,0 +1,45 @@
+#pragma once
+
+#include "graph/MoveRecord.h"
+
+#include <unordered_map>
+#include <vector>
+
+namespace Tesselor {
+
+class ContentNode;
+class DocumentView;
+
+/// The automatic layout: a left-to-right tree from one node through output pins. Columns are as wide as their widest
+/// node, the children of a node are centred on its middle, and no two nodes of a column overlap. One object per run.
+class TreeLayout {
+public:
+  /// Children are ordered by their height on the canvas, or else by their place in the file's array.
+  TreeLayout(DocumentView& view, bool sortByPosition) : view(view), sortByPosition(sortByPosition) {}
+  /// Moves everything that is reached from `start`, which stays where it is, and pushes one undo step for it.
+  void Run(ContentNode& start);
+
+private:
+  using Children = std::vector<ContentNode*>;
+  Children ChildrenOf(const ContentNode& node) const;
+  /// Visits each node once: the graph may have cycles and nodes with several parents.
+  void Collect(ContentNode& node, size_t depth);
+  void MeasureSubtrees();
+  float SubtreeHeight(const ContentNode& node) const;
+  void Place(ContentNode& start, float x, float y);
+
+  struct Entry {
+    Children children;
+    size_t depth = 0;
+    float subtreeHeight = 0;
+  };
+  DocumentView& view;
+  bool sortByPosition;
+  std::unordered_map<const ContentNode*, Entry> entries;
+  std::vector<ContentNode*> order;
+  std::vector<float> columnWidths;
+  std::vector<float> nextFreeY;
+  std::vector<MoveRecord> records;
+};
+
+} // namespace Tesselor

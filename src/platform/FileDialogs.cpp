@@ -1,0 +1,71 @@
+#include "platform/FileDialogs.h"
+
+#include "platform/ExecutableDirectory.h"
+
+#include <cstdlib>
+#include <dlfcn.h>
+#include <utility>
+
+namespace Tesselor {
+
+namespace {
+
+constexpr int dialogAccepted = 1;
+using DialogFunction = int (*)(const char* filterList, const char* defaultPath, char** outPath);
+
+/// The desktop's dialogs live in a module of their own that is loaded by the first dialog: their toolkit takes far
+/// longer to start than the whole program, and an unattended run must not need it. The module is never unloaded,
+/// since its toolkit leaves threads and exit handlers behind.
+class DialogModule {
+public:
+  DialogModule() {
+    if (ExecutableDirectory::Get().empty()) return;
+    for (const char* place : {"/", "/../lib/", "/../lib/tesselor/"}) {
+      const std::string path = ExecutableDirectory::Get() + place + "libtesselor_filedialogs.so";
+      void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+      if (!module) continue;
+      open = reinterpret_cast<DialogFunction>(dlsym(module, "NFD_OpenDialog"));
+      save = reinterpret_cast<DialogFunction>(dlsym(module, "NFD_SaveDialog"));
+      return;
+    }
+  }
+
+  static const DialogModule& Instance() {
+    static const DialogModule instance;
+    return instance;
+  }
+
+  DialogFunction open = nullptr;
+  DialogFunction save = nullptr;
+};
+
+std::optional<std::string> Run(DialogFunction dialog, const std::string& filter) {
+  if (!dialog) return std::nullopt;
+  char* chosen = nullptr;
+  const int result = dialog(filter.empty() ? nullptr : filter.c_str(), nullptr, &chosen);
+  if (result != dialogAccepted || !chosen) {
+    std::free(chosen);
+    return std::nullopt;
+  }
+  std::string path = chosen;
+  std::free(chosen);
+  return path;
+}
+
+FileDialogBackend* currentBackend = nullptr;
+
+} // namespace
+
+std::optional<std::string> FileDialogs::Open(const std::string& filter) {
+  return currentBackend ? currentBackend->Open(filter) : Run(DialogModule::Instance().open, filter);
+}
+
+std::optional<std::string> FileDialogs::Save(const std::string& filter) {
+  return currentBackend ? currentBackend->Save(filter) : Run(DialogModule::Instance().save, filter);
+}
+
+FileDialogBackend* FileDialogs::SetBackend(FileDialogBackend* backend) {
+  return std::exchange(currentBackend, backend);
+}
+
+} // namespace Tesselor

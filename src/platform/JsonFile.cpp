@@ -1,0 +1,129 @@
+#include "platform/JsonFile.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Tesselor {
+
+namespace {
+
+constexpr size_t longestDetail = 120;
+
+/// Cuts `text` for a single line without splitting a UTF-8 sequence, and takes out what would break the line.
+std::string DetailFrom(std::string_view text) {
+  const bool isCut = text.size() > longestDetail;
+  size_t length = isCut ? longestDetail : text.size();
+  if (isCut)
+    while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xc0) == 0x80) --length;
+  std::string detail;
+  bool pendingBlank = false;
+  for (const char c : text.substr(0, length)) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte <= 0x20 || byte == 0x7f) {
+      pendingBlank = true;
+      continue;
+    }
+    if (pendingBlank && !detail.empty()) detail += ' ';
+    pendingBlank = false;
+    detail += c;
+  }
+  if (isCut && !detail.empty()) detail += "...";
+  return detail;
+}
+
+constexpr std::string_view nullEscape = "\\u0000";
+/// How a zero character stands in the strings of a tree.
+constexpr std::string_view keptNull = "\xc0\x80";
+
+/// The text with the zero characters in its strings, written as they are or as escapes, in the form that a tree keeps.
+/// Nothing if there are none.
+std::optional<std::string> KeepNulls(const std::string& text) {
+  if (text.find(nullEscape) == std::string::npos && text.find('\0') == std::string::npos) return std::nullopt;
+  std::string result;
+  result.reserve(text.size());
+  bool isInString = false;
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (isInString && (c == '\0' || text.compare(i, nullEscape.size(), nullEscape) == 0)) {
+      result += keptNull;
+      if (c != '\0') i += nullEscape.size() - 1;
+      continue;
+    }
+    result += c;
+    if (c == '"') isInString = !isInString;
+    // An escaped quote ends no string, and an escaped backslash begins no escape.
+    if (isInString && c == '\\' && i + 1 < text.size()) result += text[++i];
+  }
+  return result;
+}
+
+/// The printed text with escapes for the zero characters that its strings hold.
+std::string WriteNulls(std::string_view text) {
+  std::string result;
+  for (size_t at = text.find(keptNull); at != std::string_view::npos; at = text.find(keptNull)) {
+    result.append(text.substr(0, at)).append(nullEscape);
+    text.remove_prefix(at + keptNull.size());
+  }
+  return result.append(text);
+}
+
+} // namespace
+
+std::optional<std::string> ReadTextFile(const std::string& path) {
+  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) return std::nullopt;
+  std::optional<std::string> text;
+  struct stat status {};
+  if (fstat(descriptor, &status) == 0) {
+    text.emplace();
+    // One byte more than the file has lets the last read see the end. The size is only a hint: a pipe has none.
+    size_t used = 0;
+    text->resize(static_cast<size_t>(status.st_size > 0 ? status.st_size : 0) + 1);
+    for (;;) {
+      if (used == text->size()) text->resize(text->size() * 2);
+      const ssize_t count = read(descriptor, text->data() + used, text->size() - used);
+      if (count < 0 && errno == EINTR) continue;
+      if (count < 0) {
+        text.reset();
+        break;
+      }
+      if (count == 0) break;
+      used += static_cast<size_t>(count);
+    }
+    if (text) text->resize(used);
+  }
+  close(descriptor);
+  return text;
+}
+
+JsonParseResult ParseJson(const std::string& original, JsonTail tail) {
+  JsonParseResult result;
+  const std::optional<std::string> kept = KeepNulls(original);
+  const std::string& text = kept ? *kept : original;
+  // The terminating zero belongs to the text, or a number at the very end would have no end.
+  result.json.reset(cJSON_ParseWithLengthOpts(text.c_str(), text.size() + 1, nullptr, tail == JsonTail::Refused));
+  if (!result.json) {
+    const char* position = cJSON_GetErrorPtr();
+    if (position && position >= text.c_str() && position <= text.c_str() + text.size())
+      result.detail = DetailFrom({position, static_cast<size_t>(text.c_str() + text.size() - position)});
+  }
+  return result;
+}
+
+std::string PrintJson(const cJSON* json, JsonForm form) {
+  struct Free {
+    void operator()(char* text) const { cJSON_free(text); }
+  };
+  const std::unique_ptr<char, Free> printed(form == JsonForm::Formatted ? cJSON_Print(json)
+                                                                        : cJSON_PrintUnformatted(json));
+  return printed ? WriteNulls(printed.get()) : std::string();
+}
+
+std::optional<std::string> JsonText(const cJSON* item) {
+  if (!cJSON_IsString(item) || !item->valuestring) return std::nullopt;
+  return item->valuestring;
+}
+
+} // namespace Tesselor

@@ -1,0 +1,138 @@
+#include "platform/AtomicFile.h"
+#include "platform/JsonFile.h"
+#include "support/TemporaryDirectory.h"
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+using Tesselor::AtomicFile;
+using Tesselor::FileWriteResult;
+using TestSupport::TemporaryDirectory;
+namespace fs = std::filesystem;
+
+unsigned ModeOf(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+size_t CountEntries(const fs::path& directory) {
+  return static_cast<size_t>(std::distance(fs::directory_iterator(directory), fs::directory_iterator()));
+}
+
+TEST(JsonFile, KeepsZeroCharactersInStrings) {
+  const struct {
+    std::string text;
+    std::string printed;
+  } cases[] = {
+      {R"({"a\u0000b":"\u0000\u0000c"})", R"({"a\u0000b":"\u0000\u0000c"})"},
+      {std::string("[\"a\0b\"]", 7), R"(["a\u0000b"])"},
+      {R"(["\\u0000","\\\u0000","\"\u0000","\u00001"])", R"(["\\u0000","\\\u0000","\"\u0000","\u00001"])"},
+      {std::string("[1,\0\"a\"]", 8), R"([1,"a"])"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(Tesselor::PrintJson(Tesselor::ParseJson(c.text).json.get(), Tesselor::JsonForm::Compact), c.printed)
+        << c.text;
+}
+
+TEST(AtomicFile, ReplacesAFileAndKeepsItsMode) {
+  TemporaryDirectory directory;
+  const std::string path = directory.Write("asset.json", "a much longer old text");
+  ASSERT_EQ(chmod(path.c_str(), 0640), 0);
+  EXPECT_EQ(AtomicFile::Write(path, "new"), FileWriteResult::Written);
+  EXPECT_EQ(TemporaryDirectory::Read(path), "new");
+  EXPECT_EQ(ModeOf(path), 0640u);
+  EXPECT_EQ(CountEntries(directory.Path()), 1u);
+}
+
+TEST(AtomicFile, GivesANewFileTheProcesssMode) {
+  TemporaryDirectory directory;
+  const mode_t former = umask(027);
+  EXPECT_EQ(AtomicFile::Write(directory / "new.json", "{}"), FileWriteResult::Written);
+  umask(former);
+  EXPECT_EQ(ModeOf(directory / "new.json"), 0640u);
+}
+
+TEST(AtomicFile, FollowsLinksAndLeavesThemInPlace) {
+  TemporaryDirectory directory;
+  directory.Write("real/asset.json", "old");
+  fs::create_symlink("real/asset.json", directory / "link.json");
+  fs::create_symlink("real/fresh.json", directory / "dangling.json");
+  EXPECT_EQ(AtomicFile::Write(directory / "link.json", "new"), FileWriteResult::Written);
+  EXPECT_EQ(AtomicFile::Write(directory / "dangling.json", "made"), FileWriteResult::Written);
+  EXPECT_TRUE(fs::is_symlink(directory / "link.json"));
+  EXPECT_TRUE(fs::is_symlink(directory / "dangling.json"));
+  EXPECT_EQ(TemporaryDirectory::Read(directory / "real/asset.json"), "new");
+  EXPECT_EQ(TemporaryDirectory::Read(directory / "real/fresh.json"), "made");
+}
+
+TEST(AtomicFile, TellsWhenNothingCanBeOpened) {
+  TemporaryDirectory directory;
+  fs::create_directories(directory / "folder");
+  EXPECT_EQ(AtomicFile::Write(directory / "missing/asset.json", "x"), FileWriteResult::OpenFailed);
+  EXPECT_EQ(AtomicFile::Write(directory / "folder", "x"), FileWriteResult::OpenFailed);
+  EXPECT_EQ(AtomicFile::Write("", "x"), FileWriteResult::OpenFailed);
+  EXPECT_EQ(CountEntries(directory / "folder"), 0u);
+}
+
+TEST(AtomicFile, KeepsTheOldFileWhenTheDiskIsFull) {
+  TemporaryDirectory directory;
+  const std::string path = directory.Write("asset.json", "old");
+  EXPECT_EXIT(
+      {
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{};
+        limit.rlim_cur = limit.rlim_max = 4096;
+        setrlimit(RLIMIT_FSIZE, &limit);
+        std::_Exit(AtomicFile::Write(path, std::string(10000, 'x')) == FileWriteResult::WriteFailed ? 0 : 1);
+      },
+      testing::ExitedWithCode(0), "");
+  EXPECT_EQ(TemporaryDirectory::Read(path), "old");
+  EXPECT_EQ(CountEntries(directory.Path()), 1u);
+}
+
+TEST(AtomicFile, WritesADeviceInPlace) {
+  EXPECT_EQ(AtomicFile::Write("/dev/null", "text"), FileWriteResult::Written);
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(JsonFile, ReadsWholeFilesAndNoDirectories) {
+  TemporaryDirectory directory;
+  const std::string bytes("a\0\r\nb", 5);
+  EXPECT_EQ(Tesselor::ReadTextFile(directory.Write("bytes", bytes)), bytes);
+  EXPECT_EQ(Tesselor::ReadTextFile(directory.Write("empty", "")), "");
+  EXPECT_EQ(Tesselor::ReadTextFile(directory / "missing"), std::nullopt);
+  EXPECT_EQ(Tesselor::ReadTextFile(directory.Path().string()), std::nullopt);
+}
+
+TEST(JsonFile, TellsWhereTheParserGaveUp) {
+  const struct {
+    std::string text;
+    std::string detail;
+  } cases[] = {
+      {"", ""},
+      {"{\"a\": ", ""},
+      {"{\"a\": nope}", "nope}"},
+      {"[1,\n\t}\n]\n", "} ]"},
+      {"[" + std::string(119, '?') + "\xc3\xa4 and so on]", std::string(119, '?') + "..."},
+  };
+  for (const auto& c : cases) {
+    const auto result = Tesselor::ParseJson(c.text);
+    EXPECT_FALSE(result) << c.text;
+    EXPECT_EQ(result.detail, c.detail);
+  }
+}
+
+TEST(JsonFile, ParsesWhatAFileMayHoldAndRefusesBottomlessNesting) {
+  EXPECT_TRUE(Tesselor::ParseJson("12"));
+  EXPECT_TRUE(Tesselor::ParseJson("\xef\xbb\xbf{\"a\": 1}\r\n"));
+  const auto nested = [](size_t depth) { return std::string(depth, '[') + std::string(depth, ']'); };
+  EXPECT_TRUE(Tesselor::ParseJson(nested(900)));
+  EXPECT_FALSE(Tesselor::ParseJson(nested(200000)));
+}
+
+} // namespace

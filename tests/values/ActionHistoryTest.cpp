@@ -1,0 +1,77 @@
+#include "values/ActionHistory.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace {
+
+using Tesselor::ActionHistory;
+
+/// Writes down what is done to it.
+class Recorded final : public Tesselor::IActionCommand {
+public:
+  Recorded(std::string& journal, std::string name) : journal(journal), name(std::move(name)) {}
+  ~Recorded() override { journal += "-" + name + " "; }
+  void Do() override { journal += "do" + name + " "; }
+  void Undo() override { journal += "undo" + name + " "; }
+
+private:
+  std::string& journal;
+  std::string name;
+};
+
+std::string Take(std::string& journal) { return std::exchange(journal, {}); }
+
+TEST(ActionHistory, WalksBackAndForthWithoutDoingWhatIsPushed) {
+  std::string journal;
+  ActionHistory history;
+  history.UndoLast();
+  history.RedoLast();
+  history.Push(std::make_unique<Recorded>(journal, "A"));
+  history.Push(std::make_unique<Recorded>(journal, "B"));
+  EXPECT_EQ(Take(journal), "");
+  for (int i = 0; i < 3; ++i) history.UndoLast();
+  EXPECT_EQ(Take(journal), "undoB undoA ");
+  EXPECT_EQ(history.UndoneCount(), 2u);
+  for (int i = 0; i < 3; ++i) history.RedoLast();
+  EXPECT_EQ(Take(journal), "doA doB ");
+  EXPECT_EQ(history.UndoneCount(), 0u);
+}
+
+TEST(ActionHistory, ForgetsWhatWasUndoneWhenSomethingNewIsPushed) {
+  std::string journal;
+  ActionHistory history;
+  for (const char* name : {"A", "B", "C"}) history.Push(std::make_unique<Recorded>(journal, name));
+  history.UndoLast();
+  history.UndoLast();
+  Take(journal);
+  history.Push(std::make_unique<Recorded>(journal, "D"));
+  EXPECT_EQ(history.Size(), 2u);
+  EXPECT_EQ(Take(journal), "-C -B ");
+  history.RedoLast();
+  history.UndoLast();
+  history.UndoLast();
+  EXPECT_EQ(Take(journal), "undoD undoA ");
+  history.Clear();
+  history.UndoLast();
+  history.RedoLast();
+  EXPECT_EQ(Take(journal), "-D -A ");
+  EXPECT_EQ(history.UndoneCount(), 0u);
+}
+
+TEST(ActionHistory, KeepsTheNewest512Commands) {
+  std::string journal;
+  ActionHistory history;
+  for (int i = 0; i < 512; ++i) history.Push(std::make_unique<Recorded>(journal, std::to_string(i)));
+  EXPECT_EQ(Take(journal), "");
+  // The undone ones go before the oldest is considered.
+  history.UndoLast();
+  history.Push(std::make_unique<Recorded>(journal, "new"));
+  EXPECT_EQ(Take(journal), "undo511 -511 ");
+  history.Push(std::make_unique<Recorded>(journal, "newer"));
+  EXPECT_EQ(Take(journal), "-0 ");
+  EXPECT_EQ(history.Size(), ActionHistory::capacity);
+  history.Clear();
+}
+
+} // namespace
