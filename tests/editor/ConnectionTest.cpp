@@ -1,4 +1,4 @@
-#include "EditorStage.h"
+#include "EditorTest.h"
 #include "editor/NodeEditorCanvas.h"
 #include "graph/ConnectionManager.h"
 
@@ -88,7 +88,7 @@ TEST_F(ConnectionTest, BendsTheCurveByTheDistanceOfThePins) {
 }
 
 TEST_F(ConnectionTest, FollowsAClickAndTheMouse) {
-  TestSupport::EditorStage stage(*canvas);
+  TestSupport::Stage stage(*canvas);
   auto connection = Toolkit::MakePtr<Connection>();
   connection->SetInputSource({750600, 750300});
   connection->SetOutputSource({750200, 750300});
@@ -108,25 +108,25 @@ TEST_F(ConnectionTest, FollowsAClickAndTheMouse) {
   const Point on{401, 301}, beside{401, 330};
 
   EXPECT_EQ(color(), Toolkit::Colors::White);
-  stage.input->MouseMove(on);
+  stage.MoveTo(on);
   EXPECT_EQ(color(), Toolkit::Colors::Yellow);
-  stage.input->MouseMove(beside);
+  stage.MoveTo(beside);
   EXPECT_EQ(color(), Toolkit::Colors::White);
   connection->ShowSelected();
-  stage.input->MouseMove(on);
+  stage.MoveTo(on);
   EXPECT_EQ(color(), Toolkit::Colors::LightGreen);
-  stage.input->MouseMove(beside);
+  stage.MoveTo(beside);
   EXPECT_EQ(color(), Toolkit::Colors::LightGreen);
 
-  stage.input->MouseDown(MouseButton::Left, on, 1);
-  stage.input->MouseDown(MouseButton::Right, on, 1);
+  stage.Press(on);
+  stage.Press(on, MouseButton::Right);
   EXPECT_EQ(clicked, (std::vector<Toolkit::Object*>{connection.Get(), connection.Get()}));
   // A curve that moved is hit at its new place.
   connection->SetInputSource({750600, 750330});
   connection->SetOutputSource({750200, 750330});
   connection->UpdateCurve();
   stage.Settle();
-  EXPECT_EQ(stage.root->HitTest({401, 331}), connection->GetPath());
+  EXPECT_EQ(stage.Root().HitTest({401, 331}), connection->GetPath());
   const size_t before = canvas->GetPanel()->ChildCount();
   connection.Reset();
   EXPECT_EQ(canvas->GetPanel()->ChildCount(), before - 1) << "the path goes with its connection";
@@ -225,7 +225,7 @@ TEST_F(ConnectionTest, FindsWhatTheCutLineMeetsInTheOrderOfTheList) {
 }
 
 TEST_F(ConnectionTest, RefreshesFromTheMiddlesOfThePins) {
-  TestSupport::EditorStage stage(*canvas);
+  TestSupport::Stage stage(*canvas);
   ContentNode* parent = AddNode();
   ContentNode* child = AddNode();
   for (ContentNode* node : {parent, child}) {
