@@ -4,6 +4,7 @@
 #include "TemporaryDirectory.h"
 #include "ToolkitWarnings.h"
 #include "toolkit/render/ImageStore.h"
+#include "toolkit/text/TextCache.h"
 
 #include <gtest/gtest.h>
 
@@ -101,14 +102,38 @@ void DrawImages(Painter& p) {
   p.DrawRectangle({50, 5, 200, 14}, brush.Get());
 }
 
+void DrawTexts(Painter& p) {
+  Everything();
+  const auto red = Solid(0xff0000);
+  const auto letter = TextCache::Instance().Layout("l", {24}),
+             words = TextCache::Instance().Layout("Simple text", {12}),
+             lines = TextCache::Instance().Layout("one\ntwo\nthree\nfour", {20});
+  // Glyphs stand at quarters of a pixel; places in between fall to the nearest one.
+  for (int i = 0; i <= 8; ++i) p.DrawText(letter, {5 + 10.25f * static_cast<float>(i), 0}, red.Get());
+  p.DrawText(letter, {100.1f, 0}, red.Get());
+  // What cannot be read is shown as bars on its lines, and then not at all.
+  float x = 5;
+  for (const float scale : {0.8f, 0.31f, 0.28f, 0.15f, 0.1f, 0.05f}) {
+    p.PushTransform(Matrix{scale, 0, 0, scale, x, 35});
+    p.DrawText(words, {0, 0}, red.Get());
+    p.DrawText(lines, {0, 20}, red.Get());
+    p.Pop();
+    x += 70 * scale;
+  }
+}
+
 TEST(RenderPictures, ShowEachKindOfDrawing) {
   const struct {
     const char* name;
     int width, height;
     void (*draw)(Painter&);
-  } cases[] = {{"DrawnRectangles", 110, 120, DrawRectangles}, {"DrawnStrokes", 61, 55, DrawStrokes},
-               {"DrawnFills", 310, 110, DrawFills},           {"DrawnClips", 82, 42, DrawClips},
-               {"DrawnGroups", 300, 130, DrawGroups},         {"DrawnImages", 300, 64, DrawImages}};
+  } cases[] = {{"DrawnRectangles", 110, 120, DrawRectangles},
+               {"DrawnStrokes", 61, 55, DrawStrokes},
+               {"DrawnFills", 310, 110, DrawFills},
+               {"DrawnClips", 82, 42, DrawClips},
+               {"DrawnGroups", 300, 130, DrawGroups},
+               {"DrawnImages", 300, 64, DrawImages},
+               {"DrawnTexts", 150, 130, DrawTexts}};
   for (const auto& c : cases) TestSupport::ExpectPicture(c.name, Draw(c.width, c.height, c.draw));
 }
 
