@@ -3,7 +3,6 @@
 
 #include <cJSON.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <filesystem>
 #include <regex>
@@ -149,20 +148,6 @@ TEST_F(UnattendedRun, LoadsAndSavesNestingOf900Levels) {
   const ProgramRun run = RoundTrip("deep.json", "out.json");
   EXPECT_EQ(run.exitCode, 0) << run.log.substr(0, 500);
   EXPECT_NE(Read("out.json").find("\"depth\":"), std::string::npos);
-}
-
-TEST_F(UnattendedRun, ReplacesTheOutputBehindALinkAndKeepsItsMode) {
-  directory.Write("real/target.json", "old");
-  chmod((Here() / "real/target.json").c_str(), 0640);
-  fs::create_symlink("real/target.json", Here() / "link.json");
-  const ProgramRun run = RoundTripSample("quest", "link.json");
-  EXPECT_EQ(run.exitCode, 0);
-  EXPECT_TRUE(fs::is_symlink(Here() / "link.json"));
-  EXPECT_GT(fs::file_size(Here() / "real/target.json"), 1000u);
-  EXPECT_EQ(fs::status(Here() / "real/target.json").permissions() & fs::perms::all, fs::perms(0640));
-  int leftovers = 0;
-  for (const fs::directory_entry& entry : fs::directory_iterator(Here() / "real")) leftovers += entry.is_regular_file();
-  EXPECT_EQ(leftovers, 1) << "no temporary file stays behind";
 }
 
 } // namespace
