@@ -33,6 +33,7 @@ void Stage::Put(Toolkit::UIElement& newRoot, Toolkit::Size newSize) {
   TakeDown();
   root = Toolkit::Ptr<Toolkit::UIElement>(&newRoot);
   input.emplace(*root);
+  frameCount = damagedPixels = 0;
   recorder.emplace([draws = rasterizer != nullptr](std::string_view path) {
     return draws ? Toolkit::ImageFiles::Find(path) : nullptr;
   });
@@ -70,6 +71,8 @@ bool Stage::Turn() {
   layout.TakeVisualChange();
   const Toolkit::FrameRecorder::Frame recorded = recorder->Record(*root, size, 1);
   frame = recorded.list;
+  ++frameCount;
+  for (const Toolkit::PixelRect& rect : recorded.damage) damagedPixels += rect.Width() * rect.Height();
   if (rasterizer && !recorded.damage.empty())
     rasterizer->Draw(*frame, picture->Buffer(), {}, recorded.damage, Background);
   return true;

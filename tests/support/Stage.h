@@ -105,6 +105,9 @@ public:
   bool Shows(std::string_view text) const;
   /// What a user sees, made of the damaged parts of all frames so far.
   const Picture& Shown() const { return *picture; }
+  /// How many frames there were since the tree came, and how many pixels of them were damaged.
+  int FrameCount() const { return frameCount; }
+  int DamagedPixels() const { return damagedPixels; }
 
 private:
   /// One turn of the loop; false if nothing was due.
@@ -119,6 +122,7 @@ private:
   std::shared_ptr<const Toolkit::DisplayList> frame;
   std::optional<Picture> picture;
   std::unique_ptr<Toolkit::TileRasterizer> rasterizer;
+  int frameCount = 0, damagedPixels = 0;
 };
 
 } // namespace TestSupport

@@ -3,9 +3,6 @@
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/SpatialIndex.h"
-#include "toolkit/render/DisplayListDamage.h"
-#include "toolkit/render/FrameRecorder.h"
-#include "toolkit/visual/LayoutQueue.h"
 #include "toolkit/visual/Transform.h"
 
 #include <algorithm>
@@ -17,45 +14,37 @@ namespace {
 
 using RenderTest::Picture;
 
-constexpr Pixel Background = 0xff101010;
 constexpr Size View{300, 200};
 
-/// A canvas of boxes in boxes below a transform, once with kept drawings and once without, and the picture that the
-/// damaged parts of the frames have made so far.
+/// Canvases of boxes in boxes.
 class SceneTest : public MarkupTest {
 protected:
-  struct Scene {
-    Ptr<Canvas> root, canvas;
-    Ptr<ScaleTransform> scale = MakePtr<ScaleTransform>();
-    Ptr<TranslateTransform> shift = MakePtr<TranslateTransform>();
-    FrameRecorder recorder{ImageFinder()};
-    Picture picture{static_cast<int>(View.width), static_cast<int>(View.height), Background};
-    explicit Scene(bool keeps) : root(MakePtr<Canvas>()), canvas(MakePtr<Canvas>()) {
-      if (keeps) canvas->KeepDrawings();
+  /// A canvas below a transform on a stage.
+  struct Scene : TestSupport::Stage {
+    enum class Drawings { Kept, Made };
+    explicit Scene(Drawings drawings) : Stage(Frames::Drawn) {
+      if (drawings == Drawings::Kept) canvas->KeepDrawings();
       auto transform = MakePtr<TransformGroup>();
       transform->AddChild(scale.Get());
       transform->AddChild(shift.Get());
       canvas->SetValue(UIElement::RenderTransformProperty, Value(transform));
+      auto root = MakePtr<Canvas>();
       root->AddChild(canvas.Get());
-      root->AttachAsRoot();
-      root->Measure(View);
-      root->Arrange({0, 0, View.width, View.height});
+      Put(*root, View);
     }
-    ~Scene() { root->DetachAsRoot(); }
-    void Draw() {
-      LayoutQueue::Current().Run();
-      const FrameRecorder::Frame frame = recorder.Record(*root, View, 1);
-      damaged = 0;
-      for (const PixelRect& rect : frame.damage) damaged += rect.Width() * rect.Height();
-      if (!frame.damage.empty()) TileRasterizer(1).Draw(*frame.list, picture.Buffer(), {}, frame.damage, Background);
+    void Zoom(float zoom) {
+      scale->SetScaleX(zoom);
+      scale->SetScaleY(zoom);
     }
+    /// The last frame, drawn at once.
     Picture Whole() const {
-      Picture whole(picture.width, picture.height, Background);
-      const PixelRect all{0, 0, whole.width, whole.height};
-      TileRasterizer(1).Draw(*recorder.Last(), whole.Buffer(), {}, {&all, 1}, Background);
+      Picture whole(Shown().width, Shown().height);
+      TileRasterizer(1).Draw(Frame(), whole.Buffer(), 1, Background);
       return whole;
     }
-    int damaged = 0;
+    Ptr<Canvas> canvas = MakePtr<Canvas>();
+    Ptr<ScaleTransform> scale = MakePtr<ScaleTransform>();
+    Ptr<TranslateTransform> shift = MakePtr<TranslateTransform>();
   };
 
   static Ptr<Border> Box(float width, float height, int color) {
@@ -84,7 +73,7 @@ TEST_F(SceneTest, ShowsAndHitsWhatAPlainCanvasDoes) {
     return std::round(std::uniform_real_distribution<float>(low, high)(random) * 4) / 4;
   };
   const auto pick = [&](size_t count) { return std::uniform_int_distribution<size_t>(0, count - 1)(random); };
-  Scene kept(true), plain(false);
+  Scene kept(Scene::Drawings::Kept), plain(Scene::Drawings::Made);
   const auto both = [&](auto&& change) {
     change(kept);
     change(plain);
@@ -115,22 +104,21 @@ TEST_F(SceneTest, ShowsAndHitsWhatAPlainCanvasDoes) {
       case 8: element->SetWidth(w * 2); break;
       default: {
         const float zoom = 1 + static_cast<float>(color % 3);
-        scene.scale->SetScaleX(zoom);
-        scene.scale->SetScaleY(zoom);
+        scene.Zoom(zoom);
         scene.shift->SetX(-Far * zoom + x / 2);
         scene.shift->SetY(-Far * zoom + y / 2);
       }
       }
-      scene.Draw();
+      scene.Settle();
     });
     SCOPED_TRACE("step " + std::to_string(step) + " of kind " + std::to_string(kind));
-    TestSupport::ExpectEqual(kept.picture, plain.picture, "SceneKept");
-    TestSupport::ExpectEqual(kept.picture, kept.Whole(), "SceneDamage");
+    TestSupport::ExpectEqual(kept.Shown(), plain.Shown(), "SceneKept");
+    TestSupport::ExpectEqual(kept.Shown(), kept.Whole(), "SceneDamage");
     if (HasFailure()) break;
     for (int i = 0; i < 4; ++i) {
       const Point point{number(0, View.width), number(0, View.height)};
       const auto indexOf = [&](const Scene& scene) {
-        for (UIElement* e = scene.root->HitTest(point); e; e = e->VisualParent())
+        for (UIElement* e = scene.Root().HitTest(point); e; e = e->VisualParent())
           for (size_t c = 0; c < scene.canvas->ChildCount(); ++c)
             if (scene.canvas->Child(c) == e) return static_cast<int>(c);
         return -1;
@@ -141,23 +129,25 @@ TEST_F(SceneTest, ShowsAndHitsWhatAPlainCanvasDoes) {
 }
 
 TEST_F(SceneTest, DamagesOnlyWhatChanged) {
-  Scene scene(true);
+  Scene scene(Scene::Drawings::Kept);
   for (int i = 0; i < 20; ++i) Place(*scene.canvas, BoxInBox(20, 20, 0x804020), i % 10 * 30, i / 10 * 30);
-  scene.Draw();
-  EXPECT_EQ(scene.damaged, 300 * 200);
-  scene.Draw();
-  EXPECT_EQ(scene.damaged, 0) << "nothing changed";
-  scene.canvas->Child(3)->SetValue(Border::BackgroundProperty, Value(RenderTest::Solid(0xffffff)));
-  scene.Draw();
-  EXPECT_GE(scene.damaged, 20 * 20);
-  EXPECT_LE(scene.damaged, 24 * 24);
-  Canvas::SetTop(scene.canvas->Child(3), 150);
-  scene.Draw();
-  EXPECT_LE(scene.damaged, 2 * 24 * 24);
+  scene.Settle();
+  const auto damagedBy = [&](auto&& change) {
+    const int before = scene.DamagedPixels();
+    change();
+    scene.Settle();
+    return scene.DamagedPixels() - before;
+  };
+  auto* box = scene.canvas->Child(3);
+  EXPECT_EQ(damagedBy([] {}), 0);
+  const int painted = damagedBy([&] { box->SetValue(Border::BackgroundProperty, Value(RenderTest::Solid(0xffffff))); });
+  EXPECT_GE(painted, 20 * 20);
+  EXPECT_LE(painted, 24 * 24);
+  EXPECT_LE(damagedBy([&] { Canvas::SetTop(box, 150); }), 2 * 24 * 24);
 }
 
 TEST_F(SceneTest, SpreadsTheCostOfANewZoomOverFrames) {
-  Scene scene(true);
+  Scene scene(Scene::Drawings::Kept);
   for (int i = 0; i < 1000; ++i) {
     auto box = Box(200, 100, 0x804020);
     auto panel = MakePtr<Canvas>();
@@ -165,24 +155,19 @@ TEST_F(SceneTest, SpreadsTheCostOfANewZoomOverFrames) {
     box->SetChild(panel.Get());
     Place(*scene.canvas, box, i % 40 * 210, i / 40 * 110);
   }
-  const auto zoom = [&](float value) {
-    scene.scale->SetScaleX(value);
-    scene.scale->SetScaleY(value);
-  };
-  zoom(0.03f);
-  scene.Draw();
-  zoom(0.25f);
-  int frames = 0;
-  do {
-    LayoutQueue::Current().TakeVisualChange();
-    scene.Draw();
-  } while (LayoutQueue::Current().TakeVisualChange() && ++frames < 20);
-  EXPECT_LT(frames, 5);
-  Picture settled = scene.picture;
+  scene.Zoom(0.03f);
+  scene.Settle();
+  const int before = scene.FrameCount();
+  // More boxes are in view than one frame records anew.
+  scene.Zoom(0.07f);
+  scene.Settle();
+  EXPECT_GT(scene.FrameCount() - before, 1);
+  EXPECT_LE(scene.FrameCount() - before, 5);
+  const Picture settled = scene.Shown();
   // The same as when the canvas is recorded for that zoom at once.
   for (size_t i = 0; i < scene.canvas->ChildCount(); ++i) scene.canvas->Child(i)->InvalidateVisual();
-  scene.Draw();
-  TestSupport::ExpectEqual(scene.picture, settled, "SceneZoom");
+  scene.Settle();
+  TestSupport::ExpectEqual(scene.Shown(), settled, "SceneZoom");
 }
 
 TEST(SpatialIndexTest, FindsAllThatReachesAnArea) {
