@@ -2,7 +2,7 @@
 
 #include "document/ChildType.h"
 #include "document/NodeEntry.h"
-#include "nodes/DocumentView.h"
+#include "graph/Graph.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
@@ -34,7 +34,7 @@ JsonPtr WrapMapValue(const cJSON* entry) {
 } // namespace
 
 bool ContentNode::DeserializePinMember(const cJSON* json, const cJSON* member, const NodePinTarget& target,
-                                       const Workspace& workspace, DocumentView& view, bool selectNewNodes) {
+                                       const Workspace& workspace, Graph& view, bool selectNewNodes) {
   NodePinData* pin = FindPin(target.pin);
   // A schema that names a pin which isn't there: the key counts as unknown.
   if (!pin) return false;
@@ -52,7 +52,7 @@ bool ContentNode::DeserializePinMember(const cJSON* json, const cJSON* member, c
 
 void ContentNode::DeserializePinObject(const cJSON* json, const cJSON* parentJson, const std::string& nodeName,
                                        NodePinData& pin, const NodeVariant* variant, const Workspace& workspace,
-                                       DocumentView& view, bool selectNewNodes) {
+                                       Graph& view, bool selectNewNodes) {
   const NodeEntry entry(json);
   ChildType type = ChildType::OfObject(*this, json, parentJson, nodeName, json->child ? variant : nullptr, workspace);
   type.ApplyEntry(entry);
@@ -66,7 +66,7 @@ void ContentNode::DeserializePinObject(const cJSON* json, const cJSON* parentJso
 }
 
 void ContentNode::DeserializePinArray(const cJSON* json, const std::string& nodeName, NodePinData& pin,
-                                      const NodeVariant* variant, const Workspace& workspace, DocumentView& view,
+                                      const NodeVariant* variant, const Workspace& workspace, Graph& view,
                                       bool selectNewNodes) {
   pin.hadArray = true;
   std::string childPin;
@@ -80,7 +80,7 @@ void ContentNode::DeserializePinArray(const cJSON* json, const std::string& node
 
 void ContentNode::DeserializeArrayEntry(const cJSON* json, const cJSON* element, int32_t index,
                                         const std::string& nodeName, NodePinData& pin, std::string& childPin,
-                                        const NodeVariant* variant, const Workspace& workspace, DocumentView& view,
+                                        const NodeVariant* variant, const Workspace& workspace, Graph& view,
                                         bool selectNewNodes) {
   LogFile::Write("Scanning array entry with index: '" + std::to_string(index) + "'.");
   const NodeEntry entry(element);
@@ -115,7 +115,7 @@ void ContentNode::DeserializeArrayEntry(const cJSON* json, const cJSON* element,
 }
 
 void ContentNode::ConnectArrayEntry(ContentNode& child, const ChildType& type, NodePinData& pin, std::string& childPin,
-                                    DocumentView& view) {
+                                    Graph& view) {
   std::string_view pinId = type.isLink ? BuiltIn::GenericIn : BuiltIn::Generic;
   if (!type.isLink && !type.isGeneric) {
     if (childPin.empty())
@@ -131,15 +131,14 @@ void ContentNode::ConnectArrayEntry(ContentNode& child, const ChildType& type, N
 }
 
 void ContentNode::QueuePinConnection(ContentNode& child, NodePinData& parentPin, bool isLink, bool isGeneric,
-                                     DocumentView& view) {
+                                     Graph& view) {
   NodePinData* childPin = isLink      ? child.FindPin(BuiltIn::GenericIn)
                           : isGeneric ? child.FindPin(BuiltIn::Generic)
                                       : child.FindInputPinOfType(parentPin.blueprint->Type);
   if (childPin && childPin->IsInput()) view.PendingConnections().push_back({&child, childPin, this, &parentPin});
 }
 
-void ContentNode::DeserializeChildren(const cJSON* json, const Workspace& workspace, DocumentView& view,
-                                      bool selectNewNodes) {
+void ContentNode::DeserializeChildren(const cJSON* json, const Workspace& workspace, Graph& view, bool selectNewNodes) {
   NodePinData* parentPin = FirstOutput();
   if (!parentPin) return;
   int32_t index = 0;

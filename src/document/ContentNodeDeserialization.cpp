@@ -2,7 +2,7 @@
 
 #include "document/DocumentPrint.h"
 #include "document/NodeEntry.h"
-#include "nodes/DocumentView.h"
+#include "graph/Graph.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
@@ -25,7 +25,7 @@ bool IsSkipped(std::string_view key) {
 
 } // namespace
 
-void ContentNode::Deserialize(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes) {
+void ContentNode::Deserialize(const cJSON* json, const Workspace& workspace, Graph& view, bool selectNewNodes) {
   LogDeserialization(json);
   const NodeEntry entry(json);
   if (const auto title = JsonText(entry.title)) SetTitle(*title);
@@ -42,8 +42,8 @@ void ContentNode::LogDeserialization(const cJSON* json) const {
   LogFile::Write(text);
 }
 
-void ContentNode::DeserializeMember(const cJSON* json, const cJSON* member, const Workspace& workspace,
-                                    DocumentView& view, bool selectNewNodes) {
+void ContentNode::DeserializeMember(const cJSON* json, const cJSON* member, const Workspace& workspace, Graph& view,
+                                    bool selectNewNodes) {
   const char* key = member->string;
   if (IsSkipped(key)) return;
   const std::string schemaKey = ResolveSchemaKey(key, member);
@@ -95,8 +95,7 @@ std::string ContentNode::ResolveSchemaKey(const char* jsonKey, const cJSON* valu
   return result;
 }
 
-void ContentNode::DeserializeGeneric(const cJSON* json, const Workspace& workspace, DocumentView& view,
-                                     bool selectNewNodes) {
+void ContentNode::DeserializeGeneric(const cJSON* json, const Workspace& workspace, Graph& view, bool selectNewNodes) {
   LogFile::Write("Creating generic node");
   const Toolkit::Ptr<ContentNode> node = workspace.nodeDictionary->CreateNode(BuiltIn::Generic, false);
   auto* generic = Toolkit::DynamicCast<GenericContentNode>(static_cast<Toolkit::Object*>(node.Get()));

@@ -3,8 +3,8 @@
 
 #include "document/NodeChildWriter.h"
 #include "document/PropertyText.h"
+#include "graph/Graph.h"
 #include "nodes/ContentNode.h"
-#include "nodes/DocumentView.h"
 #include "nodes/NodeKeys.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
@@ -48,7 +48,7 @@ const char* ContainerKey(const NodePinData& pin) {
 
 } // namespace
 
-bool ContentNode::DeserializeAdditionalProperty(const cJSON* json, const Workspace& workspace, DocumentView& view,
+bool ContentNode::DeserializeAdditionalProperty(const cJSON* json, const Workspace& workspace, Graph& view,
                                                 bool selectNewNodes) {
   const NodePinTarget* target = Blueprint().pinSchema.Find(Keys::AdditionalProperties);
   NodePinData* pin = target ? FindPin(target->pin) : nullptr;
@@ -58,7 +58,7 @@ bool ContentNode::DeserializeAdditionalProperty(const cJSON* json, const Workspa
   return true;
 }
 
-bool ContentNode::DeserializeParameters(const cJSON* json, const Workspace& workspace, DocumentView& view,
+bool ContentNode::DeserializeParameters(const cJSON* json, const Workspace& workspace, Graph& view,
                                         bool selectNewNodes) {
   const NodePinTarget* target = Blueprint().pinSchema.Find(Keys::AdditionalParameters);
   NodePinData* pin = target ? FindPin(target->pin) : nullptr;
@@ -75,7 +75,7 @@ bool ContentNode::DeserializeParameters(const cJSON* json, const Workspace& work
 }
 
 void ContentNode::DeserializeMadeUp(const cJSON* object, const NodePinTarget& target, NodePinData& pin,
-                                    const Workspace& workspace, DocumentView& view, bool selectNewNodes) {
+                                    const Workspace& workspace, Graph& view, bool selectNewNodes) {
   const Toolkit::Ptr<ContentNode> child = workspace.nodeDictionary->CreateNode(target.node, true);
   if (!child) return;
   view.AddNode(*child, 0, 0, selectNewNodes);

@@ -1,10 +1,12 @@
 #include "document/DocumentImport.h"
 
 #include "document/DocumentPrint.h"
+#include "document/ImportTarget.h"
 #include "document/UnplacedNodes.h"
+#include "graph/Graph.h"
+#include "graph/TreeLayout.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
-#include "nodes/DocumentView.h"
 #include "nodes/GroupNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
@@ -12,6 +14,7 @@
 #include "platform/LogFile.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/Canvas.h"
+#include "values/ActionHistory.h"
 #include "workspace/Workspace.h"
 
 #include <array>
@@ -69,13 +72,15 @@ bool IsMoved(const ContentNode& node) {
 
 } // namespace
 
-DocumentImport::DocumentImport(const cJSON* document, const Workspace& workspace, DocumentView& view)
-    : document(document), metadata(cJSON_GetObjectItem(document, Keys::Metadata)), workspace(workspace), view(view) {
+DocumentImport::DocumentImport(const cJSON* document, const Workspace& workspace, ImportTarget& target)
+    : document(document), metadata(cJSON_GetObjectItem(document, Keys::Metadata)), workspace(workspace), target(target),
+      view(target.graph) {
   if (!metadata) metadata = document;
 }
 
 bool DocumentImport::Run(const std::string& rootNodeType) {
-  view.ClearHistory();
+  // Undo steps don't reach across a load.
+  ActionHistory::Instance().Clear();
   const std::optional<std::string> type = ResolveRootType(rootNodeType);
   if (!type) return false;
   const Toolkit::Ptr<ContentNode> root = workspace.nodeDictionary->CreateNode(*type, true);
@@ -84,7 +89,7 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
     ShowImportError("Cannot import node tree: Failed to create root node.");
     return false;
   }
-  view.SetRootNode(*root);
+  view.SetRootNode(root.Get());
   if (const auto id = JsonText(cJSON_GetObjectItem(document, Keys::NodeId)))
     if (const size_t separator = id->find('-'); separator != std::string::npos)
       root->SetNodeId(id->substr(separator + 1));
@@ -100,6 +105,8 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
   ReadComments();
   links.Read();
   links.SpliceIntoPendingConnections();
+  // Heights order the children of pins, so nodes are laid out before they are joined.
+  view.Panel().UpdateLayout();
   view.CompletePendingConnections();
   links.Finish();
   ApplyLayout();
@@ -202,7 +209,7 @@ void DocumentImport::ApplyLayout() {
   }
   const bool hasNodes = cJSON_IsObject(nodes) && nodes->child;
   if (!hasNodes && !HasInlinePosition(document)) {
-    view.AutoPosition(false);
+    target.onLaidOut(TreeLayout(TreeLayout::Order::AsImported).Run(*view.ContentNodes().front()));
     return;
   }
   for (const auto& node : view.ContentNodes())

@@ -11,14 +11,14 @@ struct cJSON;
 namespace Tesselor {
 
 class ContentNode;
-class DocumentView;
+struct ImportTarget;
 class Workspace;
 
 /// One import of a parsed document into a view. It lives for that one pass, which isn't undoable and has no rollback.
 class DocumentImport {
 public:
   /// All three outlive the import; the workspace's schemas are loaded.
-  DocumentImport(const cJSON* document, const Workspace& workspace, DocumentView& view);
+  DocumentImport(const cJSON* document, const Workspace& workspace, ImportTarget& target);
 
   /// False, with a box and a log line, if no root node can be made; then the view is as it was.
   bool Run(const std::string& rootNodeType);
@@ -37,7 +37,8 @@ private:
   /// Where the editor's own data stands: the metadata object, or the top level of a file that has none.
   const cJSON* metadata;
   const Workspace& workspace;
-  DocumentView& view;
+  ImportTarget& target;
+  Graph& view;
 };
 
 } // namespace Tesselor

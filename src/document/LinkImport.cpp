@@ -36,14 +36,14 @@ using PendingIndex = std::unordered_multimap<std::pair<const NodePinData*, const
 
 } // namespace
 
-std::unordered_map<std::string_view, ContentNode*> NodesById(const DocumentView& view) {
+std::unordered_map<std::string_view, ContentNode*> NodesById(const Graph& view) {
   std::unordered_map<std::string_view, ContentNode*> nodes;
   for (const auto& node : view.ContentNodes())
     if (!node->NodeId().empty()) nodes[node->NodeId()] = node.Get();
   return nodes;
 }
 
-LinkImport::LinkImport(const cJSON* metadata, const Workspace& workspace, DocumentView& view)
+LinkImport::LinkImport(const cJSON* metadata, const Workspace& workspace, Graph& view)
     : metadata(metadata), workspace(workspace), view(view) {}
 
 void LinkImport::Read() {

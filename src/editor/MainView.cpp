@@ -37,7 +37,7 @@ MainView::MainView() {
   containerBorder = FindName<Toolkit::Border>("ContainerBorder");
   workspaceMenu = FindName<Toolkit::MenuItem>("WorkspaceMenu");
   TOOLKIT_ASSERT(nodeEditorCanvas && containerBorder && workspaceMenu);
-  connectionManager = std::make_unique<ConnectionManager>(nodeEditorCanvas);
+  graph = std::make_unique<Graph>(*nodeEditorCanvas->GetPanel());
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
   TOOLKIT_ASSERT(nodePanel && nodeSearchPanel);
@@ -57,7 +57,6 @@ MainView::MainView() {
 MainView::~MainView() {
   // Steps refer to nodes and connections, which go with the view.
   ActionHistory::Instance().Clear();
-  SetPendingPin(nullptr);
   ClearDocument();
 }
 
@@ -88,6 +87,8 @@ bool MainView::ConnectEvent(Toolkit::Object* source, const char* eventName, cons
       TESSELOR_ROW("Click", OnClickCloseHotkeys, Toolkit::ButtonBase::ClickEvent),
       TESSELOR_ROW("Click", OnClickLoadWorkspace, Toolkit::ButtonBase::ClickEvent),
       TESSELOR_ROW("Click", OnClickCancelLoadWorkspace, Toolkit::ButtonBase::ClickEvent),
+      TESSELOR_ROW("ConnectionClicked", OnConnectionClicked, Connection::ConnectionClickedEvent),
+      TESSELOR_ROW("NodePinMenu", OnNodePinMenu, NodePinControl::NodePinMenuEvent),
       TESSELOR_ROW("SearchResultSelected", OnSearchResultSelected, NodeSearchPanel::SearchResultSelectedEvent),
   };
 #undef TESSELOR_ROW

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "editor/PendingPin.h"
 #include "editor/WorkspaceItemData.h"
-#include "graph/ConnectionManager.h"
-#include "nodes/DocumentView.h"
-#include "nodes/NodeIdIndex.h"
+#include "graph/Graph.h"
 #include "toolkit/application/Window.h"
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/controls/Border.h"
@@ -20,11 +19,12 @@ namespace Tesselor {
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
+struct ImportTarget;
 
-/// The application's window, which is the document as well: it owns the lists of nodes, the root, the file path and
-/// the connections. Its sources are parted by concept: MainView.cpp (start and events), MainViewDocument.cpp (the
-/// lists), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar and keys).
-class MainView : public Toolkit::Window, public DocumentView {
+/// The application's window. It owns the document's graph and the path of its file, and forwards what the user does to
+/// whoever does it. Its sources are parted by concept: MainView.cpp (start and events), MainViewDocument.cpp (the
+/// graph), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar and keys).
+class MainView : public Toolkit::Window {
   TOOLKIT_TYPE(MainView)
 public:
   static inline const Toolkit::DependencyProperty* LoadExternalAssetModalVisibilityProperty = nullptr;
@@ -33,30 +33,21 @@ public:
   MainView();
   ~MainView() override;
 
-  // The document, as nodes, import and export see it.
-  const std::vector<Toolkit::Ptr<ContentNode>>& ContentNodes() const override { return contentNodes; }
-  const std::vector<Toolkit::Ptr<GroupNode>>& GroupNodes() const override { return groupNodes; }
-  const std::vector<Toolkit::Ptr<CommentNode>>& CommentNodes() const override { return commentNodes; }
-  void AddNode(ContentNode& node, float x, float y, bool select) override;
-  GroupNode& AddGroupNode(float x, float y) override;
-  CommentNode& AddCommentNode(float x, float y) override;
-  void SetRootNode(ContentNode& node) override;
-  ContentNode* FindNodeById(std::string_view nodeId) const override { return nodesById.Find(nodeId); }
-  std::vector<PendingConnection>& PendingConnections() override { return pendingConnections; }
-  void CompletePendingConnections() override;
-  void AutoPosition(bool sortByPosition) override;
-  std::shared_ptr<RootType> CurrentRoot() const override { return workspaces.currentRoot; }
-  NodePinControl* PendingPin() const override { return pendingPin.Get(); }
-  void SetPendingPin(NodePinControl* pin) override;
-  void RefreshConnectionsOf(const ContentNode& node) override;
-  void ClearHistory() override;
-
-  ContentNode* RootNode() const { return rootNode.Get(); }
-  const std::string& FilePath() const { return filePath; }
-  ConnectionManager& Connections() { return *connectionManager; }
+  Graph& GetGraph() { return *graph; }
+  const Graph& GetGraph() const { return *graph; }
   NodeEditorCanvas& GetCanvas() const { return *nodeEditorCanvas; }
+  const Graph::List<ContentNode>& ContentNodes() const { return graph->ContentNodes(); }
+  const Graph::List<GroupNode>& GroupNodes() const { return graph->GroupNodes(); }
+  const Graph::List<CommentNode>& CommentNodes() const { return graph->CommentNodes(); }
+  ContentNode* RootNode() const { return graph->Root(); }
+  /// For an import of the document as one of the current root's kind. The graph is empty.
+  ImportTarget MakeImportTarget();
+  const std::string& FilePath() const { return filePath; }
+  const std::shared_ptr<RootType>& CurrentRoot() const { return workspaces.currentRoot; }
 
-  /// Empties the lists and the canvas. Root, path and history stay as they are.
+  /// Lays the tree out from the first content node on, as one undo step.
+  void AutoPosition();
+  /// Empties the graph. Root, path and history stay as they are.
   void ClearDocument();
 
   // Documents and files.
@@ -84,7 +75,6 @@ private:
   void ShowTitleOfFile();
   void OfferRoots();
   void ResetViewToRoot();
-  Toolkit::Canvas& Panel() const;
   Toolkit::ObservableCollectionBase* ReflectedWorkspaceList() const { return workspaceList.Get(); }
 
   // Events of the document, in its order.
@@ -109,18 +99,12 @@ private:
 
   void ToggleSearchPanel();
   void MirrorNodes();
-  void DeselectAll();
+  void OnNodePinMenu(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void TryCreateConnection(NodePinControl& target, NodePinControl& source);
 
   // The document.
-  std::vector<Toolkit::Ptr<BaseNode>> selectedNodes;
-  std::vector<Toolkit::Ptr<ContentNode>> contentNodes;
-  std::vector<Toolkit::Ptr<GroupNode>> groupNodes;
-  std::vector<Toolkit::Ptr<CommentNode>> commentNodes;
-  std::vector<PendingConnection> pendingConnections;
-  Toolkit::Ptr<ContentNode> rootNode;
-  std::unique_ptr<ConnectionManager> connectionManager;
+  std::unique_ptr<Graph> graph;
   std::string filePath;
-  NodeIdIndex nodesById;
 
   // The window.
   Toolkit::Ptr<Toolkit::ObservableCollection<WorkspaceItemData>> workspaceList;
@@ -131,7 +115,7 @@ private:
   NodePanel* nodePanel = nullptr;
   NodeSearchPanel* nodeSearchPanel = nullptr;
   Toolkit::MenuItem* workspaceMenu = nullptr;
-  Toolkit::Ptr<NodePinControl> pendingPin;
+  PendingPin pendingPin;
   /// The next toggle of the compact mode collapses the fields.
   bool compactModeFlag = true;
 };

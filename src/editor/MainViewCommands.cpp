@@ -61,7 +61,7 @@ void MainView::OnAutoPositionNodes(Toolkit::Object*, const RoutedEventArgs&) {
   Ptr<MainView> view(this);
   MessageBox::Show("This action will change all Node's position", "Attention!", MessageBoxButton::OKCancel,
                    MessageBoxImage::None, [view](MessageBoxResult result) {
-                     if (result == MessageBoxResult::OK) view->AutoPosition(true);
+                     if (result == MessageBoxResult::OK) view->AutoPosition();
                    });
 }
 
@@ -80,17 +80,16 @@ void MainView::MirrorNodes() {
     const float middle = canvas->ActualWidth() * 0.5f;
     Toolkit::Canvas::SetLeft(&node, middle - (Toolkit::Canvas::GetLeft(&node) - middle));
   };
-  for (const Ptr<ContentNode>& node : contentNodes) mirror(*node);
-  for (const Ptr<GroupNode>& node : groupNodes) mirror(*node);
-  UpdateLayout();
-  connectionManager->RefreshAll();
+  for (const Ptr<ContentNode>& node : graph->ContentNodes()) mirror(*node);
+  for (const Ptr<GroupNode>& node : graph->GroupNodes()) mirror(*node);
 }
 
 void MainView::OnClickSetSelectedNodeAsRoot(Toolkit::Object*, const RoutedEventArgs&) {
-  if (selectedNodes.size() != 1) return;
-  auto* node = Toolkit::DynamicCast<ContentNode>(static_cast<Toolkit::Object*>(selectedNodes.front().Get()));
+  const Selection::Nodes& selected = graph->Selected().GetNodes();
+  if (selected.size() != 1) return;
+  auto* node = Toolkit::DynamicCast<ContentNode>(static_cast<Toolkit::Object*>(selected.front().Get()));
   if (!node) return;
-  auto command = std::make_unique<SetRootNodeActionCommand>(*this, rootNode.Get(), *node);
+  auto command = std::make_unique<SetRootNodeActionCommand>(*graph, *node);
   command->Do();
   ActionHistory::Instance().Push(std::move(command));
 }
@@ -98,15 +97,11 @@ void MainView::OnClickSetSelectedNodeAsRoot(Toolkit::Object*, const RoutedEventA
 void MainView::OnClickGoToRoot(Toolkit::Object*, const RoutedEventArgs&) { ResetViewToRoot(); }
 
 void MainView::OnClickToggleCompactMode(Toolkit::Object*, const RoutedEventArgs&) {
-  const Visibility visibility = compactModeFlag ? Visibility::Collapsed : Visibility::Visible;
-  for (const Ptr<ContentNode>& node : contentNodes)
-    for (const auto& [id, field] : node->contentFields) field->SetVisibility(visibility);
+  for (const Ptr<ContentNode>& node : graph->ContentNodes()) node->ShowInFull(!compactModeFlag);
   Toolkit::StackPanel& rows = *nodePanel->GetFieldsStack();
   for (size_t i = 0; i < rows.ChildCount(); ++i)
     if (auto* row = Toolkit::DynamicCast<PanelBaseField>(static_cast<Toolkit::Object*>(rows.Child(i))))
       row->GetCheckBox()->SetIsChecked(!compactModeFlag);
-  UpdateLayout();
-  connectionManager->RefreshAll();
   compactModeFlag = !compactModeFlag;
 }
 
@@ -117,21 +112,15 @@ void MainView::ToggleSearchPanel() {
     nodeSearchPanel->Reset();
     return;
   }
-  nodeSearchPanel->Open({contentNodes, groupNodes, commentNodes});
+  nodeSearchPanel->Open({graph->ContentNodes(), graph->GroupNodes(), graph->CommentNodes()});
 }
 
 void MainView::OnSearchResultSelected(Toolkit::Object*, const RoutedEventArgs& args) {
   BaseNode* node = static_cast<const SearchResultSelectedEventArgs&>(args).node.Get();
   if (!node) return;
-  DeselectAll();
-  selectedNodes.emplace_back(node);
-  node->SetSelected(true);
-  // A frame's own element has no size: its document is a canvas.
-  const auto* frame = Toolkit::DynamicCast<FrameNode>(static_cast<Toolkit::Object*>(node));
-  const float width = frame ? frame->FrameWidth() : node->ActualWidth();
-  const float height = frame ? frame->FrameHeight() : node->ActualHeight();
-  nodeEditorCanvas->ResetViewTo(
-      {Toolkit::Canvas::GetLeft(node) + width * 0.5f, Toolkit::Canvas::GetTop(node) + height * 0.5f});
+  graph->Selected().Clear();
+  graph->Selected().Add(*node);
+  nodeEditorCanvas->ResetViewTo(node->Middle());
 }
 
 void MainView::OnClickShowHotkeys(Toolkit::Object*, const RoutedEventArgs&) {
@@ -160,7 +149,7 @@ void MainView::Window_KeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& arg
   }
   const bool inTextBox = Toolkit::DynamicCast<Toolkit::TextBox>(args.source) != nullptr;
   if (args.key == Key::Escape) {
-    SetPendingPin(nullptr);
+    pendingPin.Clear();
   } else if (args.key == Key::H && !inTextBox) {
     const bool shown = Get<Visibility>(HotkeysModalVisibilityProperty) == Visibility::Visible;
     SetValue(HotkeysModalVisibilityProperty, shown ? Visibility::Collapsed : Visibility::Visible);

@@ -68,6 +68,7 @@ protected:
   FrameNode(const Properties& properties, const Names& names, const Toolkit::RoutedEvent& resizing, float minimumHeight)
       : properties(&properties), names(&names), resizing(&resizing), minimumHeight(minimumHeight) {}
 
+  Toolkit::Size OwnSize() const override { return {FrameWidth(), FrameHeight()}; }
   float FrameBorder() const { return Get<float>(properties->borderThickness); }
   void SetCursor(const char* name) { SetValue(properties->cursorType, name); }
   /// The frame itself if the event came from it, not from what it holds.

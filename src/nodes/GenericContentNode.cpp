@@ -1,7 +1,7 @@
 #include "nodes/GenericContentNode.h"
 
 #include "fields/FieldRawJson.h"
-#include "nodes/DocumentView.h"
+#include "graph/Graph.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
 #include "platform/JsonFile.h"
@@ -43,7 +43,7 @@ void GenericContentNode::SerializeWithId(cJSON* json, bool, bool writeLayout) {
   }
 }
 
-void GenericContentNode::Deserialize(const cJSON* json, const Workspace&, DocumentView&, bool) {
+void GenericContentNode::Deserialize(const cJSON* json, const Workspace&, Graph&, bool) {
   if (const auto comment = JsonText(cJSON_GetObjectItem(json, Keys::Comment))) SetComment(*comment);
   LoadPosition(*this, json, PositionPrecision::Fraction);
   targetKey = json && json->string ? json->string : "Array";
@@ -57,7 +57,7 @@ void GenericContentNode::Deserialize(const cJSON* json, const Workspace&, Docume
   field->TextToSave();
 }
 
-void GenericContentNode::ConnectToParent(ContentNode& parent, DocumentView& view) {
+void GenericContentNode::ConnectToParent(ContentNode& parent, Graph& view) {
   NodePinData* childPin = FindPin(BuiltIn::Generic);
   if (!childPin) return;
   NodePinData* parentPin = parent.AddDynamicPin(*childPin->blueprint);

@@ -15,10 +15,10 @@ public:
 
   void SerializeChild(cJSON* json, bool saveAllFields) override;
   void SerializeWithId(cJSON* json, bool saveAllFields, bool writeLayout) override;
-  void Deserialize(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes) override;
+  void Deserialize(const cJSON* json, const Workspace& workspace, Graph& view, bool selectNewNodes) override;
 
   /// Queues a connection to a new output pin of `parent`, as an unknown member of it.
-  void ConnectToParent(ContentNode& parent, DocumentView& view);
+  void ConnectToParent(ContentNode& parent, Graph& view);
 
   /// The key under which a parent writes this node from a dynamic pin; empty until the node is read.
   const std::string& TargetKey() const { return targetKey; }

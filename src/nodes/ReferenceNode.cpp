@@ -145,7 +145,7 @@ void ReferenceNode::Serialize(cJSON* json, bool writeNodeId, bool saveAllFields)
   cJSON_AddItemToObject(json, Blueprint().modifyKey.c_str(), values);
 }
 
-void ReferenceNode::Deserialize(const cJSON* json, const Workspace&, DocumentView&, bool) {
+void ReferenceNode::Deserialize(const cJSON* json, const Workspace&, Graph&, bool) {
   LogDeserialization(json);
   if (const auto title = JsonText(cJSON_GetObjectItem(json, Keys::Title))) SetTitle(*title);
   if (const auto comment = JsonText(cJSON_GetObjectItem(json, Keys::Comment))) SetComment(*comment);

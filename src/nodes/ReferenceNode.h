@@ -21,7 +21,7 @@ public:
   std::string_view FileId() const { return GetString(FileIdProperty); }
 
   void Serialize(cJSON* json, bool writeNodeId, bool saveAllFields) override;
-  void Deserialize(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes) override;
+  void Deserialize(const cJSON* json, const Workspace& workspace, Graph& view, bool selectNewNodes) override;
   bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
   /// Takes the identifying value and the parameters from a file. What is wrong with it is told to the user.

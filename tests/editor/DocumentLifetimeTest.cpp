@@ -3,6 +3,7 @@
 #include "TemporaryDirectory.h"
 #include "ToolkitEnvironment.h"
 #include "app/ComponentRegistration.h"
+#include "document/ImportTarget.h"
 #include "document/NodeImporterExporter.h"
 #include "editor/MainView.h"
 #include "editor/NodeEditorCanvas.h"
@@ -26,7 +27,8 @@ TEST(DocumentLifetime, LeavesNoObjectBehindWhenTheNextDocumentComes) {
   view->SetClientSize({1280, 720});
   view->ChangeRootType("Quest");
   auto load = [&](const char* file) {
-    const bool loaded = NodeImporterExporter::ImportNodeTree(file, view->CurrentRoot()->workspace, view.Get());
+    ImportTarget target = view->MakeImportTarget();
+    const bool loaded = NodeImporterExporter::ImportNodeTree(file, view->CurrentRoot()->workspace, &target);
     EXPECT_TRUE(loaded) << file;
     EXPECT_GT(view->ContentNodes().size(), 30u);
     view->ClearDocument();
@@ -37,8 +39,8 @@ TEST(DocumentLifetime, LeavesNoObjectBehindWhenTheNextDocumentComes) {
   const size_t after = load("samples/quest.json");
   load("samples/quest_chain.json");
   EXPECT_EQ(load("samples/quest.json"), after);
-  EXPECT_TRUE(view->Connections().GetConnections().empty());
-  EXPECT_EQ(view->FindNodeById("5790f82e-c1d3-4cff-aa3a-f4d46b0a18e8"), nullptr);
+  EXPECT_TRUE(view->GetGraph().Connections().GetConnections().empty());
+  EXPECT_EQ(view->GetGraph().FindNodeById("5790f82e-c1d3-4cff-aa3a-f4d46b0a18e8"), nullptr);
   view->DetachAsRoot();
 }
 

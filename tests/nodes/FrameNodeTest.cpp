@@ -21,7 +21,7 @@ TEST_F(Frames, HaveEightZones) {
 }
 
 TEST_F(Frames, FollowTheMouseWhileResized) {
-  GroupNode& group = view.AddGroupNode(400, 300);
+  GroupNode& group = view->AddGroupNode(400, 300);
   view.Layout();
   Toolkit::InputState input(*view.canvas);
   input.MouseMove({400, 300});
@@ -39,8 +39,8 @@ TEST_F(Frames, FollowTheMouseWhileResized) {
 }
 
 TEST_F(Frames, RaiseTheirOwnEvents) {
-  GroupNode& group = view.AddGroupNode(400, 300);
-  CommentNode& comment = view.AddCommentNode(1000, 300);
+  GroupNode& group = view->AddGroupNode(400, 300);
+  CommentNode& comment = view->AddCommentNode(1000, 300);
   view.Layout();
   std::vector<std::string> events;
   const auto listen = [&events, this](const Toolkit::RoutedEvent& event, const char* name) {

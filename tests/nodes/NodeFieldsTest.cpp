@@ -65,7 +65,7 @@ TEST_F(NodeFields, AreWrittenByWhereTheirValueComesFrom) {
     EXPECT_EQ(Saved(AddNodeWith(c.type, (*c.options ? std::string(c.options) + "," : "") + "'Required':true")),
               c.required);
     ContentNode& loaded = AddNodeWith(c.type, c.options);
-    loaded.Deserialize(Parse(c.asset).get(), workspace, view, false);
+    loaded.Deserialize(Parse(c.asset).get(), workspace, *view, false);
     EXPECT_EQ(Saved(loaded), c.loaded);
     EXPECT_EQ(Saved(loaded, true), c.loaded);
   }

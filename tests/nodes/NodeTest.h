@@ -2,7 +2,7 @@
 
 #include "CapturedBoxes.h"
 #include "CapturedLog.h"
-#include "TestDocumentView.h"
+#include "TestGraph.h"
 #include "ToolkitEnvironment.h"
 #include "fields/FieldRegistration.h"
 #include "nodes/NodeRegistration.h"
@@ -35,7 +35,7 @@ protected:
   /// Makes a node and puts it on the canvas.
   Tesselor::ContentNode& Add(const std::string& id) {
     const Toolkit::Ptr<Tesselor::ContentNode> node = workspace.nodeDictionary->CreateNode(id, true);
-    view.AddNode(*node, 0, 0, false);
+    view->AddNode(*node, 0, 0, false);
     return *node;
   }
   /// JSON in which single quotes stand for double ones.
@@ -62,7 +62,7 @@ protected:
   CapturedBoxes boxes;
   CapturedLog log;
   Tesselor::Workspace workspace;
-  TestDocumentView view{"Node"};
+  TestGraph view{"Node"};
 };
 
 } // namespace TestSupport

@@ -94,7 +94,7 @@ TEST_F(NodeTexts, AreWrittenWhileTheirBoxStillHasTheFocus) {
   ActionHistory::Instance().UndoLast();
   EXPECT_EQ(Written(node), "");
 
-  GroupNode& group = view.AddGroupNode(1200, 300);
+  GroupNode& group = view->AddGroupNode(1200, 300);
   group.SetDataContext(&group);
   view.Layout();
   group.BeginTitleEdit();
@@ -123,7 +123,7 @@ TEST_F(NodeTexts, AreOneUndoStepPerEditOnEveryKindOfNode) {
     history.Clear();
   }
   for (FrameNode* frame :
-       std::initializer_list<FrameNode*>{&view.AddGroupNode(1200, 300), &view.AddCommentNode(0, 0)}) {
+       std::initializer_list<FrameNode*>{&view->AddGroupNode(1200, 300), &view->AddCommentNode(0, 0)}) {
     frame->SetDataContext(frame);
     view.Layout();
     const std::string before(frame->Title());

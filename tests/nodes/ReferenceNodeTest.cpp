@@ -82,7 +82,7 @@ TEST_F(ReferenceNodes, KeepTheValuesOfTheAsset) {
   ReferenceNode& node = AddReference();
   const std::string body = "'$FileName':'plot','Plot':'id-1','Values':{'B':true,'Name':'n','b':2,'big':12345678901,"
                            "'d':0.5,'digits':1234.56789,'o':{'k':[1]}}}";
-  node.Deserialize(Parse("{'$Comment':'c','$NodeId':'Ref-9'," + body).get(), workspace, view, false);
+  node.Deserialize(Parse("{'$Comment':'c','$NodeId':'Ref-9'," + body).get(), workspace, *view, false);
   view.Layout();
   EXPECT_EQ(Saved(node), "{'$Comment':'c','$NodeId':'Ref'," + body);
 }
@@ -211,7 +211,7 @@ TEST_F(ReferenceNodes, StandWithWhatAnIncompleteAssetGives) {
   };
   for (const auto& c : cases) {
     ReferenceNode& node = AddReference();
-    node.Deserialize(Parse(c.asset).get(), workspace, view, false);
+    node.Deserialize(Parse(c.asset).get(), workspace, *view, false);
     EXPECT_EQ(Saved(node), c.saved) << c.asset;
   }
 }
@@ -221,7 +221,7 @@ TEST_F(ReferenceNodes, ReadTheKindOfAParameterFromItsValue) {
   node.Deserialize(Parse("{'Plot':'id','$FileName':'f','Values':{'i':-7,'whole':2.0,'d':1234.56,'s':'','t':true,"
                          "'twice':'','twice':[1]}}")
                        .get(),
-                   workspace, view, false);
+                   workspace, *view, false);
   EXPECT_EQ(Shown(node, "NodeReference"), "Plot=id ");
   EXPECT_EQ(Shown(node, "NodeParameters"), "i=-7 whole=2 d=1234.560059 s= t= twice= twice= ");
   const std::string values = "'i':-7,'s':'','t':'no','twice':'','whole':2}}";
