@@ -90,8 +90,9 @@ int Launcher::RunWindow(Window& window) {
                  stderr);
       return 1;
     }
-    // What a frame left for the next one is drawn as soon as the input that has come is heard.
-    display->WaitForInput(display->ShowsFrames() && layout.HasVisualChange() ? 0 : dispatcher.TimeToNext());
+    // Layout that came meanwhile, and what a frame left for the next one, wait only for the input that has come.
+    const bool isDue = !layout.IsEmpty() || (display->ShowsFrames() && layout.HasVisualChange());
+    display->WaitForInput(isDue ? 0 : dispatcher.TimeToNext());
     if (display->TakeCloseRequest()) window.Close();
   }
   return Application::Current()->ExitCode();

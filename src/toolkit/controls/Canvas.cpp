@@ -63,6 +63,8 @@ void Canvas::OnChildrenChanged() {}
 
 void Canvas::OnChildAdded(UIElement* child) {
   if (scene) scene->Add(*child);
+  // One that was on a canvas before may have been given another place meanwhile.
+  child->InvalidateArrange();
   if (IsAttached()) LayoutQueue::Current().AddMeasure(*child);
 }
 

@@ -292,13 +292,13 @@ void TextBox::OnMouse(const RoutedEventArgs& args, InputState& input) {
 
 void TextBox::OnRoutedEvent(const RoutedEventArgs& args) {
   Control::OnRoutedEvent(args);
+  // The box may lose the focus because it was disabled.
+  if (args.event == &LostFocusEvent) Editor().EndSession();
   InputState* input = InputState::Current();
   if (!input || !IsEnabled()) return;
   if (args.event == &GotFocusEvent) {
     Editor().BeginSession();
     if (input->IsKeyDown(Key::Tab) && !Get<bool>(AcceptsReturnProperty)) SelectAll();
-  } else if (args.event == &LostFocusEvent) {
-    Editor().EndSession();
   } else if (args.event == &KeyDownEvent && IsFocused()) {
     if (OnKey(static_cast<const KeyEventArgs&>(args).key)) args.handled = true;
   } else if (args.event == &TextInputEvent && IsFocused()) {

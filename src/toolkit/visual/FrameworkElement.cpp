@@ -79,7 +79,6 @@ FrameworkElement::~FrameworkElement() {
   if (auto* menu = DynamicCast<FrameworkElement>(GetValue(ContextMenuProperty).AsObject());
       menu && menu->LogicalParent() == this)
     menu->SetLogicalParent(nullptr);
-  if (wantsAttachment) LayoutQueue::Current().Remove(*this);
   if (extras) {
     for (const Ptr<Behavior>& behavior : extras->behaviors) behavior->Detach();
     watchesTriggers = false;
@@ -291,7 +290,6 @@ void FrameworkElement::OnAttached() {
 }
 
 void FrameworkElement::OnDetached() {
-  LayoutQueue::Current().Remove(*this);
   EndAnimations();
   if (HasHandler(UnloadedEvent)) RaiseEvent(RoutedEventArgs(UnloadedEvent, this));
 }

@@ -43,7 +43,14 @@ void InputState::FillMouse(MouseEventArgs& args) const {
 
 UIElement* InputState::Target(Point position) const {
   if (UIElement* element = captured.Get()) return element;
-  return root.HitTest(position);
+  return ElementAt(position);
+}
+
+void InputState::Capture(UIElement* element) {
+  const Ptr<UIElement> former(captured.Get());
+  if (former == element) return;
+  captured = WeakPtr<UIElement>(element);
+  if (former) former->RaiseEvent(RoutedEventArgs(UIElement::LostMouseCaptureEvent, former.Get()));
 }
 
 bool InputState::Route(const RoutedEvent& preview, const RoutedEvent& bubbling, RoutedEventArgs& args,
@@ -82,7 +89,7 @@ void InputState::SetHovered(UIElement* element) {
 }
 
 void InputState::UpdateHover() {
-  if (!captured) SetHovered(mousePosition.x < 0 && mousePosition.y < 0 ? nullptr : root.HitTest(mousePosition));
+  if (!captured) SetHovered(mousePosition.x < 0 && mousePosition.y < 0 ? nullptr : ElementAt(mousePosition));
 }
 
 bool InputState::MouseMove(Point position) {
@@ -203,7 +210,7 @@ Rect InputState::CaretRectangle() const {
 void InputState::ReleaseAll() {
   keys.reset();
   for (MouseButtonState& state : buttons) state = MouseButtonState::Released;
-  captured.Reset();
+  Capture(nullptr);
 }
 
 bool InputState::SetFocus(UIElement* element, FocusCause cause) {
@@ -251,12 +258,17 @@ bool InputState::MoveFocus(bool forward) {
 }
 
 void InputState::ElementGone(UIElement& element) {
-  if (UIElement* e = captured.Get(); e && element.IsAncestorOf(e)) captured.Reset();
+  if (UIElement* e = captured.Get(); e && element.IsAncestorOf(e)) Capture(nullptr);
   if (UIElement* e = hovered.Get(); e && element.IsAncestorOf(e)) {
     for (UIElement* h = e; h; h = h->UIParent()) h->SetValue(UIElement::IsMouseOverProperty, false);
     hovered.Reset();
   }
   if (UIElement* e = focused.Get(); e && element.IsAncestorOf(e)) SetFocus(nullptr);
+}
+
+void InputState::LeaveUnreachable() {
+  if (const UIElement* e = captured.Get(); e && !(e->IsVisible() && e->IsEnabled())) Capture(nullptr);
+  if (const UIElement* e = focused.Get(); e && !CanFocus(*e)) SetFocus(nullptr);
 }
 
 Point Mouse::GetPosition(const UIElement* relativeTo) {
