@@ -72,8 +72,6 @@ public:
   /// Reads `filePath` into the view; what fails is told to the user.
   void LoadFileAndWorkspace();
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
 private:
   void BuildRootMenu();
   void CheckRootItem(std::string_view name);

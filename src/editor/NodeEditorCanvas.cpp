@@ -1,6 +1,5 @@
 #include "editor/NodeEditorCanvas.h"
 
-#include "fields/EventAttribute.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GroupNode.h"
 #include "toolkit/base/Diagnostics.h"
@@ -62,6 +61,11 @@ void NodeEditorCanvas::Describe(Toolkit::TypeBuilder<NodeEditorCanvas>& type) {
   type.Event(&CutLineUpEvent);
   type.Member<&NodeEditorCanvas::GetSelectedArea>("SelectedArea");
   type.Member<&NodeEditorCanvas::GetCutLine>("CutLine");
+  type.Handler<&NodeEditorCanvas::Canvas_Loaded>("Canvas_Loaded", LoadedEvent);
+  type.Handler<&NodeEditorCanvas::Canvas_MouseDown>("Canvas_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&NodeEditorCanvas::Canvas_MouseMove>("Canvas_MouseMove", PreviewMouseMoveEvent);
+  type.Handler<&NodeEditorCanvas::Canvas_MouseUp>("Canvas_MouseUp", PreviewMouseUpEvent);
+  type.Handler<&NodeEditorCanvas::Canvas_MouseWheel>("Canvas_MouseWheel", MouseWheelEvent);
 }
 
 NodeEditorCanvas::NodeEditorCanvas()
@@ -120,15 +124,6 @@ Point NodeEditorCanvas::ClampMenuPosition(Point position) {
   };
   return {clamp(position.x, translation->GetX(), nodesMenu->ActualWidth(), ActualWidth()),
           clamp(position.y, translation->GetY(), nodesMenu->ActualHeight(), ActualHeight())};
-}
-
-bool NodeEditorCanvas::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const EventAttribute attribute(source, eventName, handlerName);
-  return attribute.Connect<&NodeEditorCanvas::Canvas_Loaded>(LoadedEvent, "Canvas_Loaded", this) ||
-         attribute.Connect<&NodeEditorCanvas::Canvas_MouseDown>(PreviewMouseDownEvent, "Canvas_MouseDown", this) ||
-         attribute.Connect<&NodeEditorCanvas::Canvas_MouseMove>(PreviewMouseMoveEvent, "Canvas_MouseMove", this) ||
-         attribute.Connect<&NodeEditorCanvas::Canvas_MouseUp>(PreviewMouseUpEvent, "Canvas_MouseUp", this) ||
-         attribute.Connect<&NodeEditorCanvas::Canvas_MouseWheel>(MouseWheelEvent, "Canvas_MouseWheel", this);
 }
 
 void NodeEditorCanvas::SetZoom(float zoom) {

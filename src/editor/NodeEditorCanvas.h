@@ -40,8 +40,6 @@ public:
   Toolkit::Point ClampMenuPosition(Toolkit::Point position);
   Toolkit::Point ClampMenuPosition(float x, float y) { return ClampMenuPosition({x, y}); }
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
 protected:
   /// Pans to what takes the focus by Tab or is typed into, if it is outside the view.
   Toolkit::Rect Reveal(const Toolkit::Rect& area) override;

@@ -13,28 +13,14 @@ void BaseNode::Describe(Toolkit::TypeBuilder<BaseNode>& type) {
   type.Member<&BaseNode::GetTitleData>("TitleData");
   type.Event(&NodeMouseDownEvent);
   type.Event(&NodeMouseUpEvent);
+  type.Handler<&BaseNode::Node_MouseDown>("Node_MouseDown", MouseDownEvent);
+  type.Handler<&BaseNode::Node_MouseUp>("Node_MouseUp", MouseUpEvent);
 }
 
 BaseNode::BaseNode() : titleData(Toolkit::MakePtr<FieldTextData>()) {}
 
 void BaseNode::SetTitle(std::string_view title) {
   if (title != Title()) titleData->SetValue(Toolkit::SharedString(title));
-}
-
-bool BaseNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const std::string_view event = eventName;
-  const std::string_view handler = handlerName;
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (!element) return false;
-  if (event == "PreviewMouseDown" && handler == "Node_MouseDown") {
-    element->AddHandler(PreviewMouseDownEvent, Toolkit::RoutedEventHandler::From<&BaseNode::Node_MouseDown>(this));
-    return true;
-  }
-  if (event == "PreviewMouseUp" && handler == "Node_MouseUp") {
-    element->AddHandler(PreviewMouseUpEvent, Toolkit::RoutedEventHandler::From<&BaseNode::Node_MouseUp>(this));
-    return true;
-  }
-  return false;
 }
 
 void BaseNode::Node_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {

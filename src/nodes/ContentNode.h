@@ -134,8 +134,6 @@ public:
   // Reading. Children are added to the view, their connections to its pending ones. `json` is not kept.
   virtual void Deserialize(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
   std::string nodeName;
   PinTable pins;
   FieldTable inputFields;

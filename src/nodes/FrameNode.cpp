@@ -12,7 +12,6 @@
 
 namespace Tesselor {
 
-using Toolkit::RoutedEventHandler;
 using Toolkit::Visibility;
 
 namespace {
@@ -25,7 +24,11 @@ constexpr int32_t NearestZIndex = -15;
 } // namespace
 
 TOOLKIT_TYPE_IMPL(FrameNode, BaseNode, "Tesselor.FrameNode")
-void FrameNode::Describe(Toolkit::TypeBuilder<FrameNode>&) {}
+void FrameNode::Describe(Toolkit::TypeBuilder<FrameNode>& type) {
+  type.Handler<&FrameNode::Header_MouseDown>("Header_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&FrameNode::TitleTextBox_KeyUp>("TitleTextBox_KeyUp", PreviewKeyUpEvent);
+  type.Handler<&FrameNode::TitleTextBox_LostFocus>("TitleTextBox_LostFocus", LostFocusEvent);
+}
 
 void FrameNode::SetResizeWidth(float value) {
   SetValue(properties->width, value >= MinimumWidth ? value : MinimumWidth);
@@ -107,26 +110,6 @@ JsonPtr FrameNode::ToJson() const {
   cJSON_AddNumberToObject(json.get(), Keys::Height, FrameHeight());
   cJSON_AddStringToObject(json.get(), Keys::FrameName, std::string(Title()).c_str());
   return json;
-}
-
-bool FrameNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const std::string_view event = eventName;
-  const std::string_view handler = handlerName;
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (!element) return false;
-  if (event == "MouseDown" && handler == "Node_MouseDown")
-    element->AddHandler(MouseDownEvent, RoutedEventHandler::From<&BaseNode::Node_MouseDown>(this));
-  else if (event == "MouseUp" && handler == "Node_MouseUp")
-    element->AddHandler(MouseUpEvent, RoutedEventHandler::From<&BaseNode::Node_MouseUp>(this));
-  else if (event == "PreviewMouseDown" && handler == "Header_MouseDown")
-    element->AddHandler(PreviewMouseDownEvent, RoutedEventHandler::From<&FrameNode::Header_MouseDown>(this));
-  else if (event == "PreviewKeyUp" && handler == "TitleTextBox_KeyUp")
-    element->AddHandler(PreviewKeyUpEvent, RoutedEventHandler::From<&FrameNode::TitleTextBox_KeyUp>(this));
-  else if (event == "LostFocus" && handler == "TitleTextBox_LostFocus")
-    element->AddHandler(LostFocusEvent, RoutedEventHandler::From<&FrameNode::TitleTextBox_LostFocus>(this));
-  else
-    return false;
-  return true;
 }
 
 void FrameNode::Node_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {

@@ -55,7 +55,6 @@ public:
 
   /// The frame's own layout has no size: it is as large as what it holds, its resize border and big title included.
   Toolkit::Rect DrawnBounds() const override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
   void Node_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args) override;
   void Node_MouseUp(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args) override;
 

@@ -40,6 +40,8 @@ void NodePinControl::Describe(Toolkit::TypeBuilder<NodePinControl>& type) {
   IsPendingConnectionProperty = type.Property<bool>("IsPendingConnection");
   type.Event(&NodePinMouseDownEvent);
   type.Event(&NodePinMouseUpEvent);
+  type.Handler<&NodePinControl::Pin_MouseDown>("Pin_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&NodePinControl::Pin_MouseUp>("Pin_MouseUp", PreviewMouseUpEvent);
 }
 
 NodePinControl::NodePinControl() { InitializeComponent(); }
@@ -64,22 +66,6 @@ Toolkit::Point NodePinControl::PinCentre(const Toolkit::UIElement* panel) const 
   if (!pin) return {};
   const Toolkit::Point corner = pin->TransformToAncestor(panel).Map({0, 0});
   return {corner.x + pin->ActualWidth() / 2, corner.y + pin->ActualHeight() / 2};
-}
-
-bool NodePinControl::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const std::string_view event = eventName;
-  const std::string_view handler = handlerName;
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (!element) return false;
-  if (event == "PreviewMouseDown" && handler == "Pin_MouseDown") {
-    element->AddHandler(PreviewMouseDownEvent, Toolkit::RoutedEventHandler::From<&NodePinControl::Pin_MouseDown>(this));
-    return true;
-  }
-  if (event == "PreviewMouseUp" && handler == "Pin_MouseUp") {
-    element->AddHandler(PreviewMouseUpEvent, Toolkit::RoutedEventHandler::From<&NodePinControl::Pin_MouseUp>(this));
-    return true;
-  }
-  return false;
 }
 
 void NodePinControl::Pin_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {

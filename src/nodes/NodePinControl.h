@@ -31,8 +31,6 @@ public:
   /// The middle of the drawn shape in the coordinates of `panel`; (0, 0) if it can't be found.
   Toolkit::Point PinCentre(const Toolkit::UIElement* panel) const;
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
 private:
   void InitializeComponent();
   void Pin_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);

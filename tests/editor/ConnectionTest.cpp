@@ -75,8 +75,7 @@ TEST_F(ConnectionTest, BendsTheCurveByTheDistanceOfThePins) {
     connection->UpdateCurve();
     const auto* geometry = connection->Get<Toolkit::PathGeometry*>(Connection::PathGeometryProperty);
     const Toolkit::PathFigure& figure = *geometry->Figures().at(0);
-    const auto* segment =
-        Toolkit::DynamicCast<Toolkit::BezierSegment>(static_cast<Toolkit::Object*>(figure.Segments().at(0).Get()));
+    const auto* segment = Toolkit::DynamicCast<Toolkit::BezierSegment>(figure.Segments().at(0).Get());
     EXPECT_FALSE(figure.IsClosed());
     EXPECT_EQ(figure.GetStartPoint(), c.input);
     EXPECT_NEAR(segment->GetPoint1().x, c.input.x - c.reach, 1e-2);
