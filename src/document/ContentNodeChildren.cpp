@@ -14,9 +14,7 @@ namespace Tesselor {
 
 namespace {
 
-bool IsGenericNode(ContentNode& node) {
-  return Toolkit::DynamicCast<GenericContentNode>(static_cast<Toolkit::Object*>(&node)) != nullptr;
-}
+bool IsGenericNode(ContentNode& node) { return Toolkit::DynamicCast<GenericContentNode>(&node) != nullptr; }
 
 /// The values that a map's child can't read as an object of its own.
 bool NeedsWrapper(const cJSON* entry) {

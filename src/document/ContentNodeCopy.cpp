@@ -18,7 +18,7 @@ bool IsPartOf(const NodeSet& selection, const ContentNode& node) {
 /// One node with what is selected below it. A node on which a cycle comes back is written with its type alone.
 JsonPtr CopyOf(ContentNode& node, const NodeSet& selection, bool genericLayout, bool writePosition) {
   JsonPtr object(cJSON_CreateObject());
-  if (auto* generic = Toolkit::DynamicCast<GenericContentNode>(static_cast<Toolkit::Object*>(&node)))
+  if (auto* generic = Toolkit::DynamicCast<GenericContentNode>(&node))
     generic->SerializeWithId(object.get(), false, genericLayout);
   else if (NodeWriteScope::IsOpen(node))
     cJSON_AddStringToObject(object.get(), Keys::NodeId, node.TypeId().c_str());

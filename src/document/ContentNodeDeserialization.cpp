@@ -98,7 +98,7 @@ std::string ContentNode::ResolveSchemaKey(const char* jsonKey, const cJSON* valu
 void ContentNode::DeserializeGeneric(const cJSON* json, const Workspace& workspace, Graph& view, bool selectNewNodes) {
   LogFile::Write("Creating generic node");
   const Toolkit::Ptr<ContentNode> node = workspace.nodeDictionary->CreateNode(BuiltIn::Generic, false);
-  auto* generic = Toolkit::DynamicCast<GenericContentNode>(static_cast<Toolkit::Object*>(node.Get()));
+  auto* generic = Toolkit::DynamicCast<GenericContentNode>(node);
   if (!generic) return;
   view.AddNode(*generic, 0, 0, selectNewNodes);
   generic->Deserialize(json, workspace, view, selectNewNodes);

@@ -132,7 +132,7 @@ void ContentNode::WriteGenericPins(cJSON* json, bool saveAllFields) {
   for (const auto& [key, pin] : pins) {
     if (pin->IsInput() || !key.starts_with(BuiltIn::Generic)) continue;
     for (ContentNode* child : ChildrenOf(*pin)) {
-      auto* generic = Toolkit::DynamicCast<GenericContentNode>(static_cast<Toolkit::Object*>(child));
+      auto* generic = Toolkit::DynamicCast<GenericContentNode>(child);
       if (!generic) continue;
       JsonPtr object(cJSON_CreateObject());
       generic->SerializeWithId(object.get(), saveAllFields, false);

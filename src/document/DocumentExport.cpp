@@ -147,7 +147,7 @@ JsonPtr DocumentExport::BuildFloatingNodes() const {
   CollectReachable(rootNode, reachable);
   const auto write = [&](ContentNode& node) {
     JsonPtr object(cJSON_CreateObject());
-    if (Toolkit::DynamicCast<GenericContentNode>(static_cast<Toolkit::Object*>(&node)))
+    if (Toolkit::DynamicCast<GenericContentNode>(&node))
       node.SerializeWithId(object.get(), saveAllFields, false);
     else
       node.Serialize(object.get(), true, saveAllFields);

@@ -56,7 +56,7 @@ JsonPtr WriteChild(ContentNode& child, bool saveAllFields) {
   if (NodeWriteScope::IsOpen(child)) {
     child.EnsureNodeId();
     cJSON_AddStringToObject(object.get(), Keys::NodeId, child.Identity().c_str());
-  } else if (Toolkit::DynamicCast<ReferenceNode>(static_cast<Toolkit::Object*>(&child))) {
+  } else if (Toolkit::DynamicCast<ReferenceNode>(&child)) {
     child.Serialize(object.get(), false, saveAllFields);
   } else {
     child.SerializeChild(object.get(), saveAllFields);

@@ -2,6 +2,7 @@
 
 #include "editor/PendingPin.h"
 #include "editor/WorkspaceItemData.h"
+#include "editor/gestures/CanvasGestures.h"
 #include "graph/Graph.h"
 #include "toolkit/application/Window.h"
 #include "toolkit/base/ObservableCollection.h"
@@ -19,11 +20,13 @@ namespace Tesselor {
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
+struct CutLineUpEventArgs;
 struct ImportTarget;
+struct SelectionUpEventArgs;
 
 /// The application's window. It owns the document's graph and the path of its file, and forwards what the user does to
 /// whoever does it. Its sources are parted by concept: MainView.cpp (start and events), MainViewDocument.cpp (the
-/// graph), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar and keys).
+/// graph and what gestures do to it), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar and keys).
 class MainView : public Toolkit::Window {
   TOOLKIT_TYPE(MainView)
 public:
@@ -63,8 +66,6 @@ public:
   /// Reads `filePath` into the view; what fails is told to the user.
   void LoadFileAndWorkspace();
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
 private:
   void BuildRootMenu();
   void CheckRootItem(std::string_view name);
@@ -97,13 +98,23 @@ private:
   void OnClickCancelLoadWorkspace(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnConnectionClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
 
+  void RunChords(const Toolkit::KeyEventArgs& args);
+  void Undo();
+  void Redo();
+  void StepInHistory(void (*step)());
   void ToggleSearchPanel();
   void MirrorNodes();
+  // The canvas.
+  void OnSelectionUp(Toolkit::Object* sender, const SelectionUpEventArgs& args);
+  void OnCutLineUp(Toolkit::Object* sender, const CutLineUpEventArgs& args);
   void OnNodePinMenu(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void TryCreateConnection(NodePinControl& target, NodePinControl& source);
+  /// Joins two pins as an undo step, if they may be joined.
+  void TryCreateConnection(NodePinData& target, NodePinData& source);
+  CanvasGestures::Callbacks GestureCallbacks();
 
   // The document.
   std::unique_ptr<Graph> graph;
+  std::unique_ptr<CanvasGestures> gestures;
   std::string filePath;
 
   // The window.

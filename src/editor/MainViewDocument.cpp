@@ -1,6 +1,10 @@
 #include "editor/MainView.h"
 
+#include "commands/BatchDeleteConnectionActionCommand.h"
 #include "commands/BatchMoveActionCommand.h"
+#include "commands/CreateConnectionActionCommand.h"
+#include "editor/NodeEditorCanvas.h"
+#include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "graph/TreeLayout.h"
 #include "nodes/CommentNode.h"
@@ -18,10 +22,49 @@ void MainView::OnConnectionClicked(Toolkit::Object*, const Toolkit::RoutedEventA
 void MainView::OnNodePinMenu(Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
   if (auto* pin = Toolkit::DynamicCast<NodePinControl>(args.source))
     ShowPinMenu(*pin, pendingPin,
-                [this](NodePinControl& target, NodePinControl& source) { TryCreateConnection(target, source); });
+                [this](NodePinData& target, NodePinData& source) { TryCreateConnection(target, source); });
 }
 
-void MainView::TryCreateConnection(NodePinControl&, NodePinControl&) {}
+CanvasGestures::Callbacks MainView::GestureCallbacks() {
+  CanvasGestures::Callbacks callbacks;
+  callbacks.openNode = [this](ContentNode& node) { nodePanel->OpenNode(&node); };
+  callbacks.connection.connect = [this](NodePinData& target, NodePinData& source) {
+    TryCreateConnection(target, source);
+  };
+  callbacks.connection.click = [this](NodePinData& pin) {
+    for (const auto& connection : graph->Connections().ConnectionsOf(pin)) graph->Connections().Select(*connection);
+  };
+  callbacks.connection.drop = [](Toolkit::Ptr<Connection>, Toolkit::Point) {};
+  return callbacks;
+}
+
+void MainView::TryCreateConnection(NodePinData& target, NodePinData& source) {
+  if (!NodePinData::CanConnect(target, source)) return;
+  ActionHistory::Instance().Run(std::make_unique<CreateConnectionActionCommand>(*graph, target, source));
+}
+
+void MainView::OnSelectionUp(Toolkit::Object*, const SelectionUpEventArgs& args) {
+  graph->Connections().DeselectAll();
+  graph->Selected().Clear();
+  nodePanel->Close();
+  const Toolkit::Rect area{args.x, args.y, args.width, args.height};
+  const auto selectWhatMeets = [&](const auto& nodes) {
+    for (const auto& node : nodes)
+      if (area.Intersects(node->Bounds())) graph->Selected().Add(*node);
+  };
+  selectWhatMeets(graph->ContentNodes());
+  selectWhatMeets(graph->CommentNodes());
+}
+
+void MainView::OnCutLineUp(Toolkit::Object*, const CutLineUpEventArgs& args) {
+  const auto found = graph->Connections().FindByCutLine({args.x1, args.y1}, {args.x2, args.y2});
+  graph->Connections().DeselectAll();
+  if (found.empty()) return;
+  if (args.ctrl)
+    ActionHistory::Instance().Run(std::make_unique<BatchDeleteConnectionActionCommand>(*graph, found));
+  else
+    for (const auto& connection : found) graph->Connections().Select(*connection);
+}
 
 void MainView::AutoPosition() {
   if (!workspaces.currentRoot || graph->ContentNodes().empty()) return;

@@ -32,7 +32,7 @@ void PendingPin::Clear() {
 }
 
 void ShowPinMenu(NodePinControl& control, PendingPin& pending,
-                 std::function<void(NodePinControl&, NodePinControl&)> connect) {
+                 std::function<void(NodePinData&, NodePinData&)> connect) {
   const NodePinData* own = control.PinData();
   if (!own) return;
   auto menu = Toolkit::MakePtr<Toolkit::ContextMenu>();
@@ -43,7 +43,9 @@ void ShowPinMenu(NodePinControl& control, PendingPin& pending,
     // The pin stays pending, so that it can be connected to several others in a row.
     if (other && NodePinData::CanConnect(*own, *other))
       AddMenuItem(*menu, "Complete Connection", [&control, &pending, connect] {
-        if (NodePinControl* source = pending.Get()) connect(control, *source);
+        NodePinData* target = control.PinData();
+        NodePinData* source = pending.Get() ? pending.Get()->PinData() : nullptr;
+        if (target && source) connect(*target, *source);
       });
     AddMenuItem(*menu, "Cancel Connection", [&pending] { pending.Clear(); });
   }

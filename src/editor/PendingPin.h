@@ -23,6 +23,6 @@ private:
 /// Opens the menu of a pin: it begins a connection there, or completes or cancels the one that was begun elsewhere.
 /// `connect` joins two pins. Both outlive the menu, which belongs to the pin.
 void ShowPinMenu(NodePinControl& control, PendingPin& pending,
-                 std::function<void(NodePinControl&, NodePinControl&)> connect);
+                 std::function<void(NodePinData& target, NodePinData& source)> connect);
 
 } // namespace Tesselor

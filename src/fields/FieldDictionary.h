@@ -29,7 +29,6 @@ public:
   void Deserialize(const cJSON* object, const std::string& key) override;
   void DeserializeOptions(const cJSON* options, bool applyDefaults) override;
   std::string GetValueAsString() const override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
   /// Of rows with the same key the first counts.
   Values GetValues() const;

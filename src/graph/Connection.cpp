@@ -28,8 +28,7 @@ Connection::Connection(NodePinData& a, NodePinData& b) : path(Toolkit::MakePtr<C
 
 Connection::~Connection() {
   path->ReleaseConnection();
-  if (auto* panel = Toolkit::DynamicCast<Toolkit::Panel>(static_cast<Toolkit::Object*>(path->VisualParent())))
-    panel->RemoveChild(path.Get());
+  if (auto* panel = Toolkit::DynamicCast<Toolkit::Panel>(path->VisualParent())) panel->RemoveChild(path.Get());
 }
 
 void Connection::SetPin(NodePinData& pin) {

@@ -40,13 +40,13 @@ void Graph::Add(BaseNode& node, Point place) {
   Toolkit::Canvas::SetLeft(&node, place.x);
   Toolkit::Canvas::SetTop(&node, place.y);
   node.SetDataContext(&node);
-  if (auto* content = DynamicCast<ContentNode>(static_cast<Toolkit::Object*>(&node))) {
+  if (auto* content = DynamicCast<ContentNode>(&node)) {
     PutIn(contentNodes, *content);
     idIndex.Add(*content);
     content->SetObserver(this);
-  } else if (auto* group = DynamicCast<GroupNode>(static_cast<Toolkit::Object*>(&node))) {
+  } else if (auto* group = DynamicCast<GroupNode>(&node)) {
     PutIn(groupNodes, *group);
-  } else if (auto* comment = DynamicCast<CommentNode>(static_cast<Toolkit::Object*>(&node))) {
+  } else if (auto* comment = DynamicCast<CommentNode>(&node)) {
     PutIn(commentNodes, *comment);
   }
   panel.AddChild(&node);
@@ -60,7 +60,7 @@ template <class T> void Graph::PutIn(List<T>& list, T& node) {
 void Graph::Remove(BaseNode& node) {
   const StructureChange change(*this);
   if (members.erase(&node) == 0) return;
-  if (auto* content = DynamicCast<ContentNode>(static_cast<Toolkit::Object*>(&node))) {
+  if (auto* content = DynamicCast<ContentNode>(&node)) {
     for (const Ptr<Connection>& connection : connections.ConnectionsOf(*content)) Detach(*connection);
     idIndex.Remove(*content);
     content->SetObserver(nullptr);
@@ -207,7 +207,6 @@ void Graph::Clear() {
   for (const Ptr<ContentNode>& node : contentNodes) node->ForgetConnections();
   connections.Clear();
   selection.Clear();
-  selection.ClearGroupContents();
   members.clear();
   contentNodes.clear();
   groupNodes.clear();

@@ -44,6 +44,7 @@ void Selection::Remove(BaseNode& node) {
 }
 
 void Selection::Clear() {
+  groupContents.clear();
   members.clear();
   for (const Ptr<BaseNode>& node : std::exchange(nodes, {})) node->SetSelected(false);
 }

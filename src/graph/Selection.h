@@ -28,7 +28,7 @@ public:
   /// Appends the node unless it is selected already.
   void Add(BaseNode& node);
   void Remove(BaseNode& node);
-  /// Deselects all nodes. The contents of groups stay.
+  /// Deselects all nodes, and forgets what lies in groups.
   void Clear();
 
   /// Content nodes and groups. A node that lies inside of two selected groups stands here twice.
@@ -37,7 +37,6 @@ public:
   void AddContentsOf(const GroupNode& group, const Graph& graph);
   /// Takes what lies strictly inside of the group now out again, each node once.
   void RemoveContentsOf(const GroupNode& group, const Graph& graph);
-  void ClearGroupContents() { groupContents.clear(); }
 
   /// For nodes that leave the graph: takes them out of the selection and of the contents of groups, in one pass.
   void Forget(const std::unordered_set<const BaseNode*>& leaving);

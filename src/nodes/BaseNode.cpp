@@ -15,6 +15,8 @@ void BaseNode::Describe(Toolkit::TypeBuilder<BaseNode>& type) {
   type.Member<&BaseNode::GetTitleData>("TitleData");
   type.Event(&NodeMouseDownEvent);
   type.Event(&NodeMouseUpEvent);
+  type.Handler<&BaseNode::Node_MouseDown>("Node_MouseDown", MouseDownEvent);
+  type.Handler<&BaseNode::Node_MouseUp>("Node_MouseUp", MouseUpEvent);
 }
 
 BaseNode::BaseNode() : titleData(Toolkit::MakePtr<FieldTextData>()) {}
@@ -33,22 +35,6 @@ Toolkit::Rect BaseNode::Bounds() const {
 Toolkit::Point BaseNode::Middle() const {
   const Toolkit::Rect bounds = Bounds();
   return {bounds.x + bounds.width * 0.5f, bounds.y + bounds.height * 0.5f};
-}
-
-bool BaseNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const std::string_view event = eventName;
-  const std::string_view handler = handlerName;
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (!element) return false;
-  if (event == "PreviewMouseDown" && handler == "Node_MouseDown") {
-    element->AddHandler(PreviewMouseDownEvent, Toolkit::RoutedEventHandler::From<&BaseNode::Node_MouseDown>(this));
-    return true;
-  }
-  if (event == "PreviewMouseUp" && handler == "Node_MouseUp") {
-    element->AddHandler(PreviewMouseUpEvent, Toolkit::RoutedEventHandler::From<&BaseNode::Node_MouseUp>(this));
-    return true;
-  }
-  return false;
 }
 
 void BaseNode::Node_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {

@@ -37,8 +37,6 @@ public:
   bool IsSelected() const { return Get<bool>(IsSelectedProperty); }
   void SetSelected(bool value) { SetValue(IsSelectedProperty, value); }
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
   virtual void Node_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   virtual void Node_MouseUp(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
 

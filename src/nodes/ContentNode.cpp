@@ -21,8 +21,7 @@ namespace {
 
 NodePinControl* PinControlOf(Toolkit::Object* container) {
   const auto* presenter = Toolkit::DynamicCast<Toolkit::ContentPresenter>(container);
-  return presenter ? Toolkit::DynamicCast<NodePinControl>(static_cast<Toolkit::Object*>(presenter->ContentElement()))
-                   : nullptr;
+  return presenter ? Toolkit::DynamicCast<NodePinControl>(presenter->ContentElement()) : nullptr;
 }
 
 } // namespace
@@ -42,6 +41,10 @@ void ContentNode::Describe(Toolkit::TypeBuilder<ContentNode>& type) {
   IsLinkValidProperty = type.Property<bool>("IsLinkValid", true);
   ArrayIndexTextProperty = type.Property<std::string>("ArrayIndexText");
   ArrayIndexVisibilityProperty = type.Property<Visibility>("ArrayIndexVisibility", Visibility::Collapsed);
+  type.Handler<&ContentNode::Comment_MouseDown>("Comment_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&ContentNode::CommentToggle_MouseDown>("CommentToggle_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&ContentNode::OutputPinsToggle_MouseDown>("OutputPinsToggle_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&ContentNode::CommentTextBox_KeyUp>("CommentTextBox_KeyUp", PreviewKeyUpEvent);
 }
 
 ContentNode::ContentNode() : input(Toolkit::MakePtr<Pins>()), output(Toolkit::MakePtr<Pins>()) {

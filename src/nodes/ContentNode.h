@@ -143,8 +143,6 @@ public:
   // Reading. Children are added to the view, their connections to its pending ones. `json` is not kept.
   virtual void Deserialize(const cJSON* json, const Workspace& workspace, Graph& view, bool selectNewNodes);
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
   std::string nodeName;
   PinTable pins;
   FieldTable inputFields;

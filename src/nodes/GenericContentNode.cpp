@@ -15,9 +15,7 @@ GenericContentNode::GenericContentNode(const NodeBlueprint& blueprint) : Content
 
 FieldRawJson* GenericContentNode::RawField() const {
   const auto found = contentFields.find(std::string_view(BuiltIn::Generic));
-  return found == contentFields.end()
-             ? nullptr
-             : Toolkit::DynamicCast<FieldRawJson>(static_cast<Toolkit::Object*>(found->second.Get()));
+  return found == contentFields.end() ? nullptr : Toolkit::DynamicCast<FieldRawJson>(found->second);
 }
 
 void GenericContentNode::SerializeChild(cJSON* json, bool saveAllFields) {

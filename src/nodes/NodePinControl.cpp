@@ -20,6 +20,8 @@ void NodePinControl::Describe(Toolkit::TypeBuilder<NodePinControl>& type) {
   type.Event(&NodePinMouseDownEvent);
   type.Event(&NodePinMouseUpEvent);
   type.Event(&NodePinMenuEvent);
+  type.Handler<&NodePinControl::Pin_MouseDown>("Pin_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&NodePinControl::Pin_MouseUp>("Pin_MouseUp", PreviewMouseUpEvent);
 }
 
 NodePinControl::NodePinControl() { InitializeComponent(); }
@@ -31,9 +33,7 @@ NodePinData* NodePinControl::PinData() const { return Toolkit::DynamicCast<NodeP
 Toolkit::FrameworkElement* NodePinControl::PinElement() const {
   if (Toolkit::FrameworkElement* known = pinElement.Get()) return known;
   const auto* holder = FindName<Toolkit::ContentControl>("NodePinContentControl");
-  const auto* row =
-      holder ? Toolkit::DynamicCast<FrameworkElement>(static_cast<const Toolkit::Object*>(holder->ContentElement()))
-             : nullptr;
+  const auto* row = holder ? Toolkit::DynamicCast<FrameworkElement>(holder->ContentElement()) : nullptr;
   FrameworkElement* found = row ? row->FindName<FrameworkElement>("Pin") : nullptr;
   if (found) pinElement = Toolkit::WeakPtr<FrameworkElement>(found);
   return found;
@@ -44,22 +44,6 @@ Toolkit::Point NodePinControl::PinCentre(const Toolkit::UIElement* ancestor) con
   if (!pin) return {};
   const Toolkit::Point corner = pin->TransformToAncestor(ancestor).Map({0, 0});
   return {corner.x + pin->ActualWidth() / 2, corner.y + pin->ActualHeight() / 2};
-}
-
-bool NodePinControl::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const std::string_view event = eventName;
-  const std::string_view handler = handlerName;
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (!element) return false;
-  if (event == "PreviewMouseDown" && handler == "Pin_MouseDown") {
-    element->AddHandler(PreviewMouseDownEvent, Toolkit::RoutedEventHandler::From<&NodePinControl::Pin_MouseDown>(this));
-    return true;
-  }
-  if (event == "PreviewMouseUp" && handler == "Pin_MouseUp") {
-    element->AddHandler(PreviewMouseUpEvent, Toolkit::RoutedEventHandler::From<&NodePinControl::Pin_MouseUp>(this));
-    return true;
-  }
-  return false;
 }
 
 void NodePinControl::Pin_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {

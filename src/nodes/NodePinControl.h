@@ -32,8 +32,6 @@ public:
   /// The middle of the drawn shape in the coordinates of an ancestor; (0, 0) if it can't be found.
   Toolkit::Point PinCentre(const Toolkit::UIElement* ancestor) const;
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
 private:
   void InitializeComponent();
   void Pin_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);

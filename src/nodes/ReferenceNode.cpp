@@ -63,6 +63,7 @@ TOOLKIT_TYPE_IMPL(ReferenceNode, ContentNode, "Tesselor.ReferenceNode")
 void ReferenceNode::Describe(Toolkit::TypeBuilder<ReferenceNode>& type) {
   FileNameProperty = type.Property<std::string>("FileName", "File");
   FileIdProperty = type.Property<std::string>("FileId");
+  type.Handler<&ReferenceNode::SelectFile>("SelectFile", Toolkit::ButtonBase::ClickEvent);
 }
 
 ReferenceNode::ReferenceNode(std::string typeId, const NodeBlueprint& blueprint)
@@ -75,16 +76,6 @@ void ReferenceNode::InitializeComponent() {
   FindParts();
   nodeReference = FindName<Toolkit::StackPanel>("NodeReference");
   nodeParameters = FindName<Toolkit::StackPanel>("NodeParameters");
-}
-
-bool ReferenceNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (element && std::string_view(eventName) == "Click" && std::string_view(handlerName) == "SelectFile") {
-    element->AddHandler(Toolkit::ButtonBase::ClickEvent,
-                        Toolkit::RoutedEventHandler::From<&ReferenceNode::SelectFile>(this));
-    return true;
-  }
-  return ContentNode::ConnectEvent(source, eventName, handlerName);
 }
 
 void ReferenceNode::SelectFile(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {

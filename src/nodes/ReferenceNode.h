@@ -22,7 +22,6 @@ public:
 
   void Serialize(cJSON* json, bool writeNodeId, bool saveAllFields) override;
   void Deserialize(const cJSON* json, const Workspace& workspace, Graph& view, bool selectNewNodes) override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
   /// Takes the identifying value and the parameters from a file. What is wrong with it is told to the user.
   void LoadFileParameters(const std::string& path, const std::string& fileName);

@@ -63,9 +63,8 @@ const std::filesystem::path& Start() {
 void Exercise(BaseField& field) {
   field.GetValueAsString();
   field.ShouldSerialize();
-  auto* object = static_cast<Toolkit::Object*>(&field);
-  if (auto* list = Toolkit::DynamicCast<FieldList>(object)) list->SetValues(list->GetValues());
-  if (auto* dictionary = Toolkit::DynamicCast<FieldDictionary>(object)) dictionary->SetValues(dictionary->GetValues());
+  if (auto* list = Toolkit::DynamicCast<FieldList>(&field)) list->SetValues(list->GetValues());
+  if (auto* dictionary = Toolkit::DynamicCast<FieldDictionary>(&field)) dictionary->SetValues(dictionary->GetValues());
 }
 
 bool LoadAndSave(const std::shared_ptr<Workspace>& workspace, const std::string& asset, const std::string& output,

@@ -28,7 +28,7 @@ protected:
     view.Layout();
   }
   static Toolkit::TextBox* FindTextBox(Toolkit::UIElement& from) {
-    if (auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(static_cast<Toolkit::Object*>(&from))) return box;
+    if (auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(&from)) return box;
     for (size_t i = 0; i < from.VisualChildCount(); ++i)
       if (Toolkit::TextBox* box = FindTextBox(*from.VisualChild(i))) return box;
     return nullptr;

@@ -44,7 +44,7 @@ protected:
     view.Layout();
   }
   template <class T> static T* First(Toolkit::UIElement* root) {
-    if (T* element = Toolkit::DynamicCast<T>(static_cast<Toolkit::Object*>(root))) return element;
+    if (T* element = Toolkit::DynamicCast<T>(root)) return element;
     for (size_t i = 0; i < root->VisualChildCount(); ++i)
       if (T* element = First<T>(root->VisualChild(i))) return element;
     return nullptr;

@@ -26,7 +26,7 @@ protected:
         DocumentCompiler("controls.xaml", markup, [](std::string_view) { return Ptr<ResourceDictionary>(); }).Compile();
     ASSERT_TRUE(plan);
     const Ptr<Object> made = Instantiation(nullptr, nullptr, false).Create(*plan);
-    content = Ptr<FrameworkElement>(DynamicCast<FrameworkElement>(made.Get()));
+    content = Ptr<FrameworkElement>(DynamicCast<FrameworkElement>(made));
     window = MakePtr<Window>();
     window->ApplyThemeStyle();
     window->SetContent(Value(content));

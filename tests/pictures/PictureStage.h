@@ -49,7 +49,7 @@ protected:
   void ShowBoxes();
 
   template <class T> static T* Find(Toolkit::UIElement& root, const std::function<bool(T&)>& fits) {
-    if (T* found = Toolkit::DynamicCast<T>(static_cast<Toolkit::Object*>(&root)); found && fits(*found)) return found;
+    if (T* found = Toolkit::DynamicCast<T>(&root); found && fits(*found)) return found;
     for (size_t i = 0; i < root.VisualChildCount(); ++i)
       if (Toolkit::UIElement* child = root.VisualChild(i))
         if (T* found = Find<T>(*child, fits)) return found;

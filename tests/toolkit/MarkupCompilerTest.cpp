@@ -72,7 +72,7 @@ TEST_F(MarkupCompilerTest, ReadsPropertyElementsAttachedPropertiesAndLists) {
     </Border></Grid>)");
   ASSERT_TRUE(grid);
   EXPECT_EQ(grid->RowCount(), 2u);
-  auto* border = DynamicCast<Border>(static_cast<Object*>(grid->Child(0)));
+  auto* border = DynamicCast<Border>(grid->Child(0));
   EXPECT_EQ(border->Get<int32_t>(Grid::RowProperty), 1);
   EXPECT_EQ(Panel::GetZIndex(border), 4);
   EXPECT_EQ(border->GetMargin(), (Thickness{1, 2, 3, 4}));
@@ -80,7 +80,7 @@ TEST_F(MarkupCompilerTest, ReadsPropertyElementsAttachedPropertiesAndLists) {
   auto* brush = border->GetValue(Border::BackgroundProperty).As<LinearGradientBrush*>();
   ASSERT_TRUE(brush);
   EXPECT_EQ(brush->Stops().size(), 2u);
-  EXPECT_EQ(DynamicCast<TextBlock>(static_cast<Object*>(border->GetChild()))->GetText(), "Hello");
+  EXPECT_EQ(DynamicCast<TextBlock>(border->GetChild())->GetText(), "Hello");
 }
 
 TEST_F(MarkupCompilerTest, MakesToolTipsOnlyWhenTheyAreNeeded) {

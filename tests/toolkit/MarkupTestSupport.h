@@ -73,7 +73,7 @@ protected:
     if (!plan) return nullptr;
     Ptr<Object> made = Instantiation(nullptr, nullptr, false).Create(*plan);
     plans.push_back(std::move(plan));
-    return Ptr<T>(DynamicCast<T>(made.Get()));
+    return Ptr<T>(DynamicCast<T>(made));
   }
 
   static std::vector<std::string>& Reports() {

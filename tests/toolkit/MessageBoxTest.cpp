@@ -28,7 +28,7 @@ protected:
   }
   Button* Part(const char* content) { return PartIn(window->Popups(), content); }
   static Button* PartIn(UIElement& root, const char* content) {
-    auto* button = DynamicCast<Button>(static_cast<Object*>(&root));
+    auto* button = DynamicCast<Button>(&root);
     if (button && button->IsVisible() && button->GetContent().AsStringView() == content) return button;
     for (size_t i = 0; i < root.VisualChildCount(); ++i)
       if (Button* found = PartIn(*root.VisualChild(i), content)) return found;

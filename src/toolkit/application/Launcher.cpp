@@ -37,14 +37,14 @@ int Launcher::Run() {
   RegisterComponents();
   InstallProviders();
   Ptr<Object> document = GUI::Load(applicationFile);
-  auto* application = DynamicCast<Application>(document.Get());
+  auto* application = DynamicCast<Application>(document);
   if (!application) {
     std::fprintf(stderr, "The application document '%s' cannot be loaded.\n", applicationFile.c_str());
     return 1;
   }
   const Type* windowType = GUI::ClassOf(application->StartupUri());
   Ptr<Object> made = windowType ? Ptr<Object>::Adopt(windowType->Create()) : nullptr;
-  auto* window = DynamicCast<Window>(made.Get());
+  auto* window = DynamicCast<Window>(made);
   if (!window) {
     std::fprintf(stderr, "The startup window '%s' cannot be made.\n", std::string(application->StartupUri()).c_str());
     return 1;

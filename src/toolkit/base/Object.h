@@ -136,5 +136,8 @@ private:
 /// `object` as a `T` by the described types, or null.
 template <class T> T* DynamicCast(Object* object);
 template <class T> const T* DynamicCast(const Object* object);
+template <class T, class U> T* DynamicCast(const Ptr<U>& object) { return DynamicCast<T>(object.Get()); }
+/// The result would not outlive the only reference.
+template <class T, class U> T* DynamicCast(Ptr<U>&& object) = delete;
 
 } // namespace Toolkit

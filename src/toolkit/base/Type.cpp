@@ -1,7 +1,6 @@
 #include "toolkit/base/Type.h"
 
 #include "toolkit/base/Diagnostics.h"
-#include "toolkit/base/RoutedEvent.h"
 
 #include <deque>
 #include <unordered_map>
@@ -56,6 +55,13 @@ const RoutedEvent* Type::FindEvent(Symbol wanted) const {
   for (const Type* type = this; type; type = type->base)
     for (const RoutedEvent* event : type->events)
       if (event->name == wanted) return event;
+  return nullptr;
+}
+
+const HandlerMember* Type::FindHandler(Symbol wanted, const RoutedEvent& event) const {
+  for (const Type* type = this; type; type = type->base)
+    for (const HandlerMember& handler : type->handlers)
+      if (handler.name == wanted && handler.event == &event) return &handler;
   return nullptr;
 }
 

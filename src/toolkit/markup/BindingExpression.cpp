@@ -10,8 +10,7 @@ namespace Toolkit {
 
 BindingExpression::~BindingExpression() {
   if (pendingUpdate) Dispatcher::Current().Cancel(pendingUpdate);
-  if (auto* element = DynamicCast<UIElement>(static_cast<Object*>(target));
-      element && active && Mode() == BindingMode::TwoWay)
+  if (auto* element = DynamicCast<UIElement>(target); element && active && Mode() == BindingMode::TwoWay)
     element->RemoveHandler(UIElement::LostFocusEvent,
                            RoutedEventHandler::From<&BindingExpression::OnTargetLostFocus>(this));
 }
@@ -30,11 +29,11 @@ Object* BindingExpression::FindSource() const {
   if (!binding.elementName.IsEmpty()) return scope ? scope->Find(binding.elementName) : nullptr;
   // Behaviours and conditions look from where they are attached.
   DependencyObject* origin = target;
-  if (!DynamicCast<UIElement>(static_cast<Object*>(origin))) origin = target->InheritanceParent();
+  if (!DynamicCast<UIElement>(origin)) origin = target->InheritanceParent();
   switch (binding.relativeSource) {
   case RelativeSourceMode::Self: return origin;
   case RelativeSourceMode::TemplatedParent: {
-    auto* element = DynamicCast<FrameworkElement>(static_cast<Object*>(origin));
+    auto* element = DynamicCast<FrameworkElement>(origin);
     return element ? element->TemplatedParent() : nullptr;
   }
   case RelativeSourceMode::FindAncestor:
@@ -154,7 +153,7 @@ void BindingExpression::Activate() {
     const bool waits = trigger == UpdateSourceTrigger::LostFocus ||
                        (trigger == UpdateSourceTrigger::Default && property->name == text);
     if (waits)
-      if (auto* element = DynamicCast<UIElement>(static_cast<Object*>(target)))
+      if (auto* element = DynamicCast<UIElement>(target))
         element->AddHandler(UIElement::LostFocusEvent,
                             RoutedEventHandler::From<&BindingExpression::OnTargetLostFocus>(this));
   }

@@ -207,8 +207,8 @@ void DocumentCompiler::CompileAttribute(ElementPlan& plan, const pugi::xml_node&
   const size_t dot = attributeName.find('.');
   const Type* eventOwner = dot == std::string_view::npos ? plan.type : FindType(attributeName.substr(0, dot));
   const std::string_view eventName = dot == std::string_view::npos ? attributeName : attributeName.substr(dot + 1);
-  if (eventOwner && eventOwner->FindEvent(Symbol(eventName))) {
-    plan.events.push_back({std::string(eventName), std::string(value)});
+  if (const RoutedEvent* event = eventOwner ? eventOwner->FindEvent(Symbol(eventName)) : nullptr) {
+    CompileEvent(plan, *event, value, node);
     return;
   }
   const PropertyRef target = FindProperty(*plan.type, attributeName);
@@ -217,6 +217,16 @@ void DocumentCompiler::CompileAttribute(ElementPlan& plan, const pugi::xml_node&
     return;
   }
   AssignText(plan, target, value, node);
+}
+
+void DocumentCompiler::CompileEvent(ElementPlan& plan, const RoutedEvent& event, std::string_view handlerName,
+                                    const pugi::xml_node& node) {
+  const HandlerMember* handler = componentType ? componentType->FindHandler(Symbol(handlerName), event) : nullptr;
+  if (handler && plan.type->IsA(UIElement::StaticType()))
+    plan.events.push_back({&event, handler});
+  else
+    Report(node,
+           "no handler '" + std::string(handlerName) + "' for '" + event.name.Text() + "' of " + plan.type->Name());
 }
 
 void DocumentCompiler::AssignText(ElementPlan& plan, const PropertyRef& target, std::string_view value,

@@ -13,8 +13,8 @@
 
 namespace Toolkit {
 
-/// Compiles one document into a plan. Names of types, properties, events and resources are resolved here, so that a
-/// mistake is reported once, with its line, and not per instance.
+/// Compiles one document into a plan. Names of types, properties, events, handlers and resources are resolved here, so
+/// that a mistake is reported once, with its line, and not per instance.
 class DocumentCompiler : private Binding::ParseContext {
 public:
   /// Loads other documents that a `ResourceDictionary` names as its `Source`.
@@ -37,6 +37,8 @@ private:
   bool Parse();
   std::unique_ptr<ElementPlan> CompileElement(const pugi::xml_node& node);
   void CompileAttribute(ElementPlan& plan, const pugi::xml_node& node, const pugi::xml_attribute& attribute);
+  void CompileEvent(ElementPlan& plan, const RoutedEvent& event, std::string_view handlerName,
+                    const pugi::xml_node& node);
   void CompileChildren(ElementPlan& plan, const pugi::xml_node& node);
   void CompilePropertyElement(ElementPlan& plan, const pugi::xml_node& node);
   void AssignText(ElementPlan& plan, const PropertyRef& target, std::string_view text, const pugi::xml_node& node);

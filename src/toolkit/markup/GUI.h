@@ -18,8 +18,8 @@ public:
   static void SetDocumentProvider(DocumentProvider provider);
 
   /// Builds `component`'s tree from the document: the root element's attributes and children apply to the object
-  /// itself, and each event attribute is handed to `component.ConnectEvent`. Each document is compiled once.
-  /// Returns false, with a diagnostic, if the document is missing or broken.
+  /// itself, and the handlers that its class describes answer the events. Each document is compiled once.
+  /// Returns false, with a diagnostic, if the document is missing, broken or that of another class.
   static bool LoadComponent(FrameworkElement& component, std::string_view documentName);
 
   /// Makes the object that a document describes; null, with a diagnostic, if that fails.

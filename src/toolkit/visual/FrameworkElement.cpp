@@ -110,7 +110,7 @@ void FrameworkElement::SetStyle(Toolkit::Style* style) { SetValue(StyleProperty,
 Object* FrameworkElement::FindNamed(std::string_view name) const {
   const Symbol symbol(name);
   for (const UIElement* e = this; e; e = e->UIParent()) {
-    const auto* element = DynamicCast<FrameworkElement>(static_cast<const Object*>(e));
+    const auto* element = DynamicCast<FrameworkElement>(e);
     if (!element || !element->extras || !element->extras->nameScope) continue;
     return element->extras->nameScope->Find(symbol);
   }
@@ -141,7 +141,7 @@ void FrameworkElement::SetResources(Ptr<ResourceDictionary> resources) { GetExtr
 
 Object* FrameworkElement::FindResource(const Value& key) const {
   for (const UIElement* e = this; e; e = e->UIParent()) {
-    const auto* element = DynamicCast<FrameworkElement>(static_cast<const Object*>(e));
+    const auto* element = DynamicCast<FrameworkElement>(e);
     if (!element || !element->extras || !element->extras->resources) continue;
     if (const Value* found = element->extras->resources->Find(key)) return found->AsObject();
   }
@@ -159,8 +159,6 @@ const std::vector<Ptr<Behavior>>& FrameworkElement::Behaviors() const {
   static const std::vector<Ptr<Behavior>> none;
   return extras ? extras->behaviors : none;
 }
-
-bool FrameworkElement::ConnectEvent(Object*, const char*, const char*) { return false; }
 
 void FrameworkElement::ApplyThemeStyle() {
   if (themeApplied) return;

@@ -81,10 +81,6 @@ public:
   void AddBehavior(Ptr<Behavior> behavior);
   const std::vector<Ptr<Behavior>>& Behaviors() const;
 
-  /// Hands an event attribute of this element's document to it: `source` is the element that carries the attribute.
-  /// True if it was connected.
-  virtual bool ConnectEvent(Object* source, const char* eventName, const char* handlerName);
-
   /// Re-evaluates the style's triggers; called by their conditions.
   void UpdateTriggers();
 
