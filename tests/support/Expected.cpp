@@ -2,6 +2,7 @@
 
 #include "TemporaryDirectory.h"
 #include "toolkit/controls/TextBlock.h"
+#include "toolkit/text/DecodedText.h"
 
 #include <gtest/gtest.h>
 
@@ -49,8 +50,12 @@ void Dump(const Toolkit::UIElement& element, const std::string& indent, std::str
     text += element.GetVisibility() == Toolkit::Visibility::Hidden ? " hidden\n" : " collapsed\n";
     return;
   }
-  if (const auto* block = dynamic_cast<const Toolkit::TextBlock*>(&element))
-    text += " \"" + std::string(block->GetText()) + "\"";
+  if (const auto* block = dynamic_cast<const Toolkit::TextBlock*>(&element)) {
+    const std::string_view shown = block->GetText();
+    const bool isLong = shown.size() > 40;
+    text += " \"" + std::string(isLong ? shown.substr(0, Toolkit::CharacterStart(shown, 40)) : shown) +
+            (isLong ? "...\"" : "\"");
+  }
   const Toolkit::Rect box =
       element.TransformToAncestor(nullptr).MapBounds({0, 0, element.ActualWidth(), element.ActualHeight()});
   text += " " + Number(box.x) + "," + Number(box.y) + " " + Number(box.width) + "x" + Number(box.height) + "\n";

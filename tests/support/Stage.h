@@ -63,7 +63,6 @@ public:
   void Wait(double milliseconds);
 
   Toolkit::UIElement& Root() const { return *root; }
-  Toolkit::Size Size() const { return size; }
   /// For what is no event of its own: focus, capture, `ReleaseAll`, compositions. It does not settle.
   Toolkit::InputState& Input() { return *input; }
 
