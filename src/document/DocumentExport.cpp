@@ -114,11 +114,12 @@ JsonPtr DocumentExport::Build(const std::vector<Toolkit::Ptr<GroupNode>>& groups
                               const std::vector<Toolkit::Ptr<CommentNode>>& comments,
                               const std::string& workspaceId) const {
   JsonPtr document(cJSON_CreateObject());
-  // The tree comes first: it gives the nodes the identities that the metadata refers to.
+  // The trees come first: they give the nodes the identities by which their places are found again.
   rootNode.SerializeChild(document.get(), saveAllFields);
+  JsonPtr floating = BuildFloatingNodes();
   JsonPtr metadata(cJSON_CreateObject());
   cJSON_AddItemToObject(metadata.get(), Keys::Nodes, BuildNodes().release());
-  if (!nodes.empty()) cJSON_AddItemToObject(metadata.get(), Keys::FloatingNodes, BuildFloatingNodes().release());
+  if (!nodes.empty()) cJSON_AddItemToObject(metadata.get(), Keys::FloatingNodes, floating.release());
   cJSON_AddItemToObject(metadata.get(), Keys::Links, BuildLinks().release());
   cJSON* groupArray = cJSON_AddArrayToObject(metadata.get(), Keys::Groups);
   for (const auto& group : groups) cJSON_AddItemToArray(groupArray, group->ToJson().release());

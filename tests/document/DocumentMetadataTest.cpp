@@ -132,6 +132,16 @@ TEST_F(DocumentMetadata, KeepsWhatTheRootDoesNotReach) {
   EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted(floating));
 }
 
+TEST_F(DocumentMetadata, PlacesANewFloatingNodeByItsFirstSave) {
+  ASSERT_TRUE(Import("{'$NodeId':'Doc-1'}"));
+  const auto node = workspace->nodeDictionary->CreateNode("Item", true);
+  (*view)->AddNode(*node, 70, 80, false);
+  const std::string places = ExportMetadata("$Nodes");
+  EXPECT_NE(places.find("\"Item-" + node->NodeId() + "\":{\"$Position\":{\"$x\":70,\"$y\":80}"), std::string::npos)
+      << places;
+  EXPECT_EQ(ExportMetadata("$Nodes"), places);
+}
+
 TEST_F(DocumentMetadata, FindsFloatingNodesAndTheirTypes) {
   const std::vector<std::pair<const char*, const char*>> cases = {
       {"{'$NodeEditorMetadata':{'FloatingFunctionNodes':[{'$NodeId':'Item-2'}]}}", "Item"},
