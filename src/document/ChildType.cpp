@@ -72,16 +72,16 @@ void ChildType::ReadKind(const NodeEntry& entry) {
 }
 
 Toolkit::Ptr<ContentNode> ChildType::Create(const NodeDictionary& dictionary) const {
-  if (isLink) {
+  if (isLink)
     LogFile::Write("Creating Link node");
-    return dictionary.CreateNode(BuiltIn::Link, true);
-  }
-  if (isGeneric) {
+  else if (isGeneric)
     LogFile::Write("Creating generic node");
-    return dictionary.CreateNode(BuiltIn::Generic, true);
-  }
-  LogFile::Write("Creating child node: '" + type + "'.");
-  return dictionary.CreateNode(type, true);
+  else
+    LogFile::Write("Creating child node: '" + type + "'.");
+  const std::string id = isLink ? BuiltIn::Link : isGeneric ? BuiltIn::Generic : type;
+  Toolkit::Ptr<ContentNode> node = dictionary.CreateNode(id, true);
+  if (node && !uuid.empty()) node->SetNodeId(uuid);
+  return node;
 }
 
 } // namespace Tesselor

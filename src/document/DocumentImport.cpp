@@ -2,6 +2,7 @@
 
 #include "document/DocumentPrint.h"
 #include "document/ImportTarget.h"
+#include "document/NodeReader.h"
 #include "document/UnplacedNodes.h"
 #include "graph/Graph.h"
 #include "graph/TreeLayout.h"
@@ -94,15 +95,10 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
     if (const size_t separator = id->find('-'); separator != std::string::npos)
       root->SetNodeId(id->substr(separator + 1));
 
-  LinkImport links(metadata, workspace, view);
-  {
-    const DocumentPrint print(document);
-    view.AddNode(*root, 0, 0, false);
-    root->Deserialize(document, workspace, view, false);
-    ReadFloatingNodes();
-  }
+  ReadNodes(*root);
   ReadGroups();
   ReadComments();
+  LinkImport links(metadata, workspace, view);
   links.Read();
   links.SpliceIntoPendingConnections();
   // Heights order the children of pins, so nodes are laid out before they are joined.
@@ -133,17 +129,21 @@ std::optional<std::string> DocumentImport::ResolveRootType(const std::string& ro
   return *found;
 }
 
-void DocumentImport::ReadFloatingNodes() {
+void DocumentImport::ReadNodes(ContentNode& root) {
+  const DocumentPrint print(document);
+  NodeReader reader(view, workspace, NewNodes::Unselected, &print);
+  reader.Add(root);
+  root.Deserialize(document, reader);
   const cJSON* floating = nullptr;
   for (const cJSON* place : {metadata, document})
     for (const char* key : {Keys::FloatingNodes, Keys::FormerFloatingNodes})
       if (!floating) floating = cJSON_GetObjectItem(place, key);
   if (!cJSON_IsArray(floating)) return;
   const cJSON* item = nullptr;
-  cJSON_ArrayForEach(item, floating) ReadFloatingNode(item);
+  cJSON_ArrayForEach(item, floating) ReadFloatingNode(item, reader);
 }
 
-void DocumentImport::ReadFloatingNode(const cJSON* item) {
+void DocumentImport::ReadFloatingNode(const cJSON* item, NodeReader& reader) {
   const NodeDictionary& dictionary = *workspace.nodeDictionary;
   Toolkit::Ptr<ContentNode> node;
   std::string uuid;
@@ -164,8 +164,8 @@ void DocumentImport::ReadFloatingNode(const cJSON* item) {
   if (!node) node = dictionary.CreateNode(BuiltIn::Generic, false);
   if (!node) return;
   if (!uuid.empty()) node->SetNodeId(uuid);
-  view.AddNode(*node, 0, 0, false);
-  node->Deserialize(item, workspace, view, false);
+  reader.Add(*node);
+  node->Deserialize(item, reader);
 }
 
 void DocumentImport::ReadGroups() {
