@@ -9,6 +9,7 @@
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
+#include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
 #include "platform/JsonFile.h"
@@ -92,8 +93,7 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
   }
   view.SetRootNode(root.Get());
   if (const auto id = JsonText(cJSON_GetObjectItem(document, Keys::NodeId)))
-    if (const size_t separator = id->find('-'); separator != std::string::npos)
-      root->SetNodeId(id->substr(separator + 1));
+    root->SetNodeId(std::string(NodeIdentity::Of(*id).uuid));
 
   ReadNodes(*root);
   ReadGroups();
@@ -148,9 +148,9 @@ void DocumentImport::ReadFloatingNode(const cJSON* item, NodeReader& reader) {
   Toolkit::Ptr<ContentNode> node;
   std::string uuid;
   if (const auto id = JsonText(cJSON_GetObjectItem(item, Keys::NodeId))) {
-    const size_t separator = id->find('-');
-    if (separator != std::string::npos) uuid = id->substr(separator + 1);
-    node = dictionary.CreateNode(id->substr(0, separator), true);
+    const NodeIdentity identity = NodeIdentity::Of(*id);
+    uuid = identity.uuid;
+    node = dictionary.CreateNode(std::string(identity.type), true);
   } else if (cJSON_GetObjectItem(item, Keys::Generic)) {
     node = dictionary.CreateNode(BuiltIn::Generic, false);
   } else if (const auto type = JsonText(cJSON_GetObjectItem(item, "Type"))) {
@@ -195,10 +195,7 @@ void DocumentImport::ApplyLayout() {
   if (cJSON_IsObject(nodes)) {
     const cJSON* member = nullptr;
     cJSON_ArrayForEach(member, nodes) {
-      const std::string_view key = member->string ? member->string : "";
-      const size_t separator = key.find('-');
-      if (separator == std::string_view::npos) continue;
-      const auto found = nodesById.find(key.substr(separator + 1));
+      const auto found = nodesById.find(NodeIdentity::Of(member->string ? member->string : "").uuid);
       if (found == nodesById.end()) continue;
       if (const cJSON* position = cJSON_GetObjectItem(member, Keys::Position); cJSON_IsObject(position)) {
         ApplyPosition(*found->second, position, PositionPrecision::Fraction);

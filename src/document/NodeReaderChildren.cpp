@@ -4,6 +4,7 @@
 #include "document/NodeEntry.h"
 #include "document/NodeReader.h"
 #include "nodes/GenericContentNode.h"
+#include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
 #include "platform/JsonFile.h"
@@ -66,7 +67,7 @@ void NodeReader::ReadChildrenOfLink(ContentNode& node, const cJSON* array) {
     const NodeEntry entry(element);
     const bool isLink = cJSON_IsTrue(entry.link);
     std::string type = isLink ? BuiltIn::Link : BuiltIn::Generic;
-    if (const auto id = JsonText(entry.nodeId); id && !isLink) type = id->substr(0, id->find('-'));
+    if (const auto id = JsonText(entry.nodeId); id && !isLink) type = NodeIdentity::Of(*id).type;
     const Toolkit::Ptr<ContentNode> child = Dictionary().CreateNode(type, true);
     if (!child) continue;
     child->importIndex = index++;
