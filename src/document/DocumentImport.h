@@ -11,8 +11,9 @@ struct cJSON;
 namespace Tesselor {
 
 class ContentNode;
-struct ImportTarget;
+class NodeReader;
 class Workspace;
+struct ImportTarget;
 
 /// One import of a parsed document into a view. It lives for that one pass, which isn't undoable and has no rollback.
 class DocumentImport {
@@ -26,8 +27,9 @@ public:
 private:
   /// The id of the root's node type behind a variant family; nothing if the file doesn't say, which the user was told.
   std::optional<std::string> ResolveRootType(const std::string& rootNodeType) const;
-  void ReadFloatingNodes();
-  void ReadFloatingNode(const cJSON* item);
+  /// The tree, and behind it the trees that hang on nothing.
+  void ReadNodes(ContentNode& root);
+  void ReadFloatingNode(const cJSON* item, NodeReader& reader);
   void ReadGroups();
   void ReadComments();
   void ApplyLayout();

@@ -1,6 +1,7 @@
 #include "document/LinkImport.h"
 
 #include "nodes/ContentNode.h"
+#include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
 #include "platform/JsonFile.h"
@@ -98,10 +99,7 @@ void LinkImport::Finish() {
 LinkImport::Endpoint LinkImport::Resolve(std::string_view text) const {
   const size_t colon = text.find(':');
   if (colon == std::string_view::npos) return {};
-  const std::string_view identity = text.substr(0, colon);
-  const size_t separator = identity.find('-');
-  if (separator == std::string_view::npos) return {};
-  const auto found = nodesById.find(identity.substr(separator + 1));
+  const auto found = nodesById.find(NodeIdentity::Of(text.substr(0, colon)).uuid);
   if (found == nodesById.end()) return {};
   return {found->second, found->second->FindPin(text.substr(colon + 1))};
 }

@@ -1,5 +1,6 @@
 #include "nodes/ContentNode.h"
 
+#include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodeObserver.h"
 #include "nodes/NodePinControl.h"
@@ -96,7 +97,7 @@ const std::string& ContentNode::EnsureNodeId() {
   return nodeId;
 }
 
-std::string ContentNode::Identity() const { return nodeId.empty() ? typeId : typeId + "-" + nodeId; }
+std::string ContentNode::Identity() const { return NodeIdentity{typeId, nodeId}.Text(); }
 
 NodePinData* ContentNode::AddPin(bool isInput, const NodePinBlueprint& pinBlueprint) {
   auto pin = Toolkit::MakePtr<NodePinData>(this, isInput, pinBlueprint);

@@ -105,7 +105,8 @@ bool DocumentTest::Import(const std::string& json) {
 }
 
 Tesselor::JsonPtr DocumentTest::Build(bool saveAllFields) {
-  return Tesselor::DocumentExport(*(*view)->Root(), (*view)->ContentNodes(), saveAllFields)
+  return Tesselor::DocumentExport(*(*view)->Root(), (*view)->ContentNodes(),
+                                  saveAllFields ? Tesselor::FieldsToWrite::All : Tesselor::FieldsToWrite::Changed)
       .Build((*view)->GroupNodes(), (*view)->CommentNodes(), "Root menu");
 }
 

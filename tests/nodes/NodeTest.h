@@ -4,6 +4,8 @@
 #include "CapturedLog.h"
 #include "TestGraph.h"
 #include "ToolkitEnvironment.h"
+#include "document/NodeReader.h"
+#include "document/NodeWriter.h"
 #include "fields/FieldRegistration.h"
 #include "nodes/NodeRegistration.h"
 #include "toolkit/base/Diagnostics.h"
@@ -37,6 +39,19 @@ protected:
     const Toolkit::Ptr<Tesselor::ContentNode> node = workspace.nodeDictionary->CreateNode(id, true);
     view->AddNode(*node, 0, 0, false);
     return *node;
+  }
+  /// Lets a node read JSON in which single quotes stand for double ones.
+  void Read(Tesselor::ContentNode& node, const std::string& quoted) {
+    Tesselor::NodeReader reader(*view, workspace, Tesselor::NewNodes::Unselected);
+    node.Deserialize(Parse(quoted).get(), reader);
+  }
+  /// What the node writes, in the same form.
+  static std::string Written(Tesselor::ContentNode& node, Tesselor::NodeIdMember nodeId,
+                             Tesselor::FieldsToWrite fields = Tesselor::FieldsToWrite::Changed) {
+    const Tesselor::JsonPtr json(cJSON_CreateObject());
+    Tesselor::NodeWriter writer(fields);
+    node.Serialize(json.get(), writer, nodeId);
+    return Print(json.get());
   }
   /// JSON in which single quotes stand for double ones.
   static Tesselor::JsonPtr Parse(std::string quoted) {
