@@ -65,7 +65,8 @@ protected:
 
   /// An element from markup whose root has the usual namespaces. Plans live as long as the test program.
   template <class T = FrameworkElement> Ptr<T> Make(const std::string& root, const std::string& rest) {
-    const std::string text = "<" + root + " xmlns=\"p\" xmlns:x=\"x\" xmlns:local=\"l\" xmlns:b=\"b\"" + rest;
+    const std::string text =
+        "<" + root + " xmlns=\"p\" xmlns:x=\"x\" xmlns:local=\"clr-namespace:Tesselor\" xmlns:b=\"b\"" + rest;
     texts.push_back(std::make_unique<std::string>(text));
     std::unique_ptr<ElementPlan> plan = DocumentCompiler("test.xaml", *texts.back(), [](std::string_view) {
                                           return Ptr<ResourceDictionary>();

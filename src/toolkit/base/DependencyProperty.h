@@ -43,6 +43,9 @@ public:
     BindsTwoWay = 64,
     /// An element that a document gives as value is made when it is first needed, not with its owner.
     DefersContent = 128,
+    /// A binding without a trigger of its own carries the value to its source when the element loses the focus, not
+    /// with every change.
+    BindsUntilFocusIsLost = 256,
   };
   using Changed = void (*)(DependencyObject& object, const PropertyChange& change);
 
