@@ -18,7 +18,6 @@ class Type;
 struct EnumDescription {
   std::vector<std::pair<std::string_view, int32_t>> names;
   bool Find(std::string_view text, int32_t& value) const;
-  std::string_view NameOf(int32_t value) const;
 };
 
 struct PropertyChange {
