@@ -63,6 +63,9 @@ protected:
 };
 
 TEST_F(LayoutNoticeTest, TellsTheNotingElementsThatMovedOrHoldWhatMoved) {
+  // One without a size holds what has one.
+  outer[1]->SetWidth(0);
+  outer[1]->SetHeight(0);
   EXPECT_EQ(Run(), "1111") << "the first layout";
   EXPECT_EQ(Run(), "0000");
   block[0]->InvalidateMeasure();
@@ -138,6 +141,28 @@ TEST_F(LayoutNoticeTest, FindsAPlaceThatWasChangedOffTheCanvas) {
   EXPECT_EQ(panel->Offset(), (Point{70, 0}));
 }
 
+TEST_F(LayoutNoticeTest, LeavesNothingDueForWhatHasLeftTheTree) {
+  outer[0]->AddHandler(FrameworkElement::LoadedEvent, RoutedEventHandler::From([](Object*, const RoutedEventArgs&) {}));
+  const std::function<void()> changes[] = {
+      [this] { Canvas::SetLeft(outer[0].Get(), outer[0]->Offset().x + 1); },
+      [this] { block[0]->SetText(block[0]->GetText() == "abc" ? "abcd" : "abc"); },
+      [this] { block[0]->InvalidateArrange(); },
+      [] {},
+  };
+  for (const auto& change : changes) {
+    LayoutQueue::Current().RaiseLoaded();
+    EXPECT_TRUE(LayoutQueue::Current().IsEmpty());
+    change();
+    canvas->RemoveChild(outer[0].Get());
+    EXPECT_TRUE(LayoutQueue::Current().IsEmpty());
+    canvas->AddChild(outer[0].Get());
+    EXPECT_FALSE(LayoutQueue::Current().IsEmpty());
+    canvas->RemoveChild(outer[0].Get());
+    EXPECT_TRUE(LayoutQueue::Current().IsEmpty());
+    canvas->AddChild(outer[0].Get());
+  }
+}
+
 /// Many blocks for whom layout is due, of which some leave, from both ends and from the middle.
 TEST_F(LayoutNoticeTest, KeepsLayoutDueForThoseThatStay) {
   auto panel = MakePtr<Canvas>();
@@ -165,6 +190,12 @@ TEST_F(LayoutNoticeTest, KeepsLayoutDueForThoseThatStay) {
     EXPECT_EQ(each.ActualWidth() > 0, each.IsAttached()) << i;
     EXPECT_EQ(each.IsMeasureValid(), each.IsAttached()) << i;
   }
+  for (const Ptr<UIElement>& element : leaving)
+    if (!element->IsAttached()) panel->AddChild(element.Get());
+  panel->RemoveChild(blocks[20].Get());
+  for (int i = 100; i < 280; ++i) blocks[static_cast<size_t>(i)]->SetText("abcd");
+  for (const Ptr<TextBlock>& b : blocks) panel->RemoveChild(b.Get());
+  EXPECT_TRUE(LayoutQueue::Current().IsEmpty());
 }
 
 } // namespace

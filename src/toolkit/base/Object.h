@@ -39,11 +39,6 @@ private:
   friend class WeakReference;
   mutable uint32_t referenceCount = 1;
   mutable bool hasWeakReferences = false;
-
-protected:
-  // These stand here because the base would otherwise leave the bytes as padding.
-  uint8_t objectFlags = 0;
-  uint16_t objectBits = 0;
 };
 
 /// A strong reference.

@@ -114,10 +114,4 @@ bool EnumDescription::Find(std::string_view text, int32_t& value) const {
   return false;
 }
 
-std::string_view EnumDescription::NameOf(int32_t value) const {
-  for (const auto& [name, number] : names)
-    if (number == value) return name;
-  return {};
-}
-
 } // namespace Toolkit

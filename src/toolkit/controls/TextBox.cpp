@@ -35,8 +35,8 @@ const RoutedEvent TextBox::SelectionChangedEvent("SelectionChanged", RoutingStra
 TOOLKIT_TYPE_IMPL(TextBox, Control, "TextBox")
 void TextBox::Describe(TypeBuilder<TextBox>& type) {
   using P = DependencyProperty;
-  TextProperty =
-      type.Property<SharedString>("Text", SharedString(), P::BindsTwoWay | P::AffectsMeasure | P::AffectsRender);
+  TextProperty = type.Property<SharedString>(
+      "Text", SharedString(), P::BindsTwoWay | P::BindsUntilFocusIsLost | P::AffectsMeasure | P::AffectsRender);
   TextWrappingProperty = type.Property<TextWrapping>("TextWrapping", TextWrapping::NoWrap, P::AffectsMeasure);
   TextAlignmentProperty = type.Property<TextAlignment>("TextAlignment", TextAlignment::Left, P::AffectsRender);
   AcceptsReturnProperty = type.Property<bool>("AcceptsReturn");

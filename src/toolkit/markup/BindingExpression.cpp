@@ -20,6 +20,12 @@ BindingMode BindingExpression::Mode() const {
   return property->flags & DependencyProperty::BindsTwoWay ? BindingMode::TwoWay : BindingMode::OneWay;
 }
 
+bool BindingExpression::WaitsForFocus() const {
+  if (binding.updateSourceTrigger != UpdateSourceTrigger::Default)
+    return binding.updateSourceTrigger == UpdateSourceTrigger::LostFocus;
+  return property->flags & DependencyProperty::BindsUntilFocusIsLost;
+}
+
 bool BindingExpression::ReadsDataContext() const {
   return !binding.source && binding.elementName.IsEmpty() && binding.relativeSource == RelativeSourceMode::None;
 }
@@ -148,11 +154,7 @@ void BindingExpression::Activate() {
   active = true;
   const BindingMode mode = Mode();
   if (mode == BindingMode::TwoWay) {
-    UpdateSourceTrigger trigger = binding.updateSourceTrigger;
-    static const Symbol text("Text");
-    const bool waits = trigger == UpdateSourceTrigger::LostFocus ||
-                       (trigger == UpdateSourceTrigger::Default && property->name == text);
-    if (waits)
+    if (WaitsForFocus())
       if (auto* element = DynamicCast<UIElement>(target))
         element->AddHandler(UIElement::LostFocusEvent,
                             RoutedEventHandler::From<&BindingExpression::OnTargetLostFocus>(this));
@@ -170,11 +172,7 @@ bool BindingExpression::OnTargetSet() {
   if (mode != BindingMode::TwoWay && mode != BindingMode::OneWayToSource) return false;
   if (updating || !active) return true;
   dirty = true;
-  static const Symbol text("Text");
-  const UpdateSourceTrigger trigger = binding.updateSourceTrigger;
-  if (trigger == UpdateSourceTrigger::Explicit || trigger == UpdateSourceTrigger::LostFocus ||
-      (trigger == UpdateSourceTrigger::Default && property->name == text))
-    return true;
+  if (binding.updateSourceTrigger == UpdateSourceTrigger::Explicit || WaitsForFocus()) return true;
   if (binding.delay > 0) {
     if (pendingUpdate) Dispatcher::Current().Cancel(pendingUpdate);
     pendingUpdate = Dispatcher::Current().StartTimer(binding.delay, [this] {

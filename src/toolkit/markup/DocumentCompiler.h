@@ -2,6 +2,7 @@
 
 #include "toolkit/markup/Binding.h"
 #include "toolkit/markup/ElementPlan.h"
+#include "toolkit/markup/NamespacePrefixes.h"
 #include "toolkit/markup/Template.h"
 
 #include <pugixml.hpp>
@@ -61,7 +62,9 @@ private:
 
   PropertyRef FindProperty(const Type& type, std::string_view name) const;
   Value ParseValue(std::string_view text, const DependencyProperty& property, const pugi::xml_node& node, bool& ok);
-  const Type* FindType(std::string_view name) const override;
+  const Type* FindType(std::string_view name) const override { return prefixes.FindType(name); }
+  /// The resource that the key means here, at the end of the lookup an application's; null if it is nowhere.
+  const Value* FindResource(const Value& key) const;
   Object* FindResource(std::string_view key) const override;
   /// The object that `{StaticResource Key}` or `{x:Type T}` names; reports a failure.
   bool ResolveStatic(std::string_view text, const pugi::xml_node& node, Value& value);
@@ -72,6 +75,7 @@ private:
   std::string_view text;
   DictionaryLoader loadDictionary;
   pugi::xml_document document;
+  NamespacePrefixes prefixes;
   const Type* componentType = nullptr;
   std::vector<Ptr<ResourceDictionary>> resourceScopes;
 };

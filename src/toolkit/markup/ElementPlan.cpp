@@ -63,9 +63,8 @@ void Instantiation::Fill(const ElementPlan& plan, Object& object) {
     if (scope) scope->Register(plan.name, &object);
     if (element) element->SetName(plan.name.Text());
   }
-  if (element) {
-    if (plan.resources) element->SetResources(plan.resources);
-  } else if (plan.resources) {
+  if (plan.resources) {
+    // An element's resources have served when the document was compiled; an application keeps its own for the others.
     static const Symbol resources("Resources");
     if (const ReflectedMember* member = plan.type->FindMember(resources)) member->set(object, Value(plan.resources));
   }

@@ -69,6 +69,4 @@ const Type* GUI::ClassOf(std::string_view documentName) {
   return plan ? plan->type : nullptr;
 }
 
-Ptr<ResourceDictionary> GUI::LoadResources(std::string_view documentName) { return LoadDictionary(documentName); }
-
 } // namespace Toolkit

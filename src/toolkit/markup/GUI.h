@@ -7,7 +7,6 @@
 namespace Toolkit {
 
 class FrameworkElement;
-class ResourceDictionary;
 
 /// Documents by name.
 class GUI {
@@ -26,9 +25,6 @@ public:
   static Ptr<Object> Load(std::string_view documentName);
   /// The class that a document's root names by x:Class; null, with a diagnostic, if there is none.
   static const Type* ClassOf(std::string_view documentName);
-
-  /// Makes the resources of a document whose root is a resource dictionary; null, with a diagnostic, if that fails.
-  static Ptr<ResourceDictionary> LoadResources(std::string_view documentName);
 };
 
 } // namespace Toolkit

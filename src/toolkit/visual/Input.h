@@ -62,6 +62,7 @@ public:
 private:
   enum class FocusCause : uint8_t { Keyboard, Other };
   bool SetFocus(UIElement* element, FocusCause cause);
+  bool ChangeButton(MouseButton button, MouseButtonState state, Point position, uint32_t clickCount);
   void FillMouse(MouseEventArgs& args) const;
   UIElement* Target(Point position) const;
   void SetHovered(UIElement* element);
@@ -79,7 +80,6 @@ class Mouse {
 public:
   /// The mouse in the coordinates of `relativeTo`, or of the root if that is null.
   static Point GetPosition(const UIElement* relativeTo);
-  static MouseButtonState GetButtonState(MouseButton button);
 };
 
 class Keyboard {

@@ -38,7 +38,6 @@ void LayoutQueue::Elements::Remove(const UIElement& element) {
   // Of those that were taken, the bits hold until their turn comes.
   if (at == elements.size()) return;
   elements[at] = nullptr;
-  places.erase(&element);
   while (!elements.empty() && !elements.back()) elements.pop_back();
 }
 

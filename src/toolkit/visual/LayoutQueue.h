@@ -67,7 +67,7 @@ private:
     size_t Find(const UIElement& element);
     /// Null where one was removed; the last is never null.
     std::vector<UIElement*> elements;
-    /// Where each is, as soon as a removal has asked for that; else empty.
+    /// Where each is, as soon as a removal has asked for that; else empty. Those that were removed may stand in it.
     std::unordered_map<const UIElement*, size_t> places;
   };
 

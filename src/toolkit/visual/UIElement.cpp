@@ -170,7 +170,6 @@ void UIElement::OnPropertyChanged(const PropertyChange& change) {
   if (&change.property == VisibilityProperty) {
     if (change.oldValue.As<Visibility>() == Visibility::Collapsed ||
         change.newValue.As<Visibility>() == Visibility::Collapsed) {
-      measureDirty = false; // So that the invalidation below is seen by the queue even if it was pending.
       InvalidateMeasure();
       if (visualParent) visualParent->OnChildDesiredSizeChanged(this);
     }

@@ -178,7 +178,6 @@ protected:
   void InvalidateBounds();
   bool HasHandler(const RoutedEvent& event) const;
   bool WasMeasured() const { return !neverMeasured; }
-  Size PreviousAvailable() const { return previousAvailable; }
 
 private:
   friend class LayoutQueue;
