@@ -3,7 +3,6 @@
 #include "editor/PanelBaseField.h"
 #include "fields/FieldList.h"
 #include "nodes/ContentNode.h"
-#include "toolkit/controls/TextBox.h"
 #include "values/ActionHistory.h"
 
 namespace {
@@ -16,33 +15,29 @@ using Toolkit::Visibility;
 
 class NodePanelTest : public TestSupport::EditorTest {
 protected:
-  NodePanelTest()
-      : workspace(TestSupport::MakeWorkspace(
-            {R"({"id": "A", "title": "A", "color": "red", "Schema": {"Type": "$Const:Line", "Text": "Text"}, "content": [
-               {"Id": "Text", "Type": "String", "Options": {"Label": "Text", "Default": "hello"}},
-               {"Id": "Hidden", "Type": "SmallString", "Options": {"Label": "Hidden", "Active": false}},
-               {"Id": "List", "Type": "List", "Options": {"Label": "List", "Type": "String"}}]})",
-             R"({"id": "Bare", "title": "Bare", "color": "red"})",
-             R"({"id": "Plain", "title": "P", "color": "red", "content": [{"Id": "Text", "Type": "String"}]})"})),
-        panel(Toolkit::MakePtr<NodePanel>()), stage(*panel) {
-    node = workspace->nodeDictionary->CreateNode("A", true);
-  }
+  NodePanelTest() { panel->OpenNode(node.Get()); }
   ~NodePanelTest() override { Tesselor::ActionHistory::Instance().Clear(); }
 
+  Ptr<Tesselor::ContentNode> MakeNode(const char* id) const { return workspace->nodeDictionary->CreateNode(id, true); }
   size_t RowCount() const { return panel->GetFieldsStack()->ChildCount(); }
   PanelBaseField* Row(size_t index) const {
     return static_cast<PanelBaseField*>(panel->GetFieldsStack()->Child(index));
   }
   BaseField* Copy(size_t index) const { return static_cast<BaseField*>(Row(index)->GetFieldRow()->Child(1)); }
 
-  std::shared_ptr<Tesselor::Workspace> workspace;
-  Ptr<NodePanel> panel;
-  TestSupport::Stage stage;
-  Ptr<Tesselor::ContentNode> node;
+  std::shared_ptr<Tesselor::Workspace> workspace = TestSupport::MakeWorkspace(
+      {R"({"id": "A", "title": "A", "color": "red", "Schema": {"Type": "$Const:Line", "Text": "Text"}, "content": [
+               {"Id": "Text", "Type": "String", "Options": {"Label": "Text", "Default": "hello"}},
+               {"Id": "Hidden", "Type": "SmallString", "Options": {"Label": "Hidden", "Active": false}},
+               {"Id": "List", "Type": "List", "Options": {"Label": "List", "Type": "String"}}]})",
+       R"({"id": "Bare", "title": "Bare", "color": "red"})",
+       R"({"id": "Plain", "title": "P", "color": "red", "content": [{"Id": "Text", "Type": "String"}]})"});
+  Ptr<NodePanel> panel = Toolkit::MakePtr<NodePanel>();
+  TestSupport::Stage stage{*panel};
+  Ptr<Tesselor::ContentNode> node = MakeNode("A");
 };
 
 TEST_F(NodePanelTest, ListsTheBodyFieldsInTheSchemasOrder) {
-  panel->OpenNode(node.Get());
   panel->OpenNode(node.Get());
   EXPECT_EQ(panel->GetNodePanelVisibility(), Visibility::Visible);
   EXPECT_EQ(panel->GetNodeName(), "$Const:Line");
@@ -57,22 +52,19 @@ TEST_F(NodePanelTest, ListsTheBodyFieldsInTheSchemasOrder) {
     EXPECT_FALSE(Copy(i)->OwnerNode());
     EXPECT_EQ(Row(i)->GetCheckBox()->IsChecked(), i != 1) << "as the field is shown on its node";
   }
+  panel->OpenNode(MakeNode("Plain").Get());
+  EXPECT_EQ(panel->GetNodeName(), "Plain");
+  // A type without body fields has nothing to show.
+  panel->OpenNode(MakeNode("Bare").Get());
+  EXPECT_EQ(panel->GetNodePanelVisibility(), Visibility::Collapsed);
+  EXPECT_EQ(RowCount(), 0u);
+  panel->OpenNode(node.Get());
   panel->Close();
   EXPECT_EQ(panel->GetNodePanelVisibility(), Visibility::Collapsed);
   EXPECT_EQ(RowCount(), 0u);
 }
 
-TEST_F(NodePanelTest, StaysClosedForATypeWithoutBodyFields) {
-  panel->OpenNode(node.Get());
-  panel->OpenNode(workspace->nodeDictionary->CreateNode("Bare", true).Get());
-  EXPECT_EQ(panel->GetNodePanelVisibility(), Visibility::Collapsed);
-  EXPECT_EQ(RowCount(), 0u);
-  panel->OpenNode(workspace->nodeDictionary->CreateNode("Plain", true).Get());
-  EXPECT_EQ(panel->GetNodeName(), "Plain");
-}
-
 TEST_F(NodePanelTest, ShowsAndHidesAFieldByAClickAlone) {
-  panel->OpenNode(node.Get());
   BaseField* field = node->contentFields.at("Text").Get();
   PanelBaseField* row = Row(0);
   stage.Click(*row->GetCheckBox());
@@ -87,18 +79,13 @@ TEST_F(NodePanelTest, ShowsAndHidesAFieldByAClickAlone) {
 }
 
 TEST_F(NodePanelTest, SharesTextAndRowsWithTheNodesFields) {
-  panel->OpenNode(node.Get());
   stage.Settle();
-  auto* box = TestSupport::All<Toolkit::TextBox>(Copy(0)).at(0);
-  EXPECT_EQ(box->GetText(), "hello");
-  stage.Click(*box);
-  box->SelectAll();
-  stage.Type("changed");
-  stage.Focus(nullptr);
+  auto& box = TestSupport::First<Toolkit::TextBox>(*Copy(0));
+  EXPECT_EQ(box.GetText(), "hello");
+  stage.TypeInto(box, "changed");
   EXPECT_EQ(node->contentFields.at("Text")->GetValueAsString(), "changed");
-
-  auto* list = static_cast<Tesselor::FieldList*>(node->contentFields.at("List").Get());
-  EXPECT_EQ(static_cast<Tesselor::FieldList*>(Copy(2))->GetList(), list->GetList());
+  const auto list = [](BaseField* field) { return static_cast<Tesselor::FieldList*>(field)->GetList(); };
+  EXPECT_EQ(list(Copy(2)), list(node->contentFields.at("List").Get()));
 }
 
 } // namespace

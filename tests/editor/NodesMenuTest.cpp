@@ -1,5 +1,6 @@
 #include "editor/NodesMenu.h"
 #include "EditorTest.h"
+#include "Expected.h"
 #include "editor/CreateNodeButton.h"
 #include "editor/NodeCategoryHeader.h"
 #include "toolkit/controls/ButtonBase.h"
@@ -8,8 +9,6 @@
 #include "toolkit/controls/Shapes.h"
 #include "toolkit/controls/TextBlock.h"
 #include "toolkit/render/Brush.h"
-
-#include <optional>
 
 namespace {
 
@@ -29,22 +28,18 @@ std::string Schema(const std::string& id, const std::string& title, const std::s
 
 class NodesMenuTest : public TestSupport::EditorTest {
 protected:
-  NodesMenuTest() : menu(Toolkit::MakePtr<NodesMenu>()), panel(Toolkit::MakePtr<Toolkit::Canvas>()) {
+  NodesMenuTest() {
     panel->SetValue(Toolkit::UIElement::FocusableProperty, true);
     panel->AddChild(menu.Get());
-    stage.emplace(*panel);
-    workspace = TestSupport::MakeWorkspace({
-        Schema("Line", "A line", "red", "Talk", "Talk"),
-        Schema("Choice", "A choice", "red", "Talk", "Option"),
-        Schema("Option", "One option", "blue", "Option", "Talk"),
-        Schema("Loose", "Loose end", "green", "Thing", "Generic"),
-    });
-    workspace->nodeDictionary->AddToCategory("Dialogue", "Line");
-    workspace->nodeDictionary->AddToCategory("Dialogue", "Choice");
-    workspace->nodeDictionary->AddToCategory("Options", "Choice");
-    workspace->nodeDictionary->AddToCategory("Options", "Option");
-    workspace->nodeDictionary->AddToCategory("Options", "Gone");
+    Tesselor::NodeDictionary& dictionary = *workspace->nodeDictionary;
+    for (const auto& [category, id] : {std::pair("Dialogue", "Line"),
+                                       {"Dialogue", "Choice"},
+                                       {"Options", "Choice"},
+                                       {"Options", "Option"},
+                                       {"Options", "Gone"}})
+      dictionary.AddToCategory(category, id);
     menu->SetWorkspace(workspace);
+    stage.Put(*panel);
   }
 
   Toolkit::Expander* Row(size_t index) {
@@ -71,16 +66,19 @@ protected:
     return (isInput ? blueprint->inputs : blueprint->outputs).at(0).get();
   }
 
-  std::shared_ptr<Tesselor::Workspace> workspace;
-  Toolkit::Ptr<NodesMenu> menu;
-  Toolkit::Ptr<Toolkit::Canvas> panel;
-  std::optional<TestSupport::Stage> stage;
+  std::shared_ptr<Tesselor::Workspace> workspace = TestSupport::MakeWorkspace({
+      Schema("Line", "A line", "red", "Talk", "Talk"),
+      Schema("Choice", "A choice", "red", "Talk", "Option"),
+      Schema("Option", "One option", "blue", "Option", "Talk"),
+      Schema("Loose", "Loose end", "green", "Thing", "Generic"),
+  });
+  Toolkit::Ptr<NodesMenu> menu = Toolkit::MakePtr<NodesMenu>();
+  Toolkit::Ptr<Toolkit::Canvas> panel = Toolkit::MakePtr<Toolkit::Canvas>();
+  TestSupport::Stage stage;
 };
 
 const char* const Everything =
     "Generic Generic; Dialogue Line Choice; Options Choice Option; Uncategorized Link Loose; ";
-
-TEST_F(NodesMenuTest, ListsCategoriesAndWhatNoCategoryNames) { EXPECT_EQ(Listed(), Everything); }
 
 TEST_F(NodesMenuTest, FiltersByTextAndByTheDroppedPin) {
   struct Case {
@@ -132,10 +130,10 @@ TEST_F(NodesMenuTest, ColoursACategoryByItsTypesAndGreyIfTheyDisagree) {
 
 TEST_F(NodesMenuTest, FiltersWhileTyping) {
   menu->Open();
-  stage->Settle();
+  stage.Settle();
   EXPECT_TRUE(menu->GetSearchTextBox()->IsFocused());
   menu->ApplyFilter({"", DroppedPinSide::Output, Pin("Line", false)});
-  stage->Type("choi");
+  stage.Type("choi");
   EXPECT_EQ(menu->GetSearchText(), "choi");
   EXPECT_EQ(Listed(), "Dialogue+ Choice; Options+ Choice; ");
   // Clearing the text keeps the filter by the pin.
@@ -165,29 +163,25 @@ TEST_F(NodesMenuTest, MakesItsRowsOnlyToShowThem) {
 
 TEST_F(NodesMenuTest, RaisesAnEventForEachButton) {
   std::vector<std::string> raised;
-  const auto note = [&](const Toolkit::RoutedEvent& event) {
-    stage->Root().AddHandler(
-        event, Toolkit::RoutedEventHandler::From([&raised](Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
+  for (const Toolkit::RoutedEvent* event : {&CreateNodeButton::CreateNodeEvent, &NodesMenu::CreateGroupEvent,
+                                            &NodesMenu::CreateLinkEvent, &NodesMenu::CreateCommentEvent})
+    panel->AddHandler(
+        *event, Toolkit::RoutedEventHandler::From([&raised](Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
           const auto* node = dynamic_cast<const Tesselor::CreateNodeEventArgs*>(&args);
           raised.push_back(args.event->name.Text() + (node ? " " + node->nodeId : ""));
         }));
-  };
-  note(CreateNodeButton::CreateNodeEvent);
-  note(NodesMenu::CreateGroupEvent);
-  note(NodesMenu::CreateLinkEvent);
-  note(NodesMenu::CreateCommentEvent);
   menu->Open();
-  stage->Settle();
+  stage.Settle();
   for (const char* name : {"CreateGroup", "CreateLink", "CreateComment"})
-    stage->Click(*menu->FindName<Toolkit::Button>(name));
+    stage.Click(*menu->FindName<Toolkit::Button>(name));
   // The row opens and closes by its header, and each button tells its type once.
-  for (int i = 0; i < 3; ++i) stage->Click(*static_cast<Toolkit::UIElement*>(Row(1)->GetHeader().AsObject()));
+  for (int i = 0; i < 3; ++i) stage.Click(*static_cast<Toolkit::UIElement*>(Row(1)->GetHeader().AsObject()));
   ASSERT_TRUE(Row(1)->IsExpanded());
   auto* button = TestSupport::All<CreateNodeButton>(Row(1)).at(1);
-  stage->Click(*button);
+  stage.Click(*button);
   EXPECT_EQ(raised, (std::vector<std::string>{"CreateGroup", "CreateLink", "CreateComment", "CreateNode Choice"}));
 
-  EXPECT_EQ(button->FindName<Toolkit::TextBlock>("ButtonLabel")->GetText(), "A choice");
+  TestSupport::ExpectLayout("NodesMenu", *menu);
   const auto* tip = button->FindName<Toolkit::Button>("CreateNode")
                         ->Get<Toolkit::TextBlock*>(Toolkit::FrameworkElement::ToolTipProperty);
   ASSERT_TRUE(tip);

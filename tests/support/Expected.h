@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Picture.h"
-
+#include <filesystem>
 #include <source_location>
 #include <string>
 
@@ -10,6 +9,8 @@ class UIElement;
 }
 
 namespace TestSupport {
+
+struct Picture;
 
 // Comparisons with what is kept beside a test, in tests/<folder>/expected. What a failure saw is left in the build's
 // test-output. With TESSELOR_WRITE_EXPECTED=1 in the environment each comparison writes its file anew instead, texts
@@ -23,5 +24,10 @@ void ExpectPicture(const std::string& name, const Picture& actual,
 /// Compares a tree that is laid out: a line per element, indented by its depth, with its class, name, text and box.
 void ExpectLayout(const std::string& name, const Toolkit::UIElement& root,
                   const std::source_location& test = std::source_location::current());
+
+// For further kinds of comparison.
+bool WritesExpected();
+/// In the folder of the test's source.
+std::filesystem::path ExpectedFile(const std::string& name, const std::source_location& test);
 
 } // namespace TestSupport

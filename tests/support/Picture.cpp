@@ -1,5 +1,7 @@
 #include "Picture.h"
 
+#include "Expected.h"
+
 #include <gtest/gtest.h>
 #include <png.h>
 
@@ -7,6 +9,19 @@
 #include <cmath>
 
 namespace TestSupport {
+
+namespace {
+
+/// What a channel may differ by.
+constexpr int Tolerance = 3;
+
+bool AreAlike(Toolkit::Pixel a, Toolkit::Pixel b) {
+  for (int shift = 0; shift < 32; shift += 8)
+    if (std::abs(static_cast<int>(a >> shift & 255) - static_cast<int>(b >> shift & 255)) > Tolerance) return false;
+  return true;
+}
+
+} // namespace
 
 Picture Picture::Part(const Toolkit::Rect& part) const {
   const int left = std::max(0, static_cast<int>(std::floor(part.x)));
@@ -55,6 +70,19 @@ void ExpectEqual(const Picture& actual, const Picture& expected, const std::stri
   expected.WritePng(path + ".expected.png");
   difference.WritePng(path + ".difference.png");
   ADD_FAILURE() << count << " pixels differ; see " << path << ".*.png";
+}
+
+void ExpectPicture(const std::string& name, const Picture& actual, const std::source_location& test) {
+  const auto file = ExpectedFile(name + ".png", test);
+  if (WritesExpected()) {
+    actual.WritePng(file.string());
+    return;
+  }
+  Picture expected = Picture::ReadPng(file.string());
+  if (expected.pixels.size() == actual.pixels.size())
+    for (size_t i = 0; i < actual.pixels.size(); ++i)
+      if (AreAlike(actual.pixels[i], expected.pixels[i])) expected.pixels[i] = actual.pixels[i];
+  ExpectEqual(actual, expected, name);
 }
 
 } // namespace TestSupport

@@ -1,5 +1,4 @@
 #include "toolkit/controls/ComboBox.h"
-#include "toolkit/KeyScript.h"
 #include "toolkit/MarkupTest.h"
 #include "toolkit/controls/ComboBoxList.h"
 #include "toolkit/controls/StackPanel.h"
@@ -49,7 +48,7 @@ TEST_F(ComboBoxTest, IsWorkedByKeys) {
       {"'b' 'b'", 4, false},
       {"'b' 'b' 'b'", 1, false},
       {"'b' 'l' 'u'", 4, false},
-      {"'b' 'l' wait 'c'", 3, false},
+      {"'b' 'l' wait:1500 'c'", 3, false},
       {"'t' 'w' 'o' '_' 'w'", 5, false},
       {"'Ä'", 6, false},
       {"'x'", 1, false},
@@ -72,7 +71,7 @@ TEST_F(ComboBoxTest, IsWorkedByKeys) {
     box->SetIsDropDownOpen(false);
     box->SetSelectedIndex(1);
     box->Focus();
-    RunKeys(*this, c.script);
+    Run(c.script);
     EXPECT_EQ(box->GetSelectedIndex(), c.selected);
     EXPECT_EQ(box->IsDropDownOpen(), c.open);
     EXPECT_EQ(OpenPopups(), c.open ? 1u : 0u);
@@ -154,7 +153,7 @@ TEST_F(ComboBoxTest, LeavesTypingToTheBoxThatFiltersIt) {
   items->RemoveAt(0);
   Settle();
   EXPECT_FALSE(Shows("Apple"));
-  RunKeys(*this, "Down Down");
+  Run("Down Down");
   EXPECT_TRUE(Press(Key::Return));
   EXPECT_EQ(box->GetSelectedIndex(), 1);
   EXPECT_TRUE(text.IsFocused());

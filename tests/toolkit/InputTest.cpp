@@ -1,4 +1,3 @@
-#include "toolkit/KeyScript.h"
 #include "toolkit/MarkupTest.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/CheckBox.h"
@@ -137,7 +136,7 @@ TEST_F(InputTest, MovesASliderByKeysWithinItsBounds) {
                                                  {"Down", 18},   {"Up", 19},       {"Home", 10},  {"Left", 10},
                                                  {"Right", 11},  {"PageDown", 10}, {"End", 20},   {"A", 20}};
   for (const auto& [key, value] : steps) {
-    EXPECT_EQ(RunKeys(*this, key), *key != 'A');
+    EXPECT_EQ(Run(key), *key != 'A');
     EXPECT_EQ(slider.GetValueNumber(), value) << key;
   }
 }

@@ -85,8 +85,17 @@ protected:
   void TakeWindowDown();
   template <class T = FrameworkElement> T& Find(const char* name) { return TestSupport::Named<T>(*window, name); }
   size_t OpenPopups() const { return window->Popups().PopupCount(); }
+  /// Plays words, and tells whether the last key, text or wheel was taken: keys by name and chords as
+  /// "Ctrl+Shift+Left"; 'a_b' types its letters, with "_" for a blank, each as a key and a text, as a display sends it;
+  /// "move:Name", "press:", "release:", "click:", "double:" and "right:" use the mouse at a named element or at a point
+  /// as "click:20,30"; "wheel:Name:-1"; "leave"; "wait:300" in milliseconds.
+  bool Run(const std::string& script);
 
   Ptr<Window> window;
+
+private:
+  bool Play(const std::string& word);
+  bool TypeLetters(const std::string& text);
 };
 
 } // namespace Toolkit

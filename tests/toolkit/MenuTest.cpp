@@ -1,6 +1,5 @@
 #include "toolkit/controls/Menu.h"
 #include "Expected.h"
-#include "toolkit/KeyScript.h"
 #include "toolkit/MarkupTest.h"
 #include "toolkit/controls/ContextMenu.h"
 #include "toolkit/controls/MenuItem.h"
@@ -27,21 +26,12 @@ protected:
         "<MenuItem x:Name=\"View\" Header=\"View\"><MenuItem x:Name=\"Grid\" Header=\"Grid\" IsCheckable=\"True\"/>"
         "</MenuItem><MenuItem x:Name=\"Help\" Header=\"Help\"/>");
   }
-  const MenuItem& At(const char* item) { return Find<MenuItem>(item); }
-  bool IsOpen(const char* item) { return Find<MenuItem>(item).IsSubmenuOpen(); }
-  std::string Lit() {
+  /// "<highlighted items> | <number of open menus> | <clicks so far>"
+  std::string State() {
     std::string names;
     for (const char* name : {"File", "New", "Off", "More", "Deep", "View", "Grid", "Help"})
-      if (Find<MenuItem>(name).Get<bool>(MenuItem::IsHighlightedProperty)) names += std::string(name) + " ";
-    return names;
-  }
-  /// A fresh window whose area has the focus, with the mouse out of the way.
-  void ShowUsualBesideTheFocus() {
-    ShowUsual();
-    clicks.clear();
-    Find("Area").SetValue(UIElement::FocusableProperty, true);
-    Focus(&Find("Area"));
-    MoveTo({390, 290});
+      if (Find(name).Get<bool>(MenuItem::IsHighlightedProperty)) names += std::string(name) + " ";
+    return names + "| " + std::to_string(OpenPopups()) + " | " + clicks;
   }
   static Ptr<ContextMenu> MenuOfOne() {
     auto menu = MakePtr<ContextMenu>();
@@ -54,117 +44,90 @@ protected:
   std::string clicks;
 };
 
-TEST_F(MenuTest, OpensByAPressAndTheOthersByPassingOver) {
+TEST_F(MenuTest, IsWorkedByTheMouse) {
+  const std::pair<const char*, const char*> steps[] = {
+      // Opens by a press, and the others by passing over.
+      {"move:File", "File | 0 | "},
+      {"press:File", "File | 1 | "},
+      {"release:File", "File | 1 | "},
+      {"move:View", "View | 1 | "},
+      {"move:Help", "Help | 0 | "},
+      {"move:File", "File | 1 | "},
+      {"click:File", "File | 0 | "},
+      {"move:View", "View | 0 | "},
+      {"click:View", "View | 1 | "},
+      {"click:200,250", "| 0 | "},
+      // All menus are closed before an item is clicked.
+      {"click:File click:Off", "File | 1 | "},
+      {"move:More", "File More | 1 | "},
+      {"wait:300", "File More | 2 | "},
+      // On the way to the submenu the mouse may cross other items for a moment.
+      {"move:New", "File More | 2 | "},
+      {"move:Deep wait:300", "File More Deep | 2 | "},
+      {"click:Deep", "| 0 | Deep0 "},
+      // Pressed on the bar, released on an item.
+      {"press:View move:Grid release:Grid", "| 0 | Deep0 Grid0 "},
+      {"click:Help", "| 0 | Deep0 Grid0 Help0 "},
+  };
   ShowUsual();
-  MoveTo(At("File"));
-  EXPECT_EQ(Lit(), "File ");
-  EXPECT_FALSE(IsOpen("File"));
-  Press(At("File"));
-  EXPECT_TRUE(IsOpen("File"));
-  Release(At("File"));
-  EXPECT_TRUE(IsOpen("File"));
-  EXPECT_TRUE(Shows("New"));
-  MoveTo(At("View"));
-  EXPECT_FALSE(IsOpen("File"));
-  EXPECT_TRUE(IsOpen("View"));
-  EXPECT_EQ(OpenPopups(), 1u);
-  MoveTo(At("Help"));
-  EXPECT_EQ(OpenPopups(), 0u);
-  MoveTo(At("File"));
-  EXPECT_TRUE(IsOpen("File"));
-  Click(At("File"));
-  EXPECT_FALSE(IsOpen("File"));
-  MoveTo(At("View"));
-  EXPECT_FALSE(IsOpen("View"));
-  Click(At("View"));
-  EXPECT_TRUE(IsOpen("View"));
-  Click({200, 250});
-  EXPECT_EQ(OpenPopups(), 0u);
-  EXPECT_EQ(Lit(), "");
-  EXPECT_EQ(clicks, "");
-}
-
-TEST_F(MenuTest, ClosesAllMenusBeforeAnItemIsClicked) {
-  ShowUsual();
-  Click(At("File"));
-  Click(At("Off"));
-  EXPECT_EQ(OpenPopups(), 1u);
-  MoveTo(At("More"));
-  EXPECT_FALSE(IsOpen("More"));
-  Wait(300);
-  ASSERT_TRUE(IsOpen("More"));
-  TestSupport::ExpectLayout("OpenMenus", window->Popups());
-  // On the way to the submenu the mouse may cross other items for a moment.
-  MoveTo(At("New"));
-  EXPECT_TRUE(IsOpen("More"));
-  MoveTo(At("Deep"));
-  Wait(300);
-  EXPECT_EQ(OpenPopups(), 2u);
-  Click(At("Deep"));
-  EXPECT_EQ(clicks, "Deep0 ");
-  // Pressed on the bar, released on an item.
-  Press(At("View"));
-  MoveTo(At("Grid"));
-  Release(At("Grid"));
+  for (const auto& [script, state] : steps) {
+    Run(script);
+    EXPECT_EQ(State(), state) << script;
+  }
   EXPECT_TRUE(Find<MenuItem>("Grid").IsChecked());
-  Click(At("Help"));
-  EXPECT_EQ(clicks, "Deep0 Grid0 Help0 ");
-  EXPECT_EQ(Lit(), "");
+  Run("click:File move:More wait:300");
+  TestSupport::ExpectLayout("OpenMenus", window->Popups());
 }
 
 TEST_F(MenuTest, IsWorkedByKeys) {
-  const struct {
-    const char* script;
-    const char* lit;
-    size_t open;
-    const char* clicks;
-  } cases[] = {
-      // The bar's first item was pressed before.
-      {"Down", "File New ", 1, ""},
-      {"Down Down", "File More ", 1, ""},
-      {"Down Down Down", "File New ", 1, ""},
-      {"Up", "File More ", 1, ""},
-      {"End", "File More ", 1, ""},
-      {"End Home", "File New ", 1, ""},
-      {"S", "File ", 1, ""},
-      {"Down Return", "", 0, "New0 "},
-      {"End Right", "File More Deep ", 2, ""},
-      {"End Return Return", "", 0, "Deep0 "},
-      {"End Right Left", "File More ", 1, ""},
-      {"End Right Escape", "File More ", 1, ""},
-      {"End Right Escape Escape", "", 0, ""},
-      {"End Right Right", "View Grid ", 1, ""},
-      {"Right", "View Grid ", 1, ""},
-      {"Right Left", "File New ", 1, ""},
-      {"Left", "Help ", 0, ""},
-      {"Left Return", "", 0, "Help0 "},
-      {"Left Left", "View Grid ", 1, ""},
-      {"Left Right", "File New ", 1, ""},
-      {"Left Right Down Right Return", "", 0, "Deep0 "},
-      {"Left Escape", "", 0, ""},
-      {"Right Right Home Down", "File New ", 1, ""},
-      // The bar takes the keys.
-      {"F10", "File ", 0, ""},
-      {"F10 F10", "", 0, ""},
-      {"F10 Escape", "", 0, ""},
-      {"F10 Down", "File New ", 1, ""},
-      {"F10 Left Return", "", 0, "Help0 "},
-      {"F10 Down Return", "", 0, "New0 "},
+  const std::pair<const char*, const char*> cases[] = {
+      {"click:File Down", "File New | 1 | "},
+      {"click:File Down Down", "File More | 1 | "},
+      {"click:File Down Down Down", "File New | 1 | "},
+      {"click:File Up", "File More | 1 | "},
+      {"click:File End", "File More | 1 | "},
+      {"click:File End Home", "File New | 1 | "},
+      {"click:File S", "File | 1 | "},
+      {"click:File Down Return", "| 0 | New0 "},
+      {"click:File End Right", "File More Deep | 2 | "},
+      {"click:File End Return Return", "| 0 | Deep0 "},
+      {"click:File End Right Left", "File More | 1 | "},
+      {"click:File End Right Escape", "File More | 1 | "},
+      {"click:File End Right Escape Escape", "| 0 | "},
+      {"click:File End Right Right", "View Grid | 1 | "},
+      {"click:File Right", "View Grid | 1 | "},
+      {"click:File Right Left", "File New | 1 | "},
+      {"click:File Left", "Help | 0 | "},
+      {"click:File Left Return", "| 0 | Help0 "},
+      {"click:File Left Left", "View Grid | 1 | "},
+      {"click:File Left Right", "File New | 1 | "},
+      {"click:File Left Right Down Right Return", "| 0 | Deep0 "},
+      {"click:File Left Escape", "| 0 | "},
+      {"click:File Right Right Home Down", "File New | 1 | "},
+      {"F10", "File | 0 | "},
+      {"F10 F10", "| 0 | "},
+      {"F10 Escape", "| 0 | "},
+      {"F10 Down", "File New | 1 | "},
+      {"F10 Left Return", "| 0 | Help0 "},
+      {"F10 Down Return", "| 0 | New0 "},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.script);
-    ShowUsualBesideTheFocus();
-    if (*c.script != 'F') {
-      Click(At("File"));
-      MoveTo({390, 290});
+  for (const auto& [script, state] : cases) {
+    SCOPED_TRACE(script);
+    ShowUsual();
+    clicks.clear();
+    auto& area = Find("Area");
+    area.SetValue(UIElement::FocusableProperty, true);
+    Focus(&area);
+    std::string keys = script;
+    if (keys.starts_with("click:File")) {
+      Run("click:File");
+      keys.erase(0, 10);
     }
-    RunKeys(*this, c.script);
-    EXPECT_EQ(Lit(), c.lit);
-    EXPECT_EQ(OpenPopups(), c.open);
-    EXPECT_EQ(clicks, c.clicks);
-    // It comes back with the end of the menus.
-    if (!*c.lit || *c.script == 'F') {
-      EXPECT_EQ(Find("Area").IsFocused(), !*c.lit);
+    Run("move:390,290 " + keys);
+    EXPECT_EQ(State(), state);
+    // The focus comes back with the end of the menus.
+    if (*state == '|' || *script == 'F') {
+      EXPECT_EQ(area.IsFocused(), *state == '|');
     }
   }
 }
@@ -173,7 +136,7 @@ TEST_F(MenuTest, ScrollsWhatDoesNotFit) {
   std::string items;
   for (int i = 0; i < 60; ++i) items += "<MenuItem Header=\"Row " + std::to_string(i) + "\"/>";
   ShowBar("<MenuItem x:Name=\"File\" Header=\"File\">" + items + "</MenuItem>");
-  Click(At("File"));
+  Run("click:File");
   auto& last = *static_cast<MenuItem*>(Find<MenuItem>("File").ItemAt(59));
   EXPECT_GT(BoxOf(last).y, 300);
   Press(Key::End);
@@ -186,42 +149,40 @@ TEST_F(MenuTest, ScrollsWhatDoesNotFit) {
 TEST_F(MenuTest, SurvivesAClickThatTakesTheMenuAway) {
   ShowUsual();
   Listen(Find("New"), MenuItem::ClickEvent, [&](auto&) { Find<StackPanel>("Root").ClearChildren(); });
-  Click(At("File"));
-  Click(At("New"));
+  Run("click:File click:New");
   EXPECT_EQ(clicks, "New0 ");
 }
 
 TEST_F(MenuTest, OpensAContextMenuByARightClickOnItsElement) {
   ShowBar("");
-  auto& area = Find<FrameworkElement>("Area");
+  auto& area = Find("Area");
   const Ptr<ContextMenu> menu = MenuOfOne();
-  auto* item = static_cast<MenuItem*>(menu->ItemAt(0));
   area.SetValue(FrameworkElement::ContextMenuProperty, Value(menu));
-  RightClick({100, 100});
+  Run("right:100,100");
   ASSERT_TRUE(menu->IsOpen());
   EXPECT_EQ(BoxOf(*menu).x, 100);
   EXPECT_EQ(BoxOf(*menu).y, 100);
   // A right click elsewhere only closes it.
-  RightClick({50, 200});
+  Run("right:50,200");
   EXPECT_FALSE(menu->IsOpen());
-  RightClick({100, 100});
-  Click(item);
+  Run("right:100,100");
+  Click(static_cast<MenuItem*>(menu->ItemAt(0)));
   EXPECT_EQ(clicks, "Only0 ");
   EXPECT_FALSE(menu->IsOpen());
   // Who handles the click wants no menu.
   Listen(area, UIElement::MouseRightButtonUpEvent, [](const RoutedEventArgs& args) { args.handled = true; });
-  RightClick({100, 100});
+  Run("right:100,100");
   EXPECT_FALSE(menu->IsOpen());
   // One from a document is made when it is wanted, and inherits from its element.
-  Show("<Border x:Name=\"Area\" Background=\"Black\" Tag=\"t\"><Border.ContextMenu><ContextMenu>"
-       "<MenuItem Header=\"Made late\"/></ContextMenu></Border.ContextMenu></Border>");
-  RightClick({100, 100});
+  Show("<Border Background=\"Black\"><Border.ContextMenu><ContextMenu><MenuItem Header=\"Made late\"/></ContextMenu>"
+       "</Border.ContextMenu></Border>");
+  Run("right:100,100");
   EXPECT_TRUE(Shows("Made late"));
 }
 
 TEST_F(MenuTest, KeepsAMenuThatOpenedByThePressThroughTheRelease) {
   ShowBar("");
-  auto& area = Find<FrameworkElement>("Area");
+  auto& area = Find("Area");
   const Ptr<ContextMenu> menu = MenuOfOne();
   Listen(area, UIElement::PreviewMouseDownEvent, [&](const RoutedEventArgs& args) {
     args.handled = true;

@@ -1,6 +1,5 @@
 #include "toolkit/application/MessageBox.h"
 #include "Expected.h"
-#include "toolkit/KeyScript.h"
 #include "toolkit/MarkupTest.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/ScrollViewer.h"
@@ -51,7 +50,7 @@ TEST_F(MessageBoxTest, IsAnsweredByButtonsAndKeys) {
     answers.clear();
     Ask("a", c.buttons);
     ASSERT_EQ(OpenPopups(), 1u);
-    RunKeys(*this, c.keys);
+    Run(c.keys);
     EXPECT_EQ(answers, c.answer);
     if (!*c.answer) Press(Key::Return);
     EXPECT_TRUE(Find("Text").IsFocused());

@@ -64,68 +64,6 @@ TEST(RenderFrames, LeaveThePixelsBehindARowAlone) {
     for (size_t x = 61; x < 70; ++x) ASSERT_EQ(pixels[y * 70 + x], 0x12345678u);
 }
 
-TEST(RenderText, PutsGlyphsAtQuartersOfAPixel) {
-  Everything();
-  const auto layout = TextCache::Instance().Layout("l", {24});
-  const auto center = [&](float x) {
-    const Picture picture = Draw(30, 40, [&](Painter& p) { p.DrawText(layout, {x, 2}, Solid(0xff0000).Get()); });
-    double sum = 0, moment = 0;
-    for (int i = 0; i < 30; ++i) {
-      sum += picture.Red(i, 15);
-      moment += picture.Red(i, 15) * (i + 0.5);
-    }
-    EXPECT_GT(sum, 0);
-    return moment / sum;
-  };
-  const double start = center(8);
-  for (int quarter = 1; quarter <= 8; ++quarter)
-    EXPECT_NEAR(center(8 + static_cast<float>(quarter) / 4) - start, quarter / 4.0, 0.03);
-  EXPECT_NEAR(center(8.1f), start, 0.03) << "places in between fall to the nearest quarter";
-}
-
-TEST(RenderText, SimplifiesWhatCannotBeRead) {
-  Everything();
-  const auto layout = TextCache::Instance().Layout("Simplified text", {12});
-  const auto ink = [&](float scale) {
-    int sum = 0;
-    for (const Pixel pixel : Draw(
-                                 120, 30,
-                                 [&](Painter& p) {
-                                   p.DrawText(layout, {5, 5}, Solid(0xff0000).Get());
-                                 },
-                                 scale)
-                                 .pixels)
-      sum += static_cast<int>(pixel >> 16 & 255);
-    return static_cast<double>(sum) / (scale * scale);
-  };
-  const double full = ink(1);
-  EXPECT_NEAR(ink(0.31f), ink(0.28f), 0.2 * full) << "glyphs above and the bar below leave about as much";
-  EXPECT_GT(ink(0.15f), 0.4 * full);
-  EXPECT_LT(ink(0.15f), 1.6 * full);
-  EXPECT_EQ(ink(0.05f), 0);
-}
-
-TEST(RenderText, PutsTheBarsOfLinesWhereTheLinesAre) {
-  Everything();
-  const auto layout = TextCache::Instance().Layout("one\ntwo\nthree\nfour", {20});
-  // The rows between the first and the last that show any of the text, at 16 pixels an em and at 2.
-  const auto extent = [&](float scale) {
-    const Picture picture = Draw(40, 120, [&](Painter& p) {
-      p.PushTransform(Matrix::Scale(scale, scale));
-      p.DrawText(layout, {}, Solid(0xff0000).Get());
-      p.Pop();
-    });
-    int first = picture.height, last = 0;
-    for (int y = 0; y < picture.height; ++y)
-      for (int x = 0; x < picture.width; ++x)
-        if (picture.At(x, y) != picture.At(39, 119)) first = std::min(first, y), last = y + 1;
-    return std::pair(static_cast<float>(first) / scale, static_cast<float>(last) / scale);
-  };
-  const auto letters = extent(0.8f), bars = extent(0.1f);
-  EXPECT_NEAR(letters.first, bars.first, 15);
-  EXPECT_NEAR(letters.second, bars.second, 15);
-}
-
 TEST(RenderText, KeepsTheAtlasWithinItsLimit) {
   Everything();
   constexpr size_t limit = 120000;
@@ -145,21 +83,6 @@ TEST(RenderText, KeepsTheAtlasWithinItsLimit) {
     EXPECT_EQ(bytes, first) << "a glyph that comes back is the same";
   }
   EXPECT_GT(atlas.PageCount(), 1u);
-}
-
-TEST(RenderLists, StayCompact) {
-  Everything();
-  const auto list = Record([](Painter& p) {
-    for (int i = 0; i < 10; ++i) {
-      const float y = static_cast<float>(i) * 20;
-      p.DrawRectangle({0, y, 100, 18}, {3, 3, 3, 3}, Solid(0x202020).Get(), Solid(0x404040).Get(), {1, 1, 1, 1});
-      p.DrawText(TextCache::Instance().Layout("some text", {12}), {3, y}, Solid(0xffffff).Get());
-      p.DrawRectangle({0, y, 5, 5}, Solid(0xff0000).Get());
-    }
-  });
-  EXPECT_EQ(list->Entries().size(), 30u);
-  EXPECT_LT(list->ByteSize(), 4096u);
-  EXPECT_EQ(list->Bounds().Bottom() >= 198, true);
 }
 
 TEST(RenderLists, KnowTheirBoundsThroughTransforms) {

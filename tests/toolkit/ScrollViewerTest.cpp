@@ -1,5 +1,4 @@
 #include "toolkit/controls/ScrollViewer.h"
-#include "toolkit/KeyScript.h"
 #include "toolkit/MarkupTest.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/StackPanel.h"
@@ -192,7 +191,7 @@ TEST_F(ScrollViewerTest, ScrollsByKeysThatNobodyInsideTakes) {
                {"Right", true, {24, 90}}, {"End", true, {24, end}}, {"PageUp", true, {24, end - 66}},
                {"Home", true, {24, 0}},   {"Left", true, {0, 0}},   {"Space", true, {0, 0}}};
   for (const auto& s : steps) {
-    EXPECT_EQ(RunKeys(*this, s.key), s.isTaken) << s.key;
+    EXPECT_EQ(Run(s.key), s.isTaken) << s.key;
     EXPECT_EQ(viewer->ScrollOffset(), s.offset) << s.key;
   }
   Focus(&Find("Box"));

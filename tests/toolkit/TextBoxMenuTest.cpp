@@ -1,5 +1,4 @@
 #include "MemoryClipboard.h"
-#include "toolkit/KeyScript.h"
 #include "toolkit/MarkupTest.h"
 #include "toolkit/controls/MenuItem.h"
 #include "toolkit/controls/MenuSurface.h"
@@ -91,8 +90,8 @@ TEST_F(TextBoxMenuTest, DoesWhatIsChosenToTheBox) {
 TEST_F(TextBoxMenuTest, OpensAtTheCaretByKeys) {
   Focus(box);
   box->Select(7, 0);
-  EXPECT_FALSE(RunKeys(*this, "F10"));
-  EXPECT_TRUE(RunKeys(*this, "Shift+F10"));
+  EXPECT_FALSE(Run("F10"));
+  EXPECT_TRUE(Run("Shift+F10"));
   ASSERT_TRUE(Open());
   const Rect caret = Input().CaretRectangle();
   EXPECT_NEAR(Open()->Offset().x, caret.x, 1);
@@ -103,7 +102,7 @@ TEST_F(TextBoxMenuTest, LeavesTheClicksOfOthersAlone) {
   auto& own = Find("Own");
   RightClick(own);
   EXPECT_EQ(Items(), "Mine");
-  RunKeys(*this, "Escape Apps");
+  Run("Escape Apps");
   EXPECT_EQ(Items(), "Mine");
   Press(Key::Escape);
 

@@ -1,6 +1,5 @@
 #include "toolkit/controls/TextBox.h"
 #include "MemoryClipboard.h"
-#include "toolkit/KeyScript.h"
 #include "toolkit/MarkupTest.h"
 #include "toolkit/base/Dispatcher.h"
 #include "toolkit/controls/StackPanel.h"
@@ -41,7 +40,6 @@ protected:
     if (start != end) text.insert(box->CaretIndex() == start ? end + 1 : start, "^");
     return text;
   }
-  bool Run(const std::string& script) { return RunKeys(*this, script); }
   /// From the box's corner.
   Point At(float x, float y) const { return box->TransformToAncestor(nullptr).Map({x, y}); }
   Point PointAt(size_t index) {

@@ -13,71 +13,57 @@ protected:
          "<Border x:Name=\"C\" Background=\"Red\" Height=\"40\"/>"
          "<Border x:Name=\"D\" Background=\"Red\" Height=\"40\" ToolTip=\"\"/></StackPanel>");
   }
-  Point At(const char* name) { return MiddleOf(Find(name)); }
+  std::string Shown() const { return Shows("first") ? "first" : Shows("second") ? "second" : ""; }
 };
 
 TEST_F(ToolTipTest, ComesAfterRestAndGoesWithTheMouse) {
+  const std::pair<const char*, const char*> steps[] = {
+      {"move:A wait:400", ""},
+      {"move:201,20 wait:400", ""},
+      {"wait:101", "first"},
+      // It takes no input and stays while the mouse moves on its owner.
+      {"move:210,25", "first"},
+      // The next one comes sooner.
+      {"move:B", ""},
+      {"wait:101", "second"},
+      {"move:C wait:600", ""},
+      {"move:B wait:101", ""},
+      {"wait:400", "second"},
+      {"wait:10000", ""},
+      // Not again before the mouse has been elsewhere.
+      {"move:203,60 wait:1000", ""},
+  };
   ShowRows();
-  MoveTo(At("A"));
-  Wait(400);
-  MoveTo(At("A") + Point{1, 0});
-  Wait(400);
-  EXPECT_FALSE(Shows("first"));
-  Wait(101);
-  ASSERT_TRUE(Shows("first"));
-  const Rect tip = BoxOf(*window->Popups().VisualChild(0));
-  EXPECT_FALSE(tip.Contains(Input().MousePosition()));
-  EXPECT_LT(tip.y - Input().MousePosition().y, 40);
-  // It takes no input and stays while the mouse moves on its owner.
-  MoveTo(At("A") + Point{10, 5});
-  EXPECT_TRUE(Shows("first"));
-  EXPECT_EQ(window->HitTest({tip.x + 1, tip.y + 1})->GetType().Name(), "Border");
-  // The next one comes sooner.
-  MoveTo(At("B"));
-  EXPECT_FALSE(Shows("first"));
-  Wait(101);
-  EXPECT_TRUE(Shows("second"));
-  MoveTo(At("C"));
-  Wait(600);
-  EXPECT_EQ(OpenPopups(), 0u);
-  MoveTo(At("B"));
-  Wait(101);
-  EXPECT_FALSE(Shows("second"));
-  Wait(400);
-  EXPECT_TRUE(Shows("second"));
-  Wait(10000);
-  EXPECT_FALSE(Shows("second"));
-  // Not again before the mouse has been elsewhere.
-  MoveTo(At("B") + Point{3, 0});
-  Wait(1000);
-  EXPECT_FALSE(Shows("second"));
+  for (const auto& [script, shown] : steps) {
+    Run(script);
+    EXPECT_EQ(Shown(), shown) << script;
+    if (!*shown) continue;
+    const Rect tip = BoxOf(*window->Popups().VisualChild(0));
+    EXPECT_FALSE(tip.Contains(Input().MousePosition()));
+    EXPECT_LT(tip.y - Input().MousePosition().y, 40);
+    EXPECT_EQ(window->HitTest({tip.x + 1, tip.y + 1})->GetType().Name(), "Border");
+  }
 }
 
 TEST_F(ToolTipTest, GoesByAnyOtherInput) {
   ShowRows();
-  const std::pair<const char*, std::function<void()>> inputs[] = {
-      {"press", [&] { Press(At("A")); }},      {"key", [&] { KeyDown(Key::LeftCtrl); }},
-      {"wheel", [&] { Wheel(At("A"), 1); }},   {"leave", [&] { Leave(); }},
-      {"resize", [&] { Resize({400, 250}); }},
-  };
-  for (const auto& [name, act] : inputs) {
-    SCOPED_TRACE(name);
+  for (const char* script : {"press:A", "Ctrl", "wheel:A:1", "leave", "resize"}) {
+    SCOPED_TRACE(script);
     Resize({400, 300});
     Input().ReleaseAll();
-    MoveTo(At("C"));
-    MoveTo(At("A"));
-    Wait(600);
-    ASSERT_TRUE(Shows("first"));
-    act();
-    EXPECT_FALSE(Shows("first"));
+    Run("move:C move:A wait:600");
+    ASSERT_EQ(Shown(), "first");
+    if (std::string_view(script) == "resize")
+      Resize({400, 250});
+    else
+      Run(script);
+    EXPECT_EQ(Shown(), "");
     Wait(1000);
-    EXPECT_FALSE(Shows("first"));
+    EXPECT_EQ(Shown(), "");
   }
   // None while a button is held.
   Input().ReleaseAll();
-  Press(At("C"));
-  MoveTo(At("A"));
-  Wait(1000);
+  Run("press:C move:A wait:1000");
   EXPECT_EQ(OpenPopups(), 0u);
 }
 
@@ -103,9 +89,7 @@ TEST_F(ToolTipTest, ShowsWhatThereIsToRead) {
          "</Border.ToolTip></Border>");
     Find("A").SetDataContext(MakePtr<TestData>(c.text).Get());
     for (int round = 0; round < 2; ++round) {
-      MoveTo({10, 290});
-      MoveTo(At("A"));
-      Wait(600);
+      Run("move:10,290 move:A wait:600");
       EXPECT_EQ(OpenPopups(), c.shown ? 1u : 0u);
       EXPECT_TRUE(!c.shown || !*c.text || Shows(c.text));
     }
@@ -122,9 +106,7 @@ TEST_F(ToolTipTest, WrapsLongTextsAndKeepsAnElementForTheNextTime) {
   text->SetValue(FrameworkElement::MaxWidthProperty, 150.0f);
   Find("C").SetValue(FrameworkElement::ToolTipProperty, Value(text));
   for (int round = 0; round < 3; ++round) {
-    MoveTo(At("D"));
-    MoveTo(At("C"));
-    Wait(600);
+    Run("move:D move:C wait:600");
     ASSERT_EQ(OpenPopups(), 1u);
     EXPECT_LE(text->ActualWidth(), 150);
     EXPECT_GT(text->ActualHeight(), 60);

@@ -1,235 +1,169 @@
 #include "workspace/Workspaces.h"
 
+#include "Expected.h"
+#include "TemporaryDirectory.h"
 #include "platform/ExecutableDirectory.h"
-#include "support/CapturedBoxes.h"
-#include "support/CapturedLog.h"
-#include "support/TemporaryDirectory.h"
-#include "workspace/Workspace.h"
+#include "workspace/WorkspaceDump.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
 using Tesselor::Workspaces;
-using TestSupport::CapturedBoxes;
-using TestSupport::CapturedLog;
-using TestSupport::TemporaryDirectory;
 namespace fs = std::filesystem;
+
+/// The path of a file and its text; a path that ends in a slash is a directory.
+using Files = std::vector<std::pair<std::string, std::string>>;
 
 std::string Configuration(const std::string& name, const std::string& menuName, const std::string& further = {}) {
   return R"({"WorkspaceName": ")" + name + R"(", "Roots": {"r": {"RootNodeType": "Root", "MenuName": ")" + menuName +
          "\"}}" + (further.empty() ? "" : ", " + further) + "}";
 }
 
-/// A current directory with "Workspaces/" in it, and what discovery and loading say.
+/// A current directory with files in it, and what is said about them.
 class Discovery : public testing::Test {
 protected:
-  TemporaryDirectory directory;
-  TestSupport::CurrentDirectoryScope current{directory.Path()};
-  CapturedLog log;
-  CapturedBoxes boxes;
-  Workspaces workspaces;
+  void Write(const Files& files) {
+    for (const auto& [path, text] : files)
+      if (path.ends_with('/'))
+        fs::create_directories(path);
+      else
+        directory.Write(path, text);
+  }
+  std::string TakeMessages() {
+    std::string messages = TestSupport::TakeMessages(log, boxes);
+    const std::string here = fs::current_path().string();
+    for (size_t at; (at = messages.find(here)) != std::string::npos;) messages.replace(at, here.size(), "<here>");
+    return messages;
+  }
 
-  std::string Absolute(const std::string& path) const { return fs::absolute(path).string(); }
+  TestSupport::TemporaryDirectory directory;
+  TestSupport::CurrentDirectoryScope current{directory.Path()};
+  TestSupport::CapturedLog log;
+  TestSupport::CapturedBoxes boxes;
 };
 
-TEST_F(Discovery, TellsAMissingDirectory) {
-  EXPECT_FALSE(workspaces.ImportWorkspaces("Workspaces/"));
-  EXPECT_EQ(log.lines, std::vector<std::string>{"Workspaces directory not found: Workspaces/"});
-  ASSERT_EQ(boxes.boxes.size(), 1u);
-  EXPECT_EQ(boxes.boxes[0].caption, "Error Loading Workspaces");
-  EXPECT_EQ(boxes.boxes[0].text,
-            "Workspaces directory not found:\nWorkspaces/\n\nPlease ensure the Workspaces folder exists.");
-  EXPECT_EQ(boxes.boxes[0].image, Toolkit::MessageBoxImage::Error);
-}
-
-TEST_F(Discovery, TellsAnEmptyDirectoryWithoutASectionOnFailures) {
-  fs::create_directories("Workspaces/NoConfiguration");
-  EXPECT_FALSE(workspaces.ImportWorkspaces("Workspaces/"));
-  EXPECT_EQ(log.lines,
-            (std::vector<std::string>{"Iterating over " + Absolute("Workspaces/"),
-                                      "Found workspace directory Workspaces/NoConfiguration",
-                                      "Skipping workspace directory without _Workspace.json: NoConfiguration"}));
-  EXPECT_EQ(boxes.Texts(),
-            std::vector<std::string>{"Error Loading Workspaces: No valid workspaces were found in:\nWorkspaces/"});
-}
-
-TEST_F(Discovery, CollectsEveryKindOfFailure) {
+TEST_F(Discovery, TellsWhatItFinds) {
+  const auto bad = [](const char* text) { return Files{{"Workspaces/Bad/_Workspace.json", text}}; };
   const struct {
-    std::string text;
-    const char* line;
-    const char* reason;
+    const char* name;
+    Files files;
   } cases[] = {
-      {"", "Invalid JSON in workspace file: <config> - unknown error", "invalid JSON"},
-      {"{nope}", "Invalid JSON in workspace file: <config> - ope}", "invalid JSON"},
-      {"[]", "Missing or invalid 'WorkspaceName' in: <config>", "missing WorkspaceName"},
-      {R"({"WorkspaceName": 3})", "Missing or invalid 'WorkspaceName' in: <config>", "missing WorkspaceName"},
-      {R"({"WorkspaceName": "W"})", "Missing or invalid 'Roots' in: <config>", "missing Roots"},
-      {R"({"WorkspaceName": "W", "Roots": []})", "Missing or invalid 'Roots' in: <config>", "missing Roots"},
-      {R"({"WorkspaceName": "W", "Roots": {}})", "Found workspace W", "no valid roots"},
-      {R"({"WorkspaceName": "W", "Roots": {"r": {"RootNodeType": "Root", "MenuName": 1}}})",
-       "Invalid root entry in workspace: <config> - missing RootNodeType or MenuName", "no valid roots"},
-  };
-  for (const auto& c : cases) {
-    const std::string config = directory.Write("Workspaces/Bad/_Workspace.json", c.text);
-    log.lines.clear();
-    boxes.boxes.clear();
-    EXPECT_FALSE(workspaces.ImportWorkspaces("Workspaces/")) << c.text;
-    std::string line = c.line;
-    if (const size_t at = line.find("<config>"); at != std::string::npos)
-      line.replace(at, 8, "Workspaces/Bad/_Workspace.json");
-    EXPECT_TRUE(log.Contains(line)) << line;
-    const std::string lines = std::string("  - Bad (") + c.reason + ")\n";
-    EXPECT_EQ(log.lines.back(), "Failed to load workspaces:\n" + lines);
-    EXPECT_EQ(boxes.Texts().back(), "Error Loading Workspaces: No valid workspaces were found in:\nWorkspaces/\n\n"
-                                    "Failed workspaces:\n" +
-                                        lines);
-  }
-  fs::remove("Workspaces/Bad/_Workspace.json");
-  fs::create_directories("Workspaces/Bad/_Workspace.json");
-  EXPECT_FALSE(workspaces.ImportWorkspaces("Workspaces/"));
-  EXPECT_TRUE(log.Contains("Failed to open workspace file: Workspaces/Bad/_Workspace.json"));
-  EXPECT_EQ(log.lines.back(), "Failed to load workspaces:\n  - Bad (file unreadable)\n");
-}
-
-TEST_F(Discovery, ReadsTheHeadOfEachConfigurationInTheOrderOfNames) {
-  directory.Write("Workspaces/b/_Workspace.json",
-                  Configuration("Second", "Two", R"("fileformat": "quest,json", "EXPORTDEFAULTS": true)"));
-  directory.Write("Workspaces/a/_Workspace.json", R"({"WorkspaceName": "First", "FileFormat": 3,
+      {"nothing", {}},
+      {"a directory without a configuration", {{"Workspaces/NoConfiguration/", ""}}},
+      {"an empty configuration", bad("")},
+      {"no JSON", bad("{nope}")},
+      {"an array", bad("[]")},
+      {"a name that is no text", bad(R"({"WorkspaceName": 3})")},
+      {"no roots", bad(R"({"WorkspaceName": "W"})")},
+      {"roots in an array", bad(R"({"WorkspaceName": "W", "Roots": []})")},
+      {"empty roots", bad(R"({"WorkspaceName": "W", "Roots": {}})")},
+      {"a broken root", bad(R"({"WorkspaceName": "W", "Roots": {"r": {"RootNodeType": "Root", "MenuName": 1}}})")},
+      {"a configuration that is a directory", {{"Workspaces/Bad/_Workspace.json/", ""}}},
+      {"several in the order of their names",
+       {{"Workspaces/b/_Workspace.json",
+         Configuration("Second", "Two", R"("fileformat": "quest,json", "EXPORTDEFAULTS": true)")},
+        {"Workspaces/a/_Workspace.json",
+         R"({"WorkspaceName": "First", "FileFormat": 3,
     "ExportDefaults": "true", "Roots": {"x": {"MenuName": "One"}, "y": {"RootNodeType": "R", "MenuName": "One"},
-                                        "z": {"RootNodeType": "S", "MenuName": "Three"}}})");
-  directory.Write("Workspaces/file", "");
-  EXPECT_TRUE(workspaces.ImportWorkspaces("Workspaces/"));
-  EXPECT_EQ(log.lines,
-            (std::vector<std::string>{
-                "Iterating over " + Absolute("Workspaces/"), "Found workspace directory Workspaces/a",
-                "Found workspace First",
-                "Invalid root entry in workspace: Workspaces/a/_Workspace.json - missing RootNodeType or MenuName",
-                "New root found One", "New root found Three", "Successfully loaded workspace: First",
-                "Found workspace directory Workspaces/b", "Found workspace Second", "New root found Two",
-                "Successfully loaded workspace: Second"}));
-  EXPECT_TRUE(boxes.boxes.empty());
-  EXPECT_EQ(workspaces.GetRootNames(), (std::vector<std::string>{"One", "Three", "Two"}));
-  const auto one = workspaces.FindRoot("One");
-  ASSERT_TRUE(one);
-  EXPECT_EQ(one->RootNodeType, "R");
-  EXPECT_EQ(one->workspace->FileFormat, "json");
-  EXPECT_FALSE(one->workspace->ExportDefaults);
-  EXPECT_EQ(one->workspace->directory, "Workspaces/a");
-  EXPECT_FALSE(one->workspace->nodeDictionary);
-  const auto two = workspaces.FindRoot("Two");
-  EXPECT_EQ(two->workspace->FileFormat, "quest,json");
-  EXPECT_TRUE(two->workspace->ExportDefaults);
-  EXPECT_EQ(workspaces.FindRoot("one"), nullptr);
-}
-
-TEST_F(Discovery, LetsGeneratedWorkspacesReplaceRootsAndNeverTakesGeneratedForOne) {
-  directory.Write("Workspaces/Own/_Workspace.json", Configuration("Own", "Shared"));
-  directory.Write("Workspaces/generated/_Workspace.json", Configuration("Lower", "Lower"));
-  directory.Write("Workspaces/Generated/_Workspace.json", Configuration("Never", "Never"));
-  directory.Write("Workspaces/Generated/Made/_Workspace.json", Configuration("Made", "Shared"));
-  directory.Write("Workspaces/Generated/Generated/_Workspace.json", Configuration("Never", "Never"));
-  EXPECT_TRUE(workspaces.ImportWorkspaces("Workspaces/"));
-  EXPECT_EQ(workspaces.GetRootNames(), (std::vector<std::string>{"Shared", "Lower"}));
-  EXPECT_EQ(workspaces.FindRoot("Shared")->workspace->WorkspaceName, "Made");
-  EXPECT_TRUE(log.Contains("Loading workspaces from Generated subdirectory: Workspaces//Generated"));
-  EXPECT_TRUE(log.Contains("Found workspace directory Workspaces//Generated/Generated"));
+                                        "z": {"RootNodeType": "S", "MenuName": "Three"}}})"},
+        {"Workspaces/file", ""}}},
+      // Generated ones replace roots, and "Generated" is never one itself.
+      {"generated",
+       {{"Workspaces/Own/_Workspace.json", Configuration("Own", "Shared")},
+        {"Workspaces/generated/_Workspace.json", Configuration("Lower", "Lower")},
+        {"Workspaces/Generated/_Workspace.json", Configuration("Never", "Never")},
+        {"Workspaces/Generated/Made/_Workspace.json", Configuration("Made", "Shared")},
+        {"Workspaces/Generated/Generated/_Workspace.json", Configuration("Never", "Never")}}},
+  };
+  std::string dump;
+  for (const auto& c : cases) {
+    fs::remove_all("Workspaces");
+    Write(c.files);
+    Workspaces workspaces;
+    const bool found = workspaces.ImportWorkspaces("Workspaces/");
+    dump += c.name + std::string(found ? ": found\n" : ": not found\n") + TakeMessages();
+    for (const std::string& name : workspaces.GetRootNames()) {
+      const auto root = workspaces.FindRoot(name);
+      const Tesselor::Workspace& workspace = *root->workspace;
+      dump += "  root " + name + " of type " + root->RootNodeType + " in " + workspace.WorkspaceName + ", " +
+              workspace.directory + ", " + workspace.FileFormat + (workspace.ExportDefaults ? ", defaults" : "") +
+              (workspace.nodeDictionary ? ", loaded" : "") + "\n";
+    }
+  }
+  TestSupport::ExpectText("Discovery", dump);
 }
 
 TEST_F(Discovery, PrefersTheCurrentDirectoryToTheInstalledWorkspaces) {
   EXPECT_EQ(Tesselor::FindWorkspacesDirectory(), "Workspaces/");
-  fs::create_directories("bin");
+  Write({{"bin/", ""}});
   Tesselor::ExecutableDirectory::Set(directory / "bin");
   EXPECT_EQ(Tesselor::FindWorkspacesDirectory(), "Workspaces/");
-  fs::create_directories("Data/Workspaces");
-  directory.Write("Workspaces", "a plain file");
+  Write({{"Data/Workspaces/", ""}, {"Workspaces", "a plain file"}});
   EXPECT_EQ(Tesselor::FindWorkspacesDirectory(), (directory / "bin") + "/../Data/Workspaces");
   fs::remove("Workspaces");
-  fs::create_directories("Workspaces");
+  Write({{"Workspaces/", ""}});
   EXPECT_EQ(Tesselor::FindWorkspacesDirectory(), "Workspaces/");
   Tesselor::ExecutableDirectory::Set({});
 }
 
 TEST_F(Discovery, LoadsSchemasOnceAndTellsTheBrokenOnes) {
-  const std::string schema = R"({"color": "red", "id": "Same", "title": )";
-  directory.Write("Workspaces/w/_Workspace.json",
-                  Configuration("W", "Root", R"("NodeCategories": {"Actions": ["Move", 3, "Jump"], "Empty": {},
+  const std::string schema = R"({"color": "red", "id": "Same", "title": )", at = "Workspaces/w/";
+  Write({{at + "_Workspace.json",
+          Configuration("W", "Root", R"("NodeCategories": {"Actions": ["Move", 3, "Jump"], "Empty": {},
     "Flow": {"x": "If"}}, "Variants": {"NoField": {"Variants": {}}, "NoTable": {"VariantFieldName": "Type"},
     "Family": {"VariantFieldName": "Type", "Variants": {"a": "A", "": "Default", "n": 3}}},
-    "AssetTypeComponents": {"Npc": "NpcParts", "Npc": "Later", "Bad": null})"));
-  directory.Write("Workspaces/w/b.json", schema + "\"of b\"}");
-  directory.Write("Workspaces/w/a/deep/first.json", schema + "\"of a\"}");
-  directory.Write("Workspaces/w/a/_Workspace.json", "{not read}");
-  directory.Write("Workspaces/w/loud.JSON", "{not read}");
-  directory.Write("Workspaces/w/notes.json", R"({"just": "notes"})");
-  directory.Write("Workspaces/w/z/broken.json", "{\"id\": oops}");
-  directory.Write("Workspaces/w/z/cut.json", "{\"id\":");
+    "AssetTypeComponents": {"Npc": "NpcParts", "Npc": "Later", "Bad": null})")},
+         {at + "b.json", schema + "\"of b\"}"},
+         {at + "a/deep/first.json", schema + "\"of a\"}"},
+         {at + "a/_Workspace.json", "{not read}"},
+         {at + "loud.JSON", "{not read}"},
+         {at + "notes.json", R"({"just": "notes"})"},
+         {at + "z/broken.json", "{\"id\": oops}"},
+         {at + "z/cut.json", "{\"id\":"}});
+  Workspaces workspaces;
   ASSERT_TRUE(workspaces.ImportWorkspaces("Workspaces/"));
-  log.lines.clear();
-
+  TakeMessages();
   Tesselor::Workspace& workspace = *workspaces.FindRoot("Root")->workspace;
   EXPECT_TRUE(workspace.LoadNodeDictionary());
-  const std::string failures = "  - broken.json (invalid JSON)\n  - cut.json (invalid JSON)\n";
-  EXPECT_EQ(log.lines,
-            (std::vector<std::string>{"Warning: Invalid variant entry in workspace (missing VariantFieldName): NoField",
-                                      "Warning: Invalid variant entry in workspace (missing Variants object): NoTable",
-                                      "Invalid JSON in schema file: Workspaces/w/z/broken.json - oops}",
-                                      "Invalid JSON in schema file: Workspaces/w/z/cut.json - unknown",
-                                      "Failed to load 2 schema file(s):\n" + failures,
-                                      "Loaded 3 node schema(s) for workspace: W"}));
-  ASSERT_EQ(boxes.boxes.size(), 1u);
-  EXPECT_EQ(boxes.boxes[0].caption, "Warning: Schema Load Errors");
-  EXPECT_EQ(boxes.boxes[0].text,
-            "Some node schemas failed to load:\n\n" + failures + "\nThe editor will continue with available nodes.");
-  EXPECT_EQ(boxes.boxes[0].image, Toolkit::MessageBoxImage::Warning);
-
   const Tesselor::NodeDictionary& dictionary = *workspace.nodeDictionary;
-  EXPECT_EQ(dictionary.FindBlueprint("Same")->title, "of a");
-  EXPECT_EQ(dictionary.nodeIds.size(), 4u);
-  EXPECT_EQ(*dictionary.categories.Find("Actions"), (std::vector<std::string>{"Move", "Jump"}));
-  EXPECT_EQ(*dictionary.categories.Find("Flow"), std::vector<std::string>{"If"});
-  EXPECT_EQ(dictionary.categories.size(), 3u);
-  EXPECT_EQ(dictionary.FindVariant("NoField"), nullptr);
-  ASSERT_TRUE(dictionary.FindVariant("Family"));
-  EXPECT_EQ(dictionary.FindVariant("Family")->VariantFieldName, "Type");
-  EXPECT_EQ(*dictionary.FindVariant("Family")->Variants.Find(""), "Default");
-  EXPECT_EQ(dictionary.FindVariant("Family")->Variants.size(), 2u);
-  EXPECT_EQ(*workspace.AssetTypeComponents.Find("Npc"), "NpcParts");
-  EXPECT_EQ(workspace.AssetTypeComponents.size(), 1u);
+  std::string dump = TakeMessages();
+  for (const std::string& id : dictionary.nodeIds) dump += "  node " + id + "\n";
+  dump += TestSupport::Dump("Same", *dictionary.FindBlueprint("Same"));
+  for (const auto& [name, ids] : dictionary.categories) {
+    dump += "  category " + name;
+    for (const std::string& id : ids) dump += " " + id;
+    dump += "\n";
+  }
+  for (const auto& [name, family] : dictionary.variants) {
+    dump += "  family " + name + " by " + family->VariantFieldName;
+    for (const auto& [value, id] : family->Variants) dump += ", " + value + " -> " + id;
+    dump += "\n";
+  }
+  for (const auto& [type, id] : workspace.AssetTypeComponents) dump += "  asset type " + type + " -> " + id + "\n";
+  TestSupport::ExpectText("LoadedWorkspace", dump);
 
-  log.lines.clear();
   EXPECT_TRUE(workspace.LoadNodeDictionary());
   EXPECT_EQ(workspace.nodeDictionary.get(), &dictionary);
-  EXPECT_TRUE(log.lines.empty());
+  EXPECT_EQ(TakeMessages(), "");
 }
 
 TEST_F(Discovery, TellsAConfigurationThatIsGoneAndTriesAgainLater) {
   const std::string config = "Workspaces/w/_Workspace.json";
-  directory.Write(config, Configuration("W", "Root"));
+  Write({{config, Configuration("W", "Root")}});
+  Workspaces workspaces;
   ASSERT_TRUE(workspaces.ImportWorkspaces("Workspaces/"));
+  TakeMessages();
   Tesselor::Workspace& workspace = *workspaces.FindRoot("Root")->workspace;
-
-  const auto fails = [&](const std::string& line, const std::string& box) {
-    EXPECT_FALSE(workspace.LoadNodeDictionary());
-    EXPECT_FALSE(workspace.nodeDictionary);
-    EXPECT_EQ(log.lines.back(), line);
-    EXPECT_EQ(boxes.Texts().back(), "Error Loading Schema: " + box);
-    EXPECT_EQ(boxes.boxes.back().image, Toolkit::MessageBoxImage::Error);
-  };
-  fs::remove(config);
-  fails("Workspace configuration file not found: " + config, "Workspace configuration file not found:\n" + config);
-  fs::create_directories(config);
-  fails("Failed to open workspace configuration file: " + config,
-        "Failed to open workspace configuration file:\n" + config);
-  fs::remove(config);
-  directory.Write(config, "{oops}");
-  fails("Invalid JSON in workspace configuration: " + config + " - ops}",
-        "Invalid JSON in workspace configuration:\n" + config + "\n\nError: ops}");
-  directory.Write(config, "{}");
-  EXPECT_TRUE(workspace.LoadNodeDictionary());
-  EXPECT_TRUE(log.Contains("Warning: 'NodeCategories' section missing or invalid in: " + config));
-  EXPECT_EQ(log.lines.back(), "Loaded 0 node schema(s) for workspace: W");
-  EXPECT_EQ(boxes.boxes.size(), 3u);
+  std::string dump;
+  for (const Files& files : {Files{}, {{config + "/", ""}}, {{config, "{oops}"}}, {{config, "{}"}}}) {
+    fs::remove(config);
+    Write(files);
+    const bool loads = workspace.LoadNodeDictionary();
+    EXPECT_EQ(loads, workspace.nodeDictionary != nullptr);
+    dump += (loads ? "loaded\n" : "not loaded\n") + TakeMessages();
+  }
+  TestSupport::ExpectText("ReloadedWorkspace", dump);
 }
 
 } // namespace
