@@ -77,44 +77,21 @@ protected:
   TestSupport::Stage stage;
 };
 
-const char* const Everything =
-    "Generic Generic; Dialogue Line Choice; Options Choice Option; Uncategorized Link Loose; ";
-
 TEST_F(NodesMenuTest, FiltersByTextAndByTheDroppedPin) {
-  struct Case {
-    const char* what;
-    NodeMenuFilter filter;
-    std::string listed;
+  std::string dump = "no filter: " + Listed() + "\n";
+  const auto run = [&](const char* from, const NodeMenuFilter& filter) {
+    menu->ApplyFilter(filter);
+    dump += from + std::string(" '") + filter.searchText + "': " + Listed() + "\n";
   };
-  const Tesselor::NodePinBlueprint* generic = Pin("Loose", false);
-  for (const Case& c : {
-           Case{"title, not id", {"A LINE"}, "Dialogue+ Line; "},
-           {"text opens every row",
-            {"E"},
-            "Generic+ Generic; Dialogue+ Line Choice; Options+ Choice Option; "
-            "Uncategorized+ Loose; "},
-           {"nothing", {"XYZ"}, ""},
-           {"from an output: its type and the generic node",
-            {"", DroppedPinSide::Output, Pin("Line", false)},
-            "Generic Generic; Dialogue+ Line Choice; Options+ Choice; "},
-           {"from an input", {"", DroppedPinSide::Input, Pin("Option", true)}, "Dialogue Choice; Options+ Choice; "},
-           {"from an input, one row only", {"LINE", DroppedPinSide::Input, Pin("Option", true)}, ""},
-           {"one row is open",
-            {"", DroppedPinSide::Output, Pin("Loose", true)},
-            "Generic Generic; Uncategorized+ Loose; "},
-           {"from a generic pin",
-            {"", DroppedPinSide::Output, generic},
-            "Generic Generic; Dialogue+ Line Choice; Options+ Choice Option; Uncategorized+ Link Loose; "},
-           {"generic pin and text", {"OPTION", DroppedPinSide::Input, generic}, "Options+ Option; "},
-           {"text and pin",
-            {"CHOICE", DroppedPinSide::Output, Pin("Line", false)},
-            "Dialogue+ Choice; Options+ Choice; "},
-           {"no record", {"", DroppedPinSide::Input, nullptr}, ""},
-           {"none", {}, Everything},
-       }) {
-    menu->ApplyFilter(c.filter);
-    EXPECT_EQ(Listed(), c.listed) << c.what;
-  }
+  // A title counts and an id does not; a text opens every row.
+  for (const char* text : {"A LINE", "E", "XYZ", ""}) run("anywhere", {text});
+  for (const char* text : {"", "CHOICE"}) run("from an output", {text, DroppedPinSide::Output, Pin("Line", false)});
+  for (const char* text : {"", "LINE"}) run("from an input", {text, DroppedPinSide::Input, Pin("Option", true)});
+  run("from an output of one type alone", {"", DroppedPinSide::Output, Pin("Loose", true)});
+  run("from a generic output", {"", DroppedPinSide::Output, Pin("Loose", false)});
+  run("from a generic input", {"OPTION", DroppedPinSide::Input, Pin("Loose", false)});
+  run("without a record", {"", DroppedPinSide::Input, nullptr});
+  TestSupport::ExpectText("NodesMenuFilters", dump);
 }
 
 TEST_F(NodesMenuTest, ColoursACategoryByItsTypesAndGreyIfTheyDisagree) {
@@ -139,12 +116,14 @@ TEST_F(NodesMenuTest, FiltersWhileTyping) {
   // Clearing the text keeps the filter by the pin.
   menu->GetSearchTextBox()->SetText("");
   EXPECT_EQ(Listed(), "Generic Generic; Dialogue+ Line Choice; Options+ Choice; ");
+  const std::string everything =
+      "Generic Generic; Dialogue Line Choice; Options Choice Option; Uncategorized Link Loose; ";
   menu->SetSearchText("line");
   menu->Hide();
   EXPECT_FALSE(menu->IsOpen());
   EXPECT_TRUE(menu->GetFilter().IsDefault());
   EXPECT_EQ(menu->GetSearchTextBox()->GetText(), "");
-  EXPECT_EQ(Listed(), Everything);
+  EXPECT_EQ(Listed(), everything);
   EXPECT_TRUE(panel->IsFocused()) << "a closed menu takes no more keys";
   // Without a text the list stays, though its filter has gone.
   menu->ApplyFilter({"", DroppedPinSide::Input, Pin("Option", true)});

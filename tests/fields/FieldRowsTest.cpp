@@ -25,69 +25,21 @@ class FieldRows : public FieldTest {};
 
 /// The buttons of a row in tree order.
 enum RowButton { Up, Down, Folder, Remove };
-
-/// The buttons of all rows; the last one, behind the list, adds a row.
 Button* ButtonOf(BaseField& field, size_t row, RowButton button) { return All<Button>(&field).at(row * 4 + button); }
+/// It stands behind the list.
 Button* AddButton(BaseField& field) { return All<Button>(&field).back(); }
-TextBox* BoxOf(BaseField& field, size_t index) { return All<TextBox>(&field).at(index); }
 
-/// Per row "u" and "d" for the move buttons that can be seen, "." for hidden ones.
-std::string MoveButtons(const Toolkit::ObservableCollectionBase& rows) {
-  std::string shown;
-  for (size_t i = 0; i < rows.Count(); ++i) {
-    const auto& row = static_cast<const Tesselor::FieldRowData&>(*rows.ItemAt(i));
-    shown += row.GetUpButtonVisibility() == Visibility::Visible ? 'u' : '.';
-    shown += row.GetDownButtonVisibility() == Visibility::Visible ? 'd' : '.';
-    shown += ' ';
-  }
-  return shown;
-}
-
-TEST_F(FieldRows, AddRemoveAndMoveByButtonWithOneStepEach) {
-  const auto field = Make<FieldList>("List");
-  Load(*field, R"({"K":["a","b","c"]})");
-  FieldStage stage(*field);
-  stage.Click(ButtonOf(*field, 0, Up));
-  stage.Click(ButtonOf(*field, 2, Down));
-  EXPECT_EQ(field->GetValueAsString(), "a b c");
-  EXPECT_EQ(MoveButtons(*field->GetList()), "ud ud ud ") << "as loaded, since nothing moved";
-  EXPECT_EQ(stage.History().Size(), 0u);
-  stage.Click(ButtonOf(*field, 2, Up));
-  EXPECT_EQ(field->GetValueAsString(), "a c b");
-  EXPECT_EQ(MoveButtons(*field->GetList()), ".d ud u. ");
-  stage.Click(ButtonOf(*field, 0, Down));
-  EXPECT_EQ(field->GetValueAsString(), "c a b");
-  EXPECT_EQ(MoveButtons(*field->GetList()), ".d ud u. ");
-  stage.Click(ButtonOf(*field, 1, Remove));
-  EXPECT_EQ(field->GetValueAsString(), "c b");
-  stage.Click(AddButton(*field));
-  EXPECT_EQ(Saved(*field), R"({"K":["c","b",""]})");
-  EXPECT_EQ(MoveButtons(*field->GetList()), ".d ud u. ");
-  EXPECT_EQ(stage.History().Size(), 4u);
-  for (const char* text : {"c b", "c a b", "a c b", "a b c"}) {
-    stage.Undo();
-    EXPECT_EQ(field->GetValueAsString(), text);
-  }
-  EXPECT_EQ(MoveButtons(*field->GetList()), ".d ud u. ");
-  for (int i = 0; i < 4; ++i) stage.Redo();
-  EXPECT_EQ(Saved(*field), R"({"K":["c","b",""]})");
-}
-
-TEST_F(FieldRows, MakeOneStepOfTheEditsInARow) {
-  const auto field = Make<FieldList>("List");
-  Load(*field, R"({"K":["a"]})");
-  FieldStage stage(*field);
-  stage.Type("x");
-  stage.Type("xy");
-  EXPECT_EQ(field->GetValueAsString(), "xy");
-  stage.FocusElsewhere();
-  EXPECT_EQ(stage.History().Size(), 1u);
-  stage.Focus(BoxOf(*field, 0));
-  stage.FocusElsewhere();
-  EXPECT_EQ(stage.History().Size(), 1u);
-  stage.Undo();
-  EXPECT_EQ(BoxOf(*field, 0)->GetText(), "a");
-  EXPECT_EQ(MoveButtons(*field->GetList()), ".. ");
+TEST_F(FieldRows, MakeOneStepOfEachButtonAndEachStayInARow) {
+  std::string told = Play("List", "", R"({"K":["a","b","c"]})",
+                          {"up0", "down2", "up2", "down0", "remove1", "add", "save", "undo", "undo", "undo", "undo",
+                           "redo", "redo", "redo", "redo", "save"});
+  told += Play("List", "", R"({"K":["a"]})", {"type x", "type xy", "away", "stay", "away", "undo"});
+  // Dictionaries are compared by key and not by order, and the second row of a key is not looked at.
+  told += Play("Dictionary", "", R"({"K":{"b":"1","a":"2","b":"3"}})",
+               {"up1", "save", "add", "type6 Z", "away", "type5 4", "away", "undo", "undo", "redo", "redo"});
+  told += Play("Object", R"({"Fields":[{"Id":"L","Type":"List"},{"Id":"D","Type":"Dictionary"}]})",
+               R"({"K":{"L":["a"],"D":{"k":"v"}}})", {"type x", "type2 y", "away", "save"});
+  ExpectText("RowSteps", told);
 }
 
 TEST_F(FieldRows, ConvertWhatIsTypedByTheirType) {
@@ -121,51 +73,24 @@ TEST_F(FieldRows, RefuseUnknownItemTypes) {
                                       "Attention!: The following type is not supported by field List: nope"}));
 }
 
-TEST_F(FieldRows, CompareDictionariesByKeyAndNotByOrder) {
-  const auto field = Make<FieldDictionary>("Dictionary");
-  Load(*field, R"({"K":{"b":"1","a":"2","b":"3"}})");
-  FieldStage stage(*field);
-  stage.Click(ButtonOf(*field, 1, Up));
-  EXPECT_EQ(Saved(*field), R"({"K":{"a":"2","b":"1","b":"3"}})");
-  EXPECT_EQ(stage.History().Size(), 0u) << "a move is no step";
-  stage.Click(AddButton(*field));
-  EXPECT_EQ(stage.History().Size(), 1u);
-  stage.Type("Z", 6);
-  stage.FocusElsewhere();
-  EXPECT_EQ(stage.History().Size(), 2u);
-  stage.Type("4", 5);
-  stage.FocusElsewhere();
-  EXPECT_EQ(stage.History().Size(), 2u) << "the second row of a key is not looked at";
-  stage.Undo();
-  EXPECT_EQ(field->GetValueAsString(), "  a 2 b 1");
-  stage.Undo();
-  EXPECT_EQ(field->GetValueAsString(), "a 2 b 1");
-  stage.Redo();
-  stage.Redo();
-  EXPECT_EQ(field->GetValueAsString(), "Z  a 2 b 1");
-}
-
 TEST_F(FieldRows, TakeTheIdOfAChosenFileIntoUuidRows) {
   TemporaryDirectory directory;
   for (const char* type : {"List", "Dictionary"}) {
     const auto field = MakeField(type, R"({"Type":"uuid"})");
     FieldStage stage(*field);
     stage.Click(AddButton(*field));
-    {
-      ChosenFile chosen(directory.Write("hero.main.json", R"({"Id":"the-id"})"));
-      stage.Click(ButtonOf(*field, 0, Folder));
-    }
+    ChosenFile chosen(directory.Write("hero.main.json", R"({"Id":"the-id"})"));
+    stage.Click(ButtonOf(*field, 0, Folder));
     EXPECT_EQ(stage.History().Size(), 1u) << "rides in the next step";
     const std::string shown = type == std::string("List") ? "the-id" : " the-id";
     EXPECT_EQ(field->GetValueAsString(), shown);
     stage.Click(AddButton(*field));
     stage.Undo();
     EXPECT_EQ(field->GetValueAsString(), type == std::string("List") ? "" : " ");
-    stage.Settle();
     EXPECT_EQ(ButtonOf(*field, 0, Folder)->GetVisibility(), Visibility::Visible) << "a row that undo made";
     stage.Redo();
     EXPECT_EQ(ButtonOf(*field, 0, Folder)->GetVisibility(), Visibility::Visible) << "a row that redo made";
-    ChosenFile chosen(directory.Write("other.json", R"({"Id":"other-id"})"));
+    chosen.path = directory.Write("other.json", R"({"Id":"other-id"})");
     stage.Click(ButtonOf(*field, 0, Folder));
     EXPECT_NE(field->GetValueAsString().find("other-id"), std::string::npos) << "its button works";
   }
@@ -204,12 +129,10 @@ TEST_F(FieldRows, UndoTheNameOfAChosenFileAlone) {
   const auto field = Make<FieldFilePath>("FilePath", R"({"UseUUID":true})");
   Load(*field, R"({"K":"old-id","$K_FileName":"old"})");
   FieldStage stage(*field);
-  {
-    ChosenFile cancelled;
-    stage.Click(stage.First<Button>());
-  }
-  EXPECT_EQ(stage.History().Size(), 0u);
-  ChosenFile chosen(directory.Write("new.json", R"({"Id":"new-id"})"));
+  ChosenFile chosen;
+  stage.Click(stage.First<Button>());
+  EXPECT_EQ(stage.History().Size(), 0u) << "the dialog was cancelled";
+  chosen.path = directory.Write("new.json", R"({"Id":"new-id"})");
   stage.Click(stage.First<Button>());
   EXPECT_EQ(Saved(*field), R"({"K":"new-id","$K_FileName":"new"})");
   stage.Undo();
@@ -226,11 +149,7 @@ TEST_F(FieldRows, GiveTheirBoxesTheWidthOfTheSchema) {
     const auto field = MakeField(type, R"({"Width":150})");
     FieldStage stage(*field);
     stage.Click(AddButton(*field));
-    for (const TextBox* box : All<TextBox>(field.Get())) {
-      EXPECT_GT(box->ActualWidth(), 120) << type;
-      EXPECT_LE(box->ActualWidth(), 150) << type;
-    }
-    EXPECT_EQ(All<TextBox>(field.Get()).size(), type == std::string("List") ? 1u : 2u);
+    ExpectLayout(type + std::string("Field"), *field);
   }
 }
 
@@ -241,17 +160,6 @@ TEST_F(FieldRows, CutAFileNameFromItsPath) {
   } cases[] = {{"/a/b.c/d.e.f", "d.e"}, {"C:\\dir\\file.json", "file"}, {"plain", "plain"},
                {"/a.b/plain", "plain"}, {"/dir/.hidden", ""},           {"", ""}};
   for (const auto& c : cases) EXPECT_EQ(Tesselor::FileStem(c.path), c.stem) << c.path;
-}
-
-TEST_F(FieldRows, FindTheirOwnRowsInsideAnObject) {
-  const auto object = MakeField("Object", R"({"Fields":[{"Id":"L","Type":"List"},{"Id":"D","Type":"Dictionary"}]})");
-  Load(*object, R"({"K":{"L":["a"],"D":{"k":"v"}}})");
-  FieldStage stage(*object);
-  stage.Type("x");
-  stage.Type("y", 2);
-  stage.FocusElsewhere();
-  EXPECT_EQ(Saved(*object), R"({"K":{"L":["x"],"D":{"k":"y"}}})");
-  EXPECT_EQ(stage.History().Size(), 2u);
 }
 
 } // namespace

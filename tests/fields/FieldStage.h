@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace TestSupport {
 
@@ -55,10 +56,23 @@ public:
 class FieldTest : public testing::Test {
 protected:
   FieldTest();
+  /// What a field, which has read the member "K" of `file`, makes of steps, a line each: its value, what its boxes
+  /// show, which buttons can be seen (of a row those to move it "u" and "d", "f" for the folder and "r" to remove it),
+  /// the steps of the history.
+  ///
+  /// The steps are "type <text>", "check", "slide" and "stay" (the focus comes) with the first control of their kind,
+  /// "type2" with the third; "up0", "down0", "folder0" and "remove0" with the buttons of a row, "add" with the last
+  /// button; "key PageUp", "away" (the focus goes), "undo", "redo", "load <object>", and "save", which tells what is
+  /// written and which boxes come.
+  std::string Play(const std::string& type, const std::string& options, const std::string& file,
+                   const std::vector<std::string>& steps);
 
   ToolkitWarnings warnings;
   CapturedBoxes boxes;
   CapturedLog log;
+
+private:
+  void Act(FieldStage& stage, const std::string& verb, size_t index, const std::string& rest);
 };
 
 } // namespace TestSupport

@@ -12,150 +12,76 @@ using Tesselor::BaseField;
 
 class FieldValues : public FieldTest {};
 
-struct ValueCase {
-  const char* type;
-  const char* options;
-  /// The object that the field reads the member "K" of; empty if it reads nothing.
-  const char* file;
-  const char* text;
-  const char* saved;
-  bool isOffered;
+using Words = std::vector<std::string>;
+
+/// Each of the types with each of the options and each of the objects that it reads the member "K" of; empty ones stand
+/// for none.
+struct Matrix {
+  Words types, options, files;
 };
 
-std::ostream& operator<<(std::ostream& out, const ValueCase& c) {
-  return out << c.type << " " << c.options << " " << c.file;
-}
-
-const ValueCase valueCases[] = {
-    // Text.
-    {"String", "", "", "", R"({"K":""})", true},
-    {"String", R"({"Default":"d"})", "", "d", R"({"K":"d"})", true},
-    {"String", R"({"Default":"d"})", R"({"k":"v"})", "v", R"({"K":"v"})", true},
-    {"String", "", R"({"K":5})", "", R"({"K":""})", true},
-    {"SmallString", "", "", "", R"({"K":""})", true},
-    {"SmallString", R"({"Default":""})", "", "", "{}", false},
-    {"SmallString", R"({"Default":"d"})", "", "d", R"({"K":"d"})", false},
-    {"SmallString", R"({"Default":"","Required":true})", "", "", R"({"K":""})", true},
-    {"SmallString", R"({"Default":""})", R"({"K":""})", "", R"({"K":""})", true},
-    {"SmallString", R"({"IsUUID":true,"Default":"x"})", "", "x", R"({"K":"x"})", false},
-    {"SmallString", R"({"DEFAULT":"d","required":1})", R"({"K":null})", "d", R"({"K":"d"})", false},
-    {"Spacer", R"({"Default":"d"})", R"({"K":"d"})", "d", R"({"K":"d"})", true},
-    // Truth values.
-    {"Checkbox", "", "", "false", R"({"K":false})", true},
-    {"Checkbox", R"({"Default":true})", "", "true", R"({"K":true})", false},
-    {"Checkbox", R"({"Default":true})", R"({"K":false})", "false", R"({"K":false})", true},
-    {"Checkbox", R"({"Default":true})", R"({"K":1})", "true", R"({"K":true})", false},
-    // Whole numbers.
-    {"Int", "", "", "0", R"({"K":0})", true},
-    {"Int", R"({"Default":5})", "", "5", R"({"K":5})", false},
-    {"Int", R"({"Default":5})", R"({"K":5})", "5", R"({"K":5})", true},
-    {"Int", R"({"Default":5})", R"({"K":true})", "5", R"({"K":5})", false},
-    {"Int", "", R"({"K":2.7})", "2", R"({"K":2})", true},
-    {"Int", "", R"({"K":1e15})", "2147483647", R"({"K":2147483647})", true},
-    {"Int", R"({"Min":1,"Max":9})", R"({"K":12})", "9", R"({"K":9})", true},
-    {"Int", R"({"Min":1,"Max":9})", R"({"K":-3})", "1", R"({"K":1})", true},
-    {"Int", R"({"Default":0,"Min":1})", "", "0", R"({"K":0})", false},
-    {"IntSlider", "", "", "0", R"({"K":0})", true},
-    {"IntSlider", R"({"Default":30})", "", "30", R"({"K":30})", true},
-    {"IntSlider", R"({"Max":50})", R"({"K":70.9})", "70", R"({"K":70})", true},
-    {"IntSlider", R"({"Min":10})", R"({"K":"7"})", "0", R"({"K":0})", true},
-    // Numbers.
-    {"Float", "", "", "0.0", R"({"K":0})", true},
-    {"Float", R"({"Default":5})", "", "5.0", R"({"K":5})", false},
-    {"Float", "", R"({"K":0.1})", "0.1", R"({"K":0.1})", true},
-    {"Float", "", R"({"K":1.23456789})", "1.234568", R"({"K":1.234568})", true},
-    {"Float", "", R"({"K":3})", "3.0", R"({"K":3})", true},
-    {"Float", R"({"Default":0})", R"({"K":-1e12})", "-1000000000000.0", R"({"K":-1000000000000})", true},
-    {"Float", R"({"Max":2.5})", R"({"K":2.4})", "2.000000", R"({"K":2})", true},
-    {"Float", R"({"Default":1.5})", R"({"K":"2"})", "1.5", R"({"K":1.5})", false},
-    // No value at all.
-    {"Label", R"({"Text":"Heading"})", R"({"K":"v"})", "", "{}", true},
-    // Any scalar.
-    {"Mixed", "", "", "", R"({"K":""})", true},
-    {"Mixed", R"({"Default":"5"})", "", "5", R"({"K":5})", true},
-    {"Mixed", "", R"({"K":true})", "true", R"({"K":true})", true},
-    {"Mixed", "", R"({"K":"false"})", "false", R"({"K":false})", true},
-    {"Mixed", "", R"({"K":5})", "5.000000", R"({"K":5})", true},
-    {"Mixed", "", R"({"K":0.1234567})", "0.123457", R"({"K":0.123457})", true},
-    {"Mixed", R"({"Default":"d"})", R"({"K":null})", "d", R"({"K":"d"})", true},
-    {"Mixed", R"({"Default":"d"})", R"({"K":[1]})", "d", R"({"K":"d"})", true},
-    // JSON as text.
-    {"RawJson", "", "", "{\n    \n}", "{\"K\":{\n    \n}}", true},
-    {"RawJson", R"({"Default":"[1]"})", "", "[1]", R"({"K":[1]})", true},
-    {"RawJson", "", R"({"K":{"a":[1,2]}})", "{\n\t\"a\":\t[1, 2]\n}", "{\"K\":{\n\t\"a\":\t[1, 2]\n}}", true},
-    {"RawJson", "", R"({"K":null})", "null", R"({"K":null})", true},
-    // One of a list.
-    {"Enum", R"({"Values":["A","B"]})", "", "", "{}", true},
-    {"Enum", R"({"Values":["A","B"],"Default":"B"})", "", "B", R"({"K":"B"})", false},
-    {"Enum", R"({"Values":["A","B"],"Default":"B"})", R"({"K":"A"})", "A", R"({"K":"A"})", true},
-    {"Enum", R"({"Values":["A",5,"B"]})", R"({"K":"B"})", "B", R"({"K":"B"})", true},
-    {"Enum", R"({"Values":["A","B"],"Default":"B"})", R"({"K":1})", "B", R"({"K":"B"})", false},
-    {"Enum", R"({"Values":"A"})", "", "", "{}", true},
-    {"EnumFilterable", R"({"Values":["A","B"],"Default":"B"})", R"({"K":"A"})", "A", R"({"K":"A"})", true},
-    // Lists.
-    {"List", "", "", "", "{}", true},
-    {"List", "", R"({"K":[]})", "", R"({"K":[]})", true},
-    {"List", "", R"({"K":[1,"a",true]})", " a ", R"({"K":["","a",""]})", true},
-    {"List", R"({"Type":"INT"})", R"({"K":[1,"2",3.7]})", "1 0 3", R"({"K":[1,0,3]})", true},
-    {"List", R"({"Type":"float"})", R"({"K":[1.5,1.23456789]})", "1.500000 1.234568", R"({"K":[1.5,1.234568]})", true},
-    {"List", R"({"Type":"uuid"})", R"({"K":{"a":"b"}})", "", "{}", true},
-    // Dictionaries.
-    {"Dictionary", "", "", "", "{}", true},
-    {"Dictionary", "", R"({"K":{}})", "", "{}", true},
-    {"Dictionary", "", R"({"K":{"b":"x","a":1}})", "b x a ", R"({"K":{"b":"x","a":""}})", true},
-    {"Dictionary", "", R"({"K":{"a":"1","a":"2"}})", "a 1 a 2", R"({"K":{"a":"1","a":"2"}})", true},
-    {"Dictionary", R"({"Type":"bool"})", R"({"K":{"a":true,"b":"true"}})", "a true b false",
-     R"({"K":{"a":true,"b":false}})", true},
-    {"Dictionary", R"({"Type":"Int"})", R"({"K":{"a":5}})", "a 5", R"({"K":{"a":5}})", true},
-    {"Dictionary", R"({"Type":"float"})", R"({"K":{"a":5}})", "a 5.000000", R"({"K":{"a":5}})", true},
-    {"Dictionary", R"({"Type":"mixed"})", R"({"K":{"a":5,"b":true,"c":"x","d":null,"e":[1]}})",
-     "a 5.000000 b true c x d  e ", R"({"K":{"a":5,"b":true,"c":"x","d":"","e":""}})", true},
-    {"Dictionary", "", R"({"K":["a"]})", "", "{}", true},
-    // Files.
-    {"FilePath", "", "", "", R"({"K":""})", true},
-    {"FilePath", R"({"Default":"d"})", "", "d", R"({"K":"d"})", true},
-    {"FilePath", R"({"UseUUID":"yes"})", R"({"K":"a.b"})", "a.b", R"({"K":"a.b"})", true},
-    {"FilePath", R"({"UseUUID":true,"Default":"d"})", "", "", R"({"K":"d","$K_FileName":""})", true},
-    {"FilePath", R"({"UseUUID":true})", R"({"K":"u","$k_filename":"n"})", "n", R"({"K":"u","$K_FileName":"n"})", true},
-    {"FilePath", R"({"UseUUID":true})", R"({"K":"u"})", "", R"({"K":"u","$K_FileName":""})", true},
-    // Objects.
-    {"Object", "", "", "", R"({"K":{}})", true},
-    {"Object", R"({"Fields":[{"Id":"A","Type":"Int","Options":{"Default":5}},{"Id":"B"},{"Type":"Int"},7,
+const Matrix matrices[] = {
+    {{"String", "SmallString", "Spacer", "Mixed", "FilePath"},
+     {"", R"({"Default":"d"})", R"({"Default":""})", R"({"Default":"","Required":true})",
+      R"({"DEFAULT":"5","required":1})", R"({"IsUUID":true,"Default":"x","UseUUID":"yes"})"},
+     {"", R"({"K":"v"})", R"({"k":"a.b"})", R"({"K":""})", R"({"K":5})", R"({"K":0.1234567})", R"({"K":true})",
+      R"({"K":"false"})", R"({"K":null})", R"({"K":[1]})"}},
+    {{"Int", "IntSlider", "Float"},
+     {"", R"({"Default":5})", R"({"Default":0,"Min":1})", R"({"Min":1,"Max":9})", R"({"Max":2.5})",
+      R"({"Default":true,"Max":true})"},
+     {"", R"({"K":5})", R"({"K":2.4})", R"({"K":70.9})", R"({"K":1e15})", R"({"K":-3})", R"({"K":-1e12})",
+      R"({"K":0.1})", R"({"K":1.23456789})", R"({"K":"7"})", R"({"K":true})"}},
+    {{"Checkbox"}, {"", R"({"Default":true})"}, {"", R"({"K":false})", R"({"K":true})", R"({"K":1})"}},
+    {{"Label"}, {R"({"Text":"Heading"})"}, {R"({"K":"v"})"}},
+    {{"RawJson"}, {"", R"({"Default":"[1]"})"}, {"", R"({"K":{"a":[1,2]}})", R"({"K":null})"}},
+    {{"Enum", "EnumFilterable"},
+     {R"({"Values":["A",5,"B"]})", R"({"Values":["A","B"],"Default":"B"})"},
+     {"", R"({"K":"A"})", R"({"K":"B"})", R"({"K":1})"}},
+    {{"Enum"}, {R"({"Values":"A"})"}, {""}},
+    {{"List", "Dictionary"},
+     {"", R"({"Type":"INT"})", R"({"Type":"float"})", R"({"Type":"uuid"})"},
+     {"", R"({"K":[]})", R"({"K":{}})", R"({"K":[1,"a",true,"2",3.7,1.23456789]})",
+      R"({"K":{"b":"x","a":1,"c":1.23456789}})", R"({"K":{"a":"1","a":"2"}})"}},
+    {{"Dictionary"},
+     {R"({"Type":"bool"})", R"({"Type":"mixed"})"},
+     {R"({"K":{"a":5,"b":true,"c":"x","d":null,"e":[1],"f":"true"}})"}},
+    {{"FilePath"},
+     {R"({"UseUUID":true})", R"({"UseUUID":true,"Default":"d"})"},
+     {"", R"({"K":"u"})", R"({"K":"u","$k_filename":"n"})"}},
+    {{"Object"},
+     {"", R"({"Fields":[{"Id":"A","Type":"Int","Options":{"Default":5}},{"Id":"B"},{"Type":"Int"},7,
         {"Id":"C","Type":"SmallString","Options":{"Default":""}}]})",
-     "", "", R"({"K":{"A":5}})", true},
-    {"Object", R"({"Fields":[{"Id":"A","Type":"Int"},{"Id":"B","Type":"Object",
+      R"({"Fields":[{"Id":"A","Type":"Int"},{"Id":"B","Type":"Object",
         "Options":{"Fields":[{"Id":"C","Type":"Checkbox"}]}}]})",
-     R"({"K":{"a":7,"b":{"C":true},"Lost":1}})", "", R"({"K":{"A":7,"B":{"C":true}}})", true},
-    {"Object", R"({"Fields":[{"Id":"A","Type":"Int"},{"Id":"A","Type":"String"}]})", R"({"K":{"A":"x"}})", "",
-     R"({"K":{"A":"x","A":"x"}})", true},
-    {"Object", R"({"Fields":[{"Id":"A","Type":"Int"}]})", R"({"K":[1]})", "", R"({"K":{"A":0}})", true},
+      R"({"Fields":[{"Id":"A","Type":"Int"},{"Id":"A","Type":"String"}]})"},
+     {"", R"({"K":{"a":7,"b":{"C":true},"Lost":1}})", R"({"K":{"A":"x"}})", R"({"K":[1]})"}},
 };
+
+template <class Action> void ForEachCase(const Action& action) {
+  for (const Matrix& matrix : matrices)
+    for (const std::string& type : matrix.types)
+      for (const std::string& options : matrix.options)
+        for (const std::string& file : matrix.files) {
+          const auto field = MakeField(type, options);
+          ASSERT_TRUE(field) << type << " " << options;
+          if (!file.empty()) Load(*field, file);
+          action(*field, type + options + (file.empty() ? "" : " reads " + file));
+        }
+}
 
 TEST_F(FieldValues, AreReadShownAndWrittenByTheirKind) {
-  for (const ValueCase& c : valueCases) {
-    const auto field = MakeField(c.type, c.options);
-    ASSERT_TRUE(field) << c;
-    if (*c.file) Load(*field, c.file);
-    EXPECT_EQ(field->GetValueAsString(), c.text) << c;
-    EXPECT_EQ(field->ShouldSerialize(), c.isOffered) << c;
-    EXPECT_EQ(Saved(*field), c.saved) << c;
+  std::string dump;
+  ForEachCase([&](BaseField& field, const std::string& name) {
+    const std::string saved = Saved(field);
+    dump += name + ": '" + field.GetValueAsString() + "'" + (field.IsDefault() ? " default" : "") +
+            (field.ShouldSerialize() ? ", writes " : ", left out: ") + saved + "\n";
     // What was written reads back as the same.
-    if (Saved(*field) != "{}") {
-      Load(*field, Saved(*field));
-      EXPECT_TRUE(field->HasLoadedValue() || c.type == std::string("Label")) << c;
-    }
-  }
-  EXPECT_TRUE(boxes.boxes.empty());
-}
-
-TEST_F(FieldValues, StayInTheFileOnceTheyWereLoaded) {
-  const auto field = MakeField("Int", R"({"Default":5})"), marked = MakeField("Int", R"({"Default":5})");
-  Load(*field, R"({"K":7})");
-  field->DeserializeValue(Parse("5").get());
-  EXPECT_TRUE(field->IsDefault());
-  EXPECT_TRUE(field->ShouldSerialize());
-  marked->MarkLoaded();
-  EXPECT_TRUE(marked->ShouldSerialize());
+    if (saved == "{}" || name.starts_with("Label")) return;
+    Load(field, saved);
+    EXPECT_TRUE(field.HasLoadedValue()) << name;
+  });
+  ExpectText("FieldValues", dump);
+  EXPECT_EQ(boxes.Texts(), std::vector<std::string>());
 }
 
 TEST_F(FieldValues, TakeTheCommonOptionsInAnyLetterCase) {
@@ -168,6 +94,10 @@ TEST_F(FieldValues, TakeTheCommonOptionsInAnyLetterCase) {
   EXPECT_TRUE(wrong->IsActive());
   EXPECT_FALSE(wrong->IsRequired());
   EXPECT_EQ(MakeField("Int", "[1]")->GetLabel(), "Data");
+
+  const auto marked = MakeField("Int", R"({"Default":5})");
+  marked->MarkLoaded();
+  EXPECT_TRUE(marked->IsDefault() && marked->ShouldSerialize());
 
   const auto label = MakeField("Label", R"({"Label":"L","Active":false,"FontSize":20.5})");
   EXPECT_EQ(label->GetLabel(), "Label");
@@ -184,17 +114,11 @@ TEST_F(FieldValues, ComeInKnownTypesOnly) {
 }
 
 TEST_F(FieldValues, LeaveNothingBehind) {
-  const auto makeAll = [] {
-    for (const ValueCase& c : valueCases) {
-      const auto field = MakeField(c.type, c.options);
-      if (*c.file) Load(*field, c.file);
-      FieldStage stage(*field);
-    }
-  };
+  const auto showAll = [] { ForEachCase([](BaseField& field, const std::string&) { FieldStage stage(field); }); };
   // The first round fills what is shared for good: compiled documents and measured texts.
-  makeAll();
+  showAll();
   const size_t alive = Toolkit::Object::LiveCount();
-  makeAll();
+  showAll();
   EXPECT_EQ(Toolkit::Object::LiveCount(), alive);
 }
 
@@ -218,17 +142,6 @@ TEST_F(FieldValues, TakeJsonOfTheirOwnKindAlone) {
   EXPECT_TRUE(boxes.boxes.empty());
   const auto object = MakeField("Object", R"({"Fields":[{"Id":"A","Type":"Int","Options":{"Default":5}}]})", false);
   EXPECT_EQ(Saved(*object), R"({"K":{"A":0}})");
-}
-
-TEST_F(FieldValues, ReadOtherKindsAsZeroWhereANumberIsExpected) {
-  EXPECT_EQ(Saved(*MakeField("IntSlider", R"({"Default":true})")), R"({"K":0})");
-  const auto bounded = MakeField("Int", R"({"Max":true})");
-  FieldStage stage(*bounded);
-  Load(*bounded, R"({"K":1})");
-  EXPECT_EQ(Saved(*bounded), R"({"K":0})");
-  const auto list = MakeField("List", R"({"Type":"int"})");
-  Load(*list, R"({"K":[true,null,{},"3",3]})");
-  EXPECT_EQ(list->GetValueAsString(), "0 0 0 0 3");
 }
 
 /// Text that is easily damaged on its way through boxes and files.

@@ -3,22 +3,7 @@
 
 #include "editor/NodePanel.h"
 #include "editor/NodesMenu.h"
-#include "fields/FieldCheckbox.h"
-#include "fields/FieldDictionary.h"
-#include "fields/FieldEnum.h"
-#include "fields/FieldEnumFilterable.h"
-#include "fields/FieldFilePath.h"
-#include "fields/FieldFloat.h"
-#include "fields/FieldInt.h"
-#include "fields/FieldIntSlider.h"
-#include "fields/FieldList.h"
-#include "fields/FieldObject.h"
-#include "fields/FieldRawJson.h"
-#include "fields/FieldSmallText.h"
-#include "fields/FieldText.h"
-#include "nodes/GenericContentNode.h"
 #include "nodes/NodePinControl.h"
-#include "nodes/ReferenceNode.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/ComboBox.h"
 #include "toolkit/controls/MenuItem.h"
@@ -45,6 +30,13 @@ protected:
     Settle();
     TestSupport::ExpectPicture(name, Shown().Part(part));
   }
+  /// The first one of a class of the editor that can be seen.
+  Toolkit::UIElement& OfClass(const std::string& name) const {
+    const auto fits = [&](const Toolkit::UIElement& element) {
+      return element.IsVisible() && element.ActualWidth() > 0 && element.GetType().Name() == "Tesselor." + name;
+    };
+    return *TestSupport::Find<Toolkit::UIElement>(View(), fits);
+  }
 };
 using TestSupport::First;
 
@@ -54,36 +46,26 @@ protected:
 };
 
 TEST_F(Pictures, Fields) {
-  ContentNode& quest = *View().ContentNodes()[0];
-  const auto show = [&](const char* name, const Toolkit::UIElement& field) {
-    LookAt(field);
-    Expect(name, field);
-  };
-  show("FieldSmallText", First<FieldSmallText>(quest));
-  show("FieldText", First<FieldText>(quest));
-  show("FieldEnum", First<FieldEnum>(quest));
-  show("FieldEnumFilterable", First<FieldEnumFilterable>(quest));
-  show("FieldIntSlider", First<FieldIntSlider>(quest));
-  show("FieldCheckbox", First<FieldCheckbox>(quest));
-  show("FieldInt", First<FieldInt>(quest));
-  show("FieldList", First<FieldList>(quest));
-  show("FieldDictionary", First<FieldDictionary>(quest));
-  show("FieldObject", First<FieldObject>(quest));
-  show("FieldFilePath", First<FieldFilePath>(quest));
-  show("FieldFloat", First<FieldFloat>(View()));
-  show("FieldRawJson", First<FieldRawJson>(View()));
+  for (const char* name :
+       {"FieldSmallText", "FieldText", "FieldEnum", "FieldEnumFilterable", "FieldIntSlider", "FieldCheckbox",
+        "FieldInt", "FieldList", "FieldDictionary", "FieldObject", "FieldFilePath", "FieldFloat", "FieldRawJson"}) {
+    LookAt(OfClass(name));
+    Expect(name, OfClass(name));
+  }
 }
 
 TEST_F(Pictures, Nodes) {
-  const auto show = [&](const char* name, const Toolkit::UIElement& node) {
+  for (const auto& [name, node] : std::initializer_list<std::pair<const char*, const Toolkit::UIElement&>>{
+           {"NodeWithPins", Node("Three flasks from Tobin")},
+           {"NodeOfLink", Node("To the lamp")},
+           {"NodeWithComment", Node("Script")},
+           {"NodeGeneric", OfClass("GenericContentNode")},
+           {"NodeReference", OfClass("ReferenceNode")},
+           {"NodeOfComment", *View().CommentNodes()[0]}}) {
     LookAt(node);
     Expect(name, node, 12);
-  };
-  show("NodeWithPins", Node("Three flasks from Tobin"));
-  show("NodeOfLink", Node("To the lamp"));
-  show("NodeWithComment", Node("Script"));
-  show("NodeGeneric", First<GenericContentNode>(View()));
-  show("NodeOfComment", *View().CommentNodes()[0]);
+    TestSupport::ExpectLayout(name, node);
+  }
   ContentNode& node = Node("The nest");
   LookAt(node);
   node.SetValue(BaseNode::IsSelectedProperty, true);
@@ -92,14 +74,13 @@ TEST_F(Pictures, Nodes) {
   const auto& pin = First<NodePinControl>(node);
   MoveTo(*pin.PinElement());
   Expect("NodeWithHoveredPin", node, 12);
-  show("NodeReference", First<ReferenceNode>(View()));
   GroupNode& group = *View().GroupNodes()[1];
   LookAt(group, 0.4f);
   Expect("NodeOfGroup", group, 8);
 }
 
 TEST_F(Pictures, TextBoxes) {
-  auto& field = First<FieldText>(*View().ContentNodes()[0]);
+  auto& field = OfClass("FieldText");
   auto& box = First<Toolkit::TextBox>(field);
   LookAt(field);
   Click(box);
@@ -159,14 +140,14 @@ TEST_F(Pictures, Popups) {
   Press(Key::Escape);
 
   ContentNode& quest = *View().ContentNodes()[0];
-  auto& choice = First<FieldEnum>(quest);
+  auto& choice = OfClass("FieldEnum");
   LookAt(choice);
   Click(First<Toolkit::ComboBox>(choice));
   Press(Key::Down);
   Expect("ComboBoxOpen", below(choice, 320, 160));
   Press(Key::Escape);
 
-  auto& filtered = First<FieldEnumFilterable>(quest);
+  auto& filtered = OfClass("FieldEnumFilterable");
   LookAt(filtered);
   Click(First<Toolkit::TextBox>(filtered));
   Type("wa");

@@ -4,8 +4,8 @@
 #include "platform/TextureRoot.h"
 #include "platform/Uuid.h"
 #include "support/CapturedLog.h"
+#include "support/MemoryClipboard.h"
 #include "support/TemporaryDirectory.h"
-#include "toolkit/visual/Clipboard.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -17,35 +17,18 @@ using Tesselor::Clipboard;
 using Tesselor::ExecutableDirectory;
 using TestSupport::CapturedLog;
 
-struct MemoryClipboard : Toolkit::ClipboardBackend {
-  bool SetText(const std::string& value) override {
-    if (isBusy) return false;
-    text = value;
-    return true;
-  }
-  std::optional<std::string> GetText() override { return text; }
-  bool isBusy = false;
-  std::optional<std::string> text;
-};
-
-TEST(Clipboard, TellsEachFailureInOneLogLine) {
+TEST(Clipboard, CarriesTextUpToAZeroByteAndTellsEachFailureInOneLogLine) {
   CapturedLog log;
   Clipboard::SetText("lost");
   EXPECT_EQ(Clipboard::GetText(), "");
-  MemoryClipboard desktop;
+  TestSupport::MemoryClipboard desktop;
   Toolkit::Clipboard::SetBackend(&desktop);
   EXPECT_EQ(Clipboard::GetText(), "");
   desktop.isBusy = true;
   Clipboard::SetText("refused");
-  Toolkit::Clipboard::SetBackend(nullptr);
   EXPECT_EQ(log.lines, (std::vector<std::string>{"Unable to open the clipboard", "Unable to open clipboard",
                                                  "Unable to get clipboard", "Unable to set clipboard data"}));
-}
-
-TEST(Clipboard, CarriesTextUpToAZeroByteAndTheEmptyText) {
-  CapturedLog log;
-  MemoryClipboard desktop;
-  Toolkit::Clipboard::SetBackend(&desktop);
+  desktop.isBusy = false;
   Clipboard::SetText(std::string("ab\0c", 4));
   EXPECT_EQ(desktop.text, "ab");
   desktop.text = std::string("d\0e", 3);
@@ -53,7 +36,7 @@ TEST(Clipboard, CarriesTextUpToAZeroByteAndTheEmptyText) {
   Clipboard::SetText("");
   EXPECT_EQ(desktop.text, "");
   Toolkit::Clipboard::SetBackend(nullptr);
-  EXPECT_TRUE(log.lines.empty());
+  EXPECT_EQ(log.lines.size(), 4u);
 }
 
 TEST(Uuid, HasTheFormOfARandomUuid) {

@@ -39,22 +39,18 @@ TEST(JsonFile, KeepsZeroCharactersInStrings) {
         << c.text;
 }
 
-TEST(AtomicFile, ReplacesAFileAndKeepsItsMode) {
+TEST(AtomicFile, KeepsTheModeOfAFileAndGivesANewOneTheProcesss) {
   TemporaryDirectory directory;
-  const std::string path = directory.Write("asset.json", "a much longer old text");
-  ASSERT_EQ(chmod(path.c_str(), 0640), 0);
-  EXPECT_EQ(AtomicFile::Write(path, "new"), FileWriteResult::Written);
-  EXPECT_EQ(TemporaryDirectory::Read(path), "new");
-  EXPECT_EQ(ModeOf(path), 0640u);
-  EXPECT_EQ(CountEntries(directory.Path()), 1u);
-}
-
-TEST(AtomicFile, GivesANewFileTheProcesssMode) {
-  TemporaryDirectory directory;
+  const std::string path = directory.Write("asset.json", "a much longer old text"), fresh = directory / "new.json";
+  ASSERT_EQ(chmod(path.c_str(), 0604), 0);
   const mode_t former = umask(027);
-  EXPECT_EQ(AtomicFile::Write(directory / "new.json", "{}"), FileWriteResult::Written);
+  EXPECT_EQ(AtomicFile::Write(path, "new"), FileWriteResult::Written);
+  EXPECT_EQ(AtomicFile::Write(fresh, "{}"), FileWriteResult::Written);
   umask(former);
-  EXPECT_EQ(ModeOf(directory / "new.json"), 0640u);
+  EXPECT_EQ(TemporaryDirectory::Read(path), "new");
+  EXPECT_EQ(ModeOf(path), 0604u);
+  EXPECT_EQ(ModeOf(fresh), 0640u);
+  EXPECT_EQ(CountEntries(directory.Path()), 2u);
 }
 
 TEST(AtomicFile, FollowsLinksAndLeavesThemInPlace) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <functional>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -30,76 +31,53 @@ bool HasShape(const std::string& text, const std::string& shape) {
          });
 }
 
-TEST(LogFile, WritesTimedLinesIntoADirectoryOfItsOwnAndAnUntimedLastOne) {
-  TemporaryDirectory directory;
+void InAProcessOfItsOwn(const std::function<void()>& action, const char* errors = "^$") {
   EXPECT_EXIT(
       {
-        LogFile::Open(directory.Path().string());
-        LogFile::Write("Starting node editor application");
-        LogFile::Write("two\nlines");
+        action();
         std::exit(0);
       },
-      testing::ExitedWithCode(0), "^$");
+      testing::ExitedWithCode(0), errors);
+}
 
+TEST(LogFile, WritesTimedLinesIntoADirectoryOfItsOwnAndAnUntimedLastOne) {
+  TemporaryDirectory directory;
+  fs::create_directories(directory / "second");
+  InAProcessOfItsOwn([&] {
+    LogFile::Open(directory.Path().string());
+    LogFile::Write("Starting node editor application");
+    // The first file stays.
+    LogFile::Open(directory / "second");
+    LogFile::Write("two\nlines");
+  });
   const auto logs = LogsIn(directory.Path() / "NodeEditorLogs");
   ASSERT_EQ(logs.size(), 1u);
   EXPECT_TRUE(HasShape(logs[0].filename().string(), "####-##-##-##-##-##.log")) << logs[0];
   const std::string text = TemporaryDirectory::Read(logs[0]);
   EXPECT_TRUE(HasShape(text, "##-##-##::Starting node editor application\n##-##-##::two\nlines\nApplication ended\n"))
       << text;
+  EXPECT_TRUE(LogsIn(directory / "second/NodeEditorLogs").empty());
 }
 
 TEST(LogFile, LiesUnderTheCurrentDirectoryWhenNoneIsGiven) {
   TemporaryDirectory directory;
   CurrentDirectoryScope current(directory.Path());
-  EXPECT_EXIT(
-      {
-        LogFile::Open("");
-        std::exit(0);
-      },
-      testing::ExitedWithCode(0), "^$");
+  InAProcessOfItsOwn([] { LogFile::Open(""); });
   EXPECT_EQ(LogsIn(directory.Path() / "NodeEditorLogs").size(), 1u);
-}
-
-TEST(LogFile, KeepsTheFirstFileWhenItIsOpenedTwice) {
-  TemporaryDirectory directory;
-  fs::create_directories(directory / "first");
-  fs::create_directories(directory / "second");
-  EXPECT_EXIT(
-      {
-        LogFile::Open(directory / "first");
-        LogFile::Open(directory / "second");
-        LogFile::Write("line");
-        std::exit(0);
-      },
-      testing::ExitedWithCode(0), "^$");
-  const auto logs = LogsIn(directory / "first/NodeEditorLogs");
-  ASSERT_EQ(logs.size(), 1u);
-  const std::string text = TemporaryDirectory::Read(logs[0]);
-  EXPECT_EQ(text.substr(8), "::line\nApplication ended\n");
-  EXPECT_TRUE(LogsIn(directory / "second/NodeEditorLogs").empty());
 }
 
 TEST(LogFile, TellsItsOwnFailuresOnTheErrorStreamAndGoesOn) {
   TemporaryDirectory directory;
-  EXPECT_EXIT(
-      {
+  InAProcessOfItsOwn(
+      [&] {
         LogFile::Write("too early");
         LogFile::Open(directory / "missing/parent");
         LogFile::Write("dropped");
-        std::exit(0);
       },
-      testing::ExitedWithCode(0),
       "^Log file is not initialized\nLog Directory couldn't be created\nLog file is not initialized\n$");
   EXPECT_FALSE(fs::exists(directory / "missing"));
-
   directory.Write("NodeEditorLogs", "a file in the directory's place");
-  EXPECT_EXIT(
-      {
-        LogFile::Open(directory.Path().string());
-        std::exit(0);
-      },
-      testing::ExitedWithCode(0), "^Log file not opened!\n$");
+  InAProcessOfItsOwn([&] { LogFile::Open(directory.Path().string()); }, "^Log file not opened!\n$");
 }
 
 TEST(LogFile, PrunesOldFilesOfAnyNameUnderTheCurrentDirectoryOnly) {

@@ -1,11 +1,11 @@
 #include "process/ProgramRun.h"
 
+#include "TemporaryDirectory.h"
+
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <fstream>
-#include <sstream>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -13,18 +13,6 @@
 namespace TestSupport {
 
 namespace fs = std::filesystem;
-
-std::string ReadFile(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-void WriteFile(const fs::path& path, const std::string& text) {
-  fs::create_directories(path.parent_path());
-  std::ofstream(path, std::ios::binary) << text;
-}
 
 ProgramRun::ProgramRun(const fs::path& directory, const std::vector<std::string>& arguments) {
   const fs::path errors = directory / "stderr.txt";
@@ -55,10 +43,10 @@ ProgramRun::ProgramRun(const fs::path& directory, const std::vector<std::string>
   }
   // A crash shows as 128 and the signal, as in a shell.
   exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-  standardError = ReadFile(errors);
+  standardError = TemporaryDirectory::Read(errors);
   if (fs::exists(directory / "NodeEditorLogs"))
     for (const fs::directory_entry& entry : fs::directory_iterator(directory / "NodeEditorLogs"))
-      log += ReadFile(entry.path());
+      log += TemporaryDirectory::Read(entry.path());
 }
 
 } // namespace TestSupport

@@ -18,7 +18,4 @@ struct ProgramRun {
   bool Logged(const std::string& text) const { return log.find(text) != std::string::npos; }
 };
 
-std::string ReadFile(const std::filesystem::path& path);
-void WriteFile(const std::filesystem::path& path, const std::string& text);
-
 } // namespace TestSupport

@@ -10,11 +10,13 @@ namespace TestSupport {
 /// A clipboard that no other program sees.
 struct MemoryClipboard : Toolkit::ClipboardBackend {
   bool SetText(const std::string& value) override {
-    text = value;
-    return true;
+    if (!isBusy) text = value;
+    return !isBusy;
   }
   std::optional<std::string> GetText() override { return text; }
   std::optional<std::string> text;
+  /// Refuses what it is given.
+  bool isBusy = false;
 };
 
 } // namespace TestSupport

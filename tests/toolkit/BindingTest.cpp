@@ -85,14 +85,15 @@ TEST_F(BindingTest, FormatsAndConverts) {
 }
 
 TEST_F(BindingTest, WritesBackWhenItsTriggerSays) {
-  struct Case {
+  const struct {
     const char* arguments;
     const char* afterTyping;
     const char* afterFocusLoss;
-  };
-  for (const Case& c :
-       {Case{", UpdateSourceTrigger=PropertyChanged", "typed", "typed"}, Case{"", "start", "typed"},
-        Case{", Mode=OneWay", "start", "start"}, Case{", UpdateSourceTrigger=Explicit", "start", "start"}}) {
+  } cases[] = {{", UpdateSourceTrigger=PropertyChanged", "typed", "typed"},
+               {"", "start", "typed"},
+               {", Mode=OneWay", "start", "start"},
+               {", UpdateSourceTrigger=Explicit", "start", "start"}};
+  for (const auto& c : cases) {
     auto box = Make<TextBox>("TextBox", std::string(" Text=\"{Binding Text") + c.arguments + "}\"/>");
     auto data = Data("start");
     box->SetDataContext(data.Get());

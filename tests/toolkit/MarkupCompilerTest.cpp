@@ -20,11 +20,7 @@ namespace {
 class MarkupCompilerTest : public StageTest {};
 
 TEST_F(MarkupCompilerTest, ReportsEachMistakeWithItsLineAndLoadsTheRest) {
-  struct Case {
-    const char* rest;
-    const char* report;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, const char*> cases[] = {
       {">\n<Nonsense/></StackPanel>", "2: type 'Nonsense' is not known"},
       {" Wide=\"3\"/>", "1: 'Wide' is no property or event of StackPanel"},
       {" Width=\"broad\"/>", "1: 'broad' is no value of Width"},
@@ -36,9 +32,9 @@ TEST_F(MarkupCompilerTest, ReportsEachMistakeWithItsLineAndLoadsTheRest) {
       {">some text</StackPanel>", "1: a list cannot be given as text"},
       {"><Brush/></StackPanel>", "1: a Brush cannot be made"},
   };
-  for (const Case& c : cases) {
-    EXPECT_TRUE(Make<StackPanel>("StackPanel", c.rest)) << c.rest;
-    EXPECT_EQ(warnings.Take(), std::vector<std::string>{c.report}) << c.rest;
+  for (const auto& [rest, report] : cases) {
+    EXPECT_TRUE(Make<StackPanel>("StackPanel", rest)) << rest;
+    EXPECT_EQ(warnings.Take(), std::vector<std::string>{report}) << rest;
   }
   EXPECT_FALSE(Make<StackPanel>("StackPanel", "><Border></StackPanel>"));
   EXPECT_EQ(warnings.Take().size(), 1u);
@@ -112,21 +108,16 @@ TEST_F(MarkupCompilerTest, MakesToolTipsOnlyWhenTheyAreNeeded) {
 }
 
 TEST_F(MarkupCompilerTest, ReadsColoursAndPaths) {
-  struct Case {
-    const char* text;
-    bool valid;
-    Color color;
-  };
-  for (const Case& c :
-       {Case{"#123", true, Color::FromBytes(17, 34, 51)}, Case{"#112233", true, Color::FromBytes(17, 34, 51)},
-        Case{"#80112233", true, Color::FromBytes(17, 34, 51, 128)}, Case{"Snow", true, Color::FromBytes(255, 250, 250)},
-        Case{"#12", false, {}}, Case{"#GGGGGG", false, {}}, Case{"", false, {}}, Case{"#", false, {}}}) {
-    Color color;
-    EXPECT_EQ(ValueConversion::ColorFromText(c.text, color), c.valid) << c.text;
-    if (c.valid) {
-      EXPECT_EQ(color, c.color) << c.text;
-    }
+  Color color;
+  for (const auto& [text, expected] : {std::pair{"#123", Color::FromBytes(17, 34, 51)},
+                                       {"#112233", Color::FromBytes(17, 34, 51)},
+                                       {"#80112233", Color::FromBytes(17, 34, 51, 128)},
+                                       {"Snow", Color::FromBytes(255, 250, 250)}}) {
+    EXPECT_TRUE(ValueConversion::ColorFromText(text, color)) << text;
+    EXPECT_EQ(color, expected) << text;
   }
+  for (const char* text : {"#12", "#GGGGGG", "", "#"})
+    EXPECT_FALSE(ValueConversion::ColorFromText(text, color)) << text;
   Ptr<PathGeometry> path = PathGeometry::Parse("M0,0 C20,0 20,30 0,30 Z m 5 5 l10-2");
   ASSERT_TRUE(path);
   EXPECT_EQ(path->Figures().size(), 2u);

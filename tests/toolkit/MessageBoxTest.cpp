@@ -69,19 +69,16 @@ TEST_F(MessageBoxTest, IsAnsweredByButtonsAndKeys) {
 TEST_F(MessageBoxTest, KeepsInputFromTheWindow) {
   ShowWindow();
   Ask("a", MessageBoxButton::OK);
-  Click({20, 150});
-  RightClick({20, 150});
-  Type("x");
+  Run("click:20,150 right:20,150 'x'");
   // Even if the focus was taken behind the box.
   Focus(&Find("Text"));
-  Press(Key::X);
+  Run("X");
   EXPECT_EQ(clicks, 0);
   EXPECT_EQ(keysBehind, 0);
   EXPECT_EQ(Find<TextBox>("Text").GetText(), "");
   EXPECT_EQ(answers, "");
-  Press(Key::Escape);
+  Run("Escape click:20,150");
   EXPECT_EQ(answers, "a10 ");
-  Click({20, 150});
   EXPECT_EQ(clicks, 1);
 }
 
@@ -92,13 +89,11 @@ TEST_F(MessageBoxTest, ShowsOneAfterTheOther) {
     Ask("third", MessageBoxButton::OK);
   });
   Ask("second", MessageBoxButton::OK, MessageBoxImage::Warning);
-  EXPECT_EQ(OpenPopups(), 1u);
-  EXPECT_TRUE(Shows("first"));
-  Press(Key::Return);
-  EXPECT_TRUE(Shows("second"));
-  Press(Key::Return);
-  EXPECT_TRUE(Shows("third"));
-  Press(Key::Return);
+  for (const char* shown : {"first", "second", "third"}) {
+    EXPECT_EQ(OpenPopups(), 1u);
+    EXPECT_TRUE(Shows(shown));
+    Press(Key::Return);
+  }
   EXPECT_EQ(answers, "first second10 third10 ");
 }
 

@@ -1,9 +1,8 @@
 #include "toolkit/MarkupTest.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/Canvas.h"
-#include "toolkit/controls/Grid.h"
 #include "toolkit/controls/Popup.h"
-#include "toolkit/controls/StackPanel.h"
+#include "toolkit/visual/Transform.h"
 
 namespace Toolkit {
 namespace {
@@ -23,20 +22,22 @@ protected:
   bool HitTestSelf(Point point) const override { return DrawnBounds().Contains(point); }
 };
 
+/// An owner in the corner of a canvas, and a button far from it.
 class PopupLayerTest : public StageTest {
 protected:
-  Ptr<Popup> Open(UIElement& owner, Size size, PopupPlacement placement = PopupPlacement::Below) {
+  PopupLayerTest() {
+    Show("<Canvas x:Name=\"Outer\" Background=\"Black\"><Border x:Name=\"Owner\" Background=\"Red\" Width=\"60\" "
+         "Height=\"20\"/><Button x:Name=\"Behind\" Content=\"b\" Canvas.Left=\"200\" Canvas.Top=\"200\"/></Canvas>");
+  }
+  Ptr<Popup> Open(Size size = {50, 50}, PopupPlacement placement = PopupPlacement::Below) {
     content = MakePtr<CountingElement>(size);
-    auto popup = MakePtr<Popup>(owner, *content, PopupKind::Light, placement);
+    auto popup = MakePtr<Popup>(Find("Owner"), *content, PopupKind::Light, placement);
     window->Popups().Open(*popup);
     Settle();
     return popup;
   }
   Ptr<CountingElement> content;
 };
-
-constexpr const char* CanvasWithOwner =
-    "<Canvas><Border x:Name=\"Owner\" Background=\"Red\" Width=\"60\" Height=\"20\"/></Canvas>";
 
 TEST_F(PopupLayerTest, StandsBesideItsOwnerAndInsideTheWindow) {
   const struct {
@@ -56,24 +57,25 @@ TEST_F(PopupLayerTest, StandsBesideItsOwnerAndInsideTheWindow) {
       {"beside, to the left", {280, 40}, {100, 80}, PopupPlacement::Beside, {180, 40, 100, 80}},
       {"beside, moved up", {50, 270}, {100, 80}, PopupPlacement::Beside, {110, 220, 100, 80}},
   };
-  Show(CanvasWithOwner);
-  auto& owner = Find<FrameworkElement>("Owner");
+  auto& owner = Find("Owner");
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     Canvas::SetLeft(&owner, c.owner.x);
     Canvas::SetTop(&owner, c.owner.y);
-    const Ptr<Popup> popup = Open(owner, c.wanted, c.placement);
+    const Ptr<Popup> popup = Open(c.wanted, c.placement);
     EXPECT_EQ(BoxOf(*popup), c.expected);
     popup->Close();
   }
 }
 
 TEST_F(PopupLayerTest, StaysAtZoomOneAndFollowsAnOwnerThatMoves) {
-  Show("<Canvas><Canvas.RenderTransform><ScaleTransform ScaleX=\"0.5\" ScaleY=\"0.5\"/></Canvas.RenderTransform>"
-       "<Border x:Name=\"Owner\" Background=\"Red\" Width=\"60\" Height=\"20\" Canvas.Left=\"100\"/></Canvas>");
-  auto& owner = Find<FrameworkElement>("Owner");
-  const Ptr<Popup> popup = Open(owner, {100, 80});
-  EXPECT_EQ(BoxOf(*popup), (Rect{50, 10, 100, 80}));
+  auto& owner = Find("Owner");
+  auto scale = MakePtr<ScaleTransform>();
+  scale->SetScaleX(0.5f);
+  scale->SetScaleY(0.5f);
+  Find("Outer").SetValue(UIElement::RenderTransformProperty, Value(scale));
+  const Ptr<Popup> popup = Open({100, 80});
+  EXPECT_EQ(BoxOf(*popup), (Rect{0, 10, 100, 80}));
   Canvas::SetLeft(&owner, 200);
   Settle();
   EXPECT_EQ(BoxOf(*popup), (Rect{100, 10, 100, 80}));
@@ -83,53 +85,46 @@ TEST_F(PopupLayerTest, StaysAtZoomOneAndFollowsAnOwnerThatMoves) {
 }
 
 TEST_F(PopupLayerTest, TakesAPressOrTheWheelElsewhereAndCloses) {
-  Show("<StackPanel><Button x:Name=\"Owner\" Content=\"a\"/>"
-       "<Border Height=\"150\"/><Button x:Name=\"Behind\" Content=\"b\"/></StackPanel>");
   int clicks = 0, wheels = 0;
-  auto& behind = Find<Button>("Behind");
+  auto& behind = Find("Behind");
   Listen(behind, ButtonBase::ClickEvent, [&](auto&) { ++clicks; });
   Listen(*window, UIElement::MouseWheelEvent, [&](auto&) { ++wheels; });
-  const Point away = MiddleOf(behind);
   for (const MouseButton button : {MouseButton::Left, MouseButton::Middle, MouseButton::Right}) {
-    const Ptr<Popup> popup = Open(Find<Button>("Owner"), {50, 50});
-    Press(away, button);
+    const Ptr<Popup> popup = Open();
+    Press(behind, button);
     EXPECT_FALSE(popup->IsOpen());
-    Release(away, button);
+    Release(behind, button);
     EXPECT_EQ(clicks, 0);
   }
-  const Ptr<Popup> popup = Open(Find<Button>("Owner"), {50, 50});
+  const Ptr<Popup> popup = Open();
   EXPECT_TRUE(Wheel(*popup, 1));
   EXPECT_TRUE(popup->IsOpen());
-  EXPECT_TRUE(Wheel(away, 1));
+  EXPECT_TRUE(Wheel(behind, 1));
   EXPECT_FALSE(popup->IsOpen());
   EXPECT_EQ(wheels, 0);
   // With nothing open the window is as it was.
-  Click(away);
+  Click(behind);
   EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(PopupLayerTest, KeepsMouseInputFromThoseAroundTheOwner) {
-  Show("<StackPanel x:Name=\"Outer\" Background=\"Black\"><Border x:Name=\"Owner\" Background=\"Red\" Height=\"20\"/>"
-       "</StackPanel>");
-  auto& outer = Find<StackPanel>("Outer");
-  auto& owner = Find<FrameworkElement>("Owner");
-  int seen = 0, entered = 0;
+  auto& outer = Find("Outer");
+  int seen = 0, inside = 0, entered = 0;
   for (const RoutedEvent* event :
        {&UIElement::PreviewMouseDownEvent, &UIElement::MouseDownEvent, &UIElement::PreviewMouseUpEvent,
         &UIElement::MouseUpEvent, &UIElement::MouseLeftButtonDownEvent, &UIElement::PreviewMouseLeftButtonUpEvent,
         &UIElement::PreviewMouseMoveEvent, &UIElement::MouseMoveEvent, &UIElement::MouseWheelEvent,
         &UIElement::PreviewMouseRightButtonDownEvent, &UIElement::MouseRightButtonUpEvent})
     Listen(outer, *event, [&](auto&) { ++seen; });
-  MoveTo(MiddleOf(owner));
-  const Ptr<Popup> popup = Open(owner, {50, 50});
-  int inside = 0;
+  Run("move:Owner");
+  EXPECT_GT(seen, 0);
+  const Ptr<Popup> popup = Open();
   Listen(*content, UIElement::MouseLeftButtonDownEvent, [&](auto&) { ++inside; });
   Listen(*content, UIElement::MouseEnterEvent, [&](auto&) { ++entered; });
   seen = 0;
-  const Point at = MiddleOf(*popup);
   for (const MouseButton button : {MouseButton::Left, MouseButton::Middle, MouseButton::Right})
-    Click(at, {.button = button});
-  Wheel(at, 1);
+    Click(*popup, {.button = button});
+  Wheel(*popup, 1);
   EXPECT_EQ(seen, 0);
   EXPECT_EQ(inside, 1);
   EXPECT_EQ(entered, 1);
@@ -139,12 +134,11 @@ TEST_F(PopupLayerTest, KeepsMouseInputFromThoseAroundTheOwner) {
 }
 
 TEST_F(PopupLayerTest, NeverLaysOutTheContent) {
-  Show("<Grid x:Name=\"Root\"><Border x:Name=\"Owner\" Background=\"Red\" Height=\"20\"/></Grid>");
   const auto counter = MakePtr<CountingElement>(Size{10, 10});
-  Find<Grid>("Root").AddChild(counter.Get());
+  Find<Canvas>("Outer").AddChild(counter.Get());
   Settle();
   const int before = counter->measures;
-  const Ptr<Popup> popup = Open(Find<FrameworkElement>("Owner"), {50, 50});
+  const Ptr<Popup> popup = Open();
   content->wanted = {70, 90};
   content->InvalidateMeasure();
   Settle();
@@ -154,37 +148,29 @@ TEST_F(PopupLayerTest, NeverLaysOutTheContent) {
   EXPECT_EQ(counter->measures, before);
 }
 
-TEST_F(PopupLayerTest, ClosesWithItsOwnerAndWithTheSize) {
-  Show("<StackPanel x:Name=\"Outer\"><Border x:Name=\"Owner\" Background=\"Red\" Height=\"20\"/></StackPanel>");
-  Ptr<Popup> popup = Open(Find<FrameworkElement>("Owner"), {50, 50});
-  int closed = 0;
-  popup->closed = [&] { ++closed; };
-  Resize({200, 200});
-  EXPECT_FALSE(popup->IsOpen());
-  popup = Open(Find<FrameworkElement>("Owner"), {50, 50});
-  popup->closed = [&] { ++closed; };
-  Find<StackPanel>("Outer").ClearChildren();
-  EXPECT_FALSE(popup->IsOpen());
-  EXPECT_EQ(closed, 2);
-  // One that is open when the window goes: the stage checks that nothing is left.
-  popup = Open(Find<StackPanel>("Outer"), {50, 50});
-}
-
-TEST_F(PopupLayerTest, ClosesThoseThatWereOpenedFromIt) {
-  Show("<StackPanel x:Name=\"Owner\"/>");
-  auto& owner = Find<FrameworkElement>("Owner");
-  std::string order;
+TEST_F(PopupLayerTest, ClosesWithTheSizeWithItsOwnerAndThoseThatWereOpenedFromIt) {
+  std::string closed;
   std::vector<Ptr<Popup>> popups;
-  for (const char name : {'a', 'b', 'c'}) {
-    popups.push_back(Open(owner, {50, 50}));
-    popups.back()->closed = [&order, name] { order += name; };
-  }
-  popups[1]->Close();
-  EXPECT_EQ(order, "cb");
-  EXPECT_TRUE(popups[0]->IsOpen());
+  const auto open = [&](char name) {
+    popups.push_back(Open());
+    popups.back()->closed = [&closed, name] { closed += name; };
+  };
+  open('a');
+  Resize({300, 300});
+  EXPECT_EQ(closed, "a");
+  for (const char name : {'b', 'c', 'd'}) open(name);
+  popups[2]->Close();
+  EXPECT_EQ(closed, "adc");
+  EXPECT_TRUE(popups[1]->IsOpen());
   EXPECT_TRUE(Press(Key::Escape));
-  EXPECT_EQ(order, "cba");
+  EXPECT_EQ(closed, "adcb");
   EXPECT_FALSE(Press(Key::Escape));
+  open('e');
+  Find<Canvas>("Outer").RemoveChild(&Find("Owner"));
+  EXPECT_EQ(closed, "adcbe");
+  // One that is open when the window goes: the stage checks that nothing is left.
+  content = MakePtr<CountingElement>(Size{50, 50});
+  window->Popups().Open(*MakePtr<Popup>(Find("Behind"), *content, PopupKind::Light, PopupPlacement::Below));
 }
 
 } // namespace

@@ -12,24 +12,25 @@ class PropertyTest : public MarkupTest {};
 TEST_F(PropertyTest, TakesTheStrongestLayerAndFallsBackWhenItGoes) {
   auto block = MakePtr<TextBlock>();
   const auto* size = TextElement::FontSizeProperty;
-  EXPECT_EQ(block->Get<float>(size), 12.0f);
+  const auto now = [&] { return block->Get<float>(size); };
+  EXPECT_EQ(now(), 12.0f);
   auto style = MakePtr<Style>();
   style->targetType = &TextBlock::StaticType();
   style->setters.Set(size, Value(20.0f));
   block->SetValue(FrameworkElement::StyleProperty, Value(style));
-  EXPECT_EQ(block->Get<float>(size), 20.0f);
+  EXPECT_EQ(now(), 20.0f);
   block->SetValueAt(ValueLevel::StyleTrigger, size, Value(21.0f));
-  EXPECT_EQ(block->Get<float>(size), 21.0f);
+  EXPECT_EQ(now(), 21.0f);
   block->SetValue(size, Value(22.0f));
   block->SetValueAt(ValueLevel::Animation, size, Value(23.0f));
-  EXPECT_EQ(block->Get<float>(size), 23.0f);
+  EXPECT_EQ(now(), 23.0f);
   block->ClearValueAt(ValueLevel::Animation, size);
-  EXPECT_EQ(block->Get<float>(size), 22.0f);
+  EXPECT_EQ(now(), 22.0f);
   block->ClearValue(size);
-  EXPECT_EQ(block->Get<float>(size), 21.0f);
+  EXPECT_EQ(now(), 21.0f);
   block->ClearValueAt(ValueLevel::StyleTrigger, size);
   block->SetValue(FrameworkElement::StyleProperty, Value());
-  EXPECT_EQ(block->Get<float>(size), 12.0f);
+  EXPECT_EQ(now(), 12.0f);
 }
 
 TEST_F(PropertyTest, InheritsThroughTheTreeAndFollowsChangesAndMoves) {
@@ -38,18 +39,19 @@ TEST_F(PropertyTest, InheritsThroughTheTreeAndFollowsChangesAndMoves) {
   inner->AddChild(block.Get());
   outer->AddChild(inner.Get());
   const auto* size = TextElement::FontSizeProperty;
+  const auto now = [&] { return block->Get<float>(size); };
   outer->SetValue(size, Value(30.0f));
-  EXPECT_EQ(block->Get<float>(size), 30.0f);
+  EXPECT_EQ(now(), 30.0f);
   inner->SetValue(size, Value(31.0f));
   outer->SetValue(size, Value(32.0f));
-  EXPECT_EQ(block->Get<float>(size), 31.0f);
+  EXPECT_EQ(now(), 31.0f);
   inner->ClearValue(size);
-  EXPECT_EQ(block->Get<float>(size), 32.0f);
+  EXPECT_EQ(now(), 32.0f);
   outer->RemoveChild(inner.Get());
-  EXPECT_EQ(block->Get<float>(size), 12.0f);
+  EXPECT_EQ(now(), 12.0f);
   other->SetValue(size, Value(40.0f));
   other->AddChild(inner.Get());
-  EXPECT_EQ(block->Get<float>(size), 40.0f);
+  EXPECT_EQ(now(), 40.0f);
 }
 
 TEST_F(PropertyTest, RaisesNothingForTheValueThatIsThere) {

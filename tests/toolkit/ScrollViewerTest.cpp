@@ -30,20 +30,19 @@ std::string Block(const char* width, const char* height) {
 }
 
 TEST_F(ScrollViewerTest, LeavesRoomForTheBarsThatTheContentNeeds) {
-  struct Case {
-    const char *vertical, *horizontal;
-    const char *width, *height;
+  const struct {
+    const char *vertical, *horizontal, *width, *height;
     Size viewport;
-  };
-  for (const Case& c : std::vector<Case>{{"Auto", "Auto", "200", "100", {200, 100}},
-                                         {"Auto", "Auto", "150", "101", {200 - Bar, 100}},
-                                         {"Auto", "Auto", "201", "50", {200, 100 - Bar}},
-                                         // One bar takes the room that makes the other one necessary.
-                                         {"Auto", "Auto", "195", "101", {200 - Bar, 100 - Bar}},
-                                         {"Auto", "Disabled", "300", "101", {200 - Bar, 100}},
-                                         {"Hidden", "Auto", "200", "300", {200, 100}},
-                                         {"Visible", "Auto", "150", "50", {200 - Bar, 100}},
-                                         {"Disabled", "Auto", "150", "300", {200, 100}}}) {
+  } cases[] = {{"Auto", "Auto", "200", "100", {200, 100}},
+               {"Auto", "Auto", "150", "101", {200 - Bar, 100}},
+               {"Auto", "Auto", "201", "50", {200, 100 - Bar}},
+               // One bar takes the room that makes the other one necessary.
+               {"Auto", "Auto", "195", "101", {200 - Bar, 100 - Bar}},
+               {"Auto", "Disabled", "300", "101", {200 - Bar, 100}},
+               {"Hidden", "Auto", "200", "300", {200, 100}},
+               {"Visible", "Auto", "150", "50", {200 - Bar, 100}},
+               {"Disabled", "Auto", "150", "300", {200, 100}}};
+  for (const auto& c : cases) {
     ShowViewer(std::string("VerticalScrollBarVisibility=\"") + c.vertical + "\" HorizontalScrollBarVisibility=\"" +
                    c.horizontal + "\"",
                Block(c.width, c.height));

@@ -9,11 +9,7 @@
 namespace Toolkit {
 
 TEST(DecodedText, GivesEveryByteOfAnyInputToOneCharacter) {
-  struct Case {
-    std::string text;
-    std::u32string characters;
-  };
-  const Case cases[] = {
+  const std::pair<std::string, std::u32string> cases[] = {
       {"a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80", U"a\u00E9\u20AC\U0001F600"},
       {"\xC3", U"\uFFFD"},
       {"\xE2\x82x", U"\uFFFD\uFFFDx"},
@@ -22,14 +18,14 @@ TEST(DecodedText, GivesEveryByteOfAnyInputToOneCharacter) {
       {"\xF4\x90\x80\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD"}, // beyond the last character
       {"\x80\xFF", U"\uFFFD\uFFFD"},
   };
-  for (const Case& each : cases) {
+  for (const auto& [text, characters] : cases) {
     DecodedText decoded;
-    decoded.Assign(each.text);
-    EXPECT_EQ(std::u32string(decoded.characters.begin(), decoded.characters.end()), each.characters);
-    EXPECT_EQ(decoded.offsets.back(), each.text.size());
+    decoded.Assign(text);
+    EXPECT_EQ(std::u32string(decoded.characters.begin(), decoded.characters.end()), characters);
+    EXPECT_EQ(decoded.offsets.back(), text.size());
     for (size_t i = 0; i < decoded.Count(); ++i)
       for (size_t byte = decoded.offsets[i]; byte < decoded.offsets[i + 1]; ++byte)
-        EXPECT_EQ(CharacterStart(each.text, byte), decoded.offsets[i]) << "byte " << byte;
+        EXPECT_EQ(CharacterStart(text, byte), decoded.offsets[i]) << "byte " << byte;
   }
 }
 

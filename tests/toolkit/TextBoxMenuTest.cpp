@@ -38,17 +38,17 @@ protected:
 };
 
 TEST_F(TextBoxMenuTest, OffersWhatHasSomethingToDo) {
-  struct Case {
+  const struct {
     const char* typed;
     size_t selected;
     const char* copied;
     bool isReadOnly;
     const char* items;
-  };
-  for (const Case& c : {Case{"", 0, "", false, "[Undo] [Redo] [Cut] [Copy] [Paste] Select All"},
-                        Case{"x", 0, "", false, "Undo [Redo] [Cut] [Copy] [Paste] Select All"},
-                        Case{"", 3, "clip", false, "[Undo] [Redo] Cut Copy Paste Select All"},
-                        Case{"", 3, "clip", true, "[Undo] [Redo] [Cut] Copy [Paste] Select All"}}) {
+  } cases[] = {{"", 0, "", false, "[Undo] [Redo] [Cut] [Copy] [Paste] Select All"},
+               {"x", 0, "", false, "Undo [Redo] [Cut] [Copy] [Paste] Select All"},
+               {"", 3, "clip", false, "[Undo] [Redo] Cut Copy Paste Select All"},
+               {"", 3, "clip", true, "[Undo] [Redo] [Cut] Copy [Paste] Select All"}};
+  for (const auto& c : cases) {
     Focus(nullptr);
     box->SetText("one two");
     Focus(box);
@@ -56,9 +56,9 @@ TEST_F(TextBoxMenuTest, OffersWhatHasSomethingToDo) {
     box->Select(0, c.selected);
     box->SetValue(TextBox::IsReadOnlyProperty, c.isReadOnly);
     clipboard.text = c.copied;
-    Press(Key::Apps);
+    Run("Apps");
     EXPECT_EQ(Items(), c.items);
-    Press(Key::Escape);
+    Run("Escape");
     EXPECT_EQ(Open(), nullptr);
   }
 }

@@ -1,4 +1,5 @@
 #include "toolkit/controls/TextBox.h"
+#include "Expected.h"
 #include "MemoryClipboard.h"
 #include "toolkit/MarkupTest.h"
 #include "toolkit/base/Dispatcher.h"
@@ -58,59 +59,59 @@ constexpr const char* Plain = "";
 constexpr const char* Lines = "AcceptsReturn=\"True\"";
 
 TEST_F(TextBoxTest, EditsByKeys) {
-  const struct {
-    const char* attributes;
-    const char* before;
-    const char* script;
-    const char* after;
-    const char* copied = "";
-  } cases[] = {
-      // Moves.
-      {Plain, "one two|", "Ctrl+Left", "one |two"},
-      {Plain, "one |two", "Ctrl+Shift+Left Ctrl+Shift+Right", "one |two"},
-      {Plain, "one |two", "Shift+End", "one ^two|"},
-      {Plain, "one ^two|", "Left", "one |two"},
-      {Plain, "one ^two|", "Right", "one two|"},
-      {Plain, "one^ two|", "Shift+Left", "one^ tw|o"},
-      {Lines, "a\nlong line\n|b", "Up", "a\n|long line\nb"},
-      {Lines, "a\nlong lin|e\nb", "Down Up", "a\nlong lin|e\nb"},
-      {Lines, "a\nlong|\nb", "Shift+Home", "a\n|long^\nb"},
-      {Lines, "a\nlong|\nb", "Ctrl+Home", "|a\nlong\nb"},
-      {Lines, "a|b\nc", "Up", "|ab\nc"},
-      {Lines, "ab\n|cd", "Down", "ab\ncd|"},
-      // Edits.
-      {Plain, "h\xC3\xA9|llo", "Back", "h|llo"},
-      {Plain, "h|\xC3\xA9llo", "Delete", "h|llo"},
-      {Plain, "one| two", "Ctrl+A 'z'", "z|"},
-      {Plain, "one two|", "Ctrl+Back", "one |"},
-      {Plain, "|one two", "Ctrl+Delete", "|two"},
-      {Plain, "o^ne tw|o", "'x'", "ox|o"},
-      {Plain, "ab|", "Return", "ab|"},
-      {Lines, "a|b", "Return", "a\n|b"},
-      {"IsReadOnly=\"True\"", "ab|c", "'x' Back Delete Ctrl+V", "ab|c", "y"},
-      {"MaxLength=\"4\"", "\xC3\xA9t|", "'abc'", "\xC3\xA9tab|"},
-      {"MaxLength=\"4\"", "a|b", "Ctrl+V", "a\xC3\xA9\xC3\xA9|b", "\xC3\xA9\xC3\xA9\xC3\xA9"},
-      // Clipboard.
-      {Plain, "on^e t|wo", "Ctrl+C End Ctrl+V", "one twoe t|"},
-      {Plain, "on^e t|wo", "Ctrl+X Ctrl+V Ctrl+V", "one te t|wo"},
-      {Plain, "on^e t|wo", "Shift+Delete Home Shift+Insert", "e t|onwo"},
-      {Plain, "a|", "Ctrl+C Ctrl+V", "akept|", "kept"},
-      {Plain, "|", "Ctrl+V", "one two|", "one\r\ntwo\n"},
-      {Lines, "|", "Ctrl+V", "one\ntwo\nthree|", "one\r\ntwo\rthree"},
-      {Plain, "|", "Ctrl+V", "a\xEF\xBF\xBDz|", "a\xFFz"},
-      // Undo within the session.
-      {Plain, "|", "'one_two' Ctrl+Z", "one |"},
-      {Plain, "|", "'one_two' Ctrl+Z Ctrl+Z Ctrl+Y Ctrl+Shift+Z", "one two|"},
-      {Plain, "|", "'ab' Left 'c' Ctrl+Z", "a|b"},
-      {Plain, "a^b|", "'x' Ctrl+Z", "a^b|"},
-      {Plain, "ab|", "Back Back Ctrl+Z 'c' Ctrl+Y", "ac|"},
+  using Edit = std::pair<const char*, const char*>;
+  std::string dump;
+  const auto run = [&](const char* attributes, const std::vector<Edit>& edits, const std::string& copied = "") {
+    for (const auto& [before, script] : edits) {
+      ShowBox(attributes, before);
+      clipboard.text = copied;
+      Run(script);
+      std::string line = std::string(before) + "   " + script + "   " + Marked();
+      for (size_t at; (at = line.find('\n')) != std::string::npos;) line.replace(at, 1, "\\n");
+      dump += line + "\n";
+    }
   };
-  for (const auto& c : cases) {
-    ShowBox(c.attributes, c.before);
-    clipboard.text = c.copied;
-    Run(c.script);
-    EXPECT_EQ(Marked(), c.after) << c.before << " -- " << c.script;
-  }
+  // Moves.
+  run(Plain, {{"one two|", "Ctrl+Left"},
+              {"one |two", "Ctrl+Shift+Left Ctrl+Shift+Right"},
+              {"one |two", "Shift+End"},
+              {"one ^two|", "Left"},
+              {"one ^two|", "Right"},
+              {"one^ two|", "Shift+Left"}});
+  run(Lines, {{"a\nlong line\n|b", "Up"},
+              {"a\nlong lin|e\nb", "Down Up"},
+              {"a\nlong|\nb", "Shift+Home"},
+              {"a\nlong|\nb", "Ctrl+Home"},
+              {"a|b\nc", "Up"},
+              {"ab\n|cd", "Down"}});
+  // Edits.
+  run(Plain, {{"h\xC3\xA9|llo", "Back"},
+              {"h|\xC3\xA9llo", "Delete"},
+              {"one| two", "Ctrl+A 'z'"},
+              {"one two|", "Ctrl+Back"},
+              {"|one two", "Ctrl+Delete"},
+              {"o^ne tw|o", "'x'"},
+              {"ab|", "Return"}});
+  run(Lines, {{"a|b", "Return"}});
+  run("IsReadOnly=\"True\"", {{"ab|c", "'x' Back Delete Ctrl+V"}}, "y");
+  run("MaxLength=\"4\"", {{"\xC3\xA9t|", "'abc'"}, {"a|b", "Ctrl+V"}}, "\xC3\xA9\xC3\xA9\xC3\xA9");
+  // Clipboard.
+  run(Plain,
+      {{"on^e t|wo", "Ctrl+C End Ctrl+V"},
+       {"on^e t|wo", "Ctrl+X Ctrl+V Ctrl+V"},
+       {"on^e t|wo", "Shift+Delete Home Shift+Insert"},
+       {"a|", "Ctrl+C Ctrl+V"}},
+      "kept");
+  run(Plain, {{"|", "Ctrl+V"}}, "one\r\ntwo\n");
+  run(Lines, {{"|", "Ctrl+V"}}, "one\r\ntwo\rthree");
+  run(Plain, {{"|", "Ctrl+V"}}, "a\xFFz");
+  // Undo within the session.
+  run(Plain, {{"|", "'one_two' Ctrl+Z"},
+              {"|", "'one_two' Ctrl+Z Ctrl+Z Ctrl+Y Ctrl+Shift+Z"},
+              {"|", "'ab' Left 'c' Ctrl+Z"},
+              {"a^b|", "'x' Ctrl+Z"},
+              {"ab|", "Back Back Ctrl+Z 'c' Ctrl+Y"}});
+  TestSupport::ExpectText("TextBoxEdits", dump);
 }
 
 TEST_F(TextBoxTest, LeavesUndoToOthersOnceItHasNone) {
@@ -148,15 +149,15 @@ TEST_F(TextBoxTest, UndoesWhatAFilterOfItsTextMadeOfIt) {
 
 TEST_F(TextBoxTest, SelectsByTheMouse) {
   const std::string text = "one two\nthree four";
-  struct Case {
+  const struct {
     uint32_t clicks;
     size_t from, to;
     const char* after;
-  };
-  for (const Case& c : {Case{1, 5, 5, "one t|wo\nthree four"}, Case{1, 1, 6, "o^ne tw|o\nthree four"},
-                        Case{1, 12, 2, "on|e two\nthre^e four"}, Case{2, 5, 5, "one ^two|\nthree four"},
-                        Case{2, 5, 9, "one ^two\nthree| four"}, Case{2, 5, 1, "|one two^\nthree four"},
-                        Case{3, 2, 2, "^one two|\nthree four"}, Case{3, 2, 10, "^one two\nthree four|"}}) {
+  } cases[] = {{1, 5, 5, "one t|wo\nthree four"},   {1, 1, 6, "o^ne tw|o\nthree four"},
+               {1, 12, 2, "on|e two\nthre^e four"}, {2, 5, 5, "one ^two|\nthree four"},
+               {2, 5, 9, "one ^two\nthree| four"},  {2, 5, 1, "|one two^\nthree four"},
+               {3, 2, 2, "^one two|\nthree four"},  {3, 2, 10, "^one two\nthree four|"}};
+  for (const auto& c : cases) {
     ShowBox(Lines, "|" + text);
     const Point from = PointAt(c.from), to = PointAt(c.to);
     Drag(from, to, {.count = c.clicks});
