@@ -225,9 +225,6 @@ private:
       Toolkit::Canvas::SetTop(nodes[i], Centre + static_cast<float>(i / columns) * height - extent.height / 2);
     }
     panel.UpdateLayout();
-    for (Toolkit::UIElement* e = canvas; e; e = e->UIParent())
-      if (auto* view = Toolkit::DynamicCast<Tesselor::MainView>(e)) view->Connections().RefreshAll();
-    panel.UpdateLayout();
   }
 
   void ZoomTo(float zoom) {

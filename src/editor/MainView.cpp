@@ -40,6 +40,10 @@ void MainView::Describe(Toolkit::TypeBuilder<MainView>& type) {
   type.Handler<&MainView::OnClickCloseHotkeys>("OnClickCloseHotkeys", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&MainView::OnClickLoadWorkspace>("OnClickLoadWorkspace", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&MainView::OnClickCancelLoadWorkspace>("OnClickCancelLoadWorkspace", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&MainView::OnSelectionUp>("OnSelectionUp", NodeEditorCanvas::SelectionUpEvent);
+  type.Handler<&MainView::OnCutLineUp>("OnCutLineUp", NodeEditorCanvas::CutLineUpEvent);
+  type.Handler<&MainView::OnConnectionClicked>("OnConnectionClicked", Connection::ConnectionClickedEvent);
+  type.Handler<&MainView::OnNodePinMenu>("OnNodePinMenu", NodePinControl::NodePinMenuEvent);
   type.Handler<&MainView::OnSearchResultSelected>("OnSearchResultSelected", NodeSearchPanel::SearchResultSelectedEvent);
 }
 
@@ -51,7 +55,8 @@ MainView::MainView() {
   containerBorder = FindName<Toolkit::Border>("ContainerBorder");
   workspaceMenu = FindName<Toolkit::MenuItem>("WorkspaceMenu");
   TOOLKIT_ASSERT(nodeEditorCanvas && containerBorder && workspaceMenu);
-  connectionManager = std::make_unique<ConnectionManager>(nodeEditorCanvas);
+  graph = std::make_unique<Graph>(*nodeEditorCanvas->GetPanel());
+  gestures = std::make_unique<CanvasGestures>(*nodeEditorCanvas, *graph, GestureCallbacks());
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
   TOOLKIT_ASSERT(nodePanel && nodeSearchPanel);
@@ -71,7 +76,6 @@ MainView::MainView() {
 MainView::~MainView() {
   // Steps refer to nodes and connections, which go with the view.
   ActionHistory::Instance().Clear();
-  SetPendingPin(nullptr);
   ClearDocument();
 }
 

@@ -1,5 +1,7 @@
 #include "nodes/BaseNode.h"
 
+#include "toolkit/controls/Canvas.h"
+
 #include <string_view>
 
 namespace Tesselor {
@@ -21,6 +23,18 @@ BaseNode::BaseNode() : titleData(Toolkit::MakePtr<FieldTextData>()) {}
 
 void BaseNode::SetTitle(std::string_view title) {
   if (title != Title()) titleData->SetValue(Toolkit::SharedString(title));
+}
+
+Toolkit::Rect BaseNode::Bounds() const {
+  // A node that was never placed stands where canvases put it: at their corner.
+  const auto placed = [](float coordinate) { return Toolkit::IsAuto(coordinate) ? 0 : coordinate; };
+  const Toolkit::Size size = OwnSize();
+  return {placed(Toolkit::Canvas::GetLeft(this)), placed(Toolkit::Canvas::GetTop(this)), size.width, size.height};
+}
+
+Toolkit::Point BaseNode::Middle() const {
+  const Toolkit::Rect bounds = Bounds();
+  return {bounds.x + bounds.width * 0.5f, bounds.y + bounds.height * 0.5f};
 }
 
 void BaseNode::Node_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {

@@ -55,36 +55,32 @@ ResizeEdge FrameNode::HitTestEdge(const Toolkit::Border& border) const {
   return EdgeAt(Toolkit::Mouse::GetPosition(&border), border.RenderSize(), 2 * FrameBorder());
 }
 
-void FrameNode::Resize(ResizeEdge edge) {
-  const Toolkit::Point position = Toolkit::Mouse::GetPosition(UIParent());
-  if (lastMousePosition == Toolkit::Point{}) {
-    lastMousePosition = position;
-    return;
-  }
-  if (resizeStartSize == Toolkit::Size{}) resizeStartSize = {FrameWidth(), FrameHeight()};
-
+void FrameNode::Resize(const Toolkit::Rect& startBounds, ResizeEdge edge, Toolkit::Point moved) {
   const bool movesRight = edge == ResizeEdge::Right || edge == ResizeEdge::TopRight || edge == ResizeEdge::BottomRight;
   const bool movesLeft = edge == ResizeEdge::Left || edge == ResizeEdge::TopLeft || edge == ResizeEdge::BottomLeft;
   const bool movesTop = edge == ResizeEdge::Top || edge == ResizeEdge::TopLeft || edge == ResizeEdge::TopRight;
   const bool movesBottom =
       edge == ResizeEdge::Bottom || edge == ResizeEdge::BottomLeft || edge == ResizeEdge::BottomRight;
-  const Toolkit::Point last = lastMousePosition;
-  float dx = 0;
-  float dy = 0;
-  if (movesRight) dx = position.x - last.x;
+  Toolkit::Rect bounds = startBounds;
+  if (movesRight) bounds.width += moved.x;
+  if (movesBottom) bounds.height += moved.y;
   if (movesLeft) {
-    dx = last.x - position.x;
-    Toolkit::Canvas::SetLeft(this, Toolkit::Canvas::GetLeft(this) - dx);
+    bounds.x += moved.x;
+    bounds.width -= moved.x;
   }
   if (movesTop) {
-    dy = last.y - position.y;
-    Toolkit::Canvas::SetTop(this, Toolkit::Canvas::GetTop(this) - dy);
+    bounds.y += moved.y;
+    bounds.height -= moved.y;
   }
-  if (movesBottom) dy = position.y - last.y;
-  SetResizeWidth(FrameWidth() + dx);
-  SetResizeHeight(FrameHeight() + dy);
+  SetBounds(bounds);
+}
+
+void FrameNode::SetBounds(const Toolkit::Rect& bounds) {
+  Toolkit::Canvas::SetLeft(this, bounds.x);
+  Toolkit::Canvas::SetTop(this, bounds.y);
+  SetResizeWidth(bounds.width);
+  SetResizeHeight(bounds.height);
   RefreshZIndex();
-  lastMousePosition = position;
 }
 
 void FrameNode::SetZoom(float zoom) { SetValue(properties->borderThickness, BorderOnScreen / zoom); }

@@ -1,45 +1,60 @@
-#include "CapturedBoxes.h"
-#include "CapturedLog.h"
-#include "TemporaryDirectory.h"
-#include "ToolkitEnvironment.h"
-#include "app/ComponentRegistration.h"
-#include "document/NodeImporterExporter.h"
-#include "editor/MainView.h"
-#include "editor/NodeEditorCanvas.h"
-#include "nodes/CommentNode.h"
-#include "nodes/ContentNode.h"
-#include "nodes/GroupNode.h"
-#include "toolkit/controls/Canvas.h"
-#include "workspace/RootType.h"
+// Documents come into the window and go out of it.
+#include "WindowStage.h"
 
 #include <gtest/gtest.h>
 
 namespace Tesselor {
 namespace {
 
+using TestSupport::TemporaryDirectory;
+using TestSupport::WindowStage;
+
+const std::string samples = TESSELOR_DATA_DIR "/samples/";
+
 TEST(DocumentLifetime, LeavesNoObjectBehindWhenTheNextDocumentComes) {
-  TestSupport::ToolkitEnvironment::Start(&RegisterComponents);
-  const TestSupport::CurrentDirectoryScope scope(TESSELOR_DATA_DIR);
-  TestSupport::CapturedLog log;
-  TestSupport::CapturedBoxes boxes;
-  Toolkit::Ptr<MainView> view = Toolkit::MakePtr<MainView>();
-  view->SetClientSize({1280, 720});
-  view->ChangeRootType("Quest");
-  auto load = [&](const char* file) {
-    const bool loaded = NodeImporterExporter::ImportNodeTree(file, view->CurrentRoot()->workspace, view.Get());
-    EXPECT_TRUE(loaded) << file;
-    EXPECT_GT(view->ContentNodes().size(), 30u);
-    view->ClearDocument();
+  WindowStage window;
+  const auto load = [&](const char* sample) {
+    window.Open(samples + sample);
+    EXPECT_GT(window.View().ContentNodes().size(), 30u);
+    window.View().ClearDocument();
+    window.Settle();
     return Toolkit::Object::LiveCount();
   };
-  // The first load fills what is made once, such as compiled documents.
-  load("samples/quest_chain.json");
-  const size_t after = load("samples/quest.json");
-  load("samples/quest_chain.json");
-  EXPECT_EQ(load("samples/quest.json"), after);
-  EXPECT_TRUE(view->Connections().GetConnections().empty());
-  EXPECT_EQ(view->FindNodeById("5790f82e-c1d3-4cff-aa3a-f4d46b0a18e8"), nullptr);
-  view->DetachAsRoot();
+  // The first loads fill what is made once, such as compiled documents.
+  load("quest_chain.json");
+  const size_t after = load("quest.json");
+  load("quest_chain.json");
+  EXPECT_EQ(load("quest.json"), after);
+  EXPECT_TRUE(window.View().GetGraph().Connections().GetConnections().empty());
+  EXPECT_EQ(window.View().GetGraph().FindNodeById("5790f82e-c1d3-4cff-aa3a-f4d46b0a18e8"), nullptr);
+}
+
+TEST(DocumentLifetime, ExportsASampleAsItStands) {
+  for (const char* sample : {"quest", "dialogue", "character", "sound_bank"}) {
+    const WindowStage window(sample);
+    EXPECT_EQ(window.Exported(), TemporaryDirectory::Read(samples + sample + ".json")) << sample;
+  }
+}
+
+TEST(DocumentLifetime, SavesWhatIsTypedAndOpensItAgain) {
+  const TemporaryDirectory directory;
+  WindowStage window("quest");
+  ContentNode& node = window.Node("The nest");
+  window.LookAt(node);
+  auto& box = TestSupport::First<Toolkit::TextBox>(node);
+  window.TypeInto(box, "A text of its own");
+  const std::string changed = window.Exported();
+  EXPECT_NE(changed.find("A text of its own"), std::string::npos);
+  window.dialogs.path = directory / "other.name";
+  window.Chord({Toolkit::Key::LeftCtrl, Toolkit::Key::LeftShift, Toolkit::Key::S});
+  EXPECT_EQ(window.dialogs.filter, "json");
+  EXPECT_EQ(window.View().GetTitle(), "other");
+  EXPECT_EQ(TemporaryDirectory::Read(directory / "other.json"), changed);
+  window.Open(samples + "dialogue.json");
+  EXPECT_EQ(window.View().GetTitle(), "dialogue");
+  window.Open(directory / "other.json");
+  EXPECT_EQ(window.Exported(), changed);
+  EXPECT_EQ(window.boxes.Texts(), std::vector<std::string>());
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "editor/NodeEditorCanvas.h"
-#include "EditorStage.h"
+#include "EditorTest.h"
+#include "editor/gestures/CanvasGestures.h"
+#include "graph/Graph.h"
 #include "nodes/GroupNode.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/render/Brush.h"
@@ -10,7 +12,7 @@
 namespace {
 
 using Tesselor::NodeEditorCanvas;
-using TestSupport::EditorStage;
+using TestSupport::Stage;
 using Toolkit::Canvas;
 using Toolkit::Key;
 using Toolkit::MouseButton;
@@ -25,7 +27,7 @@ protected:
   }
 
   template <class Args> void Listen(const Toolkit::RoutedEvent& event, std::optional<Args>& last) {
-    stage.root->AddHandler(
+    stage.Root().AddHandler(
         event, Toolkit::RoutedEventHandler::From([&last](Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
           last.emplace(static_cast<const Args&>(args));
         }));
@@ -46,7 +48,9 @@ protected:
   }
 
   Toolkit::Ptr<NodeEditorCanvas> canvas;
-  EditorStage stage;
+  Stage stage;
+  Tesselor::Graph graph{*canvas->GetPanel()};
+  Tesselor::CanvasGestures gestures{*canvas, graph, {}};
   std::optional<Tesselor::SelectionUpEventArgs> selection;
   std::optional<Tesselor::ShowNodesMenuEventArgs> menu;
   std::optional<Tesselor::CutLineUpEventArgs> cut;
@@ -75,7 +79,7 @@ TEST_F(NodeEditorCanvasTest, ZoomsInStepsOfATenthAndRefusesAStepBeyondTheLimits)
                         {-40, 0.016423f},
                         {-60, 0.016423f}}) {
     canvas->ResetViewTo({750000, 750000});
-    for (int i = 0; i < std::abs(c.notches); ++i) stage.input->MouseWheel({500, 400}, c.notches > 0 ? 1.0f : -1.0f);
+    for (int i = 0; i < std::abs(c.notches); ++i) stage.Wheel({500, 400}, c.notches > 0 ? 1.0f : -1.0f);
     EXPECT_NEAR(canvas->GetZoom(), c.zoom, 1e-5) << c.notches;
     EXPECT_EQ(canvas->GetScaleTransform()->GetScaleX(), canvas->GetScaleTransform()->GetScaleY());
     EXPECT_NEAR(canvas->GetNodesMenu()->GetScaleTransform()->GetScaleY(), 1 / c.zoom, 1e-3) << c.notches;
@@ -83,11 +87,11 @@ TEST_F(NodeEditorCanvasTest, ZoomsInStepsOfATenthAndRefusesAStepBeyondTheLimits)
 }
 
 TEST_F(NodeEditorCanvasTest, ZoomsByWholeNotchesOfAFineWheel) {
-  for (const float part : {0.4f, 0.4f}) stage.input->MouseWheel({400, 300}, part);
+  for (const float part : {0.4f, 0.4f}) stage.Wheel({400, 300}, part);
   EXPECT_EQ(canvas->GetZoom(), 1);
-  stage.input->MouseWheel({400, 300}, 0.4f);
+  stage.Wheel({400, 300}, 0.4f);
   EXPECT_FLOAT_EQ(canvas->GetZoom(), 1.1f);
-  for (const float part : {-0.5f, -0.5f, -0.5f}) stage.input->MouseWheel({400, 300}, part);
+  for (const float part : {-0.5f, -0.5f, -0.5f}) stage.Wheel({400, 300}, part);
   EXPECT_FLOAT_EQ(canvas->GetZoom(), 0.99f);
 }
 
@@ -120,8 +124,8 @@ TEST_F(NodeEditorCanvasTest, PansToWhatTheFocusGoesTo) {
 
 TEST_F(NodeEditorCanvasTest, KeepsThePointUnderTheMouseWhileZooming) {
   const Point before = OnPanel({130, 640});
-  stage.input->MouseWheel({130, 640}, 1);
-  stage.input->MouseWheel({130, 640}, 1);
+  stage.Wheel({130, 640}, 1);
+  stage.Wheel({130, 640}, 1);
   const Point after = OnPanel({130, 640});
   // The panel's margin of one pixel is no part of the rule.
   EXPECT_NEAR(after.x, before.x, 0.5);
@@ -131,7 +135,7 @@ TEST_F(NodeEditorCanvasTest, KeepsThePointUnderTheMouseWhileZooming) {
 TEST_F(NodeEditorCanvasTest, TellsFramesTheZoom) {
   auto* group = Place(Toolkit::MakePtr<Tesselor::GroupNode>(), {600, 500});
   const float before = group->Get<float>(Tesselor::GroupNode::BorderThicknessProperty);
-  for (int i = 0; i < 3; ++i) stage.input->MouseWheel({100, 100}, -1);
+  for (int i = 0; i < 3; ++i) stage.Wheel({100, 100}, -1);
   const float zoomedOut = group->Get<float>(Tesselor::GroupNode::BorderThicknessProperty);
   EXPECT_GT(zoomedOut, before);
   canvas->ResetViewTo({750000, 750000});
@@ -156,7 +160,7 @@ TEST_F(NodeEditorCanvasTest, KeepsThePanelsEdgesOutsideTheView) {
 }
 
 TEST_F(NodeEditorCanvasTest, ResetsTheViewToAPoint) {
-  stage.input->MouseWheel({500, 400}, -1);
+  stage.Wheel({500, 400}, -1);
   canvas->ResetViewTo({740000, 760000});
   EXPECT_EQ(canvas->GetZoom(), 1);
   EXPECT_EQ(OnPanel({501, 401}), (Point{740000, 760000}));
@@ -176,7 +180,7 @@ TEST_F(NodeEditorCanvasTest, PansWithTheRightButtonAndOpensTheMenuOnAClick) {
     menu.reset();
     const Point before{canvas->GetTranslateTransform()->GetX(), canvas->GetTranslateTransform()->GetY()};
     canvas->GetNodesMenu()->SetNodesMenuVisibility(Toolkit::Visibility::Visible);
-    stage.Drag(MouseButton::Right, {100, 100}, c.to);
+    stage.Drag({100, 100}, c.to, {.button = MouseButton::Right});
     const Point after{canvas->GetTranslateTransform()->GetX(), canvas->GetTranslateTransform()->GetY()};
     EXPECT_EQ(after - before, c.moved) << c.what;
     EXPECT_EQ(menu.has_value(), c.isClick) << c.what;
@@ -198,14 +202,14 @@ TEST_F(NodeEditorCanvasTest, PansFromInsideAGroupButNotFromANode) {
   const float before = canvas->GetTranslateTransform()->GetX();
 
   Point middle = stage.MiddleOf(*other);
-  stage.Drag(MouseButton::Right, middle, middle + Point{30, 30});
+  stage.Drag(middle, middle + Point{30, 30}, {.button = MouseButton::Right});
   EXPECT_EQ(canvas->GetTranslateTransform()->GetX(), before);
   middle = stage.MiddleOf(*group);
-  stage.Drag(MouseButton::Right, middle, middle + Point{30, 30});
+  stage.Drag(middle, middle + Point{30, 30}, {.button = MouseButton::Right});
   EXPECT_EQ(canvas->GetTranslateTransform()->GetX(), before + 30);
   // The left button selects on the bare canvas only.
   middle = stage.MiddleOf(*group);
-  stage.Drag(MouseButton::Left, middle, middle + Point{30, 30});
+  stage.Drag(middle, middle + Point{30, 30});
   EXPECT_FALSE(selection);
 }
 
@@ -222,7 +226,7 @@ TEST_F(NodeEditorCanvasTest, DragsARectangleInEveryDirection) {
                         {{200, 200}, {0, 0, 1, 1}}}) {
     selection.reset();
     const Point start = OnPanel({200, 200});
-    stage.Drag(MouseButton::Left, {200, 200}, c.to);
+    stage.Drag({200, 200}, c.to);
     ASSERT_TRUE(selection);
     EXPECT_EQ((Toolkit::Rect{selection->x - start.x, selection->y - start.y, selection->width, selection->height}),
               c.rect);
@@ -234,20 +238,20 @@ TEST_F(NodeEditorCanvasTest, DragsARectangleInEveryDirection) {
 
 TEST_F(NodeEditorCanvasTest, ShowsTheRectangleAndTheLineWhereTheyAreDragged) {
   auto* rectangle = canvas->FindName<Toolkit::FrameworkElement>("SelectionRectangle");
-  stage.input->MouseDown(MouseButton::Left, {200, 200}, 1);
-  stage.input->MouseMove({320, 260});
+  stage.Press({200, 200});
+  stage.MoveTo({320, 260});
   EXPECT_EQ(Canvas::GetLeft(rectangle), OnPanel({200, 200}).x);
   EXPECT_EQ(rectangle->GetWidth(), 120);
   EXPECT_EQ(rectangle->GetHeight(), 60);
-  stage.input->MouseUp(MouseButton::Left, {320, 260});
+  stage.Release({320, 260});
 
-  stage.input->KeyDown(Key::LeftShift);
-  stage.input->MouseDown(MouseButton::Left, {200, 200}, 1);
-  stage.input->MouseMove({320, 260});
+  stage.KeyDown(Key::LeftShift);
+  stage.Press({200, 200});
+  stage.MoveTo({320, 260});
   auto* line = canvas->FindName<Toolkit::FrameworkElement>("CutLine");
   const auto* x2 = line->GetType().FindProperty(Toolkit::Symbol("X2"));
   EXPECT_EQ(line->Get<float>(x2), OnPanel({320, 260}).x);
-  stage.input->MouseUp(MouseButton::Left, {320, 260});
+  stage.Release({320, 260});
   EXPECT_EQ(line->Get<float>(x2), 0);
 }
 
@@ -264,13 +268,13 @@ TEST_F(NodeEditorCanvasTest, CutsWithShiftAndTellsWhetherCtrlWasHeld) {
                         {Key::LeftShift, Key::LeftCtrl, {203, 204}, false}}) {
     cut.reset();
     const Point start = OnPanel({200, 200}), end = OnPanel(c.to);
-    stage.input->KeyDown(c.shift);
-    stage.input->MouseDown(MouseButton::Left, {200, 200}, 1);
-    stage.input->KeyUp(c.shift);
-    stage.input->MouseMove(c.to);
-    if (c.ctrl) stage.input->KeyDown(*c.ctrl);
-    stage.input->MouseUp(MouseButton::Left, c.to);
-    if (c.ctrl) stage.input->KeyUp(*c.ctrl);
+    stage.KeyDown(c.shift);
+    stage.Press({200, 200});
+    stage.KeyUp(c.shift);
+    stage.MoveTo(c.to);
+    if (c.ctrl) stage.KeyDown(*c.ctrl);
+    stage.Release(c.to);
+    if (c.ctrl) stage.KeyUp(*c.ctrl);
     ASSERT_EQ(cut.has_value(), c.raises);
     EXPECT_FALSE(selection);
     EXPECT_EQ(canvas->GetCutLine()->GetX1(), 0);
@@ -289,7 +293,7 @@ TEST_F(NodeEditorCanvasTest, KeepsTheMenuTenPixelsInsideTheView) {
   stage.Settle();
   for (const int notches : {0, 3, -12}) {
     canvas->ResetViewTo({750000, 750000});
-    for (int i = 0; i < std::abs(notches); ++i) stage.input->MouseWheel({900, 700}, notches > 0 ? 1.0f : -1.0f);
+    for (int i = 0; i < std::abs(notches); ++i) stage.Wheel({900, 700}, notches > 0 ? 1.0f : -1.0f);
     for (const Point wanted : {Point{-50, -50}, {300, 200}, {990, 790}, {20, 795}}) {
       const Point at = canvas->ClampMenuPosition(OnPanel(wanted));
       Canvas::SetLeft(&nodesMenu, at.x);
@@ -302,8 +306,8 @@ TEST_F(NodeEditorCanvasTest, KeepsTheMenuTenPixelsInsideTheView) {
       // The panel's margin of one pixel is no part of the rule.
       EXPECT_GE(corner.x, 9.9f);
       EXPECT_GE(corner.y, 9.9f);
-      EXPECT_LE(end.x, EditorStage::Width - 8.5f);
-      EXPECT_LE(end.y, EditorStage::Height - 8.5f);
+      EXPECT_LE(end.x, Stage::DefaultSize.width - 8.5f);
+      EXPECT_LE(end.y, Stage::DefaultSize.height - 8.5f);
       if (wanted == Point{300, 200}) {
         EXPECT_NEAR(corner.x, 300, 0.5) << "a place that fits is kept";
         EXPECT_NEAR(corner.y, 200, 0.5);

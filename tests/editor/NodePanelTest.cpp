@@ -1,5 +1,5 @@
 #include "editor/NodePanel.h"
-#include "EditorStage.h"
+#include "EditorTest.h"
 #include "editor/PanelBaseField.h"
 #include "fields/FieldList.h"
 #include "nodes/ContentNode.h"
@@ -37,7 +37,7 @@ protected:
 
   std::shared_ptr<Tesselor::Workspace> workspace;
   Ptr<NodePanel> panel;
-  TestSupport::EditorStage stage;
+  TestSupport::Stage stage;
   Ptr<Tesselor::ContentNode> node;
 };
 
@@ -93,8 +93,8 @@ TEST_F(NodePanelTest, SharesTextAndRowsWithTheNodesFields) {
   EXPECT_EQ(box->GetText(), "hello");
   stage.Click(*box);
   box->SelectAll();
-  stage.input->TextInput("changed");
-  stage.input->SetFocus(nullptr);
+  stage.Type("changed");
+  stage.Focus(nullptr);
   EXPECT_EQ(node->contentFields.at("Text")->GetValueAsString(), "changed");
 
   auto* list = static_cast<Tesselor::FieldList*>(node->contentFields.at("List").Get());

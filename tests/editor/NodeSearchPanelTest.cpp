@@ -1,5 +1,5 @@
 #include "editor/NodeSearchPanel.h"
-#include "EditorStage.h"
+#include "EditorTest.h"
 #include "editor/CaseInsensitiveText.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/ButtonBase.h"
@@ -60,7 +60,7 @@ protected:
   std::shared_ptr<Tesselor::Workspace> workspace;
   NodeSearchPanel::Snapshot snapshot;
   Ptr<NodeSearchPanel> panel;
-  TestSupport::EditorStage stage;
+  TestSupport::Stage stage;
 };
 
 TEST(CaseInsensitiveText, IgnoresTheCaseOfAsciiLettersOnly) {
@@ -134,7 +134,7 @@ TEST_F(NodeSearchPanelTest, SearchesAfterAPauseInTyping) {
   stage.Settle();
   auto* box = panel->FindName<Toolkit::TextBox>("SearchTextBox");
   ASSERT_TRUE(box->IsFocused());
-  stage.input->TextInput("pea");
+  stage.Type("pea");
   stage.Wait(99);
   EXPECT_EQ(Listed().size(), 2u);
   stage.Wait(1);
@@ -180,7 +180,7 @@ TEST_F(NodeSearchPanelTest, SelectsTheClickedResultAlone) {
   EXPECT_EQ(panel->GetSelectedResult(), second);
   EXPECT_EQ(color(0), Toolkit::Color::FromBytes(0x3D, 0x43, 0x47));
   EXPECT_EQ(color(1), Toolkit::Color::FromBytes(0x4A, 0x7A, 0x9F)) << "selected wins over the mouse above it";
-  stage.input->MouseMove(stage.MiddleOf(*row(0)));
+  stage.MoveTo(stage.MiddleOf(*row(0)));
   EXPECT_EQ(color(0), Toolkit::Color::FromBytes(0x4A, 0x51, 0x58));
 
   std::vector<std::string> texts;

@@ -1,5 +1,5 @@
 #include "editor/NodesMenu.h"
-#include "EditorStage.h"
+#include "EditorTest.h"
 #include "editor/CreateNodeButton.h"
 #include "editor/NodeCategoryHeader.h"
 #include "toolkit/controls/ButtonBase.h"
@@ -74,7 +74,7 @@ protected:
   std::shared_ptr<Tesselor::Workspace> workspace;
   Toolkit::Ptr<NodesMenu> menu;
   Toolkit::Ptr<Toolkit::Canvas> panel;
-  std::optional<TestSupport::EditorStage> stage;
+  std::optional<TestSupport::Stage> stage;
 };
 
 const char* const Everything =
@@ -135,7 +135,7 @@ TEST_F(NodesMenuTest, FiltersWhileTyping) {
   stage->Settle();
   EXPECT_TRUE(menu->GetSearchTextBox()->IsFocused());
   menu->ApplyFilter({"", DroppedPinSide::Output, Pin("Line", false)});
-  stage->input->TextInput("choi");
+  stage->Type("choi");
   EXPECT_EQ(menu->GetSearchText(), "choi");
   EXPECT_EQ(Listed(), "Dialogue+ Choice; Options+ Choice; ");
   // Clearing the text keeps the filter by the pin.
@@ -166,7 +166,7 @@ TEST_F(NodesMenuTest, MakesItsRowsOnlyToShowThem) {
 TEST_F(NodesMenuTest, RaisesAnEventForEachButton) {
   std::vector<std::string> raised;
   const auto note = [&](const Toolkit::RoutedEvent& event) {
-    stage->root->AddHandler(
+    stage->Root().AddHandler(
         event, Toolkit::RoutedEventHandler::From([&raised](Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
           const auto* node = dynamic_cast<const Tesselor::CreateNodeEventArgs*>(&args);
           raised.push_back(args.event->name.Text() + (node ? " " + node->nodeId : ""));

@@ -1,5 +1,5 @@
 // Editing by real input: what the boxes make of it and which undo steps come of it.
-#include "FieldEnvironment.h"
+#include "FieldStage.h"
 
 #include "fields/FieldCheckbox.h"
 #include "fields/FieldFloat.h"
@@ -46,7 +46,7 @@ TEST_F(FieldEditing, FiltersWhatIsTypedIntoNumberBoxes) {
   for (const auto& c : cases) {
     const auto field = MakeField(c.type, c.options);
     FieldStage stage(*field);
-    stage.Type(stage.First<TextBox>(), c.typed);
+    stage.Type(c.typed);
     EXPECT_EQ(stage.First<TextBox>()->GetText(), c.text) << c.type << " " << c.typed;
     EXPECT_EQ(field->GetValueAsString(), c.text) << c.type << " " << c.typed;
     EXPECT_EQ(Saved(*field), c.saved) << c.type << " " << c.typed;
@@ -68,7 +68,7 @@ TEST_F(FieldEditing, WritesZeroForATextThatIsNoNumber) {
   for (const auto& c : cases) {
     const auto field = MakeField(c.type, R"({"Default":0})");
     FieldStage stage(*field);
-    stage.Type(stage.First<TextBox>(), c.typed);
+    stage.Type(c.typed);
     EXPECT_FALSE(field->IsDefault()) << c.typed;
     boxes.boxes.clear();
     EXPECT_EQ(Saved(*field), R"({"K":0})") << c.typed;
@@ -84,23 +84,23 @@ TEST_F(FieldEditing, MakesOneStepPerStayOfTheFocus) {
     FieldStage stage(*field);
     const std::string first = field->GetValueAsString();
     auto* box = stage.First<TextBox>();
-    stage.Type(box, "1");
-    stage.Type(box, "12");
+    stage.Type("1");
+    stage.Type("12");
     EXPECT_EQ(stage.History().Size(), 0u) << type;
     stage.FocusElsewhere();
     EXPECT_EQ(stage.History().Size(), 1u) << type;
-    stage.Type(box, "3");
-    stage.Type(box, "12");
+    stage.Type("3");
+    stage.Type("12");
     stage.FocusElsewhere();
     EXPECT_EQ(stage.History().Size(), 1u) << type << ": the text came back";
-    stage.Type(box, "5");
+    stage.Type("5");
     stage.FocusElsewhere();
-    stage.History().UndoLast();
+    stage.Undo();
     EXPECT_EQ(box->GetText(), "12") << type;
-    stage.History().UndoLast();
+    stage.Undo();
     EXPECT_EQ(box->GetText(), first) << type;
-    stage.History().RedoLast();
-    stage.History().RedoLast();
+    stage.Redo();
+    stage.Redo();
     EXPECT_EQ(field->GetValueAsString(), "5") << type;
   }
 }
@@ -109,7 +109,7 @@ TEST_F(FieldEditing, TakesAChangeByCodeAsTheNewStartingValue) {
   const auto field = Make<FieldInt>("Int");
   FieldStage stage(*field);
   Load(*field, R"({"K":7})");
-  stage.input->SetFocus(stage.First<TextBox>());
+  stage.Focus(stage.First<TextBox>());
   stage.FocusElsewhere();
   EXPECT_EQ(stage.History().Size(), 0u);
 }
@@ -118,13 +118,13 @@ TEST_F(FieldEditing, KeepsAStepAliveWithoutItsField) {
   auto field = Make<FieldInt>("Int");
   const Toolkit::Ptr<Tesselor::FieldTextData> carrier(field->GetFieldTextData());
   FieldStage* stage = new FieldStage(*field);
-  stage->Type(stage->First<TextBox>(), "5");
+  stage->Type("5");
   stage->FocusElsewhere();
-  stage->root->RemoveChild(field.Get());
+  stage->column->RemoveChild(field.Get());
   const Toolkit::WeakPtr<FieldInt> gone(field);
   field.Reset();
   EXPECT_FALSE(gone);
-  stage->History().UndoLast();
+  stage->Undo();
   EXPECT_EQ(carrier->GetValue(), "0");
   delete stage;
 }
@@ -137,14 +137,14 @@ TEST_F(FieldEditing, MakesOneStepPerClickOnACheckBox) {
   EXPECT_EQ(field->GetValueAsString(), "true");
   stage.Click(box);
   EXPECT_EQ(stage.History().Size(), 2u);
-  stage.History().UndoLast();
+  stage.Undo();
   EXPECT_TRUE(box->IsChecked());
   // A redo sets what was recorded, whatever came between.
   static_cast<Tesselor::FieldCheckbox&>(*field).GetFieldCheckboxData()->SetValue(false);
-  stage.History().RedoLast();
+  stage.Redo();
   EXPECT_FALSE(box->IsChecked());
-  stage.History().UndoLast();
-  stage.History().UndoLast();
+  stage.Undo();
+  stage.Undo();
   EXPECT_EQ(field->GetValueAsString(), "false");
 }
 
@@ -154,17 +154,17 @@ TEST_F(FieldEditing, MakesOneStepPerStayOnASlider) {
   auto* slider = stage.First<Toolkit::Slider>();
   stage.Click(slider);
   EXPECT_EQ(field->GetValueAsString(), "50");
-  stage.input->KeyDown(Toolkit::Key::PageUp);
+  stage.Press(Toolkit::Key::PageUp);
   EXPECT_EQ(field->GetValueAsString(), "60");
   EXPECT_EQ(All<Toolkit::TextBox>(field.Get()).size(), 0u);
   stage.FocusElsewhere();
   EXPECT_EQ(stage.History().Size(), 1u);
-  stage.input->SetFocus(slider);
-  stage.input->KeyDown(Toolkit::Key::PageUp);
-  stage.input->KeyDown(Toolkit::Key::PageDown);
+  stage.Focus(slider);
+  stage.Press(Toolkit::Key::PageUp);
+  stage.Press(Toolkit::Key::PageDown);
   stage.FocusElsewhere();
   EXPECT_EQ(stage.History().Size(), 1u);
-  stage.History().UndoLast();
+  stage.Undo();
   EXPECT_EQ(field->GetValueAsString(), "0");
   EXPECT_EQ(slider->GetValueNumber(), 0);
 }
@@ -212,7 +212,7 @@ TEST_F(FieldEditing, MakesNamesAndUuidsByButton) {
   EXPECT_EQ(field->GetValueAsString(), "Own_inline");
   EXPECT_EQ(owner.name, "Own");
   EXPECT_EQ(stage.History().Size(), 0u) << "the buttons make no steps";
-  stage.Type(stage.First<TextBox>(), "Given");
+  stage.Type("Given");
   stage.FocusElsewhere();
   EXPECT_EQ(owner.name, "Given");
 }
@@ -226,7 +226,7 @@ TEST_F(FieldEditing, HidesTheButtonsThatTheSchemaDoesNotAskFor) {
   FieldStage stage(*field);
   for (const Button* button : All<Button>(field.Get()))
     EXPECT_EQ(button->GetVisibility(), Toolkit::Visibility::Collapsed);
-  stage.Type(stage.First<TextBox>(), "Given");
+  stage.Type("Given");
   stage.FocusElsewhere();
   EXPECT_EQ(owner.name, "Own");
 }
@@ -251,7 +251,7 @@ TEST_F(FieldEditing, SavesTheLastJsonThatWasValid) {
   FieldStage stage(*field);
   for (const auto& step : steps) {
     boxes.boxes.clear();
-    stage.Type(stage.First<TextBox>(), step.typed);
+    stage.Type(step.typed);
     EXPECT_EQ(Saved(*field), step.saved) << step.step;
     EXPECT_EQ(field->GetValueAsString(), step.typed) << step.step;
     const std::vector<std::string> box = {
@@ -265,23 +265,23 @@ TEST_F(FieldEditing, RemembersValidJsonBetweenSaves) {
   FieldStage stage(*field);
   EXPECT_EQ(Saved(*field), "{\"K\":{\n    \n}}") << "a default that is no JSON";
   Load(*field, R"({"K":[1]})");
-  stage.Type(stage.First<TextBox>(), "nope");
+  stage.Type("nope");
   EXPECT_EQ(Saved(*field), R"({"K":[1]})");
-  stage.Type(stage.First<TextBox>(), "[2]");
+  stage.Type("[2]");
   stage.FocusElsewhere();
-  stage.Type(stage.First<TextBox>(), "nope");
+  stage.Type("nope");
   EXPECT_EQ(Saved(*field), R"({"K":[2]})") << "the end of an editing session";
-  stage.Type(stage.First<TextBox>(), "[3]");
+  stage.Type("[3]");
   stage.FocusElsewhere();
-  stage.History().UndoLast();
-  stage.History().UndoLast();
+  stage.Undo();
+  stage.Undo();
   EXPECT_EQ(field->GetValueAsString(), "[1]");
-  stage.Type(stage.First<TextBox>(), "nope");
+  stage.Type("nope");
   EXPECT_EQ(Saved(*field), R"({"K":[1]})") << "what was undone to";
   stage.FocusElsewhere();
-  stage.Type(stage.First<TextBox>(), "[4]");
+  stage.Type("[4]");
   stage.FocusElsewhere();
-  stage.History().UndoLast();
+  stage.Undo();
   EXPECT_EQ(field->GetValueAsString(), "nope");
   EXPECT_EQ(Saved(*field), R"({"K":[4]})") << "an undo without the focus";
 }

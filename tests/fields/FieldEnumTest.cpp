@@ -1,4 +1,4 @@
-#include "FieldEnvironment.h"
+#include "FieldStage.h"
 
 #include "fields/FieldEnumFilterable.h"
 #include "toolkit/controls/ComboBox.h"
@@ -63,7 +63,7 @@ TEST_F(FieldEnums, NarrowTheListToWhatIsTyped) {
   FieldStage stage(*field);
   auto* search = stage.First<Toolkit::TextBox>();
   auto* combo = stage.First<Toolkit::ComboBox>();
-  stage.Type(search, "rE");
+  stage.Type("rE");
   stage.Wait(199);
   EXPECT_EQ(Offered(*field), "Red green Blue Dark Red") << "the search waits until typing pauses";
   EXPECT_FALSE(combo->IsDropDownOpen());
@@ -73,7 +73,7 @@ TEST_F(FieldEnums, NarrowTheListToWhatIsTyped) {
   EXPECT_TRUE(combo->IsDropDownOpen());
   EXPECT_EQ(field->GetValueAsString(), "Blue");
   EXPECT_EQ(combo->GetSelectedIndex(), 0);
-  stage.Type(search, "RED");
+  stage.Type("RED");
   stage.Wait(201);
   EXPECT_EQ(Offered(*field), "Blue Red Dark Red");
   // A choice empties the search, and the list comes back with the chosen option in front.
@@ -87,12 +87,11 @@ TEST_F(FieldEnums, NarrowTheListToWhatIsTyped) {
 TEST_F(FieldEnums, LeaveOnlyTheSelectionWhereNothingMatches) {
   const auto field = Make<FieldEnumFilterable>("EnumFilterable", R"({"Values":["A","B"]})");
   FieldStage stage(*field);
-  auto* search = stage.First<Toolkit::TextBox>();
-  stage.Type(search, "longer than each");
+  stage.Type("longer than each");
   stage.Wait(201);
   EXPECT_EQ(Offered(*field), "");
   EXPECT_TRUE(boxes.boxes.empty());
-  stage.Type(search, "");
+  stage.Type("");
   stage.Wait(201);
   EXPECT_EQ(Offered(*field), "A B");
 }

@@ -1,12 +1,12 @@
 // Lists and dictionaries: their rows, buttons and undo, and the fields that choose files.
-#include "FieldEnvironment.h"
+#include "FieldStage.h"
 
+#include "ChosenFile.h"
 #include "TemporaryDirectory.h"
 #include "fields/AssetIdReader.h"
 #include "fields/FieldDictionary.h"
 #include "fields/FieldFilePath.h"
 #include "fields/FieldList.h"
-#include "platform/FileDialogs.h"
 #include "toolkit/controls/ButtonBase.h"
 
 namespace {
@@ -64,12 +64,11 @@ TEST_F(FieldRows, AddRemoveAndMoveByButtonWithOneStepEach) {
   EXPECT_EQ(MoveButtons(*field->GetList()), ".d ud u. ");
   EXPECT_EQ(stage.History().Size(), 4u);
   for (const char* text : {"c b", "c a b", "a c b", "a b c"}) {
-    stage.History().UndoLast();
-    stage.Settle();
+    stage.Undo();
     EXPECT_EQ(field->GetValueAsString(), text);
   }
   EXPECT_EQ(MoveButtons(*field->GetList()), ".d ud u. ");
-  for (int i = 0; i < 4; ++i) stage.History().RedoLast();
+  for (int i = 0; i < 4; ++i) stage.Redo();
   EXPECT_EQ(Saved(*field), R"({"K":["c","b",""]})");
 }
 
@@ -77,16 +76,15 @@ TEST_F(FieldRows, MakeOneStepOfTheEditsInARow) {
   const auto field = Make<FieldList>("List");
   Load(*field, R"({"K":["a"]})");
   FieldStage stage(*field);
-  stage.Type(BoxOf(*field, 0), "x");
-  stage.Type(BoxOf(*field, 0), "xy");
+  stage.Type("x");
+  stage.Type("xy");
   EXPECT_EQ(field->GetValueAsString(), "xy");
   stage.FocusElsewhere();
   EXPECT_EQ(stage.History().Size(), 1u);
-  stage.input->SetFocus(BoxOf(*field, 0));
+  stage.Focus(BoxOf(*field, 0));
   stage.FocusElsewhere();
   EXPECT_EQ(stage.History().Size(), 1u);
-  stage.History().UndoLast();
-  stage.Settle();
+  stage.Undo();
   EXPECT_EQ(BoxOf(*field, 0)->GetText(), "a");
   EXPECT_EQ(MoveButtons(*field->GetList()), ".. ");
 }
@@ -108,7 +106,7 @@ TEST_F(FieldRows, TellEachRowThatDoesNotConvert) {
     const auto field = Make<FieldList>(c.type, c.options);
     Load(*field, R"({"K":[7,0]})");
     FieldStage stage(*field);
-    stage.Type(BoxOf(*field, 0), c.typed);
+    stage.Type(c.typed);
     boxes.boxes.clear();
     EXPECT_EQ(Saved(*field), c.saved);
     EXPECT_EQ(boxes.Texts(), *c.box ? std::vector<std::string>{c.box} : std::vector<std::string>()) << c.typed;
@@ -172,38 +170,20 @@ TEST_F(FieldRows, CompareDictionariesByKeyAndNotByOrder) {
   EXPECT_EQ(stage.History().Size(), 0u) << "a move is no step";
   stage.Click(AddButton(*field));
   EXPECT_EQ(stage.History().Size(), 1u);
-  stage.Type(BoxOf(*field, 6), "Z");
+  stage.Type("Z", 6);
   stage.FocusElsewhere();
   EXPECT_EQ(stage.History().Size(), 2u);
-  stage.Type(BoxOf(*field, 5), "4");
+  stage.Type("4", 5);
   stage.FocusElsewhere();
   EXPECT_EQ(stage.History().Size(), 2u) << "the second row of a key is not looked at";
-  stage.History().UndoLast();
+  stage.Undo();
   EXPECT_EQ(field->GetValueAsString(), "  a 2 b 1");
-  stage.History().UndoLast();
+  stage.Undo();
   EXPECT_EQ(field->GetValueAsString(), "a 2 b 1");
-  stage.History().RedoLast();
-  stage.History().RedoLast();
+  stage.Redo();
+  stage.Redo();
   EXPECT_EQ(field->GetValueAsString(), "Z  a 2 b 1");
 }
-
-/// Answers file dialogs with a path.
-class ChosenFile final : public Tesselor::FileDialogBackend {
-public:
-  explicit ChosenFile(std::optional<std::string> path) : path(std::move(path)) {
-    former = Tesselor::FileDialogs::SetBackend(this);
-  }
-  ~ChosenFile() override { Tesselor::FileDialogs::SetBackend(former); }
-  std::optional<std::string> Open(const std::string& filter) override {
-    EXPECT_EQ(filter, "");
-    return path;
-  }
-  std::optional<std::string> Save(const std::string&) override { return {}; }
-
-private:
-  std::optional<std::string> path;
-  Tesselor::FileDialogBackend* former;
-};
 
 TEST_F(FieldRows, TakeTheIdOfAChosenFileIntoUuidRows) {
   TemporaryDirectory directory;
@@ -219,12 +199,11 @@ TEST_F(FieldRows, TakeTheIdOfAChosenFileIntoUuidRows) {
     const std::string shown = type == std::string("List") ? "the-id" : " the-id";
     EXPECT_EQ(field->GetValueAsString(), shown);
     stage.Click(AddButton(*field));
-    stage.History().UndoLast();
+    stage.Undo();
     EXPECT_EQ(field->GetValueAsString(), type == std::string("List") ? "" : " ");
     stage.Settle();
     EXPECT_EQ(ButtonOf(*field, 0, Folder)->GetVisibility(), Visibility::Visible) << "a row that undo made";
-    stage.History().RedoLast();
-    stage.Settle();
+    stage.Redo();
     EXPECT_EQ(ButtonOf(*field, 0, Folder)->GetVisibility(), Visibility::Visible) << "a row that redo made";
     ChosenFile chosen(directory.Write("other.json", R"({"Id":"other-id"})"));
     stage.Click(ButtonOf(*field, 0, Folder));
@@ -266,19 +245,19 @@ TEST_F(FieldRows, UndoTheNameOfAChosenFileAlone) {
   Load(*field, R"({"K":"old-id","$K_FileName":"old"})");
   FieldStage stage(*field);
   {
-    ChosenFile cancelled({});
+    ChosenFile cancelled;
     stage.Click(stage.First<Button>());
   }
   EXPECT_EQ(stage.History().Size(), 0u);
   ChosenFile chosen(directory.Write("new.json", R"({"Id":"new-id"})"));
   stage.Click(stage.First<Button>());
   EXPECT_EQ(Saved(*field), R"({"K":"new-id","$K_FileName":"new"})");
-  stage.History().UndoLast();
+  stage.Undo();
   EXPECT_EQ(Saved(*field), R"({"K":"new-id","$K_FileName":"old"})");
-  stage.History().RedoLast();
-  stage.Type(stage.First<TextBox>(), "typed");
+  stage.Redo();
+  stage.Type("typed");
   stage.FocusElsewhere();
-  stage.History().UndoLast();
+  stage.Undo();
   EXPECT_EQ(Saved(*field), R"({"K":"new-id","$K_FileName":"new"})");
 }
 
@@ -308,8 +287,8 @@ TEST_F(FieldRows, FindTheirOwnRowsInsideAnObject) {
   const auto object = MakeField("Object", R"({"Fields":[{"Id":"L","Type":"List"},{"Id":"D","Type":"Dictionary"}]})");
   Load(*object, R"({"K":{"L":["a"],"D":{"k":"v"}}})");
   FieldStage stage(*object);
-  stage.Type(BoxOf(*object, 0), "x");
-  stage.Type(BoxOf(*object, 2), "y");
+  stage.Type("x");
+  stage.Type("y", 2);
   stage.FocusElsewhere();
   EXPECT_EQ(Saved(*object), R"({"K":{"L":["x"],"D":{"k":"y"}}})");
   EXPECT_EQ(stage.History().Size(), 2u);

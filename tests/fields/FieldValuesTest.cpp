@@ -1,5 +1,5 @@
 // What each kind of field reads, shows and writes.
-#include "FieldEnvironment.h"
+#include "FieldStage.h"
 
 #include "fields/FieldLabel.h"
 #include "fields/FieldObject.h"
@@ -332,7 +332,7 @@ TEST_F(FieldValues, RoundTripAnyTextThroughTheirBoxes) {
       // A stay of the focus without typing changes nothing.
       for (auto* box : All<Toolkit::TextBox>(field.Get())) {
         if (box->GetVisibility() != Toolkit::Visibility::Visible) continue;
-        stage.input->SetFocus(box);
+        stage.Focus(box);
         stage.FocusElsewhere();
       }
       EXPECT_EQ(Saved(*field) == c.json, true);
@@ -356,15 +356,15 @@ TEST_F(FieldValues, TakeAnyTypedTextUnchanged) {
       const std::string before = Saved(*field);
       FieldStage stage(*field);
       const size_t count = All<Toolkit::TextBox>(field.Get()).size();
-      for (size_t i = 0; i < count; ++i) stage.Type(All<Toolkit::TextBox>(field.Get())[i], text);
+      for (size_t i = 0; i < count; ++i) stage.Type(text, i);
       stage.FocusElsewhere();
       const std::string json = type == std::string("List")         ? "{\"K\":[" + quoted + "]}"
                                : type == std::string("Dictionary") ? "{\"K\":{" + quoted + ":" + quoted + "}}"
                                                                    : "{\"K\":" + quoted + "}";
       EXPECT_EQ(Saved(*field) == json, true) << Saved(*field).substr(0, 100);
-      while (stage.History().UndoneCount() < stage.History().Size()) stage.History().UndoLast();
+      while (stage.History().UndoneCount() < stage.History().Size()) stage.Undo();
       EXPECT_EQ(Saved(*field), before);
-      while (stage.History().UndoneCount() > 0) stage.History().RedoLast();
+      while (stage.History().UndoneCount() > 0) stage.Redo();
       EXPECT_EQ(Saved(*field) == json, true) << "redone";
     }
   }

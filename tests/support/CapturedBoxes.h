@@ -8,14 +8,14 @@
 
 namespace TestSupport {
 
-/// Takes the place of the screen for message boxes: keeps every request and answers it at once.
+/// Takes the place of the screen for message boxes: keeps every request and answers it at once with `answer`.
 class CapturedBoxes {
 public:
-  explicit CapturedBoxes(Toolkit::MessageBoxResult answer = Toolkit::MessageBoxResult::OK) {
-    former = Toolkit::MessageBox::SetPresenter([this, answer](Toolkit::MessageBox::Request request) {
+  explicit CapturedBoxes(Toolkit::MessageBoxResult answer = Toolkit::MessageBoxResult::OK) : answer(answer) {
+    former = Toolkit::MessageBox::SetPresenter([this](Toolkit::MessageBox::Request request) {
       const auto callback = request.callback;
       boxes.push_back(std::move(request));
-      if (callback) callback(answer);
+      if (callback) callback(this->answer);
     });
   }
   ~CapturedBoxes() { Toolkit::MessageBox::SetPresenter(std::move(former)); }
@@ -29,6 +29,7 @@ public:
     return texts;
   }
 
+  Toolkit::MessageBoxResult answer;
   std::vector<Toolkit::MessageBox::Request> boxes;
 
 private:

@@ -1,5 +1,6 @@
 #include "toolkit/visual/Animation.h"
-#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/MarkupTest.h"
+#include "toolkit/base/Dispatcher.h"
 #include "toolkit/controls/Panel.h"
 
 #include <limits>
@@ -36,23 +37,12 @@ TEST(DoubleAnimation, MovesThereAndBackAndRestsAtItsEnd) {
   }
 }
 
-class AnimationTest : public MarkupTest {
+class AnimationTest : public StageTest {
 protected:
-  void SetUp() override {
-    MarkupTest::SetUp();
-    Dispatcher::Current().SetClock([this] { return now; });
-  }
-  void TearDown() override {
-    Dispatcher::Current().Clear();
-    Dispatcher::Current().SetClock({});
-    MarkupTest::TearDown();
-  }
   float OpacityAfter(const UIElement& element, double milliseconds) {
-    now += milliseconds;
-    Dispatcher::Current().RunDue();
+    Wait(milliseconds);
     return element.Get<float>(UIElement::OpacityProperty);
   }
-  double now = 1000;
 };
 
 constexpr const char* Pulsing = R"(>
@@ -81,11 +71,12 @@ TEST_F(AnimationTest, RunsWhileItsTriggerHoldsInAWindow) {
   border.SetValue(FrameworkElement::TagProperty, Value("on"));
   border.ApplyThemeStyle();
   EXPECT_FALSE(Dispatcher::Current().HasWork()) << "runs outside of a window";
-  grid->AttachAsRoot();
+  Put(*grid);
   EXPECT_FLOAT_EQ(OpacityAfter(border, 0), 0.5f);
-  EXPECT_FLOAT_EQ(OpacityAfter(border, 50), 0.75f);
-  EXPECT_FLOAT_EQ(OpacityAfter(border, 100), 0.75f);
-  EXPECT_FLOAT_EQ(OpacityAfter(border, 40), 0.55f);
+  // At the third, the ninth and the eleventh frame.
+  EXPECT_NEAR(OpacityAfter(border, 51), 0.75f, 1e-3);
+  EXPECT_NEAR(OpacityAfter(border, 100), 0.75f, 1e-3);
+  EXPECT_NEAR(OpacityAfter(border, 33), 0.5833f, 1e-3);
 
   grid->DetachAsRoot();
   EXPECT_FALSE(Dispatcher::Current().HasWork()) << "goes on outside of a window";
@@ -96,8 +87,6 @@ TEST_F(AnimationTest, RunsWhileItsTriggerHoldsInAWindow) {
   border.SetValue(FrameworkElement::TagProperty, Value("off"));
   EXPECT_FALSE(Dispatcher::Current().HasWork()) << "goes on without its trigger";
   EXPECT_FLOAT_EQ(OpacityAfter(border, 0), 0.9f);
-  border.SetValue(FrameworkElement::TagProperty, Value("on"));
-  grid->DetachAsRoot();
 }
 
 TEST_F(AnimationTest, ReportsWhatIsNoNumberOrNoDuration) {
@@ -107,15 +96,14 @@ TEST_F(AnimationTest, ReportsWhatIsNoNumberOrNoDuration) {
            {R"(TargetProperty="Opacity" From="0" To="1" Duration="1 s")", "'1 s' is no duration"},
            {R"(TargetProperty="Opacity" From="0" To="1" Duration="0:0:0")", "'0:0:0' is no duration"},
            {R"(TargetProperty="Opacity" From="0" To="1" Duration="0:0:1e400")", "'0:0:1e400' is no duration"}}) {
-    Reports().clear();
     Make<Panel>("Grid", std::string(R"(>
       <Grid.Resources><Style x:Key="S" TargetType="Border"><Style.Triggers><Trigger Property="Tag" Value="on">
         <Trigger.EnterActions><BeginStoryboard><Storyboard><DoubleAnimation Storyboard.)") +
                             attributes + R"(/></Storyboard></BeginStoryboard></Trigger.EnterActions>
       </Trigger></Style.Triggers></Style></Grid.Resources></Grid>)");
-    ASSERT_EQ(Reports().size(), 1u) << attributes;
-    EXPECT_NE(Reports()[0].find(message), std::string::npos) << Reports()[0];
-    Reports().clear();
+    const std::vector<std::string> reports = warnings.Take();
+    ASSERT_EQ(reports.size(), 1u) << attributes;
+    EXPECT_TRUE(reports[0].ends_with(message)) << reports[0];
   }
 }
 

@@ -1,4 +1,4 @@
-#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBlock.h"
 #include "toolkit/controls/TextBox.h"
@@ -6,14 +6,9 @@
 namespace Toolkit {
 namespace {
 
-class BindingTest : public MarkupTest {
+class BindingTest : public StageTest {
 protected:
-  Ptr<TestData> Data(const char* text, int number = 0) {
-    auto data = MakePtr<TestData>();
-    data->SetText(text);
-    data->SetNumber(number);
-    return data;
-  }
+  static Ptr<TestData> Data(const char* text, int number = 0) { return MakePtr<TestData>(text, number); }
 };
 
 TEST_F(BindingTest, FollowsEveryStepOfItsPath) {
@@ -29,6 +24,10 @@ TEST_F(BindingTest, FollowsEveryStepOfItsPath) {
   EXPECT_EQ(block->GetText(), "second");
   first->SetText("stale");
   EXPECT_EQ(block->GetText(), "second");
+  // What it leaves may be gone at once.
+  data->SetNext(Data("only here").Get());
+  data->SetNext(Data("last").Get());
+  EXPECT_EQ(block->GetText(), "last");
   data->SetNext(nullptr);
   EXPECT_EQ(block->GetText(), "");
   block->SetDataContext(second.Get());
@@ -37,21 +36,24 @@ TEST_F(BindingTest, FollowsEveryStepOfItsPath) {
 }
 
 TEST_F(BindingTest, FindsItsSourceByNameByAncestorAndInItself) {
-  auto panel = Make("StackPanel", R"( x:Name="Root" Tag="root tag">
-    <StackPanel Tag="near tag"><TextBlock x:Name="A" Tag="own" Text="{Binding Tag, RelativeSource={RelativeSource Self}}"/>
+  Show(R"(<StackPanel x:Name="Root" Tag="root tag"><StackPanel Tag="near tag">
+    <TextBlock x:Name="A" Tag="own" Text="{Binding Tag, RelativeSource={RelativeSource Self}}"/>
     <TextBlock x:Name="B" Text="{Binding Tag, ElementName=Root}"/>
-    <TextBlock x:Name="C" Text="{Binding Tag, RelativeSource={RelativeSource FindAncestor, AncestorType={x:Type StackPanel}}}"/>
+    <TextBlock x:Name="C"
+        Text="{Binding Tag, RelativeSource={RelativeSource FindAncestor, AncestorType={x:Type StackPanel}}}"/>
     </StackPanel></StackPanel>)");
-  ASSERT_TRUE(panel);
-  EXPECT_EQ(panel->FindName<TextBlock>("A")->GetText(), "own");
-  EXPECT_EQ(panel->FindName<TextBlock>("B")->GetText(), "root tag");
-  EXPECT_EQ(panel->FindName<TextBlock>("C")->GetText(), "near tag");
-  panel->SetValue(FrameworkElement::TagProperty, Value("new"));
-  EXPECT_EQ(panel->FindName<TextBlock>("B")->GetText(), "new");
+  const auto texts = [this] {
+    std::string all;
+    for (const char* name : {"A", "B", "C"}) all += std::string(Find<TextBlock>(name).GetText()) + ";";
+    return all;
+  };
+  EXPECT_EQ(texts(), "own;root tag;near tag;");
+  Find("Root").SetValue(FrameworkElement::TagProperty, Value("new"));
+  EXPECT_EQ(texts(), "own;new;near tag;");
 }
 
 TEST_F(BindingTest, FindsTheAncestorOfATemplateForBindingsAndTriggers) {
-  auto panel = Make<Panel>("StackPanel", R"( Tag="on"><StackPanel.Resources>
+  Show(R"(<StackPanel x:Name="Root" Tag="on"><StackPanel.Resources>
     <Style x:Key="Shown" TargetType="TextBlock"><Setter Property="Visibility" Value="Collapsed"/><Style.Triggers>
       <DataTrigger Binding="{Binding Tag, RelativeSource={RelativeSource FindAncestor, AncestorType={x:Type StackPanel}}}"
                    Value="on"><Setter Property="Visibility" Value="Visible"/></DataTrigger>
@@ -61,16 +63,12 @@ TEST_F(BindingTest, FindsTheAncestorOfATemplateForBindingsAndTriggers) {
           Text="{Binding Tag, RelativeSource={RelativeSource FindAncestor, AncestorType={x:Type StackPanel}}}"/>
     </Grid></ControlTemplate></StackPanel.Resources>
     <Control Template="{StaticResource Template}"/></StackPanel>)");
-  ASSERT_TRUE(panel);
-  panel->AttachAsRoot();
-  panel->Measure({100, 100});
-  const auto* text = static_cast<TextBlock*>(panel->VisualChild(0)->VisualChild(0)->VisualChild(0));
-  EXPECT_EQ(text->GetText(), "on");
-  EXPECT_EQ(text->GetVisibility(), Visibility::Visible);
-  panel->SetValue(FrameworkElement::TagProperty, Value("off"));
-  EXPECT_EQ(text->GetText(), "off");
-  EXPECT_EQ(text->GetVisibility(), Visibility::Collapsed);
-  panel->DetachAsRoot();
+  const TextBlock& text = *TestSupport::All<TextBlock>(*window).at(0);
+  EXPECT_EQ(text.GetText(), "on");
+  EXPECT_EQ(text.GetVisibility(), Visibility::Visible);
+  Find("Root").SetValue(FrameworkElement::TagProperty, Value("off"));
+  EXPECT_EQ(text.GetText(), "off");
+  EXPECT_EQ(text.GetVisibility(), Visibility::Collapsed);
 }
 
 TEST_F(BindingTest, FormatsAndConverts) {
@@ -120,54 +118,30 @@ TEST_F(BindingTest, EndsAOneWayBindingOnALocalValueAndKeepsATwoWayOne) {
 }
 
 TEST_F(BindingTest, HoldsADelayedWriteBackUntilTypingPauses) {
-  double now = 0;
-  Dispatcher& dispatcher = Dispatcher::Current();
-  dispatcher.SetClock([&] { return now; });
   auto box = Make<TextBox>("TextBox", " Text=\"{Binding Text, UpdateSourceTrigger=PropertyChanged, Delay=200}\"/>");
   auto data = Data("");
   box->SetDataContext(data.Get());
   box->SetText("a");
-  now = 150;
-  dispatcher.RunDue();
+  Wait(150);
   box->SetText("ab");
-  now = 300;
-  dispatcher.RunDue();
+  Wait(199);
   EXPECT_EQ(data->GetText(), "");
-  now = 350;
-  dispatcher.RunDue();
+  Wait(1);
   EXPECT_EQ(data->GetText(), "ab");
   EXPECT_EQ(data->changes, 1);
-}
-
-TEST_F(BindingTest, DropsADelayedWriteBackWithItsElement) {
-  double now = 0;
-  Dispatcher::Current().SetClock([&] { return now; });
-  auto data = Data("kept");
-  {
-    auto box = Make<TextBox>("TextBox", " Text=\"{Binding Text, UpdateSourceTrigger=PropertyChanged, Delay=200}\"/>");
-    box->SetDataContext(data.Get());
-    box->SetText("lost");
-  }
-  now = 1000;
-  EXPECT_FALSE(Dispatcher::Current().RunDue());
-  EXPECT_EQ(data->GetText(), "kept");
+  // It goes with its element.
+  box->SetText("lost");
+  box.Reset();
+  Wait(1000);
+  EXPECT_EQ(data->GetText(), "ab");
 }
 
 TEST_F(BindingTest, ReportsAPathThatNamesNothing) {
   auto block = Make<TextBlock>("TextBlock", " Text=\"{Binding Nonsense}\"/>");
   block->SetDataContext(Data("").Get());
-  ASSERT_EQ(Reports().size(), 1u);
-  EXPECT_NE(Reports()[0].find("'Nonsense' is no property of Tesselor.TestData (bound to Text)"), std::string::npos);
-  Reports().clear();
-}
-
-TEST_F(BindingTest, OutlivesItsSource) {
-  auto block = Make<TextBlock>("TextBlock", " Text=\"{Binding Next.Text}\"/>");
-  auto data = Data("a");
-  data->SetNext(Data("b").Get());
-  block->SetDataContext(data.Get());
-  data->SetNext(Data("c").Get());
-  EXPECT_EQ(block->GetText(), "c");
+  const std::vector<std::string> reports = warnings.Take();
+  ASSERT_EQ(reports.size(), 1u);
+  EXPECT_TRUE(reports[0].ends_with("'Nonsense' is no property of Tesselor.TestData (bound to Text)")) << reports[0];
 }
 
 } // namespace

@@ -1,67 +1,31 @@
 #include "toolkit/controls/ComboBox.h"
-#include "toolkit/PopupTestStage.h"
+#include "toolkit/KeyScript.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/ComboBoxList.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"
-
-#include <map>
-#include <sstream>
 
 namespace Toolkit {
 namespace {
 
 /// A text box above a combo box with the items that a test names.
-class ComboBoxTest : public PopupTest {
+class ComboBoxTest : public StageTest {
 protected:
-  void SetUp() override {
-    PopupTest::SetUp();
-    items = MakePtr<ObservableCollection<TestData>>();
-  }
-  void TearDown() override {
-    box = nullptr;
-    PopupTest::TearDown();
-    items.Reset();
-  }
-  void Open(const std::vector<std::string>& texts, int32_t selected, const std::string& attributes = "") {
+  void Open(const std::vector<std::string>& texts, int32_t selected, Size size = {400, 300}) {
     Show("<StackPanel x:Name=\"Outer\" HorizontalAlignment=\"Left\" Width=\"120\"><TextBox x:Name=\"Text\"/>"
-         "<ComboBox x:Name=\"Box\" DisplayMemberPath=\"Text\" " +
-         attributes + "/></StackPanel>");
-    for (const std::string& text : texts) {
-      auto item = MakePtr<TestData>();
-      item->SetText(text);
-      items->Add(item);
-    }
+         "<ComboBox x:Name=\"Box\" DisplayMemberPath=\"Text\"/></StackPanel>",
+         size);
+    items = MakeItems(texts);
     box = &Find<ComboBox>("Box");
     box->SetItemsSource(items.Get());
     box->SetSelectedIndex(selected);
-    Settle();
   }
   Point RowMiddle(int32_t row) {
     const Rect area = box->List()->RowBox(row);
     return box->List()->TransformToAncestor(nullptr).Map({area.x + area.width * 0.5f, area.y + area.height * 0.5f});
   }
-  /// Words: keys by name, 'x' types a letter as the display reports it.
-  void Run(const std::string& script) {
-    static const std::map<std::string, Key> keys{
-        {"Down", Key::Down},   {"Up", Key::Up},         {"Home", Key::Home},         {"End", Key::End},
-        {"Tab", Key::Tab},     {"PageUp", Key::PageUp}, {"PageDown", Key::PageDown}, {"Return", Key::Return},
-        {"Space", Key::Space}, {"Escape", Key::Escape}};
-    std::istringstream words(script);
-    for (std::string word; words >> word;) {
-      if (word == "wait") {
-        Wait(1500);
-      } else if (word[0] == '\'') {
-        const std::string letter = word[1] == '_' ? " " : word.substr(1, word.size() - 2);
-        Type(letter == " " ? Key::Space : Key::A);
-        input->TextInput(letter);
-        Settle();
-      } else {
-        Type(keys.at(word));
-      }
-    }
-  }
 
-  Ptr<ObservableCollection<TestData>> items;
+  Ptr<TestItems> items;
   ComboBox* box = nullptr;
 };
 
@@ -108,8 +72,7 @@ TEST_F(ComboBoxTest, IsWorkedByKeys) {
     box->SetIsDropDownOpen(false);
     box->SetSelectedIndex(1);
     box->Focus();
-    Settle();
-    Run(c.script);
+    RunKeys(*this, c.script);
     EXPECT_EQ(box->GetSelectedIndex(), c.selected);
     EXPECT_EQ(box->IsDropDownOpen(), c.open);
     EXPECT_EQ(OpenPopups(), c.open ? 1u : 0u);
@@ -139,7 +102,7 @@ TEST_F(ComboBoxTest, IsWorkedByTheMouse) {
   Release(RowMiddle(0));
   EXPECT_EQ(box->GetSelectedIndex(), 0);
   // The wheel is not for a closed box.
-  EXPECT_FALSE(input->MouseWheel(at, -1));
+  EXPECT_FALSE(Wheel(at, -1));
   EXPECT_EQ(box->GetSelectedIndex(), 0);
   box->SetValue(UIElement::IsEnabledProperty, false);
   Click(at);
@@ -148,9 +111,7 @@ TEST_F(ComboBoxTest, IsWorkedByTheMouse) {
 
 TEST_F(ComboBoxTest, DoesNotChooseByTheReleaseOfThePressThatOpenedIt) {
   // With hardly any room the list lies over the box itself.
-  Open(Fruit, 1, "Margin=\"0 0 0 0\"");
-  window->SetClientSize({Width, 60});
-  Settle();
+  Open(Fruit, 1, {400, 60});
   const Point at = MiddleOf(*box);
   Press(at);
   ASSERT_TRUE(box->IsDropDownOpen());
@@ -170,14 +131,11 @@ TEST_F(ComboBoxTest, DrawsOnlyRowsInSight) {
   EXPECT_LT(TextsShown().size(), 30u);
   EXPECT_LE(box->List()->ActualHeight(), 320);
   EXPECT_EQ(box->List()->VisualChildCount(), 0u);
-  input->MouseWheel(RowMiddle(2500), 100000);
-  Settle();
+  Wheel(RowMiddle(2500), 100000);
   EXPECT_TRUE(Shows("item 0"));
   // The bar, dragged down to its end.
   const Rect area = BoxOf(*box->List());
-  Press({area.Right() - 6, area.y + 10});
-  MoveTo({area.Right() + 50, area.Bottom() + 100});
-  Release({area.Right() + 50, area.Bottom() + 100});
+  Drag({area.Right() - 6, area.y + 10}, {area.Right() + 50, area.Bottom() + 100});
   EXPECT_TRUE(Shows("item 4999"));
   EXPECT_TRUE(box->IsDropDownOpen());
 }
@@ -188,26 +146,23 @@ TEST_F(ComboBoxTest, LeavesTypingToTheBoxThatFiltersIt) {
   text.Focus();
   box->SetIsDropDownOpen(true);
   Settle();
-  input->TextInput("q");
-  Type(Key::Home);
+  Type("q");
+  Press(Key::Home);
   EXPECT_EQ(text.GetText(), "q");
   EXPECT_EQ(text.CaretIndex(), 0u);
   // The list follows its items while it is open.
   items->RemoveAt(0);
   Settle();
   EXPECT_FALSE(Shows("Apple"));
-  Type(Key::Down);
-  Type(Key::Down);
-  EXPECT_TRUE(Type(Key::Return));
+  RunKeys(*this, "Down Down");
+  EXPECT_TRUE(Press(Key::Return));
   EXPECT_EQ(box->GetSelectedIndex(), 1);
   EXPECT_TRUE(text.IsFocused());
 }
 
 TEST_F(ComboBoxTest, SurvivesAHandlerThatTakesItAway) {
   Open(Fruit, 1);
-  box->AddHandler(Selector::SelectionChangedEvent, RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) {
-                    Find<StackPanel>("Outer").ClearChildren();
-                  }));
+  Listen(*box, Selector::SelectionChangedEvent, [&](auto&) { Find<StackPanel>("Outer").ClearChildren(); });
   Click(MiddleOf(*box));
   Click(RowMiddle(2));
   EXPECT_EQ(OpenPopups(), 0u);

@@ -117,18 +117,19 @@ TEST_F(EventHandlersTest, AreReportedOncePerDocumentIfNobodyDescribesThem) {
                 "2: no handler 'OnAny' for 'Click' of SolidColorBrush"},
            Case{"\n<Border MouseLeave=\"OnLeave\"/>", "2: no handler 'OnLeave' for 'MouseLeave' of Border"},
        }) {
-    Reports().clear();
+    warnings.Take();
     Counter* counter = Show("Tesselor.Counter", c.content);
     ASSERT_TRUE(counter);
-    EXPECT_EQ(Reports(), std::vector<std::string>{c.report}) << "a click of a menu is another event than a button's";
+    EXPECT_EQ(warnings.Take(), std::vector<std::string>{c.report})
+        << "a click of a menu is another event than a button's";
     Click({10, 5});
     EXPECT_EQ(counter->heard, "");
   }
   // A document without a class has nobody to answer.
-  Reports().clear();
+  warnings.Take();
   Make<StackPanel>("StackPanel", "><Button Click=\"OnAny\"/></StackPanel>");
-  EXPECT_EQ(Reports(), std::vector<std::string>{"1: no handler 'OnAny' for 'Click' of Button"});
-  Reports().clear();
+  EXPECT_EQ(warnings.Take(), std::vector<std::string>{"1: no handler 'OnAny' for 'Click' of Button"});
+  warnings.Take();
 }
 
 TEST_F(EventHandlersTest, NeedADocumentOfTheirOwnClass) {

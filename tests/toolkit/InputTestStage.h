@@ -1,35 +1,34 @@
 #pragma once
 
-#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/StackPanel.h"
+#include "toolkit/controls/UserControl.h"
+#include "toolkit/markup/DocumentCompiler.h"
+#include "toolkit/visual/LayoutQueue.h"
+
+#include <optional>
 
 namespace Toolkit {
 
-/// A black column of elements from markup that is laid out and takes raw input.
+/// A black column of elements from markup on a stage without a window.
 class InputStageTest : public MarkupTest {
 protected:
+  ~InputStageTest() override { TakeDown(); }
   void ShowColumn(const std::string& children, Size size) {
     TakeDown();
     root = Make<StackPanel>("StackPanel", " x:Name=\"Root\" Background=\"Black\">" + children + "</StackPanel>");
     ASSERT_TRUE(root);
-    input = std::make_unique<InputState>(*root);
-    root->AttachAsRoot();
-    root->Measure(size);
-    root->Arrange({0, 0, size.width, size.height});
-    LayoutQueue::Current().Run();
-  }
-  void TearDown() override {
-    TakeDown();
-    MarkupTest::TearDown();
+    stage.emplace(*root, size);
+    input = &stage->Input();
   }
   void TakeDown() {
-    if (root) root->DetachAsRoot();
-    input.reset();
+    stage.reset();
     root.Reset();
   }
 
   Ptr<StackPanel> root;
-  std::unique_ptr<InputState> input;
+  std::optional<TestSupport::Stage> stage;
+  InputState* input = nullptr;
 };
 
 } // namespace Toolkit

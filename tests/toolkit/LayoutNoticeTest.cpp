@@ -1,4 +1,4 @@
-#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/InputTestStage.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/StackPanel.h"
@@ -25,10 +25,10 @@ protected:
 };
 
 /// Two noting panels on a canvas; in each a noting one that holds a block and one that holds nothing.
-class LayoutNoticeTest : public MarkupTest {
+class LayoutNoticeTest : public InputStageTest {
 protected:
   void SetUp() override {
-    MarkupTest::SetUp();
+    InputStageTest::SetUp();
     canvas = MakePtr<Canvas>();
     canvas->AttachAsRoot();
     for (int i = 0; i < 2; ++i) {
@@ -44,7 +44,7 @@ protected:
   void TearDown() override {
     canvas->DetachAsRoot();
     canvas.Reset();
-    MarkupTest::TearDown();
+    InputStageTest::TearDown();
   }
   /// How often outer 0, inner 0, outer 1 and inner 1 were told in one run.
   std::string Run() {
@@ -124,9 +124,9 @@ TEST_F(LayoutNoticeTest, CutsOffWhatNeverSettles) {
   Canvas::SetLeft(outer[0].Get(), 1);
   LayoutQueue::Current().Run();
   EXPECT_LE(outer[0]->notices, 200);
-  ASSERT_EQ(Reports().size(), 1u);
-  EXPECT_NE(Reports()[0].find("does not settle"), std::string::npos);
-  Reports().clear();
+  const std::vector<std::string> reports = warnings.Take();
+  ASSERT_EQ(reports.size(), 1u);
+  EXPECT_NE(reports[0].find("does not settle"), std::string::npos);
   outer[0]->onNotice = {};
   Run();
 }

@@ -1,4 +1,4 @@
-#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/Grid.h"
 #include "toolkit/controls/ItemsControl.h"
@@ -17,7 +17,7 @@
 namespace Toolkit {
 namespace {
 
-class MarkupCompilerTest : public MarkupTest {};
+class MarkupCompilerTest : public StageTest {};
 
 TEST_F(MarkupCompilerTest, ReportsEachMistakeWithItsLineAndLoadsTheRest) {
   struct Case {
@@ -37,16 +37,11 @@ TEST_F(MarkupCompilerTest, ReportsEachMistakeWithItsLineAndLoadsTheRest) {
       {"><Brush/></StackPanel>", "1: a Brush cannot be made"},
   };
   for (const Case& c : cases) {
-    Reports().clear();
-    auto panel = Make<StackPanel>("StackPanel", c.rest);
-    EXPECT_TRUE(panel) << c.rest;
-    ASSERT_EQ(Reports().size(), 1u) << c.rest;
-    EXPECT_EQ(Reports()[0], c.report);
+    EXPECT_TRUE(Make<StackPanel>("StackPanel", c.rest)) << c.rest;
+    EXPECT_EQ(warnings.Take(), std::vector<std::string>{c.report}) << c.rest;
   }
-  Reports().clear();
   EXPECT_FALSE(Make<StackPanel>("StackPanel", "><Border></StackPanel>"));
-  EXPECT_EQ(Reports().size(), 1u);
-  Reports().clear();
+  EXPECT_EQ(warnings.Take().size(), 1u);
 }
 
 /// A class of another namespace than the toolkit's.
@@ -78,19 +73,9 @@ TEST_F(MarkupCompilerTest, FindsClassesInTheNamespaceOfTheirPrefix) {
            Case{"\n\n<u:Box/>", "3: the prefix of 'u:Box' is not declared", false},
            Case{"<Border>\n<Border u:Width=\"3\"/></Border>", "2: the prefix of 'u:Width' is not declared", false},
        }) {
-    Reports().clear();
     EXPECT_EQ(Make("StackPanel", declarations + ">" + c.content + "</StackPanel>") != nullptr, c.loads);
-    EXPECT_EQ(Reports(), std::vector<std::string>{c.report});
+    EXPECT_EQ(warnings.Take(), std::vector<std::string>{c.report});
   }
-  Reports().clear();
-}
-
-TEST_F(MarkupCompilerTest, SharesConstantsAndBrushesAmongInstances) {
-  auto first =
-      Make<StackPanel>("StackPanel", R"(><Border Background="#102030"/><Border Background="#102030"/></StackPanel>)");
-  auto* brush = first->Child(0)->GetValue(Border::BackgroundProperty).As<SolidColorBrush*>();
-  ASSERT_TRUE(brush);
-  EXPECT_EQ(brush->GetColor(), Color::FromBytes(16, 32, 48));
 }
 
 TEST_F(MarkupCompilerTest, ReadsPropertyElementsAttachedPropertiesAndLists) {
@@ -117,9 +102,7 @@ TEST_F(MarkupCompilerTest, ReadsPropertyElementsAttachedPropertiesAndLists) {
 TEST_F(MarkupCompilerTest, MakesToolTipsOnlyWhenTheyAreNeeded) {
   auto panel = Make<StackPanel>("StackPanel", R"(>
     <TextBlock x:Name="T"><TextBlock.ToolTip><ToolTip Content="{Binding Text}"/></TextBlock.ToolTip></TextBlock></StackPanel>)");
-  auto data = MakePtr<TestData>();
-  data->SetText("explanation");
-  panel->SetDataContext(data.Get());
+  panel->SetDataContext(MakePtr<TestData>("explanation").Get());
   auto* block = panel->FindName<TextBlock>("T");
   auto* factory = block->GetValue(FrameworkElement::ToolTipProperty).As<ElementFactory*>();
   ASSERT_TRUE(factory);
@@ -163,35 +146,26 @@ TEST_F(MarkupCompilerTest, CollectsItemsBeforeAnyContainerExists) {
 }
 
 TEST_F(MarkupCompilerTest, KeepsNamesOfATemplateToItself) {
-  auto items = Make<ItemsControl>("ItemsControl", R"(>
-    <ItemsControl.ItemTemplate><DataTemplate><Border><TextBlock x:Name="Inner" Text="{Binding Text}"/></Border></DataTemplate></ItemsControl.ItemTemplate></ItemsControl>)");
-  auto list = MakePtr<ObservableCollection<TestData>>();
-  for (const char* text : {"one", "two", "three"}) {
-    auto data = MakePtr<TestData>();
-    data->SetText(text);
-    list->Add(data);
-  }
-  items->SetItemsSource(list.Get());
-  items->AttachAsRoot();
-  LayoutQueue::Current().Run();
-  EXPECT_EQ(items->FindName("Inner"), nullptr);
-  const ItemContainerGenerator& generator = items->GetItemContainerGenerator();
-  auto textOf = [&](size_t index) {
-    FrameworkElement* container = generator.ContainerFromIndex(index);
-    return container
-               ? std::string(
-                     static_cast<FrameworkElement*>(container->VisualChild(0))->FindName<TextBlock>("Inner")->GetText())
-               : std::string();
+  Show(R"(<ItemsControl x:Name="List"><ItemsControl.ItemTemplate><DataTemplate><Border>
+    <TextBlock x:Name="Inner" Text="{Binding Text}"/></Border></DataTemplate></ItemsControl.ItemTemplate></ItemsControl>)");
+  auto& items = Find<ItemsControl>("List");
+  const auto list = MakeItems({"one", "two", "three"});
+  items.SetItemsSource(list.Get());
+  Settle();
+  EXPECT_EQ(items.FindName("Inner"), nullptr);
+  const ItemContainerGenerator& generator = items.GetItemContainerGenerator();
+  const auto textOf = [&](size_t index) {
+    const auto* row = static_cast<FrameworkElement*>(generator.ContainerFromIndex(index)->VisualChild(0));
+    return std::string(row->FindName<TextBlock>("Inner")->GetText());
   };
   EXPECT_EQ(textOf(1), "two");
-  FrameworkElement* kept = generator.ContainerFromItem(list->Get(2));
+  const FrameworkElement* kept = generator.ContainerFromItem(list->Get(2));
   list->Move(2, 0);
   list->RemoveAt(1);
-  LayoutQueue::Current().Run();
+  Settle();
   EXPECT_EQ(textOf(0), "three");
   EXPECT_EQ(textOf(1), "two");
   EXPECT_EQ(generator.ContainerFromIndex(0), kept) << "a moved item keeps its container";
-  items->DetachAsRoot();
 }
 
 } // namespace

@@ -1,25 +1,23 @@
 #include "toolkit/controls/Menu.h"
-#include "toolkit/PopupTestStage.h"
+#include "Expected.h"
+#include "toolkit/KeyScript.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/ContextMenu.h"
 #include "toolkit/controls/MenuItem.h"
 #include "toolkit/controls/StackPanel.h"
-
-#include <map>
-#include <sstream>
 
 namespace Toolkit {
 namespace {
 
 /// A bar over an area that counts clicks. Clicks of items are noted with their names and how many popups are open.
-class MenuTest : public PopupTest {
+class MenuTest : public StageTest {
 protected:
   void ShowBar(const std::string& items) {
     Show("<StackPanel x:Name=\"Root\"><Menu x:Name=\"Bar\">" + items +
          "</Menu><Border x:Name=\"Area\" Background=\"Black\" Height=\"275\"/></StackPanel>");
-    window->AddHandler(MenuItem::ClickEvent, RoutedEventHandler::From([this](Object*, const RoutedEventArgs& args) {
-                         clicks += std::string(static_cast<MenuItem*>(args.source)->GetName()) +
-                                   std::to_string(OpenPopups()) + " ";
-                       }));
+    Listen(*window, MenuItem::ClickEvent, [this](const RoutedEventArgs& args) {
+      clicks += std::string(static_cast<MenuItem*>(args.source)->GetName()) + std::to_string(OpenPopups()) + " ";
+    });
   }
   void ShowUsual() {
     ShowBar(
@@ -29,7 +27,7 @@ protected:
         "<MenuItem x:Name=\"View\" Header=\"View\"><MenuItem x:Name=\"Grid\" Header=\"Grid\" IsCheckable=\"True\"/>"
         "</MenuItem><MenuItem x:Name=\"Help\" Header=\"Help\"/>");
   }
-  Point At(const char* item) { return MiddleOf(Find<MenuItem>(item)); }
+  const MenuItem& At(const char* item) { return Find<MenuItem>(item); }
   bool IsOpen(const char* item) { return Find<MenuItem>(item).IsSubmenuOpen(); }
   std::string Lit() {
     std::string names;
@@ -37,12 +35,13 @@ protected:
       if (Find<MenuItem>(name).Get<bool>(MenuItem::IsHighlightedProperty)) names += std::string(name) + " ";
     return names;
   }
-  void Run(const std::string& script) {
-    static const std::map<std::string, Key> keys{
-        {"Down", Key::Down},   {"Up", Key::Up},   {"Home", Key::Home},     {"End", Key::End},       {"Left", Key::Left},
-        {"Right", Key::Right}, {"F10", Key::F10}, {"Return", Key::Return}, {"Escape", Key::Escape}, {"S", Key::S}};
-    std::istringstream words(script);
-    for (std::string word; words >> word;) Type(keys.at(word));
+  /// A fresh window whose area has the focus, with the mouse out of the way.
+  void ShowUsualBesideTheFocus() {
+    ShowUsual();
+    clicks.clear();
+    Find("Area").SetValue(UIElement::FocusableProperty, true);
+    Focus(&Find("Area"));
+    MoveTo({390, 290});
   }
   static Ptr<ContextMenu> MenuOfOne() {
     auto menu = MakePtr<ContextMenu>();
@@ -94,6 +93,7 @@ TEST_F(MenuTest, ClosesAllMenusBeforeAnItemIsClicked) {
   EXPECT_FALSE(IsOpen("More"));
   Wait(300);
   ASSERT_TRUE(IsOpen("More"));
+  TestSupport::ExpectLayout("OpenMenus", window->Popups());
   // On the way to the submenu the mouse may cross other items for a moment.
   MoveTo(At("New"));
   EXPECT_TRUE(IsOpen("More"));
@@ -112,14 +112,14 @@ TEST_F(MenuTest, ClosesAllMenusBeforeAnItemIsClicked) {
   EXPECT_EQ(Lit(), "");
 }
 
-TEST_F(MenuTest, IsWorkedByKeysOnceOpen) {
-  struct Case {
+TEST_F(MenuTest, IsWorkedByKeys) {
+  const struct {
     const char* script;
     const char* lit;
     size_t open;
     const char* clicks;
-  };
-  const Case cases[] = {
+  } cases[] = {
+      // The bar's first item was pressed before.
       {"Down", "File New ", 1, ""},
       {"Down Down", "File More ", 1, ""},
       {"Down Down Down", "File New ", 1, ""},
@@ -143,59 +143,29 @@ TEST_F(MenuTest, IsWorkedByKeysOnceOpen) {
       {"Left Right Down Right Return", "", 0, "Deep0 "},
       {"Left Escape", "", 0, ""},
       {"Right Right Home Down", "File New ", 1, ""},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.script);
-    ShowUsual();
-    clicks.clear();
-    auto& area = Find<FrameworkElement>("Area");
-    area.SetValue(UIElement::FocusableProperty, true);
-    area.Focus();
-    Press(At("File"));
-    Release(At("File"));
-    MoveTo({390, 290});
-    Run(c.script);
-    EXPECT_EQ(Lit(), c.lit);
-    EXPECT_EQ(OpenPopups(), c.open);
-    EXPECT_EQ(clicks, c.clicks);
-    if (c.open == 0 && *c.lit == 0) {
-      EXPECT_TRUE(area.IsFocused());
-    }
-    input.reset();
-    window->DetachAsRoot();
-  }
-}
-
-TEST_F(MenuTest, TakesTheKeysByF10) {
-  const struct {
-    const char* script;
-    const char* lit;
-    size_t open;
-    const char* clicks;
-    bool returnsFocus;
-  } cases[] = {
-      {"F10", "File ", 0, "", false},
-      {"F10 F10", "", 0, "", true},
-      {"F10 Escape", "", 0, "", true},
-      {"F10 Down", "File New ", 1, "", false},
-      {"F10 Left Return", "", 0, "Help0 ", true},
-      {"F10 Down Return", "", 0, "New0 ", true},
+      // The bar takes the keys.
+      {"F10", "File ", 0, ""},
+      {"F10 F10", "", 0, ""},
+      {"F10 Escape", "", 0, ""},
+      {"F10 Down", "File New ", 1, ""},
+      {"F10 Left Return", "", 0, "Help0 "},
+      {"F10 Down Return", "", 0, "New0 "},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.script);
-    ShowUsual();
-    clicks.clear();
-    auto& area = Find<FrameworkElement>("Area");
-    area.SetValue(UIElement::FocusableProperty, true);
-    area.Focus();
-    MoveTo({390, 290});
-    Run(c.script);
+    ShowUsualBesideTheFocus();
+    if (*c.script != 'F') {
+      Click(At("File"));
+      MoveTo({390, 290});
+    }
+    RunKeys(*this, c.script);
     EXPECT_EQ(Lit(), c.lit);
     EXPECT_EQ(OpenPopups(), c.open);
     EXPECT_EQ(clicks, c.clicks);
-    EXPECT_EQ(area.IsFocused(), c.returnsFocus);
-    input.reset();
-    window->DetachAsRoot();
+    // It comes back with the end of the menus.
+    if (!*c.lit || *c.script == 'F') {
+      EXPECT_EQ(Find("Area").IsFocused(), !*c.lit);
+    }
   }
 }
 
@@ -205,20 +175,17 @@ TEST_F(MenuTest, ScrollsWhatDoesNotFit) {
   ShowBar("<MenuItem x:Name=\"File\" Header=\"File\">" + items + "</MenuItem>");
   Click(At("File"));
   auto& last = *static_cast<MenuItem*>(Find<MenuItem>("File").ItemAt(59));
-  EXPECT_GT(BoxOf(last).y, Height);
-  Type(Key::End);
-  EXPECT_LE(BoxOf(last).Bottom(), Height);
-  input->MouseWheel({20, 100}, 1000);
-  Settle();
+  EXPECT_GT(BoxOf(last).y, 300);
+  Press(Key::End);
+  EXPECT_LE(BoxOf(last).Bottom(), 300);
+  Wheel({20, 100}, 1000);
   EXPECT_LE(BoxOf(*static_cast<MenuItem*>(Find<MenuItem>("File").ItemAt(0))).y, 60);
   EXPECT_EQ(OpenPopups(), 1u);
 }
 
 TEST_F(MenuTest, SurvivesAClickThatTakesTheMenuAway) {
   ShowUsual();
-  Find<MenuItem>("New").AddHandler(MenuItem::ClickEvent, RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) {
-                                     Find<StackPanel>("Root").ClearChildren();
-                                   }));
+  Listen(Find("New"), MenuItem::ClickEvent, [&](auto&) { Find<StackPanel>("Root").ClearChildren(); });
   Click(At("File"));
   Click(At("New"));
   EXPECT_EQ(clicks, "New0 ");
@@ -230,28 +197,25 @@ TEST_F(MenuTest, OpensAContextMenuByARightClickOnItsElement) {
   const Ptr<ContextMenu> menu = MenuOfOne();
   auto* item = static_cast<MenuItem*>(menu->ItemAt(0));
   area.SetValue(FrameworkElement::ContextMenuProperty, Value(menu));
-  Click({100, 100}, MouseButton::Right);
+  RightClick({100, 100});
   ASSERT_TRUE(menu->IsOpen());
   EXPECT_EQ(BoxOf(*menu).x, 100);
   EXPECT_EQ(BoxOf(*menu).y, 100);
   // A right click elsewhere only closes it.
-  Click({50, 200}, MouseButton::Right);
+  RightClick({50, 200});
   EXPECT_FALSE(menu->IsOpen());
-  Click({100, 100}, MouseButton::Right);
-  Click(MiddleOf(*item));
+  RightClick({100, 100});
+  Click(item);
   EXPECT_EQ(clicks, "Only0 ");
   EXPECT_FALSE(menu->IsOpen());
   // Who handles the click wants no menu.
-  area.AddHandler(UIElement::MouseRightButtonUpEvent,
-                  RoutedEventHandler::From([](Object*, const RoutedEventArgs& args) { args.handled = true; }));
-  Click({100, 100}, MouseButton::Right);
+  Listen(area, UIElement::MouseRightButtonUpEvent, [](const RoutedEventArgs& args) { args.handled = true; });
+  RightClick({100, 100});
   EXPECT_FALSE(menu->IsOpen());
   // One from a document is made when it is wanted, and inherits from its element.
-  window->DetachAsRoot();
-  input.reset();
   Show("<Border x:Name=\"Area\" Background=\"Black\" Tag=\"t\"><Border.ContextMenu><ContextMenu>"
        "<MenuItem Header=\"Made late\"/></ContextMenu></Border.ContextMenu></Border>");
-  Click({100, 100}, MouseButton::Right);
+  RightClick({100, 100});
   EXPECT_TRUE(Shows("Made late"));
 }
 
@@ -259,11 +223,11 @@ TEST_F(MenuTest, KeepsAMenuThatOpenedByThePressThroughTheRelease) {
   ShowBar("");
   auto& area = Find<FrameworkElement>("Area");
   const Ptr<ContextMenu> menu = MenuOfOne();
-  area.AddHandler(UIElement::PreviewMouseDownEvent, RoutedEventHandler::From([&](Object*, const RoutedEventArgs& args) {
-                    args.handled = true;
-                    area.SetValue(FrameworkElement::ContextMenuProperty, Value(menu));
-                    menu->SetIsOpen(true);
-                  }));
+  Listen(area, UIElement::PreviewMouseDownEvent, [&](const RoutedEventArgs& args) {
+    args.handled = true;
+    area.SetValue(FrameworkElement::ContextMenuProperty, Value(menu));
+    menu->SetIsOpen(true);
+  });
   for (const MouseButton button : {MouseButton::Right, MouseButton::Left}) {
     // At the lower edge the menu opens upward, so that the mouse is over its item.
     for (const Point at : {Point{100, 100}, Point{100, 270}}) {
@@ -273,7 +237,7 @@ TEST_F(MenuTest, KeepsAMenuThatOpenedByThePressThroughTheRelease) {
       Release(at, button);
       EXPECT_TRUE(menu->IsOpen());
       EXPECT_EQ(clicks, "");
-      Type(Key::Escape);
+      Press(Key::Escape);
       EXPECT_FALSE(menu->IsOpen());
     }
   }

@@ -1,5 +1,7 @@
 #include "toolkit/application/MessageBox.h"
-#include "toolkit/PopupTestStage.h"
+#include "Expected.h"
+#include "toolkit/KeyScript.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/ScrollViewer.h"
 #include "toolkit/controls/TextBox.h"
@@ -7,18 +9,15 @@
 namespace Toolkit {
 namespace {
 
-class MessageBoxTest : public PopupTest {
+class MessageBoxTest : public StageTest {
 protected:
   void ShowWindow() {
     Show("<StackPanel><TextBox x:Name=\"Text\"/><Button x:Name=\"Behind\" Content=\"behind\" Height=\"200\"/>"
          "</StackPanel>");
     window->PresentMessageBoxes();
-    window->AddHandler(UIElement::KeyDownEvent,
-                       RoutedEventHandler::From([this](Object*, const RoutedEventArgs&) { ++keysBehind; }));
-    Find<Button>("Behind").AddHandler(ButtonBase::ClickEvent,
-                                      RoutedEventHandler::From([this](Object*, const RoutedEventArgs&) { ++clicks; }));
-    Find<TextBox>("Text").Focus();
-    Settle();
+    Listen(*window, UIElement::KeyDownEvent, [this](auto&) { ++keysBehind; });
+    Listen(Find("Behind"), ButtonBase::ClickEvent, [this](auto&) { ++clicks; });
+    Focus(&Find("Text"));
   }
   void Ask(const std::string& name, MessageBoxButton buttons, MessageBoxImage image = MessageBoxImage::None) {
     MessageBox::Show(name, "Caption", buttons, image, [this, name](MessageBoxResult result) {
@@ -26,51 +25,43 @@ protected:
     });
     Settle();
   }
-  Button* Part(const char* content) { return PartIn(window->Popups(), content); }
-  static Button* PartIn(UIElement& root, const char* content) {
-    auto* button = DynamicCast<Button>(&root);
-    if (button && button->IsVisible() && button->GetContent().AsStringView() == content) return button;
-    for (size_t i = 0; i < root.VisualChildCount(); ++i)
-      if (Button* found = PartIn(*root.VisualChild(i), content)) return found;
-    return nullptr;
+  Button* Part(const char* content) {
+    return TestSupport::Find<Button>(window->Popups(), [&](const Button& button) {
+      return button.IsVisible() && button.GetContent().AsStringView() == content;
+    });
   }
   std::string answers;
   int keysBehind = 0, clicks = 0;
 };
 
 TEST_F(MessageBoxTest, IsAnsweredByButtonsAndKeys) {
-  struct Case {
+  const struct {
     MessageBoxButton buttons;
-    std::vector<Key> keys;
+    const char* keys;
     const char* answer;
-  };
-  const Case cases[] = {
-      {MessageBoxButton::OK, {Key::Return}, "a10 "},
-      {MessageBoxButton::OK, {Key::Escape}, "a10 "},
-      {MessageBoxButton::OK, {Key::Tab, Key::Space}, "a10 "},
-      {MessageBoxButton::OKCancel, {Key::Return}, "a10 "},
-      {MessageBoxButton::OKCancel, {Key::Escape}, "a20 "},
-      {MessageBoxButton::OKCancel, {Key::Tab, Key::Return}, "a20 "},
-      {MessageBoxButton::OKCancel, {Key::Tab, Key::Space}, "a20 "},
-      {MessageBoxButton::OKCancel, {Key::Tab, Key::Tab, Key::Return}, "a10 "},
-      {MessageBoxButton::OKCancel, {Key::H, Key::Down}, ""},
+  } cases[] = {
+      {MessageBoxButton::OK, "Return", "a10 "},          {MessageBoxButton::OK, "Escape", "a10 "},
+      {MessageBoxButton::OK, "Tab Space", "a10 "},       {MessageBoxButton::OKCancel, "Return", "a10 "},
+      {MessageBoxButton::OKCancel, "Escape", "a20 "},    {MessageBoxButton::OKCancel, "Tab Return", "a20 "},
+      {MessageBoxButton::OKCancel, "Tab Space", "a20 "}, {MessageBoxButton::OKCancel, "Tab Tab Return", "a10 "},
+      {MessageBoxButton::OKCancel, "H Down", ""},
   };
   ShowWindow();
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     answers.clear();
     Ask("a", c.buttons);
     ASSERT_EQ(OpenPopups(), 1u);
-    for (const Key key : c.keys) Type(key);
+    RunKeys(*this, c.keys);
     EXPECT_EQ(answers, c.answer);
-    if (!*c.answer) Type(Key::Return);
-    EXPECT_TRUE(Find<TextBox>("Text").IsFocused());
+    if (!*c.answer) Press(Key::Return);
+    EXPECT_TRUE(Find("Text").IsFocused());
   }
   EXPECT_EQ(keysBehind, 0);
   answers.clear();
   Ask("a", MessageBoxButton::OKCancel);
-  Click(MiddleOf(*Part("Cancel")));
+  Click(Part("Cancel"));
   Ask("b", MessageBoxButton::OKCancel);
-  Click(MiddleOf(*Part("OK")));
+  Click(Part("OK"));
   Ask("c", MessageBoxButton::OK);
   EXPECT_FALSE(Part("Cancel"));
   EXPECT_EQ(answers, "a20 b10 ");
@@ -80,17 +71,16 @@ TEST_F(MessageBoxTest, KeepsInputFromTheWindow) {
   ShowWindow();
   Ask("a", MessageBoxButton::OK);
   Click({20, 150});
-  Click({20, 150}, MouseButton::Right);
-  EXPECT_FALSE(input->MouseWheel({20, 150}, 1) && clicks);
-  input->TextInput("x");
+  RightClick({20, 150});
+  Type("x");
   // Even if the focus was taken behind the box.
-  Find<TextBox>("Text").Focus();
-  Type(Key::X);
+  Focus(&Find("Text"));
+  Press(Key::X);
   EXPECT_EQ(clicks, 0);
   EXPECT_EQ(keysBehind, 0);
   EXPECT_EQ(Find<TextBox>("Text").GetText(), "");
   EXPECT_EQ(answers, "");
-  Type(Key::Escape);
+  Press(Key::Escape);
   EXPECT_EQ(answers, "a10 ");
   Click({20, 150});
   EXPECT_EQ(clicks, 1);
@@ -105,25 +95,24 @@ TEST_F(MessageBoxTest, ShowsOneAfterTheOther) {
   Ask("second", MessageBoxButton::OK, MessageBoxImage::Warning);
   EXPECT_EQ(OpenPopups(), 1u);
   EXPECT_TRUE(Shows("first"));
-  Type(Key::Return);
+  Press(Key::Return);
   EXPECT_TRUE(Shows("second"));
-  Type(Key::Return);
+  Press(Key::Return);
   EXPECT_TRUE(Shows("third"));
-  Type(Key::Return);
+  Press(Key::Return);
   EXPECT_EQ(answers, "first second10 third10 ");
 }
 
 TEST_F(MessageBoxTest, ScrollsALongTextInsideTheWindow) {
   ShowWindow();
   std::string text;
-  for (int i = 0; i < 500; ++i) text += "many words ";
+  for (int i = 0; i < 200; ++i) text += "many words ";
   Ask(text, MessageBoxButton::OKCancel);
+  TestSupport::ExpectLayout("LongMessageBox", window->Popups());
   const Rect button = BoxOf(*Part("OK"));
-  EXPECT_LE(button.Bottom(), Height);
-  EXPECT_GE(button.y, Height * 0.5f);
-  const std::shared_ptr<const DisplayList> before = frame;
-  input->MouseWheel({Width * 0.5f, Height * 0.5f}, -1);
-  Settle();
+  auto& viewer = TestSupport::First<ScrollViewer>(window->Popups());
+  Wheel(viewer, -1);
+  EXPECT_GT(viewer.ScrollOffset().y, 0);
   EXPECT_EQ(BoxOf(*Part("OK")), button);
 }
 
@@ -134,7 +123,7 @@ TEST_F(MessageBoxTest, MayEndTheWindow) {
   MessageBox::Show("a", "b", MessageBoxButton::OK, MessageBoxImage::None, [held](MessageBoxResult) {});
   Ask("b", MessageBoxButton::OK);
   held.Reset();
-  input->KeyDown(Key::LeftCtrl);
+  KeyDown(Key::LeftCtrl);
 }
 
 TEST_F(MessageBoxTest, SurvivesACallbackThatTakesTheWindowDown) {
@@ -142,7 +131,7 @@ TEST_F(MessageBoxTest, SurvivesACallbackThatTakesTheWindowDown) {
   MessageBox::Show("a", "b", MessageBoxButton::OK, MessageBoxImage::None,
                    [this](MessageBoxResult) { window->DetachAsRoot(); });
   Ask("b", MessageBoxButton::OK);
-  input->KeyDown(Key::Return);
+  KeyDown(Key::Return);
   EXPECT_EQ(answers, "");
 }
 

@@ -1,7 +1,8 @@
-#include "toolkit/PopupTestStage.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/Grid.h"
+#include "toolkit/controls/Popup.h"
 #include "toolkit/controls/StackPanel.h"
 
 namespace Toolkit {
@@ -22,7 +23,7 @@ protected:
   bool HitTestSelf(Point point) const override { return DrawnBounds().Contains(point); }
 };
 
-class PopupLayerTest : public PopupTest {
+class PopupLayerTest : public StageTest {
 protected:
   Ptr<Popup> Open(UIElement& owner, Size size, PopupPlacement placement = PopupPlacement::Below) {
     content = MakePtr<CountingElement>(size);
@@ -31,10 +32,6 @@ protected:
     Settle();
     return popup;
   }
-  void TearDown() override {
-    content.Reset();
-    PopupTest::TearDown();
-  }
   Ptr<CountingElement> content;
 };
 
@@ -42,14 +39,13 @@ constexpr const char* CanvasWithOwner =
     "<Canvas><Border x:Name=\"Owner\" Background=\"Red\" Width=\"60\" Height=\"20\"/></Canvas>";
 
 TEST_F(PopupLayerTest, StandsBesideItsOwnerAndInsideTheWindow) {
-  struct Case {
+  const struct {
     const char* name;
     Point owner;
     Size wanted;
     PopupPlacement placement;
     Rect expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"below", {50, 40}, {100, 80}, PopupPlacement::Below, {50, 60, 100, 80}},
       {"above for want of room", {50, 240}, {100, 80}, PopupPlacement::Below, {50, 160, 100, 80}},
       {"cut to the larger side", {50, 100}, {100, 500}, PopupPlacement::Below, {50, 120, 100, 180}},
@@ -62,17 +58,12 @@ TEST_F(PopupLayerTest, StandsBesideItsOwnerAndInsideTheWindow) {
   };
   Show(CanvasWithOwner);
   auto& owner = Find<FrameworkElement>("Owner");
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     Canvas::SetLeft(&owner, c.owner.x);
     Canvas::SetTop(&owner, c.owner.y);
-    Settle();
     const Ptr<Popup> popup = Open(owner, c.wanted, c.placement);
-    const Rect box = BoxOf(*popup);
-    EXPECT_EQ(box.x, c.expected.x);
-    EXPECT_EQ(box.y, c.expected.y);
-    EXPECT_EQ(box.width, c.expected.width);
-    EXPECT_EQ(box.height, c.expected.height);
+    EXPECT_EQ(BoxOf(*popup), c.expected);
     popup->Close();
   }
 }
@@ -96,10 +87,8 @@ TEST_F(PopupLayerTest, TakesAPressOrTheWheelElsewhereAndCloses) {
        "<Border Height=\"150\"/><Button x:Name=\"Behind\" Content=\"b\"/></StackPanel>");
   int clicks = 0, wheels = 0;
   auto& behind = Find<Button>("Behind");
-  behind.AddHandler(ButtonBase::ClickEvent,
-                    RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) { ++clicks; }));
-  window->AddHandler(UIElement::MouseWheelEvent,
-                     RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) { ++wheels; }));
+  Listen(behind, ButtonBase::ClickEvent, [&](auto&) { ++clicks; });
+  Listen(*window, UIElement::MouseWheelEvent, [&](auto&) { ++wheels; });
   const Point away = MiddleOf(behind);
   for (const MouseButton button : {MouseButton::Left, MouseButton::Middle, MouseButton::Right}) {
     const Ptr<Popup> popup = Open(Find<Button>("Owner"), {50, 50});
@@ -109,9 +98,9 @@ TEST_F(PopupLayerTest, TakesAPressOrTheWheelElsewhereAndCloses) {
     EXPECT_EQ(clicks, 0);
   }
   const Ptr<Popup> popup = Open(Find<Button>("Owner"), {50, 50});
-  EXPECT_TRUE(input->MouseWheel(MiddleOf(*popup), 1));
+  EXPECT_TRUE(Wheel(*popup, 1));
   EXPECT_TRUE(popup->IsOpen());
-  EXPECT_TRUE(input->MouseWheel(away, 1));
+  EXPECT_TRUE(Wheel(away, 1));
   EXPECT_FALSE(popup->IsOpen());
   EXPECT_EQ(wheels, 0);
   // With nothing open the window is as it was.
@@ -125,24 +114,22 @@ TEST_F(PopupLayerTest, KeepsMouseInputFromThoseAroundTheOwner) {
   auto& outer = Find<StackPanel>("Outer");
   auto& owner = Find<FrameworkElement>("Owner");
   int seen = 0, entered = 0;
-  const auto count = RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) { ++seen; });
   for (const RoutedEvent* event :
        {&UIElement::PreviewMouseDownEvent, &UIElement::MouseDownEvent, &UIElement::PreviewMouseUpEvent,
         &UIElement::MouseUpEvent, &UIElement::MouseLeftButtonDownEvent, &UIElement::PreviewMouseLeftButtonUpEvent,
         &UIElement::PreviewMouseMoveEvent, &UIElement::MouseMoveEvent, &UIElement::MouseWheelEvent,
         &UIElement::PreviewMouseRightButtonDownEvent, &UIElement::MouseRightButtonUpEvent})
-    outer.AddHandler(*event, count);
+    Listen(outer, *event, [&](auto&) { ++seen; });
   MoveTo(MiddleOf(owner));
   const Ptr<Popup> popup = Open(owner, {50, 50});
   int inside = 0;
-  content->AddHandler(UIElement::MouseLeftButtonDownEvent,
-                      RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) { ++inside; }));
-  content->AddHandler(UIElement::MouseEnterEvent,
-                      RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) { ++entered; }));
+  Listen(*content, UIElement::MouseLeftButtonDownEvent, [&](auto&) { ++inside; });
+  Listen(*content, UIElement::MouseEnterEvent, [&](auto&) { ++entered; });
   seen = 0;
   const Point at = MiddleOf(*popup);
-  for (const MouseButton button : {MouseButton::Left, MouseButton::Middle, MouseButton::Right}) Click(at, button);
-  input->MouseWheel(at, 1);
+  for (const MouseButton button : {MouseButton::Left, MouseButton::Middle, MouseButton::Right})
+    Click(at, {.button = button});
+  Wheel(at, 1);
   EXPECT_EQ(seen, 0);
   EXPECT_EQ(inside, 1);
   EXPECT_EQ(entered, 1);
@@ -172,8 +159,7 @@ TEST_F(PopupLayerTest, ClosesWithItsOwnerAndWithTheSize) {
   Ptr<Popup> popup = Open(Find<FrameworkElement>("Owner"), {50, 50});
   int closed = 0;
   popup->closed = [&] { ++closed; };
-  window->SetClientSize({200, 200});
-  Settle();
+  Resize({200, 200});
   EXPECT_FALSE(popup->IsOpen());
   popup = Open(Find<FrameworkElement>("Owner"), {50, 50});
   popup->closed = [&] { ++closed; };
@@ -196,9 +182,9 @@ TEST_F(PopupLayerTest, ClosesThoseThatWereOpenedFromIt) {
   popups[1]->Close();
   EXPECT_EQ(order, "cb");
   EXPECT_TRUE(popups[0]->IsOpen());
-  EXPECT_TRUE(Type(Key::Escape));
+  EXPECT_TRUE(Press(Key::Escape));
   EXPECT_EQ(order, "cba");
-  EXPECT_FALSE(Type(Key::Escape));
+  EXPECT_FALSE(Press(Key::Escape));
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBlock.h"

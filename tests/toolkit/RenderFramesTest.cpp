@@ -12,6 +12,7 @@ namespace RenderTest {
 namespace {
 
 using namespace Toolkit;
+using TestSupport::ExpectEqual;
 
 Picture DrawEverything(int threads, float scale, const RowOperations& operations = RowOperations::Fastest()) {
   Picture picture(EverythingWidth, EverythingHeight);

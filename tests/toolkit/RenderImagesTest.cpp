@@ -1,12 +1,10 @@
 #include "toolkit/RenderPicture.h"
 
 #include "TemporaryDirectory.h"
-#include "toolkit/base/Diagnostics.h"
+#include "ToolkitWarnings.h"
 #include "toolkit/render/ImageStore.h"
 
 #include <gtest/gtest.h>
-
-#include <fstream>
 
 namespace RenderTest {
 namespace {
@@ -88,18 +86,13 @@ TEST(RenderImages, PlaceABrushsImageByItsStretch) {
   EXPECT_EQ(draw(Stretch::Fill, "missing.png"), 0);
 }
 
-int warnings = 0;
-
 TEST(ImageStore, ReadsPicturesOnceAndReportsBadOnesOnce) {
   const TestSupport::TemporaryDirectory directory;
-  const std::string good = (directory.Path() / "good.png").string(), bad = (directory.Path() / "bad.png").string();
+  const std::string good = directory / "good.png", bad = directory.Write("bad.png", "\x89PNG\r\n\x1a\nnothing");
   Picture picture(3, 2, 0);
   picture.pixels[1] = 0x80ffffff;
   picture.WritePng(good);
-  std::ofstream(bad) << "\x89PNG\r\n\x1a\nnothing";
-  const LogHandler former = SetLogHandler([](const char*, uint32_t, LogLevel, const char* channel, const char*) {
-    warnings += std::string_view(channel) == "Image";
-  });
+  TestSupport::ToolkitWarnings warnings;
   ImageStore store;
   const auto bitmap = store.Load(good);
   ASSERT_TRUE(bitmap);
@@ -107,13 +100,12 @@ TEST(ImageStore, ReadsPicturesOnceAndReportsBadOnesOnce) {
   EXPECT_EQ(bitmap->Levels()[0].pixels[0], 0u);
   EXPECT_EQ(bitmap->Levels()[0].pixels[1], 0x80808080u) << "half of white, premultiplied";
   EXPECT_EQ(store.Load(good), bitmap);
-  EXPECT_EQ(warnings, 0);
+  EXPECT_EQ(warnings.Take(), std::vector<std::string>());
   for (int i = 0; i < 2; ++i) {
     EXPECT_FALSE(store.Load(bad));
     EXPECT_FALSE(store.Load(good + ".missing"));
   }
-  EXPECT_EQ(warnings, 2);
-  SetLogHandler(former);
+  EXPECT_EQ(warnings.Take().size(), 2u);
 }
 
 } // namespace

@@ -3,21 +3,9 @@
 #include "app/EmbeddedData.h"
 #include "toolkit/text/TextCache.h"
 
-#include <gtest/gtest.h>
-#include <png.h>
-
 namespace RenderTest {
 
 using namespace Toolkit;
-
-void Picture::WritePng(const std::string& path) const {
-  png_image image{};
-  image.version = PNG_IMAGE_VERSION;
-  image.width = static_cast<png_uint_32>(width);
-  image.height = static_cast<png_uint_32>(height);
-  image.format = PNG_FORMAT_BGRA;
-  png_image_write_to_file(&image, path.c_str(), 0, pixels.data(), 0, nullptr);
-}
 
 std::shared_ptr<const DisplayList> Record(const Drawing& drawing) {
   Painter painter;
@@ -34,21 +22,6 @@ Picture Draw(int width, int height, const Drawing& drawing, float scale) {
 
 Ptr<SolidColorBrush> Solid(int rgb, int alpha) {
   return MakePtr<SolidColorBrush>(Color::FromBytes(rgb >> 16 & 255, rgb >> 8 & 255, rgb & 255, alpha));
-}
-
-void ExpectEqual(const Picture& actual, const Picture& expected, const std::string& name) {
-  ASSERT_EQ(actual.width, expected.width);
-  ASSERT_EQ(actual.height, expected.height);
-  if (actual.pixels == expected.pixels) return;
-  Picture difference(actual.width, actual.height);
-  int count = 0;
-  for (size_t i = 0; i < actual.pixels.size(); ++i)
-    if (actual.pixels[i] != expected.pixels[i] && ++count) difference.pixels[i] = 0xffff0000;
-  const std::string path = std::string(TESSELOR_TEST_OUTPUT_DIR) + "/" + name;
-  actual.WritePng(path + ".actual.png");
-  expected.WritePng(path + ".expected.png");
-  difference.WritePng(path + ".difference.png");
-  ADD_FAILURE() << count << " pixels differ; see " << path << ".*.png";
 }
 
 std::shared_ptr<const DisplayList> Everything() {

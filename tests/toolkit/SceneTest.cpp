@@ -1,10 +1,11 @@
 #include "RenderPicture.h"
-#include "toolkit/MarkupTestSupport.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/SpatialIndex.h"
 #include "toolkit/render/DisplayListDamage.h"
 #include "toolkit/render/FrameRecorder.h"
+#include "toolkit/visual/LayoutQueue.h"
 #include "toolkit/visual/Transform.h"
 
 #include <algorithm>
@@ -23,13 +24,13 @@ constexpr Size View{300, 200};
 /// damaged parts of the frames have made so far.
 class SceneTest : public MarkupTest {
 protected:
-  struct Stage {
+  struct Scene {
     Ptr<Canvas> root, canvas;
     Ptr<ScaleTransform> scale = MakePtr<ScaleTransform>();
     Ptr<TranslateTransform> shift = MakePtr<TranslateTransform>();
     FrameRecorder recorder{ImageFinder()};
     Picture picture{static_cast<int>(View.width), static_cast<int>(View.height), Background};
-    explicit Stage(bool keeps) : root(MakePtr<Canvas>()), canvas(MakePtr<Canvas>()) {
+    explicit Scene(bool keeps) : root(MakePtr<Canvas>()), canvas(MakePtr<Canvas>()) {
       if (keeps) canvas->KeepDrawings();
       auto transform = MakePtr<TransformGroup>();
       transform->AddChild(scale.Get());
@@ -40,7 +41,7 @@ protected:
       root->Measure(View);
       root->Arrange({0, 0, View.width, View.height});
     }
-    ~Stage() { root->DetachAsRoot(); }
+    ~Scene() { root->DetachAsRoot(); }
     void Draw() {
       LayoutQueue::Current().Run();
       const FrameRecorder::Frame frame = recorder.Record(*root, View, 1);
@@ -69,6 +70,11 @@ protected:
     box->SetChild(Box(width / 2, height / 4, ~color & 0xffffff).Get());
     return box;
   }
+  template <class Number> static void Place(Canvas& canvas, const Ptr<Border>& box, Number left, Number top) {
+    Canvas::SetLeft(box.Get(), static_cast<float>(left));
+    Canvas::SetTop(box.Get(), static_cast<float>(top));
+    canvas.AddChild(box.Get());
+  }
 };
 
 TEST_F(SceneTest, ShowsAndHitsWhatAPlainCanvasDoes) {
@@ -78,7 +84,7 @@ TEST_F(SceneTest, ShowsAndHitsWhatAPlainCanvasDoes) {
     return std::round(std::uniform_real_distribution<float>(low, high)(random) * 4) / 4;
   };
   const auto pick = [&](size_t count) { return std::uniform_int_distribution<size_t>(0, count - 1)(random); };
-  Stage kept(true), plain(false);
+  Scene kept(true), plain(false);
   const auto both = [&](auto&& change) {
     change(kept);
     change(plain);
@@ -92,17 +98,11 @@ TEST_F(SceneTest, ShowsAndHitsWhatAPlainCanvasDoes) {
     constexpr float Far = 5000;
     // Some changes come together.
     const bool draws = pick(3) > 0;
-    both([&](Stage& stage) {
-      auto* element = count ? static_cast<Border*>(stage.canvas->Child(index)) : nullptr;
+    both([&](Scene& scene) {
+      auto* element = count ? static_cast<Border*>(scene.canvas->Child(index)) : nullptr;
       switch (kind) {
-      case 0: {
-        auto box = BoxInBox(w, h, color);
-        Canvas::SetLeft(box.Get(), Far + x);
-        Canvas::SetTop(box.Get(), Far + y);
-        stage.canvas->AddChild(box.Get());
-        break;
-      }
-      case 1: stage.canvas->RemoveChild(element); break;
+      case 0: Place(*scene.canvas, BoxInBox(w, h, color), Far + x, Far + y); break;
+      case 1: scene.canvas->RemoveChild(element); break;
       case 2: Canvas::SetLeft(element, Far + x); break;
       case 3: element->SetValue(Border::BackgroundProperty, Value(RenderTest::Solid(color))); break;
       case 4: static_cast<Border*>(element->GetChild())->SetHeight(std::min(h, element->GetHeight())); break;
@@ -117,25 +117,25 @@ TEST_F(SceneTest, ShowsAndHitsWhatAPlainCanvasDoes) {
       case 8: element->SetWidth(w * 2); break;
       default: {
         const float zoom = 1 + static_cast<float>(color % 3);
-        stage.scale->SetScaleX(zoom);
-        stage.scale->SetScaleY(zoom);
-        stage.shift->SetX(-Far * zoom + x / 2);
-        stage.shift->SetY(-Far * zoom + y / 2);
+        scene.scale->SetScaleX(zoom);
+        scene.scale->SetScaleY(zoom);
+        scene.shift->SetX(-Far * zoom + x / 2);
+        scene.shift->SetY(-Far * zoom + y / 2);
       }
       }
-      if (draws) stage.Draw();
+      if (draws) scene.Draw();
     });
     if (!draws) continue;
     SCOPED_TRACE("step " + std::to_string(step) + " of kind " + std::to_string(kind));
-    RenderTest::ExpectEqual(kept.picture, plain.picture, "SceneKept");
-    RenderTest::ExpectEqual(kept.picture, kept.Whole(), "SceneDamage");
+    TestSupport::ExpectEqual(kept.picture, plain.picture, "SceneKept");
+    TestSupport::ExpectEqual(kept.picture, kept.Whole(), "SceneDamage");
     if (HasFailure()) break;
     for (int i = 0; i < 4; ++i) {
       const Point point{number(0, View.width), number(0, View.height)};
-      const auto indexOf = [&](const Stage& stage) {
-        for (UIElement* e = stage.root->HitTest(point); e; e = e->VisualParent())
-          for (size_t c = 0; c < stage.canvas->ChildCount(); ++c)
-            if (stage.canvas->Child(c) == e) return static_cast<int>(c);
+      const auto indexOf = [&](const Scene& scene) {
+        for (UIElement* e = scene.root->HitTest(point); e; e = e->VisualParent())
+          for (size_t c = 0; c < scene.canvas->ChildCount(); ++c)
+            if (scene.canvas->Child(c) == e) return static_cast<int>(c);
         return -1;
       };
       ASSERT_EQ(indexOf(kept), indexOf(plain)) << "step " << step;
@@ -144,61 +144,48 @@ TEST_F(SceneTest, ShowsAndHitsWhatAPlainCanvasDoes) {
 }
 
 TEST_F(SceneTest, DamagesOnlyWhatChanged) {
-  Stage stage(true);
-  for (int i = 0; i < 20; ++i) {
-    auto box = BoxInBox(20, 20, 0x804020);
-    Canvas::SetLeft(box.Get(), static_cast<float>(i % 10 * 30));
-    Canvas::SetTop(box.Get(), static_cast<float>(i / 10 * 30));
-    stage.canvas->AddChild(box.Get());
-  }
-  stage.Draw();
-  EXPECT_EQ(stage.damaged, 300 * 200);
-  stage.Draw();
-  EXPECT_EQ(stage.damaged, 0) << "nothing changed";
-  stage.canvas->Child(3)->SetValue(Border::BackgroundProperty, Value(RenderTest::Solid(0xffffff)));
-  stage.Draw();
-  EXPECT_GE(stage.damaged, 20 * 20);
-  EXPECT_LE(stage.damaged, 24 * 24);
-  Canvas::SetTop(stage.canvas->Child(3), 150);
-  stage.Draw();
-  EXPECT_LE(stage.damaged, 2 * 24 * 24);
+  Scene scene(true);
+  for (int i = 0; i < 20; ++i) Place(*scene.canvas, BoxInBox(20, 20, 0x804020), i % 10 * 30, i / 10 * 30);
+  scene.Draw();
+  EXPECT_EQ(scene.damaged, 300 * 200);
+  scene.Draw();
+  EXPECT_EQ(scene.damaged, 0) << "nothing changed";
+  scene.canvas->Child(3)->SetValue(Border::BackgroundProperty, Value(RenderTest::Solid(0xffffff)));
+  scene.Draw();
+  EXPECT_GE(scene.damaged, 20 * 20);
+  EXPECT_LE(scene.damaged, 24 * 24);
+  Canvas::SetTop(scene.canvas->Child(3), 150);
+  scene.Draw();
+  EXPECT_LE(scene.damaged, 2 * 24 * 24);
 }
 
 TEST_F(SceneTest, SpreadsTheCostOfANewZoomOverFrames) {
-  Stage stage(true);
+  Scene scene(true);
   for (int i = 0; i < 1000; ++i) {
     auto box = Box(200, 100, 0x804020);
-    for (int inner = 0; inner < 1; ++inner) {
-      auto panel = MakePtr<Canvas>();
-      for (int k = 0; k < 8; ++k) {
-        auto part = Box(20, 10, 0x4080ff);
-        Canvas::SetLeft(part.Get(), static_cast<float>(k * 22));
-        panel->AddChild(part.Get());
-      }
-      box->SetChild(panel.Get());
-    }
-    Canvas::SetLeft(box.Get(), static_cast<float>(i % 40 * 210));
-    Canvas::SetTop(box.Get(), static_cast<float>(i / 40 * 110));
-    stage.canvas->AddChild(box.Get());
+    auto panel = MakePtr<Canvas>();
+    for (int k = 0; k < 8; ++k) Place(*panel, Box(20, 10, 0x4080ff), k * 22, 0);
+    box->SetChild(panel.Get());
+    Place(*scene.canvas, box, i % 40 * 210, i / 40 * 110);
   }
   const auto zoom = [&](float value) {
-    stage.scale->SetScaleX(value);
-    stage.scale->SetScaleY(value);
+    scene.scale->SetScaleX(value);
+    scene.scale->SetScaleY(value);
   };
   zoom(0.03f);
-  stage.Draw();
+  scene.Draw();
   zoom(0.25f);
   int frames = 0;
   do {
     LayoutQueue::Current().TakeVisualChange();
-    stage.Draw();
+    scene.Draw();
   } while (LayoutQueue::Current().TakeVisualChange() && ++frames < 20);
   EXPECT_LT(frames, 5);
-  Picture settled = stage.picture;
+  Picture settled = scene.picture;
   // The same as when the canvas is recorded for that zoom at once.
-  for (size_t i = 0; i < stage.canvas->ChildCount(); ++i) stage.canvas->Child(i)->InvalidateVisual();
-  stage.Draw();
-  RenderTest::ExpectEqual(stage.picture, settled, "SceneZoom");
+  for (size_t i = 0; i < scene.canvas->ChildCount(); ++i) scene.canvas->Child(i)->InvalidateVisual();
+  scene.Draw();
+  TestSupport::ExpectEqual(scene.picture, settled, "SceneZoom");
 }
 
 TEST(SpatialIndexTest, FindsAllThatReachesAnArea) {

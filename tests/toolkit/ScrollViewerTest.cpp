@@ -1,40 +1,25 @@
 #include "toolkit/controls/ScrollViewer.h"
-#include "toolkit/InputTestStage.h"
+#include "toolkit/KeyScript.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/ButtonBase.h"
-#include "toolkit/render/FrameRecorder.h"
+#include "toolkit/controls/StackPanel.h"
 
 namespace Toolkit {
 namespace {
 
 constexpr float Bar = ScrollThumb::Width;
 
-/// A viewer of 200 by 100 in the corner of a root that takes input.
-class ScrollViewerTest : public InputStageTest {
+/// A viewer of 200 by 100 in the corner of a column that takes input.
+class ScrollViewerTest : public StageTest {
 protected:
-  void Show(const std::string& attributes, const std::string& content) {
-    ShowColumn("<ScrollViewer x:Name=\"V\" Width=\"200\" Height=\"100\" HorizontalAlignment=\"Left\" " + attributes +
-                   ">" + content + "</ScrollViewer>",
-               {400, 400});
-    viewer = root->FindName<ScrollViewer>("V");
+  void ShowViewer(const std::string& attributes, const std::string& content) {
+    Show("<StackPanel x:Name=\"Root\" Background=\"Black\"><ScrollViewer x:Name=\"V\" Width=\"200\" Height=\"100\" "
+         "HorizontalAlignment=\"Left\" " +
+             attributes + ">" + content + "</ScrollViewer></StackPanel>",
+         {400, 400});
+    viewer = &Find<ScrollViewer>("V");
   }
-  void Drag(Point from, Point to) {
-    input->MouseMove(from);
-    input->MouseDown(MouseButton::Left, from, 1);
-    input->MouseMove(to);
-    input->MouseUp(MouseButton::Left, to);
-    LayoutQueue::Current().Run();
-  }
-  bool Wheel(float notches) {
-    const bool taken = input->MouseWheel({50, 50}, notches);
-    LayoutQueue::Current().Run();
-    return taken;
-  }
-  bool Press(Key key) {
-    const bool taken = input->KeyDown(key);
-    input->KeyUp(key);
-    LayoutQueue::Current().Run();
-    return taken;
-  }
+  bool Wheel(float notches) { return Stage::Wheel({50, 50}, notches); }
   static Point MiddleOf(const Rect& r) { return {r.x + r.width * 0.5f, r.y + r.height * 0.5f}; }
 
   ScrollViewer* viewer = nullptr;
@@ -60,14 +45,14 @@ TEST_F(ScrollViewerTest, LeavesRoomForTheBarsThatTheContentNeeds) {
                                          {"Hidden", "Auto", "200", "300", {200, 100}},
                                          {"Visible", "Auto", "150", "50", {200 - Bar, 100}},
                                          {"Disabled", "Auto", "150", "300", {200, 100}}}) {
-    Show(std::string("VerticalScrollBarVisibility=\"") + c.vertical + "\" HorizontalScrollBarVisibility=\"" +
-             c.horizontal + "\"",
-         Block(c.width, c.height));
+    ShowViewer(std::string("VerticalScrollBarVisibility=\"") + c.vertical + "\" HorizontalScrollBarVisibility=\"" +
+                   c.horizontal + "\"",
+               Block(c.width, c.height));
     EXPECT_EQ(viewer->Viewport(), c.viewport)
         << c.vertical << "/" << c.horizontal << " " << c.width << " x " << c.height;
     // What is laid out anew has the same bars.
     viewer->InvalidateMeasure();
-    LayoutQueue::Current().Run();
+    Settle();
     EXPECT_EQ(viewer->Viewport(), c.viewport) << "the second time";
   }
 }
@@ -82,35 +67,28 @@ TEST_F(ScrollViewerTest, WidensTheColumnOfAGridByItsBar) {
         "<Border Grid.Row=\"1\" Grid.Column=\"1\"><Grid><Grid.RowDefinitions><RowDefinition Height=\"Auto\"/>"
         "<RowDefinition/></Grid.RowDefinitions><Border Height=\"20\"/>" +
             content + "</Grid></Border>"}) {
-    if (root) root->DetachAsRoot();
-    input.reset();
-    root = Make<StackPanel>("StackPanel",
-                            "><Grid Height=\"120\" Width=\"300\"><Grid.ColumnDefinitions><ColumnDefinition/>"
-                            "<ColumnDefinition Width=\"Auto\"/></Grid.ColumnDefinitions>" +
-                                rows + "<Border x:Name=\"Rest\" Grid.Row=\"1\"/>" + panel + "</Grid></StackPanel>");
-    input = std::make_unique<InputState>(*root);
-    root->AttachAsRoot();
-    root->Measure({400, 400});
-    root->Arrange({0, 0, 400, 400});
-    LayoutQueue::Current().Run();
-    EXPECT_EQ(root->FindName<ScrollViewer>("V")->Viewport(), (Size{120, 80})) << panel;
-    EXPECT_EQ(root->FindName("Rest")->ActualWidth(), 300 - 120 - Bar);
+    Show("<StackPanel><Grid Height=\"120\" Width=\"300\"><Grid.ColumnDefinitions><ColumnDefinition/>"
+         "<ColumnDefinition Width=\"Auto\"/></Grid.ColumnDefinitions>" +
+             rows + "<Border x:Name=\"Rest\" Grid.Row=\"1\"/>" + panel + "</Grid></StackPanel>",
+         {400, 400});
+    EXPECT_EQ(Find<ScrollViewer>("V").Viewport(), (Size{120, 80})) << panel;
+    EXPECT_EQ(Find("Rest").ActualWidth(), 300 - 120 - Bar);
   }
 }
 
 TEST_F(ScrollViewerTest, TakesABarAwayWithTheNeedForIt) {
-  Show("", "<TextBlock x:Name=\"B\" TextWrapping=\"Wrap\"/>");
-  auto& text = *root->FindName("B");
+  ShowViewer("", "<TextBlock x:Name=\"B\" TextWrapping=\"Wrap\"/>");
+  auto& text = Find("B");
   const DependencyProperty* textProperty = text.GetType().FindProperty(Symbol("Text"));
   std::string words;
   for (int i = 0; i < 60; ++i) words += "words ";
   text.SetValue(textProperty, std::string_view(words));
-  LayoutQueue::Current().Run();
+  Settle();
   EXPECT_EQ(viewer->Viewport().width, 200 - Bar);
   EXPECT_LT(text.ActualWidth(), 195) << "the text wraps before the bar";
   viewer->ScrollTo({0, 1e6f});
   text.SetValue(textProperty, "short");
-  LayoutQueue::Current().Run();
+  Settle();
   EXPECT_EQ(viewer->Viewport().width, 200);
   EXPECT_EQ(viewer->ScrollOffset(), Point());
 }
@@ -122,27 +100,27 @@ struct Picture : FrameworkElement {
 };
 
 TEST_F(ScrollViewerTest, SettlesWhereContentFitsOnlyBesideABar) {
-  Show("", "");
+  ShowViewer("", "");
   viewer->SetContent(Value(MakePtr<Picture>()));
-  LayoutQueue::Current().Run();
+  Settle();
   EXPECT_EQ(viewer->Viewport().width, 200 - Bar);
 }
 
 TEST_F(ScrollViewerTest, KeepsTheOffsetWithinWhatCanBeScrolled) {
-  Show("HorizontalScrollBarVisibility=\"Auto\"", Block("500", "700"));
+  ShowViewer("HorizontalScrollBarVisibility=\"Auto\"", Block("500", "700"));
   viewer->ScrollTo({1e6f, 1e6f});
   EXPECT_EQ(viewer->ScrollOffset(), (Point{500 - 190, 700 - 90}));
-  root->FindName("B")->SetHeight(300);
-  LayoutQueue::Current().Run();
+  Find("B").SetHeight(300);
+  Settle();
   EXPECT_EQ(viewer->ScrollOffset(), (Point{310, 210}));
   viewer->SetHeight(250);
-  LayoutQueue::Current().Run();
+  Settle();
   EXPECT_EQ(viewer->ScrollOffset(), (Point{310, 60}));
-  EXPECT_EQ(root->FindName("B")->Offset(), (Point{-310, -60}));
+  EXPECT_EQ(Find("B").Offset(), (Point{-310, -60}));
 }
 
 TEST_F(ScrollViewerTest, ScrollsByItsBars) {
-  Show("HorizontalScrollBarVisibility=\"Auto\"", Block("380", "900"));
+  ShowViewer("HorizontalScrollBarVisibility=\"Auto\"", Block("380", "900"));
   const Rect down = viewer->VerticalBar().Thumb(), across = viewer->HorizontalBar().Thumb();
   // Half of the content's way is half of the bar's.
   Drag(MiddleOf(down), {MiddleOf(down).x + 90, MiddleOf(down).y + (90 - down.height) * 0.5f});
@@ -152,38 +130,37 @@ TEST_F(ScrollViewerTest, ScrollsByItsBars) {
   EXPECT_EQ(viewer->ScrollOffset().x, 190);
   // Beside it, the track takes a page.
   const Point below{MiddleOf(down).x, 89}, above{MiddleOf(down).x, 1};
-  Drag(below, below);
+  Click(below);
   EXPECT_NEAR(viewer->ScrollOffset().y, 495, 0.5f);
-  Drag(above, above);
-  Drag(above, above);
+  Click(above);
+  Click(above);
   EXPECT_NEAR(viewer->ScrollOffset().y, 315, 0.5f);
-  EXPECT_EQ(input->Captured(), nullptr);
+  EXPECT_EQ(Input().Captured(), nullptr);
   // A release that is never told of ends the drag as well.
-  input->MouseDown(MouseButton::Left, MiddleOf(viewer->VerticalBar().Thumb()), 1);
-  input->ReleaseAll();
-  input->MouseMove({195, 5});
+  Press(MiddleOf(viewer->VerticalBar().Thumb()));
+  Input().ReleaseAll();
+  MoveTo({195, 5});
   EXPECT_NEAR(viewer->ScrollOffset().y, 315, 0.5f);
 }
 
 TEST_F(ScrollViewerTest, HitsItsBarsAndNotTheContentBelowThem) {
-  Show("HorizontalScrollBarVisibility=\"Auto\"", Block("380", "900"));
-  UIElement* block = root->FindName("B");
-  EXPECT_EQ(root->HitTest({100, 50}), block);
-  EXPECT_EQ(root->HitTest({195, 50}), viewer);
-  EXPECT_EQ(root->HitTest({50, 95}), viewer);
-  EXPECT_EQ(root->HitTest({50, 120}), root.Get());
-  const auto draw = [this] { return FrameRecorder(nullptr).Record(*root, {400, 400}, 1).list->Entries().size(); };
-  const size_t withBars = draw();
-  Show("VerticalScrollBarVisibility=\"Hidden\" HorizontalScrollBarVisibility=\"Hidden\"", Block("380", "900"));
-  EXPECT_EQ(draw(), withBars - 2);
-  EXPECT_EQ(root->HitTest({195, 50}), root->FindName("B"));
+  ShowViewer("HorizontalScrollBarVisibility=\"Auto\"", Block("380", "900"));
+  UIElement* block = &Find("B");
+  EXPECT_EQ(window->HitTest({100, 50}), block);
+  EXPECT_EQ(window->HitTest({195, 50}), viewer);
+  EXPECT_EQ(window->HitTest({50, 95}), viewer);
+  EXPECT_EQ(window->HitTest({50, 120}), &Find("Root"));
+  const size_t withBars = Frame().Entries().size();
+  ShowViewer("VerticalScrollBarVisibility=\"Hidden\" HorizontalScrollBarVisibility=\"Hidden\"", Block("380", "900"));
+  EXPECT_EQ(Frame().Entries().size(), withBars - 2);
+  EXPECT_EQ(window->HitTest({195, 50}), &Find("B"));
   EXPECT_TRUE(Wheel(-1)) << "without a bar it scrolls all the same";
 }
 
 TEST_F(ScrollViewerTest, LeavesTheWheelToThoseAroundAtTheEndOfItsWay) {
-  Show("", "<ScrollViewer x:Name=\"Inner\" Height=\"150\" HorizontalScrollBarVisibility=\"Auto\">" +
-               Block("300", "200") + "</ScrollViewer>");
-  auto& inner = *root->FindName<ScrollViewer>("Inner");
+  ShowViewer("", "<ScrollViewer x:Name=\"Inner\" Height=\"150\" HorizontalScrollBarVisibility=\"Auto\">" +
+                     Block("300", "200") + "</ScrollViewer>");
+  auto& inner = Find<ScrollViewer>("Inner");
   EXPECT_TRUE(Wheel(-1));
   EXPECT_EQ(inner.ScrollOffset(), (Point{0, 48}));
   EXPECT_TRUE(Wheel(-1));
@@ -193,7 +170,7 @@ TEST_F(ScrollViewerTest, LeavesTheWheelToThoseAroundAtTheEndOfItsWay) {
   EXPECT_EQ(viewer->ScrollOffset(), (Point{0, 48}));
   EXPECT_TRUE(Wheel(-1));
   EXPECT_FALSE(Wheel(-1));
-  input->KeyDown(Key::LeftShift);
+  KeyDown(Key::LeftShift);
   EXPECT_TRUE(Wheel(-1));
   EXPECT_EQ(inner.ScrollOffset(), (Point{48, 60}));
   for (int i = 0; i < 5; ++i) Wheel(-1);
@@ -201,34 +178,29 @@ TEST_F(ScrollViewerTest, LeavesTheWheelToThoseAroundAtTheEndOfItsWay) {
 }
 
 TEST_F(ScrollViewerTest, ScrollsByKeysThatNobodyInsideTakes) {
-  Show("HorizontalScrollBarVisibility=\"Auto\"",
-       "<StackPanel Width=\"400\"><Button x:Name=\"First\" Height=\"30\"/><TextBox x:Name=\"Box\" Text=\"some\"/>"
-       "<Border Height=\"500\"/><Button x:Name=\"Last\" Height=\"30\" HorizontalAlignment=\"Right\"/></StackPanel>");
-  root->FindName("First")->Focus();
-  struct Step {
-    Key key;
+  ShowViewer(
+      "HorizontalScrollBarVisibility=\"Auto\"",
+      "<StackPanel Width=\"400\"><Button x:Name=\"First\" Height=\"30\"/><TextBox x:Name=\"Box\" Text=\"some\"/>"
+      "<Border Height=\"500\"/><Button x:Name=\"Last\" Height=\"30\" HorizontalAlignment=\"Right\"/></StackPanel>");
+  Focus(&Find("First"));
+  const float end = viewer->Extent().height - 90;
+  const struct {
+    const char* key;
     bool isTaken;
     Point offset;
-  };
-  const float end = viewer->Extent().height - 90;
-  for (const Step& s : std::vector<Step>{{Key::Up, false, {0, 0}},
-                                         {Key::Down, true, {0, 24}},
-                                         {Key::PageDown, true, {0, 90}},
-                                         {Key::Right, true, {24, 90}},
-                                         {Key::End, true, {24, end}},
-                                         {Key::PageUp, true, {24, end - 66}},
-                                         {Key::Home, true, {24, 0}},
-                                         {Key::Left, true, {0, 0}},
-                                         {Key::Space, true, {0, 0}}}) {
-    EXPECT_EQ(Press(s.key), s.isTaken) << static_cast<int>(s.key);
-    EXPECT_EQ(viewer->ScrollOffset(), s.offset) << static_cast<int>(s.key);
+  } steps[] = {{"Up", false, {0, 0}},     {"Down", true, {0, 24}},  {"PageDown", true, {0, 90}},
+               {"Right", true, {24, 90}}, {"End", true, {24, end}}, {"PageUp", true, {24, end - 66}},
+               {"Home", true, {24, 0}},   {"Left", true, {0, 0}},   {"Space", true, {0, 0}}};
+  for (const auto& s : steps) {
+    EXPECT_EQ(RunKeys(*this, s.key), s.isTaken) << s.key;
+    EXPECT_EQ(viewer->ScrollOffset(), s.offset) << s.key;
   }
-  root->FindName("Box")->Focus();
+  Focus(&Find("Box"));
   Press(Key::End);
   EXPECT_EQ(viewer->ScrollOffset(), Point()) << "the text box needs this key itself";
   // What Tab comes to is shown.
   Press(Key::Tab);
-  EXPECT_TRUE(root->FindName("Last")->IsFocused());
+  EXPECT_TRUE(Find("Last").IsFocused());
   EXPECT_EQ(viewer->ScrollOffset().y, end);
   Press(Key::Tab);
   EXPECT_EQ(viewer->ScrollOffset(), Point());

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "TextTestFonts.h"
-#include "toolkit/base/Diagnostics.h"
+#include "ToolkitWarnings.h"
 
 namespace Toolkit {
 
@@ -63,16 +63,12 @@ TEST(FontCollection, DoesNotTakeAFallbackThatLacksTheCharacter) {
 }
 
 TEST(FontCollection, RefusesBytesThatAreNoFont) {
-  static int warnings;
-  warnings = 0;
-  const LogHandler former = SetLogHandler(
-      [](const char*, uint32_t, LogLevel level, const char*, const char*) { warnings += level == LogLevel::Warning; });
+  TestSupport::ToolkitWarnings warnings;
   FontCollection fonts;
   const unsigned char garbage[] = {'n', 'o', ' ', 'f', 'o', 'n', 't'};
   EXPECT_FALSE(fonts.Register("Broken", FontWeight::Normal, FontStyle::Normal, garbage));
   EXPECT_TRUE(fonts.IsEmpty());
-  SetLogHandler(former);
-  EXPECT_EQ(warnings, 1);
+  EXPECT_EQ(warnings.Take().size(), 1u);
 }
 
 TEST(TextCache, MeasuresWhatALayoutHas) {

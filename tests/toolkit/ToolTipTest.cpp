@@ -1,11 +1,11 @@
 #include "toolkit/controls/ToolTip.h"
-#include "toolkit/PopupTestStage.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/TextBlock.h"
 
 namespace Toolkit {
 namespace {
 
-class ToolTipTest : public PopupTest {
+class ToolTipTest : public StageTest {
 protected:
   void ShowRows() {
     Show("<StackPanel><Border x:Name=\"A\" Background=\"Red\" Height=\"40\" ToolTip=\"first\"/>"
@@ -13,7 +13,7 @@ protected:
          "<Border x:Name=\"C\" Background=\"Red\" Height=\"40\"/>"
          "<Border x:Name=\"D\" Background=\"Red\" Height=\"40\" ToolTip=\"\"/></StackPanel>");
   }
-  Point At(const char* name) { return MiddleOf(Find<FrameworkElement>(name)); }
+  Point At(const char* name) { return MiddleOf(Find(name)); }
 };
 
 TEST_F(ToolTipTest, ComesAfterRestAndGoesWithTheMouse) {
@@ -26,8 +26,8 @@ TEST_F(ToolTipTest, ComesAfterRestAndGoesWithTheMouse) {
   Wait(101);
   ASSERT_TRUE(Shows("first"));
   const Rect tip = BoxOf(*window->Popups().VisualChild(0));
-  EXPECT_FALSE(tip.Contains(input->MousePosition()));
-  EXPECT_LT(tip.y - input->MousePosition().y, 40);
+  EXPECT_FALSE(tip.Contains(Input().MousePosition()));
+  EXPECT_LT(tip.y - Input().MousePosition().y, 40);
   // It takes no input and stays while the mouse moves on its owner.
   MoveTo(At("A") + Point{10, 5});
   EXPECT_TRUE(Shows("first"));
@@ -56,33 +56,26 @@ TEST_F(ToolTipTest, ComesAfterRestAndGoesWithTheMouse) {
 TEST_F(ToolTipTest, GoesByAnyOtherInput) {
   ShowRows();
   const std::pair<const char*, std::function<void()>> inputs[] = {
-      {"press", [&] { input->MouseDown(MouseButton::Left, At("A"), 1); }},
-      {"key", [&] { input->KeyDown(Key::LeftCtrl); }},
-      {"wheel", [&] { input->MouseWheel(At("A"), 1); }},
-      {"leave", [&] { input->MouseLeave(); }},
-      {"resize",
-       [&] {
-         window->SetClientSize({Width, Height - 50});
-       }},
+      {"press", [&] { Press(At("A")); }},      {"key", [&] { KeyDown(Key::LeftCtrl); }},
+      {"wheel", [&] { Wheel(At("A"), 1); }},   {"leave", [&] { Leave(); }},
+      {"resize", [&] { Resize({400, 250}); }},
   };
   for (const auto& [name, act] : inputs) {
     SCOPED_TRACE(name);
-    window->SetClientSize({Width, Height});
-    input->ReleaseAll();
+    Resize({400, 300});
+    Input().ReleaseAll();
     MoveTo(At("C"));
     MoveTo(At("A"));
     Wait(600);
     ASSERT_TRUE(Shows("first"));
     act();
-    Settle();
     EXPECT_FALSE(Shows("first"));
     Wait(1000);
     EXPECT_FALSE(Shows("first"));
   }
   // None while a button is held.
-  input->ReleaseAll();
-  MoveTo(At("C"));
-  input->MouseDown(MouseButton::Left, At("C"), 1);
+  Input().ReleaseAll();
+  Press(At("C"));
   MoveTo(At("A"));
   Wait(1000);
   EXPECT_EQ(OpenPopups(), 0u);
@@ -91,13 +84,12 @@ TEST_F(ToolTipTest, GoesByAnyOtherInput) {
 TEST_F(ToolTipTest, ShowsWhatThereIsToRead) {
   const std::string description =
       "<ToolTip Style=\"{StaticResource DescriptionToolTipStyle}\" Content=\"{Binding Text}\"/>";
-  struct Case {
+  const struct {
     const char* name;
     std::string tip;
     const char* text;
     bool shown;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"bound", description, "bound text", true},
       {"bound to nothing", description, "", false},
       {"plain", "<ToolTip Content=\"plain\"/>", "", true},
@@ -105,24 +97,18 @@ TEST_F(ToolTipTest, ShowsWhatThereIsToRead) {
       {"element", "<TextBlock Text=\"{Binding Text}\"/>", "in an element", true},
       {"empty element", "<TextBlock/>", "", false},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     Show("<Border x:Name=\"A\" Background=\"Red\" Height=\"40\"><Border.ToolTip>" + c.tip +
          "</Border.ToolTip></Border>");
-    auto data = MakePtr<TestData>();
-    data->SetText(c.text);
-    Find<FrameworkElement>("A").SetDataContext(data.Get());
+    Find("A").SetDataContext(MakePtr<TestData>(c.text).Get());
     for (int round = 0; round < 2; ++round) {
       MoveTo({10, 290});
       MoveTo(At("A"));
       Wait(600);
       EXPECT_EQ(OpenPopups(), c.shown ? 1u : 0u);
-      if (c.shown && *c.text) {
-        EXPECT_TRUE(Shows(c.text));
-      }
+      EXPECT_TRUE(!c.shown || !*c.text || Shows(c.text));
     }
-    input.reset();
-    window->DetachAsRoot();
   }
 }
 
@@ -134,7 +120,7 @@ TEST_F(ToolTipTest, WrapsLongTextsAndKeepsAnElementForTheNextTime) {
   text->SetText(words);
   text->SetValue(TextBlock::TextWrappingProperty, TextWrapping::Wrap);
   text->SetValue(FrameworkElement::MaxWidthProperty, 150.0f);
-  Find<FrameworkElement>("C").SetValue(FrameworkElement::ToolTipProperty, Value(text));
+  Find("C").SetValue(FrameworkElement::ToolTipProperty, Value(text));
   for (int round = 0; round < 3; ++round) {
     MoveTo(At("D"));
     MoveTo(At("C"));

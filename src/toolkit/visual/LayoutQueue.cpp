@@ -4,6 +4,7 @@
 #include "toolkit/visual/FrameworkElement.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Toolkit {
 
@@ -103,7 +104,7 @@ void LayoutQueue::Run() {
   if (running) return;
   running = true;
   // Layout that keeps invalidating itself is cut off rather than hanging the program.
-  for (int pass = 0; pass < 200 && !(measures.IsEmpty() && arranges.IsEmpty() && notices.IsEmpty()); ++pass) {
+  for (int pass = 0; pass < 200 && !IsDone(); ++pass) {
     if (pass == 199) TOOLKIT_WARN("Layout", "layout does not settle; giving up for now");
     if (!measures.IsEmpty()) {
       for (const Ptr<UIElement>& element : measures.TakeByDepth()) {
@@ -116,7 +117,10 @@ void LayoutQueue::Run() {
       continue;
     }
     if (arranges.IsEmpty()) {
-      TellOfChanges();
+      if (notices.IsEmpty())
+        RunTasks();
+      else
+        TellOfChanges();
       continue;
     }
     for (const Ptr<UIElement>& element : arranges.TakeByDepth()) {
@@ -132,6 +136,24 @@ void LayoutQueue::Run() {
     }
   }
   running = false;
+}
+
+void LayoutQueue::Add(LayoutTask& task) {
+  if (task.isDue) return;
+  task.isDue = true;
+  tasks.push_back(&task);
+}
+
+void LayoutQueue::Remove(LayoutTask& task) {
+  if (task.isDue) std::erase(tasks, &task);
+  task.isDue = false;
+}
+
+void LayoutQueue::RunTasks() {
+  for (LayoutTask* task : std::exchange(tasks, {})) {
+    task->isDue = false;
+    task->AfterLayout();
+  }
 }
 
 void LayoutQueue::TellOfChanges() {

@@ -7,6 +7,21 @@
 
 namespace Toolkit {
 
+/// Something that follows from where layout has put elements, such as the lines between them. Whoever owns it removes
+/// it from the queue before it goes.
+class LayoutTask {
+public:
+  /// At the end of a layout, when nothing else is due. What it makes due is laid out in the same run.
+  virtual void AfterLayout() = 0;
+
+protected:
+  ~LayoutTask() = default;
+
+private:
+  friend class LayoutQueue;
+  bool isDue = false;
+};
+
 /// What layout is due. An element enters when its own layout became invalid below a root; running the queue measures
 /// and arranges just these, outermost first, and their parents only if a wanted size changed. Then it tells the
 /// elements that note changes of their arrangement.
@@ -19,9 +34,14 @@ public:
   void AddNotice(UIElement& element);
   /// The element's `Loaded` is due.
   void AddLoaded(UIElement& element);
+  /// The task runs once at the end of the next layout, however often it is added before.
+  void Add(LayoutTask& task);
+  void Remove(LayoutTask& task);
   /// Nothing is due for the element any more.
   void Remove(UIElement& element);
-  bool IsEmpty() const { return measures.IsEmpty() && arranges.IsEmpty() && notices.IsEmpty() && loaded.IsEmpty(); }
+  bool IsEmpty() const {
+    return measures.IsEmpty() && arranges.IsEmpty() && notices.IsEmpty() && loaded.IsEmpty() && tasks.empty();
+  }
   /// Lays out and tells until nothing is due. Calls from inside a run do nothing.
   void Run();
   /// Raises `Loaded` for elements that have come below a root since the last call. Layout is run before.
@@ -51,9 +71,12 @@ private:
     std::unordered_map<const UIElement*, size_t> places;
   };
 
+  bool IsDone() const { return measures.IsEmpty() && arranges.IsEmpty() && notices.IsEmpty() && tasks.empty(); }
   void TellOfChanges();
+  void RunTasks();
 
   Elements measures, arranges, notices, loaded;
+  std::vector<LayoutTask*> tasks;
   bool running = false;
   bool visualChanged = false;
 };

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/FileDialogs.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace TestSupport {
+
+/// Takes the place of the desktop's file dialogs and answers them with a path; without one they count as cancelled.
+class ChosenFile : public Tesselor::FileDialogBackend {
+public:
+  explicit ChosenFile(std::optional<std::string> path = {}) : path(std::move(path)) {
+    former = Tesselor::FileDialogs::SetBackend(this);
+  }
+  ~ChosenFile() override { Tesselor::FileDialogs::SetBackend(former); }
+  ChosenFile(const ChosenFile&) = delete;
+  ChosenFile& operator=(const ChosenFile&) = delete;
+
+  std::optional<std::string> Open(const std::string& asked) override {
+    filter = asked;
+    return path;
+  }
+  std::optional<std::string> Save(const std::string& asked) override { return Open(asked); }
+
+  std::optional<std::string> path;
+  /// What the last dialog was asked to show; nothing if there was none.
+  std::optional<std::string> filter;
+
+private:
+  Tesselor::FileDialogBackend* former;
+};
+
+} // namespace TestSupport
