@@ -92,7 +92,8 @@ TEST_F(BindingTest, WritesBackWhenItsTriggerSays) {
   };
   for (const Case& c :
        {Case{", UpdateSourceTrigger=PropertyChanged", "typed", "typed"}, Case{"", "start", "typed"},
-        Case{", Mode=OneWay", "start", "start"}, Case{", UpdateSourceTrigger=Explicit", "start", "start"}}) {
+        Case{", UpdateSourceTrigger=LostFocus", "start", "typed"}, Case{", Mode=OneWay", "start", "start"},
+        Case{", UpdateSourceTrigger=Explicit", "start", "start"}}) {
     auto box = Make<TextBox>("TextBox", std::string(" Text=\"{Binding Text") + c.arguments + "}\"/>");
     auto data = Data("start");
     box->SetDataContext(data.Get());

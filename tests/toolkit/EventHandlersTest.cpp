@@ -3,6 +3,7 @@
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/ContentPresenter.h"
 #include "toolkit/controls/MenuItem.h"
+#include "toolkit/markup/GUI.h"
 
 namespace Toolkit {
 namespace {
