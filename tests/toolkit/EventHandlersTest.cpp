@@ -3,6 +3,7 @@
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/ContentPresenter.h"
 #include "toolkit/controls/MenuItem.h"
+#include "toolkit/markup/GUI.h"
 
 namespace Toolkit {
 namespace {
@@ -112,6 +113,9 @@ TEST_F(EventHandlersTest, AreReportedOncePerDocumentIfNobodyDescribesThem) {
            Case{"\n<Button Click=\"OnNothing\"/>", "2: no handler 'OnNothing' for 'Click' of Button"},
            Case{"\n\n<Button MouseDown=\"OnAny\"/>", "3: no handler 'OnAny' for 'MouseDown' of Button"},
            Case{"\n<MenuItem Click=\"OnAny\"/>", "2: no handler 'OnAny' for 'Click' of MenuItem"},
+           Case{"\n<Border><Border.Background><SolidColorBrush "
+                "ButtonBase.Click=\"OnAny\"/></Border.Background></Border>",
+                "2: no handler 'OnAny' for 'Click' of SolidColorBrush"},
            Case{"\n<Border MouseLeave=\"OnLeave\"/>", "2: no handler 'OnLeave' for 'MouseLeave' of Border"},
        }) {
     warnings.Take();
@@ -127,6 +131,16 @@ TEST_F(EventHandlersTest, AreReportedOncePerDocumentIfNobodyDescribesThem) {
   Make<StackPanel>("StackPanel", "><Button Click=\"OnAny\"/></StackPanel>");
   EXPECT_EQ(warnings.Take(), std::vector<std::string>{"1: no handler 'OnAny' for 'Click' of Button"});
   warnings.Take();
+}
+
+TEST_F(EventHandlersTest, NeedADocumentOfTheirOwnClass) {
+  static std::string error;
+  error.clear();
+  const ErrorHandler former =
+      SetErrorHandler([](const char*, uint32_t, const char* message, bool) { error = message; });
+  EXPECT_FALSE(GUI::LoadComponent(*MakePtr<Counter>(), "App.xaml"));
+  SetErrorHandler(former);
+  EXPECT_EQ(error, "'App.xaml' is no document of Tesselor.Counter");
 }
 
 } // namespace

@@ -192,8 +192,9 @@ TEST_F(LayoutNoticeTest, KeepsLayoutDueForThoseThatStay) {
   }
   for (const Ptr<UIElement>& element : leaving)
     if (!element->IsAttached()) panel->AddChild(element.Get());
-  panel->RemoveChild(blocks[20].Get());
-  for (int i = 100; i < 280; ++i) blocks[static_cast<size_t>(i)]->SetText("abcd");
+  for (size_t i = 100; i < 280; ++i) blocks[i]->SetText("abcd");
+  panel->RemoveChild(blocks[120].Get());
+  for (size_t i = 40; i < 90; ++i) blocks[i]->SetText("abcd");
   for (const Ptr<TextBlock>& b : blocks) panel->RemoveChild(b.Get());
   EXPECT_TRUE(LayoutQueue::Current().IsEmpty());
 }

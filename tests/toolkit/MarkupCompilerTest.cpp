@@ -65,13 +65,25 @@ TEST_F(MarkupCompilerTest, FindsClassesInTheNamespaceOfTheirPrefix) {
   for (const Case& c : {
            Case{"\n<Box/>", "2: type 'Box' is not known", true},
            Case{"\n<local:Box/>", "2: type 'local:Box' is not known", true},
-           Case{"<Border Tag=\"{x:Type u:Box}\"/>", "1: type 'u:Box' is not known", true},
+           Case{"<Border Tag=\"{x:Type u:Border}\"/>", "1: type 'u:Border' is not known", true},
            Case{"\n\n<u:Box/>", "3: the prefix of 'u:Box' is not declared", false},
            Case{"<Border>\n<Border u:Width=\"3\"/></Border>", "2: the prefix of 'u:Width' is not declared", false},
        }) {
     EXPECT_EQ(Make("StackPanel", declarations + ">" + c.content + "</StackPanel>") != nullptr, c.loads);
     EXPECT_EQ(warnings.Take(), std::vector<std::string>{c.report});
   }
+}
+
+TEST_F(MarkupCompilerTest, TakesTheNearestResourceOfAKey) {
+  auto panel = Make<StackPanel>("StackPanel", R"(>
+    <StackPanel.Resources><SolidColorBrush x:Key="K" Color="#010203"/></StackPanel.Resources>
+    <Border Background="{StaticResource K}"><Border.Resources><SolidColorBrush x:Key="K" Color="#040506"/></Border.Resources>
+    </Border><Border Background="{StaticResource K}"/></StackPanel>)");
+  const auto color = [&](size_t i) {
+    return panel->Child(i)->GetValue(Border::BackgroundProperty).As<SolidColorBrush*>()->GetColor();
+  };
+  EXPECT_EQ(color(0), Color::FromBytes(4, 5, 6));
+  EXPECT_EQ(color(1), Color::FromBytes(1, 2, 3));
 }
 
 TEST_F(MarkupCompilerTest, ReadsPropertyElementsAttachedPropertiesAndLists) {

@@ -143,6 +143,20 @@ TEST_F(SceneTest, ShowsAndHitsWhatAPlainCanvasDoes) {
   }
 }
 
+TEST_F(SceneTest, ForgetsAChildThatNoFrameHasShown) {
+  Scene scene(true);
+  const auto gone = Box(20, 20, 0xff0000);
+  Place(*scene.canvas, gone, 0, 0);
+  scene.canvas->RemoveChild(gone.Get());
+  scene.Draw();
+  const auto left = Box(20, 20, 0xff00), right = Box(20, 20, 0xff);
+  Place(*scene.canvas, left, 0, 0);
+  Place(*scene.canvas, right, 100, 0);
+  scene.Draw();
+  EXPECT_EQ(scene.root->HitTest({5, 5}), left.Get());
+  EXPECT_EQ(scene.root->HitTest({105, 5}), right.Get());
+}
+
 TEST_F(SceneTest, DamagesOnlyWhatChanged) {
   Scene scene(true);
   for (int i = 0; i < 20; ++i) Place(*scene.canvas, BoxInBox(20, 20, 0x804020), i % 10 * 30, i / 10 * 30);

@@ -56,10 +56,8 @@ void CanvasScene::Remove(UIElement& child) {
   Item& item = items[id];
   if (item.isIndexed) index.Remove(id, item.box);
   SetTransformed(id, false);
-  const bool isListed = item.isMoved;
+  if (!item.isMoved) freeItems.push_back(id);
   item = {};
-  item.isMoved = isListed;
-  if (!isListed) freeItems.push_back(id);
   isOrderStale = true;
 }
 
