@@ -46,7 +46,7 @@ double ProcessorTime() {
 double Milliseconds(Clock::duration duration) { return std::chrono::duration<double, std::milli>(duration).count(); }
 
 template <class T> T* FindFirst(Toolkit::UIElement& element, const std::function<bool(T&)>& fits) {
-  if (T* found = Toolkit::DynamicCast<T>(static_cast<Toolkit::Object*>(&element)); found && fits(*found)) return found;
+  if (T* found = Toolkit::DynamicCast<T>(&element); found && fits(*found)) return found;
   for (size_t i = 0; i < element.VisualChildCount(); ++i)
     if (Toolkit::UIElement* child = element.VisualChild(i))
       if (T* found = FindFirst<T>(*child, fits)) return found;
@@ -188,7 +188,7 @@ private:
     size_t count = 0;
     for (size_t i = 0; i < panel.ChildCount(); ++i) {
       const Toolkit::UIElement& child = *panel.Child(i);
-      const auto* node = Toolkit::DynamicCast<Tesselor::ContentNode>(static_cast<const Toolkit::Object*>(&child));
+      const auto* node = Toolkit::DynamicCast<Tesselor::ContentNode>(&child);
       if ((node != nullptr) != nodes || !child.IsVisible()) continue;
       const Toolkit::Rect box = child.DrawnBounds();
       const Point at = child.Offset();
@@ -205,7 +205,7 @@ private:
     Toolkit::Canvas& panel = *canvas->GetPanel();
     float width = 0, height = 0;
     for (size_t i = 0; i < panel.ChildCount(); ++i) {
-      auto* node = Toolkit::DynamicCast<Tesselor::ContentNode>(static_cast<Toolkit::Object*>(panel.Child(i)));
+      auto* node = Toolkit::DynamicCast<Tesselor::ContentNode>(panel.Child(i));
       if (!node) continue;
       nodes.push_back(node);
       width = std::max(width, node->ActualWidth() + Gap);
@@ -224,10 +224,6 @@ private:
       Toolkit::Canvas::SetLeft(nodes[i], Centre + static_cast<float>(i % columns) * width - extent.width / 2);
       Toolkit::Canvas::SetTop(nodes[i], Centre + static_cast<float>(i / columns) * height - extent.height / 2);
     }
-    panel.UpdateLayout();
-    for (Toolkit::UIElement* e = canvas; e; e = e->UIParent())
-      if (auto* view = Toolkit::DynamicCast<Tesselor::MainView>(static_cast<Toolkit::Object*>(e)))
-        view->Connections().RefreshAll();
     panel.UpdateLayout();
   }
 

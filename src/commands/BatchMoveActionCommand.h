@@ -1,5 +1,6 @@
 #pragma once
 
+#include "graph/ChildOrder.h"
 #include "graph/MoveRecord.h"
 #include "values/IActionCommand.h"
 
@@ -7,21 +8,20 @@
 
 namespace Tesselor {
 
-class DocumentView;
-
 /// Moves nodes. Made after the nodes were moved, so it is pushed without being run.
 class BatchMoveActionCommand : public IActionCommand {
 public:
-  /// The view outlives the history that the command is pushed to.
-  BatchMoveActionCommand(DocumentView& view, std::vector<MoveRecord> records)
-      : view(view), records(std::move(records)) {}
+  explicit BatchMoveActionCommand(std::vector<MoveRecord> records) : records(std::move(records)) {}
+  /// For a move after which the children of the pins around were brought into their new order: how they stood before
+  /// and after.
+  BatchMoveActionCommand(std::vector<MoveRecord> records, ChildOrder oldOrder, ChildOrder newOrder)
+      : records(std::move(records)), oldOrder(std::move(oldOrder)), newOrder(std::move(newOrder)) {}
   void Do() override;
   void Undo() override;
 
 private:
-  void Move(const MoveRecord& record, float left, float top);
-  DocumentView& view;
   std::vector<MoveRecord> records;
+  ChildOrder oldOrder, newOrder;
 };
 
 } // namespace Tesselor

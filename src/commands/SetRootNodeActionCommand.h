@@ -1,26 +1,28 @@
 #pragma once
 
 #include "nodes/ContentNode.h"
-#include "nodes/DocumentView.h"
 #include "values/IActionCommand.h"
+
+#include <string>
 
 namespace Tesselor {
 
-/// Makes another node the document's root.
+class Graph;
+
+/// Makes another node the document's root, which changes the titles of both. Undo gives them back as they were.
 class SetRootNodeActionCommand : public IActionCommand {
 public:
-  /// The view outlives the history that the command is pushed to. There may be no old root.
-  SetRootNodeActionCommand(DocumentView& view, ContentNode* oldRoot, ContentNode& newRoot)
-      : view(view), oldRoot(oldRoot), newRoot(&newRoot) {}
-  void Do() override { view.SetRootNode(*newRoot); }
-  void Undo() override {
-    if (oldRoot) view.SetRootNode(*oldRoot);
-  }
+  /// The graph outlives the history that the command is pushed to, and its present root becomes the old one.
+  SetRootNodeActionCommand(Graph& graph, ContentNode& newRoot);
+  void Do() override;
+  void Undo() override;
 
 private:
-  DocumentView& view;
+  Graph& graph;
+  /// Null if there was none.
   Toolkit::Ptr<ContentNode> oldRoot;
   Toolkit::Ptr<ContentNode> newRoot;
+  std::string oldRootTitle, newRootTitle;
 };
 
 } // namespace Tesselor

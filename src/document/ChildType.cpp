@@ -2,6 +2,7 @@
 
 #include "document/NodeEntry.h"
 #include "nodes/ContentNode.h"
+#include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
@@ -61,9 +62,9 @@ void ChildType::UseDefaultVariant(const NodeVariant& variant) {
 void ChildType::ReadIdentity(const NodeEntry& entry) {
   const auto id = JsonText(entry.nodeId);
   if (!id) return;
-  const size_t separator = id->find('-');
-  type = id->substr(0, separator);
-  if (separator != std::string::npos) uuid = id->substr(separator + 1);
+  const NodeIdentity identity = NodeIdentity::Of(*id);
+  type = identity.type;
+  uuid = identity.uuid;
 }
 
 void ChildType::ReadKind(const NodeEntry& entry) {
@@ -72,16 +73,16 @@ void ChildType::ReadKind(const NodeEntry& entry) {
 }
 
 Toolkit::Ptr<ContentNode> ChildType::Create(const NodeDictionary& dictionary) const {
-  if (isLink) {
+  if (isLink)
     LogFile::Write("Creating Link node");
-    return dictionary.CreateNode(BuiltIn::Link, true);
-  }
-  if (isGeneric) {
+  else if (isGeneric)
     LogFile::Write("Creating generic node");
-    return dictionary.CreateNode(BuiltIn::Generic, true);
-  }
-  LogFile::Write("Creating child node: '" + type + "'.");
-  return dictionary.CreateNode(type, true);
+  else
+    LogFile::Write("Creating child node: '" + type + "'.");
+  const std::string id = isLink ? BuiltIn::Link : isGeneric ? BuiltIn::Generic : type;
+  Toolkit::Ptr<ContentNode> node = dictionary.CreateNode(id, true);
+  if (node && !uuid.empty()) node->SetNodeId(uuid);
+  return node;
 }
 
 } // namespace Tesselor

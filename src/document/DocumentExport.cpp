@@ -1,6 +1,5 @@
 #include "document/DocumentExport.h"
 
-#include "document/NodeChildWriter.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/GroupNode.h"
@@ -111,14 +110,14 @@ std::string DocumentExport::DescribeLinkMismatches(const std::vector<Toolkit::Pt
 }
 
 JsonPtr DocumentExport::Build(const std::vector<Toolkit::Ptr<GroupNode>>& groups,
-                              const std::vector<Toolkit::Ptr<CommentNode>>& comments,
-                              const std::string& workspaceId) const {
+                              const std::vector<Toolkit::Ptr<CommentNode>>& comments, const std::string& workspaceId) {
   JsonPtr document(cJSON_CreateObject());
-  // The tree comes first: it gives the nodes the identities that the metadata refers to.
-  rootNode.SerializeChild(document.get(), saveAllFields);
+  // The trees come first: they give the nodes the identities by which their places are found again.
+  rootNode.SerializeChild(document.get(), writer);
+  JsonPtr floating = BuildFloatingNodes();
   JsonPtr metadata(cJSON_CreateObject());
   cJSON_AddItemToObject(metadata.get(), Keys::Nodes, BuildNodes().release());
-  if (!nodes.empty()) cJSON_AddItemToObject(metadata.get(), Keys::FloatingNodes, BuildFloatingNodes().release());
+  if (!nodes.empty()) cJSON_AddItemToObject(metadata.get(), Keys::FloatingNodes, floating.release());
   cJSON_AddItemToObject(metadata.get(), Keys::Links, BuildLinks().release());
   cJSON* groupArray = cJSON_AddArrayToObject(metadata.get(), Keys::Groups);
   for (const auto& group : groups) cJSON_AddItemToArray(groupArray, group->ToJson().release());
@@ -135,22 +134,21 @@ JsonPtr DocumentExport::BuildNodes() const {
     if (node->IsPassthrough()) continue;
     cJSON* entry = cJSON_AddObjectToObject(json.get(), node->Identity().c_str());
     SavePosition(*node, entry);
-    if (!node->Title().empty() && node->Title() != node->Blueprint().title)
-      cJSON_AddStringToObject(entry, Keys::Title, std::string(node->Title()).c_str());
+    if (!node->Title().empty()) NodeWriter::WriteTitle(entry, *node);
   }
   return json;
 }
 
-JsonPtr DocumentExport::BuildFloatingNodes() const {
+JsonPtr DocumentExport::BuildFloatingNodes() {
   JsonPtr array(cJSON_CreateArray());
   NodeSet reachable;
   CollectReachable(rootNode, reachable);
   const auto write = [&](ContentNode& node) {
     JsonPtr object(cJSON_CreateObject());
-    if (Toolkit::DynamicCast<GenericContentNode>(static_cast<Toolkit::Object*>(&node)))
-      node.SerializeWithId(object.get(), saveAllFields, false);
+    if (Toolkit::DynamicCast<GenericContentNode>(&node))
+      node.SerializeWithId(object.get(), writer, NodeLayout::Omitted);
     else
-      node.Serialize(object.get(), true, saveAllFields);
+      node.Serialize(object.get(), writer, NodeIdMember::Written);
     cJSON_AddItemToArray(array.get(), object.release());
     CollectReachable(node, reachable);
   };
@@ -174,8 +172,7 @@ JsonPtr DocumentExport::BuildLinks() const {
     if (!node->IsPassthrough()) continue;
     cJSON* entry = cJSON_AddObjectToObject(json.get(), EnsureLinkId(*node).c_str());
     SavePosition(*node, entry);
-    if (node->Title() != node->Blueprint().title)
-      cJSON_AddStringToObject(entry, Keys::Title, std::string(node->Title()).c_str());
+    NodeWriter::WriteTitle(entry, *node);
     AddEndpoints(entry, Keys::InputConnections, node->FirstInput());
     AddEndpoints(entry, Keys::OutputConnections, node->FirstOutput());
     if (const NodePinData* source = FarEnd(*node, true))

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/NodeWriter.h"
 #include "platform/JsonFile.h"
 #include "toolkit/base/Object.h"
 
@@ -9,20 +10,18 @@
 namespace Tesselor {
 
 class CommentNode;
-class ContentNode;
 class GroupNode;
-class NodePinData;
 
 /// Builds the JSON of one document: the asset, and behind it the editor's metadata. Gives UUIDs to nodes and links
 /// that have none, and changes nothing else.
 class DocumentExport {
 public:
   /// The lists outlive the export.
-  DocumentExport(ContentNode& rootNode, const std::vector<Toolkit::Ptr<ContentNode>>& nodes, bool saveAllFields)
-      : rootNode(rootNode), nodes(nodes), saveAllFields(saveAllFields) {}
+  DocumentExport(ContentNode& rootNode, const std::vector<Toolkit::Ptr<ContentNode>>& nodes, FieldsToWrite fields)
+      : rootNode(rootNode), nodes(nodes), writer(fields) {}
 
   JsonPtr Build(const std::vector<Toolkit::Ptr<GroupNode>>& groups,
-                const std::vector<Toolkit::Ptr<CommentNode>>& comments, const std::string& workspaceId) const;
+                const std::vector<Toolkit::Ptr<CommentNode>>& comments, const std::string& workspaceId);
 
   /// Why the pass-through nodes can't be written: those whose sides are connected to different types. Empty if all are
   /// sound.
@@ -30,12 +29,12 @@ public:
 
 private:
   JsonPtr BuildNodes() const;
-  JsonPtr BuildFloatingNodes() const;
+  JsonPtr BuildFloatingNodes();
   JsonPtr BuildLinks() const;
 
   ContentNode& rootNode;
   const std::vector<Toolkit::Ptr<ContentNode>>& nodes;
-  bool saveAllFields;
+  NodeWriter writer;
 };
 
 } // namespace Tesselor

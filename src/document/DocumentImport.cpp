@@ -1,17 +1,22 @@
 #include "document/DocumentImport.h"
 
 #include "document/DocumentPrint.h"
+#include "document/ImportTarget.h"
+#include "document/NodeReader.h"
 #include "document/UnplacedNodes.h"
+#include "graph/Graph.h"
+#include "graph/TreeLayout.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
-#include "nodes/DocumentView.h"
 #include "nodes/GroupNode.h"
+#include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/Canvas.h"
+#include "values/ActionHistory.h"
 #include "workspace/Workspace.h"
 
 #include <array>
@@ -69,13 +74,15 @@ bool IsMoved(const ContentNode& node) {
 
 } // namespace
 
-DocumentImport::DocumentImport(const cJSON* document, const Workspace& workspace, DocumentView& view)
-    : document(document), metadata(cJSON_GetObjectItem(document, Keys::Metadata)), workspace(workspace), view(view) {
+DocumentImport::DocumentImport(const cJSON* document, const Workspace& workspace, ImportTarget& target)
+    : document(document), metadata(cJSON_GetObjectItem(document, Keys::Metadata)), workspace(workspace), target(target),
+      view(target.graph) {
   if (!metadata) metadata = document;
 }
 
 bool DocumentImport::Run(const std::string& rootNodeType) {
-  view.ClearHistory();
+  // Undo steps don't reach across a load.
+  ActionHistory::Instance().Clear();
   const std::optional<std::string> type = ResolveRootType(rootNodeType);
   if (!type) return false;
   const Toolkit::Ptr<ContentNode> root = workspace.nodeDictionary->CreateNode(*type, true);
@@ -84,22 +91,18 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
     ShowImportError("Cannot import node tree: Failed to create root node.");
     return false;
   }
-  view.SetRootNode(*root);
+  view.SetRootNode(root.Get());
   if (const auto id = JsonText(cJSON_GetObjectItem(document, Keys::NodeId)))
-    if (const size_t separator = id->find('-'); separator != std::string::npos)
-      root->SetNodeId(id->substr(separator + 1));
+    root->SetNodeId(std::string(NodeIdentity::Of(*id).uuid));
 
-  LinkImport links(metadata, workspace, view);
-  {
-    const DocumentPrint print(document);
-    view.AddNode(*root, 0, 0, false);
-    root->Deserialize(document, workspace, view, false);
-    ReadFloatingNodes();
-  }
+  ReadNodes(*root);
   ReadGroups();
   ReadComments();
+  LinkImport links(metadata, workspace, view);
   links.Read();
   links.SpliceIntoPendingConnections();
+  // Heights order the children of pins, so nodes are laid out before they are joined.
+  view.Panel().UpdateLayout();
   view.CompletePendingConnections();
   links.Finish();
   ApplyLayout();
@@ -126,24 +129,28 @@ std::optional<std::string> DocumentImport::ResolveRootType(const std::string& ro
   return *found;
 }
 
-void DocumentImport::ReadFloatingNodes() {
+void DocumentImport::ReadNodes(ContentNode& root) {
+  const DocumentPrint print(document);
+  NodeReader reader(view, workspace, NewNodes::Unselected, &print);
+  reader.Add(root);
+  root.Deserialize(document, reader);
   const cJSON* floating = nullptr;
   for (const cJSON* place : {metadata, document})
     for (const char* key : {Keys::FloatingNodes, Keys::FormerFloatingNodes})
       if (!floating) floating = cJSON_GetObjectItem(place, key);
   if (!cJSON_IsArray(floating)) return;
   const cJSON* item = nullptr;
-  cJSON_ArrayForEach(item, floating) ReadFloatingNode(item);
+  cJSON_ArrayForEach(item, floating) ReadFloatingNode(item, reader);
 }
 
-void DocumentImport::ReadFloatingNode(const cJSON* item) {
+void DocumentImport::ReadFloatingNode(const cJSON* item, NodeReader& reader) {
   const NodeDictionary& dictionary = *workspace.nodeDictionary;
   Toolkit::Ptr<ContentNode> node;
   std::string uuid;
   if (const auto id = JsonText(cJSON_GetObjectItem(item, Keys::NodeId))) {
-    const size_t separator = id->find('-');
-    if (separator != std::string::npos) uuid = id->substr(separator + 1);
-    node = dictionary.CreateNode(id->substr(0, separator), true);
+    const NodeIdentity identity = NodeIdentity::Of(*id);
+    uuid = identity.uuid;
+    node = dictionary.CreateNode(std::string(identity.type), true);
   } else if (cJSON_GetObjectItem(item, Keys::Generic)) {
     node = dictionary.CreateNode(BuiltIn::Generic, false);
   } else if (const auto type = JsonText(cJSON_GetObjectItem(item, "Type"))) {
@@ -157,8 +164,8 @@ void DocumentImport::ReadFloatingNode(const cJSON* item) {
   if (!node) node = dictionary.CreateNode(BuiltIn::Generic, false);
   if (!node) return;
   if (!uuid.empty()) node->SetNodeId(uuid);
-  view.AddNode(*node, 0, 0, false);
-  node->Deserialize(item, workspace, view, false);
+  reader.Add(*node);
+  node->Deserialize(item, reader);
 }
 
 void DocumentImport::ReadGroups() {
@@ -188,10 +195,7 @@ void DocumentImport::ApplyLayout() {
   if (cJSON_IsObject(nodes)) {
     const cJSON* member = nullptr;
     cJSON_ArrayForEach(member, nodes) {
-      const std::string_view key = member->string ? member->string : "";
-      const size_t separator = key.find('-');
-      if (separator == std::string_view::npos) continue;
-      const auto found = nodesById.find(key.substr(separator + 1));
+      const auto found = nodesById.find(NodeIdentity::Of(member->string ? member->string : "").uuid);
       if (found == nodesById.end()) continue;
       if (const cJSON* position = cJSON_GetObjectItem(member, Keys::Position); cJSON_IsObject(position)) {
         ApplyPosition(*found->second, position, PositionPrecision::Fraction);
@@ -202,7 +206,7 @@ void DocumentImport::ApplyLayout() {
   }
   const bool hasNodes = cJSON_IsObject(nodes) && nodes->child;
   if (!hasNodes && !HasInlinePosition(document)) {
-    view.AutoPosition(false);
+    target.onLaidOut(TreeLayout(TreeLayout::Order::AsImported).Run(*view.ContentNodes().front()));
     return;
   }
   for (const auto& node : view.ContentNodes())

@@ -11,14 +11,15 @@ struct cJSON;
 namespace Tesselor {
 
 class ContentNode;
-class DocumentView;
+class NodeReader;
 class Workspace;
+struct ImportTarget;
 
 /// One import of a parsed document into a view. It lives for that one pass, which isn't undoable and has no rollback.
 class DocumentImport {
 public:
   /// All three outlive the import; the workspace's schemas are loaded.
-  DocumentImport(const cJSON* document, const Workspace& workspace, DocumentView& view);
+  DocumentImport(const cJSON* document, const Workspace& workspace, ImportTarget& target);
 
   /// False, with a box and a log line, if no root node can be made; then the view is as it was.
   bool Run(const std::string& rootNodeType);
@@ -26,8 +27,9 @@ public:
 private:
   /// The id of the root's node type behind a variant family; nothing if the file doesn't say, which the user was told.
   std::optional<std::string> ResolveRootType(const std::string& rootNodeType) const;
-  void ReadFloatingNodes();
-  void ReadFloatingNode(const cJSON* item);
+  /// The tree, and behind it the trees that hang on nothing.
+  void ReadNodes(ContentNode& root);
+  void ReadFloatingNode(const cJSON* item, NodeReader& reader);
   void ReadGroups();
   void ReadComments();
   void ApplyLayout();
@@ -37,7 +39,8 @@ private:
   /// Where the editor's own data stands: the metadata object, or the top level of a file that has none.
   const cJSON* metadata;
   const Workspace& workspace;
-  DocumentView& view;
+  ImportTarget& target;
+  Graph& view;
 };
 
 } // namespace Tesselor

@@ -6,11 +6,6 @@ namespace Tesselor {
 
 namespace {
 
-DocumentPrint*& Current() {
-  static DocumentPrint* current = nullptr;
-  return current;
-}
-
 bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\n'; }
 
 /// Behind the closing quote of the string that starts at `position`.
@@ -30,33 +25,27 @@ size_t SkipScalar(const std::string& text, size_t position) {
 
 } // namespace
 
-DocumentPrint::DocumentPrint(const cJSON* document) : printed(PrintJson(document)), outer(Current()) {
+DocumentPrint::DocumentPrint(const cJSON* document) : printed(PrintJson(document)) {
   size_t position = 0;
   if (!printed.empty()) Record(document, position, 0);
-  Current() = this;
 }
 
-DocumentPrint::~DocumentPrint() { Current() = outer; }
-
-void DocumentPrint::Append(std::string& text, const cJSON* json) {
-  const DocumentPrint* current = Current();
-  const Range* range = nullptr;
-  if (current)
-    if (const auto found = current->ranges.find(json); found != current->ranges.end()) range = &found->second;
-  if (!range) {
+void DocumentPrint::Append(std::string& text, const cJSON* json) const {
+  const auto found = ranges.find(json);
+  if (found == ranges.end()) {
     text += PrintJson(json);
     return;
   }
+  const Range& range = found->second;
   // Strings have their line ends escaped, so each line end here begins a line with at least `depth` tabs.
-  const std::string& printed = current->printed;
-  size_t start = range->start;
-  while (start < range->end) {
+  size_t start = range.start;
+  while (start < range.end) {
     const size_t lineEnd = printed.find('\n', start);
-    if (lineEnd == std::string::npos || lineEnd >= range->end) break;
+    if (lineEnd == std::string::npos || lineEnd >= range.end) break;
     text.append(printed, start, lineEnd + 1 - start);
-    start = lineEnd + 1 + range->depth;
+    start = lineEnd + 1 + range.depth;
   }
-  text.append(printed, start, range->end - start);
+  text.append(printed, start, range.end - start);
 }
 
 void DocumentPrint::Record(const cJSON* value, size_t& position, size_t depth) {

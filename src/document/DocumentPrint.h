@@ -3,24 +3,22 @@
 #include <cstddef>
 #include <string>
 #include <unordered_map>
-#include <utility>
 
 struct cJSON;
 
 namespace Tesselor {
 
 /// The formatted text of one whole document, printed once, from which the text of each object in it is cut out: a
-/// load logs every node with its subtree. While an instance lives it is the current one; instances nest.
+/// load logs every node with its subtree. The document outlives it.
 class DocumentPrint {
 public:
   explicit DocumentPrint(const cJSON* document);
-  ~DocumentPrint();
   DocumentPrint(const DocumentPrint&) = delete;
   DocumentPrint& operator=(const DocumentPrint&) = delete;
 
-  /// Appends the formatted print of `json` to `text`: from the current document if it holds `json`, else by printing
-  /// it now.
-  static void Append(std::string& text, const cJSON* json);
+  /// Appends the formatted print of `json` to `text`: from the document if it is an object or array of that, else by
+  /// printing it now.
+  void Append(std::string& text, const cJSON* json) const;
 
 private:
   struct Range {
@@ -33,7 +31,6 @@ private:
 
   std::string printed;
   std::unordered_map<const cJSON*, Range> ranges;
-  DocumentPrint* outer;
 };
 
 } // namespace Tesselor

@@ -1,6 +1,7 @@
 #include "document/LinkImport.h"
 
 #include "nodes/ContentNode.h"
+#include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
 #include "platform/JsonFile.h"
@@ -36,14 +37,14 @@ using PendingIndex = std::unordered_multimap<std::pair<const NodePinData*, const
 
 } // namespace
 
-std::unordered_map<std::string_view, ContentNode*> NodesById(const DocumentView& view) {
+std::unordered_map<std::string_view, ContentNode*> NodesById(const Graph& view) {
   std::unordered_map<std::string_view, ContentNode*> nodes;
   for (const auto& node : view.ContentNodes())
     if (!node->NodeId().empty()) nodes[node->NodeId()] = node.Get();
   return nodes;
 }
 
-LinkImport::LinkImport(const cJSON* metadata, const Workspace& workspace, DocumentView& view)
+LinkImport::LinkImport(const cJSON* metadata, const Workspace& workspace, Graph& view)
     : metadata(metadata), workspace(workspace), view(view) {}
 
 void LinkImport::Read() {
@@ -98,10 +99,7 @@ void LinkImport::Finish() {
 LinkImport::Endpoint LinkImport::Resolve(std::string_view text) const {
   const size_t colon = text.find(':');
   if (colon == std::string_view::npos) return {};
-  const std::string_view identity = text.substr(0, colon);
-  const size_t separator = identity.find('-');
-  if (separator == std::string_view::npos) return {};
-  const auto found = nodesById.find(identity.substr(separator + 1));
+  const auto found = nodesById.find(NodeIdentity::Of(text.substr(0, colon)).uuid);
   if (found == nodesById.end()) return {};
   return {found->second, found->second->FindPin(text.substr(colon + 1))};
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "nodes/DocumentView.h"
+#include "graph/Graph.h"
 
 #include <cstddef>
 #include <map>
@@ -18,14 +18,14 @@ class Workspace;
 
 /// The content nodes of a view that have a UUID; of several with one, the last in the list. The keys are the nodes'
 /// own texts.
-std::unordered_map<std::string_view, ContentNode*> NodesById(const DocumentView& view);
+std::unordered_map<std::string_view, ContentNode*> NodesById(const Graph& view);
 
 /// Splices the pass-through nodes of a file's metadata back in. The tree holds the children directly below their
 /// parents, as if there were no links: those connections are taken out, and the links' own put in their place, so that
 /// the children of a pin keep the order of the file.
 class LinkImport {
 public:
-  LinkImport(const cJSON* metadata, const Workspace& workspace, DocumentView& view);
+  LinkImport(const cJSON* metadata, const Workspace& workspace, Graph& view);
 
   /// Makes the nodes.
   void Read();
@@ -63,7 +63,7 @@ private:
 
   const cJSON* metadata;
   const Workspace& workspace;
-  DocumentView& view;
+  Graph& view;
   std::unordered_map<std::string_view, ContentNode*> nodesById;
   std::vector<Record> records;
   std::unordered_map<std::string, size_t> recordsById;

@@ -33,7 +33,8 @@ bool NodeImporterExporter::ExportNodeTree(const std::string& filePath, ContentNo
     return false;
   }
   if (!rootNode) return Fail("ExportNodeTree: rootNode is null", "Cannot export: No root node defined.");
-  const JsonPtr document = DocumentExport(*rootNode, nodes, saveAllFields).Build(groups, comments, workspaceId);
+  const FieldsToWrite fields = saveAllFields ? FieldsToWrite::All : FieldsToWrite::Changed;
+  const JsonPtr document = DocumentExport(*rootNode, nodes, fields).Build(groups, comments, workspaceId);
   if (!document)
     return Fail("ExportNodeTree: Failed to create JSON structure", "Cannot export: Failed to create JSON data.");
   const std::string text = PrintJson(document.get());

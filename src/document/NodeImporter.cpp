@@ -1,8 +1,8 @@
 // The reading side of NodeImporterExporter.
 
 #include "document/DocumentImport.h"
+#include "document/ImportTarget.h"
 #include "document/NodeImporterExporter.h"
-#include "nodes/DocumentView.h"
 #include "nodes/NodeKeys.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
@@ -51,7 +51,7 @@ std::string NodeImporterExporter::GetWorkspaceID(const std::string& path) {
 }
 
 bool NodeImporterExporter::ImportNodeTree(const std::string& filePath, const std::shared_ptr<Workspace>& workspace,
-                                          DocumentView* view) {
+                                          ImportTarget* target) {
   constexpr const char* opening = "Error Opening File";
   if (!Exists(filePath)) return Fail("File not found: " + filePath, "File not found:\n" + filePath, opening);
   const auto text = ReadTextFile(filePath);
@@ -66,24 +66,23 @@ bool NodeImporterExporter::ImportNodeTree(const std::string& filePath, const std
     return Fail("Invalid JSON in file: " + filePath + " - " + detail,
                 "Invalid JSON in file:\n" + filePath + "\n\nError: " + detail, "Error Parsing File");
   }
-  return ImportNodeTree(file.json.get(), workspace, view);
+  return ImportNodeTree(file.json.get(), workspace, target);
 }
 
 bool NodeImporterExporter::ImportNodeTree(const cJSON* jsonData, const std::shared_ptr<Workspace>& workspace,
-                                          DocumentView* view) {
+                                          ImportTarget* target) {
   constexpr const char* importing = "Error Importing";
   if (!jsonData)
     return Fail("ImportNodeTree: jsonData is null", "Cannot import node tree: No data provided.", importing);
   if (!workspace)
     return Fail("ImportNodeTree: workspace is null", "Cannot import node tree: No workspace selected.", importing);
-  if (!view) return Fail("ImportNodeTree: mainView is null", "", importing);
+  if (!target) return Fail("ImportNodeTree: mainView is null", "", importing);
   if (!workspace->nodeDictionary)
     return Fail("ImportNodeTree: NodeDictionary is null - workspace may not be fully loaded",
                 "Cannot import node tree: Workspace schemas not loaded.", importing);
-  const std::shared_ptr<RootType> root = view->CurrentRoot();
-  if (!root)
+  if (!target->root)
     return Fail("ImportNodeTree: No root type selected", "Cannot import node tree: No root type selected.", importing);
-  return DocumentImport(jsonData, *workspace, *view).Run(root->RootNodeType);
+  return DocumentImport(jsonData, *workspace, *target).Run(target->root->RootNodeType);
 }
 
 } // namespace Tesselor

@@ -12,8 +12,8 @@ namespace Tesselor {
 
 class CommentNode;
 class ContentNode;
-class DocumentView;
 class GroupNode;
+struct ImportTarget;
 class Workspace;
 
 /// Brings an asset document into a view and out of it. Static operations without state. What fails is told to the
@@ -23,11 +23,10 @@ public:
   /// The menu name of the root that a file names; empty if it names none or can't be read, which is logged only.
   static std::string GetWorkspaceID(const std::string& path);
 
-  /// True if the document now stands in the view. The caller has emptied the view and selected the root; on false it
-  /// empties it again.
+  /// True if the document now stands in the graph; on false the caller empties it again.
   static bool ImportNodeTree(const std::string& filePath, const std::shared_ptr<Workspace>& workspace,
-                             DocumentView* view);
-  static bool ImportNodeTree(const cJSON* jsonData, const std::shared_ptr<Workspace>& workspace, DocumentView* view);
+                             ImportTarget* target);
+  static bool ImportNodeTree(const cJSON* jsonData, const std::shared_ptr<Workspace>& workspace, ImportTarget* target);
 
   /// True if the file was written; otherwise the old file is there unchanged. Gives UUIDs to nodes and links that
   /// have none, and changes nothing else. `saveAllFields` writes fields that hold their default, too.

@@ -1,7 +1,7 @@
 #include "document/UnplacedNodes.h"
 
+#include "graph/Graph.h"
 #include "nodes/ContentNode.h"
-#include "nodes/DocumentView.h"
 #include "toolkit/controls/Canvas.h"
 
 #include <algorithm>
@@ -33,7 +33,7 @@ Toolkit::Point FirstPlace(const ContentNode& parent, const std::unordered_set<co
 
 } // namespace
 
-void PlaceUnplacedNodes(DocumentView& view, std::unordered_set<const ContentNode*> placed) {
+void PlaceUnplacedNodes(const Graph& view, std::unordered_set<const ContentNode*> placed) {
   // What is placed hands its place on to its children, and these to theirs.
   std::vector<ContentNode*> parents;
   for (const auto& node : view.ContentNodes())
@@ -54,7 +54,6 @@ void PlaceUnplacedNodes(DocumentView& view, std::unordered_set<const ContentNode
         parents.push_back(child);
       }
     }
-    if (place) view.RefreshConnectionsOf(parent);
   }
 }
 

@@ -24,4 +24,11 @@ void BasicRectangle::SetY(float value) { Set(y, value, "Y"); }
 void BasicRectangle::SetWidth(float value) { Set(width, value, "Width"); }
 void BasicRectangle::SetHeight(float value) { Set(height, value, "Height"); }
 
+void BasicRectangle::Set(const Toolkit::Rect& rect) {
+  SetX(rect.x);
+  SetY(rect.y);
+  SetWidth(rect.width);
+  SetHeight(rect.height);
+}
+
 } // namespace Tesselor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/base/Geometry.h"
 #include "toolkit/base/Observable.h"
 
 namespace Tesselor {
@@ -18,6 +19,8 @@ public:
   void SetY(float value);
   void SetWidth(float value);
   void SetHeight(float value);
+  Toolkit::Rect Get() const { return {x, y, width, height}; }
+  void Set(const Toolkit::Rect& rect);
 
 private:
   void Set(float& coordinate, float value, const char* name);

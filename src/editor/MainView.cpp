@@ -14,8 +14,6 @@
 #include "values/ActionHistory.h"
 #include "workspace/RootType.h"
 
-#include <cstring>
-
 namespace Tesselor {
 
 using Toolkit::RoutedEventHandler;
@@ -27,6 +25,26 @@ void MainView::Describe(Toolkit::TypeBuilder<MainView>& type) {
       type.Property<Visibility>("LoadExternalAssetModalVisibility", Visibility::Collapsed);
   HotkeysModalVisibilityProperty = type.Property<Visibility>("HotkeysModalVisibility", Visibility::Collapsed);
   type.Member<&MainView::ReflectedWorkspaceList>("WorkspaceList");
+  type.Handler<&MainView::Window_KeyDown>("Window_KeyDown", KeyDownEvent);
+  type.Handler<&MainView::OnCanvasLoaded>("OnCanvasLoaded", LoadedEvent);
+  type.Handler<&MainView::OpenMenuItem_Click>("OpenMenuItem_Click", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::SaveMenuItem_Click>("SaveMenuItem_Click", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::SaveAsMenuItem_Click>("SaveAsMenuItem_Click", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::OnAutoPositionNodes>("OnAutoPositionNodes", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::OnMirrorNodesPosition>("OnMirrorNodesPosition", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::OnClickSetSelectedNodeAsRoot>("OnClickSetSelectedNodeAsRoot", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::OnClickGoToRoot>("OnClickGoToRoot", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::OnClickToggleCompactMode>("OnClickToggleCompactMode", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::OnClickFindNode>("OnClickFindNode", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::OnClickShowHotkeys>("OnClickShowHotkeys", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::OnClickCloseHotkeys>("OnClickCloseHotkeys", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&MainView::OnClickLoadWorkspace>("OnClickLoadWorkspace", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&MainView::OnClickCancelLoadWorkspace>("OnClickCancelLoadWorkspace", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&MainView::OnSelectionUp>("OnSelectionUp", NodeEditorCanvas::SelectionUpEvent);
+  type.Handler<&MainView::OnCutLineUp>("OnCutLineUp", NodeEditorCanvas::CutLineUpEvent);
+  type.Handler<&MainView::OnConnectionClicked>("OnConnectionClicked", Connection::ConnectionClickedEvent);
+  type.Handler<&MainView::OnNodePinMenu>("OnNodePinMenu", NodePinControl::NodePinMenuEvent);
+  type.Handler<&MainView::OnSearchResultSelected>("OnSearchResultSelected", NodeSearchPanel::SearchResultSelectedEvent);
 }
 
 MainView::MainView() {
@@ -37,7 +55,8 @@ MainView::MainView() {
   containerBorder = FindName<Toolkit::Border>("ContainerBorder");
   workspaceMenu = FindName<Toolkit::MenuItem>("WorkspaceMenu");
   TOOLKIT_ASSERT(nodeEditorCanvas && containerBorder && workspaceMenu);
-  connectionManager = std::make_unique<ConnectionManager>(nodeEditorCanvas);
+  graph = std::make_unique<Graph>(*nodeEditorCanvas->GetPanel());
+  gestures = std::make_unique<CanvasGestures>(*nodeEditorCanvas, *graph, GestureCallbacks());
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
   TOOLKIT_ASSERT(nodePanel && nodeSearchPanel);
@@ -57,46 +76,7 @@ MainView::MainView() {
 MainView::~MainView() {
   // Steps refer to nodes and connections, which go with the view.
   ActionHistory::Instance().Clear();
-  SetPendingPin(nullptr);
   ClearDocument();
-}
-
-bool MainView::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  struct Row {
-    const char* event;
-    const char* handler;
-    const Toolkit::RoutedEvent& routed;
-    RoutedEventHandler (*make)(MainView*);
-  };
-#define TESSELOR_ROW(event, handler, routed)                                                                           \
-  {                                                                                                                    \
-    event, #handler, routed, [](MainView* view) { return RoutedEventHandler::From<&MainView::handler>(view); }         \
-  }
-  static const Row rows[] = {
-      TESSELOR_ROW("KeyDown", Window_KeyDown, UIElement::KeyDownEvent),
-      TESSELOR_ROW("Loaded", OnCanvasLoaded, FrameworkElement::LoadedEvent),
-      TESSELOR_ROW("Click", OpenMenuItem_Click, Toolkit::MenuItem::ClickEvent),
-      TESSELOR_ROW("Click", SaveMenuItem_Click, Toolkit::MenuItem::ClickEvent),
-      TESSELOR_ROW("Click", SaveAsMenuItem_Click, Toolkit::MenuItem::ClickEvent),
-      TESSELOR_ROW("Click", OnAutoPositionNodes, Toolkit::MenuItem::ClickEvent),
-      TESSELOR_ROW("Click", OnMirrorNodesPosition, Toolkit::MenuItem::ClickEvent),
-      TESSELOR_ROW("Click", OnClickSetSelectedNodeAsRoot, Toolkit::MenuItem::ClickEvent),
-      TESSELOR_ROW("Click", OnClickGoToRoot, Toolkit::MenuItem::ClickEvent),
-      TESSELOR_ROW("Click", OnClickToggleCompactMode, Toolkit::MenuItem::ClickEvent),
-      TESSELOR_ROW("Click", OnClickFindNode, Toolkit::MenuItem::ClickEvent),
-      TESSELOR_ROW("Click", OnClickShowHotkeys, Toolkit::MenuItem::ClickEvent),
-      TESSELOR_ROW("Click", OnClickCloseHotkeys, Toolkit::ButtonBase::ClickEvent),
-      TESSELOR_ROW("Click", OnClickLoadWorkspace, Toolkit::ButtonBase::ClickEvent),
-      TESSELOR_ROW("Click", OnClickCancelLoadWorkspace, Toolkit::ButtonBase::ClickEvent),
-      TESSELOR_ROW("SearchResultSelected", OnSearchResultSelected, NodeSearchPanel::SearchResultSelectedEvent),
-  };
-#undef TESSELOR_ROW
-  for (const Row& row : rows) {
-    if (std::strcmp(eventName, row.event) != 0 || std::strcmp(handlerName, row.handler) != 0) continue;
-    static_cast<UIElement*>(source)->AddHandler(row.routed, row.make(this));
-    return true;
-  }
-  return false;
 }
 
 void MainView::BuildRootMenu() {

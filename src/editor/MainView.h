@@ -1,9 +1,9 @@
 #pragma once
 
+#include "editor/PendingPin.h"
 #include "editor/WorkspaceItemData.h"
-#include "graph/ConnectionManager.h"
-#include "nodes/DocumentView.h"
-#include "nodes/NodeIdIndex.h"
+#include "editor/gestures/CanvasGestures.h"
+#include "graph/Graph.h"
 #include "toolkit/application/Window.h"
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/controls/Border.h"
@@ -20,11 +20,14 @@ namespace Tesselor {
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
+struct CutLineUpEventArgs;
+struct ImportTarget;
+struct SelectionUpEventArgs;
 
-/// The application's window, which is the document as well: it owns the lists of nodes, the root, the file path and
-/// the connections. Its sources are parted by concept: MainView.cpp (start and events), MainViewDocument.cpp (the
-/// lists), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar and keys).
-class MainView : public Toolkit::Window, public DocumentView {
+/// The application's window. It owns the document's graph and the path of its file, and forwards what the user does to
+/// whoever does it. Its sources are parted by concept: MainView.cpp (start and events), MainViewDocument.cpp (the
+/// graph and what gestures do to it), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar and keys).
+class MainView : public Toolkit::Window {
   TOOLKIT_TYPE(MainView)
 public:
   static inline const Toolkit::DependencyProperty* LoadExternalAssetModalVisibilityProperty = nullptr;
@@ -33,30 +36,21 @@ public:
   MainView();
   ~MainView() override;
 
-  // The document, as nodes, import and export see it.
-  const std::vector<Toolkit::Ptr<ContentNode>>& ContentNodes() const override { return contentNodes; }
-  const std::vector<Toolkit::Ptr<GroupNode>>& GroupNodes() const override { return groupNodes; }
-  const std::vector<Toolkit::Ptr<CommentNode>>& CommentNodes() const override { return commentNodes; }
-  void AddNode(ContentNode& node, float x, float y, bool select) override;
-  GroupNode& AddGroupNode(float x, float y) override;
-  CommentNode& AddCommentNode(float x, float y) override;
-  void SetRootNode(ContentNode& node) override;
-  ContentNode* FindNodeById(std::string_view nodeId) const override { return nodesById.Find(nodeId); }
-  std::vector<PendingConnection>& PendingConnections() override { return pendingConnections; }
-  void CompletePendingConnections() override;
-  void AutoPosition(bool sortByPosition) override;
-  std::shared_ptr<RootType> CurrentRoot() const override { return workspaces.currentRoot; }
-  NodePinControl* PendingPin() const override { return pendingPin.Get(); }
-  void SetPendingPin(NodePinControl* pin) override;
-  void RefreshConnectionsOf(const ContentNode& node) override;
-  void ClearHistory() override;
-
-  ContentNode* RootNode() const { return rootNode.Get(); }
-  const std::string& FilePath() const { return filePath; }
-  ConnectionManager& Connections() { return *connectionManager; }
+  Graph& GetGraph() { return *graph; }
+  const Graph& GetGraph() const { return *graph; }
   NodeEditorCanvas& GetCanvas() const { return *nodeEditorCanvas; }
+  const Graph::List<ContentNode>& ContentNodes() const { return graph->ContentNodes(); }
+  const Graph::List<GroupNode>& GroupNodes() const { return graph->GroupNodes(); }
+  const Graph::List<CommentNode>& CommentNodes() const { return graph->CommentNodes(); }
+  ContentNode* RootNode() const { return graph->Root(); }
+  /// For an import of the document as one of the current root's kind. The graph is empty.
+  ImportTarget MakeImportTarget();
+  const std::string& FilePath() const { return filePath; }
+  const std::shared_ptr<RootType>& CurrentRoot() const { return workspaces.currentRoot; }
 
-  /// Empties the lists and the canvas. Root, path and history stay as they are.
+  /// Lays the tree out from the first content node on, as one undo step.
+  void AutoPosition();
+  /// Empties the graph. Root, path and history stay as they are.
   void ClearDocument();
 
   // Documents and files.
@@ -72,8 +66,6 @@ public:
   /// Reads `filePath` into the view; what fails is told to the user.
   void LoadFileAndWorkspace();
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
 private:
   void BuildRootMenu();
   void CheckRootItem(std::string_view name);
@@ -84,7 +76,6 @@ private:
   void ShowTitleOfFile();
   void OfferRoots();
   void ResetViewToRoot();
-  Toolkit::Canvas& Panel() const;
   Toolkit::ObservableCollectionBase* ReflectedWorkspaceList() const { return workspaceList.Get(); }
 
   // Events of the document, in its order.
@@ -107,20 +98,24 @@ private:
   void OnClickCancelLoadWorkspace(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnConnectionClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
 
+  void RunChords(const Toolkit::KeyEventArgs& args);
+  void Undo();
+  void Redo();
+  void StepInHistory(void (*step)());
   void ToggleSearchPanel();
   void MirrorNodes();
-  void DeselectAll();
+  // The canvas.
+  void OnSelectionUp(Toolkit::Object* sender, const SelectionUpEventArgs& args);
+  void OnCutLineUp(Toolkit::Object* sender, const CutLineUpEventArgs& args);
+  void OnNodePinMenu(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  /// Joins two pins as an undo step, if they may be joined.
+  void TryCreateConnection(NodePinData& target, NodePinData& source);
+  CanvasGestures::Callbacks GestureCallbacks();
 
   // The document.
-  std::vector<Toolkit::Ptr<BaseNode>> selectedNodes;
-  std::vector<Toolkit::Ptr<ContentNode>> contentNodes;
-  std::vector<Toolkit::Ptr<GroupNode>> groupNodes;
-  std::vector<Toolkit::Ptr<CommentNode>> commentNodes;
-  std::vector<PendingConnection> pendingConnections;
-  Toolkit::Ptr<ContentNode> rootNode;
-  std::unique_ptr<ConnectionManager> connectionManager;
+  std::unique_ptr<Graph> graph;
+  std::unique_ptr<CanvasGestures> gestures;
   std::string filePath;
-  NodeIdIndex nodesById;
 
   // The window.
   Toolkit::Ptr<Toolkit::ObservableCollection<WorkspaceItemData>> workspaceList;
@@ -131,7 +126,7 @@ private:
   NodePanel* nodePanel = nullptr;
   NodeSearchPanel* nodeSearchPanel = nullptr;
   Toolkit::MenuItem* workspaceMenu = nullptr;
-  Toolkit::Ptr<NodePinControl> pendingPin;
+  PendingPin pendingPin;
   /// The next toggle of the compact mode collapses the fields.
   bool compactModeFlag = true;
 };

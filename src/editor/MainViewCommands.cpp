@@ -1,5 +1,6 @@
 #include "editor/MainView.h"
 
+#include "commands/BatchMoveActionCommand.h"
 #include "commands/SetRootNodeActionCommand.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
@@ -61,7 +62,7 @@ void MainView::OnAutoPositionNodes(Toolkit::Object*, const RoutedEventArgs&) {
   Ptr<MainView> view(this);
   MessageBox::Show("This action will change all Node's position", "Attention!", MessageBoxButton::OKCancel,
                    MessageBoxImage::None, [view](MessageBoxResult result) {
-                     if (result == MessageBoxResult::OK) view->AutoPosition(true);
+                     if (result == MessageBoxResult::OK) view->AutoPosition();
                    });
 }
 
@@ -74,39 +75,34 @@ void MainView::OnMirrorNodesPosition(Toolkit::Object*, const RoutedEventArgs&) {
 }
 
 void MainView::MirrorNodes() {
-  auto mirror = [](BaseNode& node) {
-    const auto* canvas = Toolkit::DynamicCast<Toolkit::Canvas>(static_cast<Toolkit::Object*>(node.VisualParent()));
-    if (!canvas) return;
-    const float middle = canvas->ActualWidth() * 0.5f;
-    Toolkit::Canvas::SetLeft(&node, middle - (Toolkit::Canvas::GetLeft(&node) - middle));
+  std::vector<MoveRecord> moves;
+  const auto mirror = [&](const auto& nodes) {
+    for (const auto& node : nodes) {
+      const Toolkit::Rect bounds = node->Bounds();
+      moves.push_back({node, bounds.x, bounds.y, graph->Panel().ActualWidth() - bounds.x, bounds.y});
+    }
   };
-  for (const Ptr<ContentNode>& node : contentNodes) mirror(*node);
-  for (const Ptr<GroupNode>& node : groupNodes) mirror(*node);
-  UpdateLayout();
-  connectionManager->RefreshAll();
+  mirror(graph->ContentNodes());
+  mirror(graph->GroupNodes());
+  ActionHistory::Instance().Run(std::make_unique<BatchMoveActionCommand>(std::move(moves)));
 }
 
 void MainView::OnClickSetSelectedNodeAsRoot(Toolkit::Object*, const RoutedEventArgs&) {
-  if (selectedNodes.size() != 1) return;
-  auto* node = Toolkit::DynamicCast<ContentNode>(static_cast<Toolkit::Object*>(selectedNodes.front().Get()));
+  const Selection::Nodes& selected = graph->Selected().GetNodes();
+  if (selected.size() != 1) return;
+  auto* node = Toolkit::DynamicCast<ContentNode>(selected.front().Get());
   if (!node) return;
-  auto command = std::make_unique<SetRootNodeActionCommand>(*this, rootNode.Get(), *node);
-  command->Do();
-  ActionHistory::Instance().Push(std::move(command));
+  ActionHistory::Instance().Run(std::make_unique<SetRootNodeActionCommand>(*graph, *node));
 }
 
 void MainView::OnClickGoToRoot(Toolkit::Object*, const RoutedEventArgs&) { ResetViewToRoot(); }
 
 void MainView::OnClickToggleCompactMode(Toolkit::Object*, const RoutedEventArgs&) {
-  const Visibility visibility = compactModeFlag ? Visibility::Collapsed : Visibility::Visible;
-  for (const Ptr<ContentNode>& node : contentNodes)
-    for (const auto& [id, field] : node->contentFields) field->SetVisibility(visibility);
+  for (const Ptr<ContentNode>& node : graph->ContentNodes()) node->ShowInFull(!compactModeFlag);
   Toolkit::StackPanel& rows = *nodePanel->GetFieldsStack();
   for (size_t i = 0; i < rows.ChildCount(); ++i)
-    if (auto* row = Toolkit::DynamicCast<PanelBaseField>(static_cast<Toolkit::Object*>(rows.Child(i))))
+    if (auto* row = Toolkit::DynamicCast<PanelBaseField>(rows.Child(i)))
       row->GetCheckBox()->SetIsChecked(!compactModeFlag);
-  UpdateLayout();
-  connectionManager->RefreshAll();
   compactModeFlag = !compactModeFlag;
 }
 
@@ -117,21 +113,15 @@ void MainView::ToggleSearchPanel() {
     nodeSearchPanel->Reset();
     return;
   }
-  nodeSearchPanel->Open({contentNodes, groupNodes, commentNodes});
+  nodeSearchPanel->Open({graph->ContentNodes(), graph->GroupNodes(), graph->CommentNodes()});
 }
 
 void MainView::OnSearchResultSelected(Toolkit::Object*, const RoutedEventArgs& args) {
   BaseNode* node = static_cast<const SearchResultSelectedEventArgs&>(args).node.Get();
   if (!node) return;
-  DeselectAll();
-  selectedNodes.emplace_back(node);
-  node->SetSelected(true);
-  // A frame's own element has no size: its document is a canvas.
-  const auto* frame = Toolkit::DynamicCast<FrameNode>(static_cast<Toolkit::Object*>(node));
-  const float width = frame ? frame->FrameWidth() : node->ActualWidth();
-  const float height = frame ? frame->FrameHeight() : node->ActualHeight();
-  nodeEditorCanvas->ResetViewTo(
-      {Toolkit::Canvas::GetLeft(node) + width * 0.5f, Toolkit::Canvas::GetTop(node) + height * 0.5f});
+  graph->Selected().Clear();
+  graph->Selected().Add(*node);
+  nodeEditorCanvas->ResetViewTo(node->Middle());
 }
 
 void MainView::OnClickShowHotkeys(Toolkit::Object*, const RoutedEventArgs&) {
@@ -143,28 +133,49 @@ void MainView::OnClickCloseHotkeys(Toolkit::Object*, const RoutedEventArgs&) {
 }
 
 void MainView::Window_KeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {
-  const bool shift = Keyboard::IsKeyDown(Key::LeftShift);
-  if (Keyboard::IsKeyDown(Key::LeftCtrl)) {
-    // Each chord that matches runs; only the two of Z exclude each other.
-    if (shift && Keyboard::IsKeyDown(Key::S)) SaveAs();
-    if (Keyboard::IsKeyDown(Key::S)) Save();
-    if (Keyboard::IsKeyDown(Key::O)) Open();
-    if (Keyboard::IsKeyDown(Key::F)) ToggleSearchPanel();
-    if (Keyboard::IsKeyDown(Key::Z)) {
-      if (shift)
-        ActionHistory::Instance().RedoLast();
-      else
-        ActionHistory::Instance().UndoLast();
-      nodeSearchPanel->Reset();
-    }
-  }
+  RunChords(args);
   const bool inTextBox = Toolkit::DynamicCast<Toolkit::TextBox>(args.source) != nullptr;
   if (args.key == Key::Escape) {
-    SetPendingPin(nullptr);
-  } else if (args.key == Key::H && !inTextBox) {
+    gestures->Cancel();
+    pendingPin.Clear();
+  } else if (args.key == Key::H && !inTextBox && !args.isRepeat) {
     const bool shown = Get<Visibility>(HotkeysModalVisibilityProperty) == Visibility::Visible;
     SetValue(HotkeysModalVisibilityProperty, shown ? Visibility::Collapsed : Visibility::Visible);
   }
+}
+
+void MainView::RunChords(const Toolkit::KeyEventArgs& args) {
+  if (!Keyboard::IsKeyDown(Key::LeftCtrl)) return;
+  const bool shift = Keyboard::IsKeyDown(Key::LeftShift);
+  // A chord is what the keys are that are held, whichever of its own keys came last. Another key that is pressed while
+  // it is held does not run it again.
+  const bool isModifier = args.key == Key::LeftCtrl || args.key == Key::LeftShift;
+  const auto isHeld = [&](Key key) { return Keyboard::IsKeyDown(key) && (args.key == key || isModifier); };
+  if (isHeld(Key::Z)) shift ? Redo() : Undo();
+  if (args.isRepeat) return;
+  // Each chord that matches runs.
+  if (shift && isHeld(Key::S)) SaveAs();
+  if (isHeld(Key::S) && args.key != Key::LeftShift) Save();
+  if (isHeld(Key::O) && args.key != Key::LeftShift) Open();
+  if (isHeld(Key::F) && args.key != Key::LeftShift) ToggleSearchPanel();
+}
+
+void MainView::Undo() {
+  StepInHistory([] { ActionHistory::Instance().UndoLast(); });
+}
+
+void MainView::Redo() {
+  StepInHistory([] { ActionHistory::Instance().RedoLast(); });
+}
+
+void MainView::StepInHistory(void (*step)()) {
+  // What is being typed becomes a step of its own before, which it does when its box loses the focus.
+  Toolkit::InputState* input = Toolkit::InputState::Current();
+  const Ptr<Toolkit::UIElement> focused(input ? input->Focused() : nullptr);
+  if (focused) input->SetFocus(nullptr);
+  step();
+  if (focused && focused->IsAttached() && !input->Focused()) focused->Focus();
+  nodeSearchPanel->Reset();
 }
 
 } // namespace Tesselor

@@ -1,5 +1,7 @@
 #include "editor/MainView.h"
 
+#include "commands/BatchMoveActionCommand.h"
+#include "document/ImportTarget.h"
 #include "document/NodeImporterExporter.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
@@ -85,8 +87,8 @@ void MainView::CreateDefaultRoot() {
   if (dictionary.FindVariant(id)) return;
   Ptr<ContentNode> node = dictionary.CreateNode(id, true);
   if (!node) return;
-  AddNode(*node, 250, 250, false);
-  SetRootNode(*node);
+  graph->AddNode(*node, 250, 250, false);
+  graph->SetRootNode(node.Get());
   ActionHistory::Instance().Clear();
 }
 
@@ -144,9 +146,10 @@ bool MainView::SaveAs() {
 
 bool MainView::Export() {
   // A root that was deleted is no root any more.
-  ContentNode* root = rootNode && rootNode->VisualParent() == &Panel() ? rootNode.Get() : nullptr;
+  ContentNode* root = graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr;
   const RootType& type = *workspaces.currentRoot;
-  return NodeImporterExporter::ExportNodeTree(filePath, root, contentNodes, groupNodes, commentNodes, type.MenuName,
+  return NodeImporterExporter::ExportNodeTree(filePath, root, graph->ContentNodes(), graph->GroupNodes(),
+                                              graph->CommentNodes(), type.MenuName,
                                               type.workspace && type.workspace->ExportDefaults);
 }
 
@@ -234,14 +237,20 @@ void MainView::OnClickCancelLoadWorkspace(Toolkit::Object*, const Toolkit::Route
   workspaceList->Clear();
 }
 
+ImportTarget MainView::MakeImportTarget() {
+  return {*graph, workspaces.currentRoot, [](std::vector<MoveRecord> moves) {
+            ActionHistory::Instance().Push(std::make_unique<BatchMoveActionCommand>(std::move(moves)));
+          }};
+}
+
 void MainView::FinishLoad() {
-  if (!NodeImporterExporter::ImportNodeTree(filePath, workspaces.currentRoot->workspace, this)) {
+  ImportTarget target = MakeImportTarget();
+  if (!NodeImporterExporter::ImportNodeTree(filePath, workspaces.currentRoot->workspace, &target)) {
     filePath.clear();
     ClearDocument();
     return;
   }
   UpdateLayout();
-  connectionManager->RefreshAll();
   ResetViewToRoot();
   nodeSearchPanel->Reset();
   const CommandLineOptions& options = CommandLineOptions::Instance();
@@ -256,9 +265,7 @@ void MainView::FinishLoad() {
 }
 
 void MainView::ResetViewToRoot() {
-  if (!rootNode) return;
-  nodeEditorCanvas->ResetViewTo({Toolkit::Canvas::GetLeft(rootNode.Get()) + rootNode->ActualWidth() * 0.5f,
-                                 Toolkit::Canvas::GetTop(rootNode.Get()) + rootNode->ActualHeight() * 0.5f});
+  if (graph->Root()) nodeEditorCanvas->ResetViewTo(graph->Root()->Middle());
 }
 
 } // namespace Tesselor

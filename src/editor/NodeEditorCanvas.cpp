@@ -1,6 +1,5 @@
 #include "editor/NodeEditorCanvas.h"
 
-#include "fields/EventAttribute.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GroupNode.h"
 #include "toolkit/base/Diagnostics.h"
@@ -12,10 +11,7 @@
 
 namespace Tesselor {
 
-using Toolkit::Key;
-using Toolkit::Keyboard;
 using Toolkit::Mouse;
-using Toolkit::MouseButtonState;
 using Toolkit::Point;
 
 namespace {
@@ -24,22 +20,10 @@ constexpr float ZoomStep = 0.1f;
 constexpr float SmallestZoom = 0.015f;
 constexpr float LargestZoom = 1.5f;
 constexpr int32_t NodesMenuZIndex = 10;
-/// How far the nodes menu keeps from the edges of the view, in pixels.
 /// View pixels around what was brought into the view.
 constexpr float RevealRoom = 40;
+/// How far the nodes menu keeps from the edges of the view, in pixels.
 constexpr float MenuMargin = 10;
-/// A cut line up to this long is a slip of the hand.
-constexpr double ShortestCut = 5;
-
-/// The empty canvas and the inside of groups, where the view is panned.
-bool IsBackground(Toolkit::Object* source) {
-  if (Toolkit::DynamicCast<Toolkit::Canvas>(source)) return true;
-  for (const auto* element = Toolkit::DynamicCast<Toolkit::UIElement>(source); element; element = element->UIParent())
-    if (Toolkit::DynamicCast<GroupNode>(static_cast<const Toolkit::Object*>(element))) return true;
-  return false;
-}
-
-bool IsEitherDown(Key left, Key right) { return Keyboard::IsKeyDown(left) || Keyboard::IsKeyDown(right); }
 
 bool IsFinite(Point point) { return std::isfinite(point.x) && std::isfinite(point.y); }
 
@@ -62,6 +46,8 @@ void NodeEditorCanvas::Describe(Toolkit::TypeBuilder<NodeEditorCanvas>& type) {
   type.Event(&CutLineUpEvent);
   type.Member<&NodeEditorCanvas::GetSelectedArea>("SelectedArea");
   type.Member<&NodeEditorCanvas::GetCutLine>("CutLine");
+  type.Handler<&NodeEditorCanvas::Canvas_Loaded>("Canvas_Loaded", LoadedEvent);
+  type.Handler<&NodeEditorCanvas::Canvas_MouseWheel>("Canvas_MouseWheel", MouseWheelEvent);
 }
 
 NodeEditorCanvas::NodeEditorCanvas()
@@ -88,6 +74,8 @@ void NodeEditorCanvas::SetTranslationClamped(float x, float y) {
   translation->SetX(clamped.x);
   translation->SetY(clamped.y);
 }
+
+Point NodeEditorCanvas::MousePosition() const { return Mouse::GetPosition(panel); }
 
 void NodeEditorCanvas::ResetViewTo(Point point) {
   SetZoom(1);
@@ -122,15 +110,6 @@ Point NodeEditorCanvas::ClampMenuPosition(Point position) {
           clamp(position.y, translation->GetY(), nodesMenu->ActualHeight(), ActualHeight())};
 }
 
-bool NodeEditorCanvas::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const EventAttribute attribute(source, eventName, handlerName);
-  return attribute.Connect<&NodeEditorCanvas::Canvas_Loaded>(LoadedEvent, "Canvas_Loaded", this) ||
-         attribute.Connect<&NodeEditorCanvas::Canvas_MouseDown>(PreviewMouseDownEvent, "Canvas_MouseDown", this) ||
-         attribute.Connect<&NodeEditorCanvas::Canvas_MouseMove>(PreviewMouseMoveEvent, "Canvas_MouseMove", this) ||
-         attribute.Connect<&NodeEditorCanvas::Canvas_MouseUp>(PreviewMouseUpEvent, "Canvas_MouseUp", this) ||
-         attribute.Connect<&NodeEditorCanvas::Canvas_MouseWheel>(MouseWheelEvent, "Canvas_MouseWheel", this);
-}
-
 void NodeEditorCanvas::SetZoom(float zoom) {
   scale->SetScaleX(zoom);
   scale->SetScaleY(zoom);
@@ -141,68 +120,11 @@ void NodeEditorCanvas::SetZoom(float zoom) {
 void NodeEditorCanvas::TellZoomToFrames() {
   const float zoom = GetZoom();
   for (size_t i = 0; i < panel->ChildCount(); ++i)
-    if (auto* frame = Toolkit::DynamicCast<FrameNode>(static_cast<Toolkit::Object*>(panel->Child(i))))
-      frame->SetZoom(zoom);
+    if (auto* frame = Toolkit::DynamicCast<FrameNode>(panel->Child(i))) frame->SetZoom(zoom);
 }
 
 void NodeEditorCanvas::Canvas_Loaded(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   SetTranslationClamped(-0.5f * panel->GetWidth(), -0.5f * panel->GetHeight());
-}
-
-void NodeEditorCanvas::Canvas_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
-  hasPanned = false;
-  if (!IsBackground(args.source)) return;
-  panel->Focus();
-  lastMouse = Mouse::GetPosition(panel);
-  if (args.rightButton == MouseButtonState::Pressed) {
-    isPanning = true;
-    return;
-  }
-  if (!Toolkit::DynamicCast<Toolkit::Canvas>(args.source)) return;
-  if (IsEitherDown(Key::LeftShift, Key::RightShift)) {
-    isCutting = true;
-    cutLine->SetEnds(lastMouse, lastMouse);
-  } else {
-    isSelecting = true;
-    selectedArea->SetX(lastMouse.x);
-    selectedArea->SetY(lastMouse.y);
-    selectedArea->SetWidth(1);
-    selectedArea->SetHeight(1);
-  }
-}
-
-void NodeEditorCanvas::Canvas_MouseMove(Toolkit::Object*, const Toolkit::MouseEventArgs& args) {
-  if (args.rightButton == MouseButtonState::Pressed && isPanning) {
-    if (IsBackground(args.source)) Pan();
-  } else if (args.leftButton == MouseButtonState::Pressed) {
-    const Point mouse = Mouse::GetPosition(panel);
-    if (isCutting) {
-      cutLine->SetX2(mouse.x);
-      cutLine->SetY2(mouse.y);
-    }
-    if (isSelecting) StretchSelection(mouse);
-  }
-}
-
-void NodeEditorCanvas::Canvas_MouseUp(Toolkit::Object*, const Toolkit::MouseButtonEventArgs&) {
-  if (isPanning && !hasPanned) {
-    isPanning = false;
-    const Point mouse = Mouse::GetPosition(panel);
-    ShowNodesMenuEventArgs show(ShowNodesMenuEvent, this);
-    show.x = mouse.x;
-    show.y = mouse.y;
-    RaiseEvent(show);
-  } else if (isCutting) {
-    RaiseCutLineUp();
-    isCutting = false;
-    cutLine->SetEnds({}, {});
-  } else {
-    RaiseSelectionUp();
-    isPanning = false;
-    isSelecting = false;
-    selectedArea->SetWidth(0);
-    selectedArea->SetHeight(0);
-  }
 }
 
 void NodeEditorCanvas::Canvas_MouseWheel(Toolkit::Object*, const Toolkit::MouseWheelEventArgs& args) {
@@ -224,55 +146,11 @@ void NodeEditorCanvas::Canvas_MouseWheel(Toolkit::Object*, const Toolkit::MouseW
   TellZoomToFrames();
 }
 
-void NodeEditorCanvas::Pan() {
-  nodesMenu->Hide();
-  const Point moved = Mouse::GetPosition(panel) - lastMouse;
-  // A move along one axis only is still a click.
-  if (moved.x != 0 && moved.y != 0) hasPanned = true;
-  SetTranslationClamped(translation->GetX() + scale->GetScaleX() * moved.x,
-                        translation->GetY() + scale->GetScaleY() * moved.y);
-  // The panel has moved under the mouse.
-  lastMouse = Mouse::GetPosition(panel);
-}
-
-void NodeEditorCanvas::StretchSelection(Point mouse) {
-  if (mouse.x > lastMouse.x) {
-    selectedArea->SetX(lastMouse.x);
-    selectedArea->SetWidth(mouse.x - lastMouse.x);
-  } else if (mouse.x < lastMouse.x) {
-    selectedArea->SetX(mouse.x);
-    selectedArea->SetWidth(lastMouse.x - mouse.x);
-  }
-  if (mouse.y > lastMouse.y) {
-    selectedArea->SetY(lastMouse.y);
-    selectedArea->SetHeight(mouse.y - lastMouse.y);
-  } else if (mouse.y < lastMouse.y) {
-    selectedArea->SetY(mouse.y);
-    selectedArea->SetHeight(lastMouse.y - mouse.y);
-  }
-}
-
-void NodeEditorCanvas::RaiseCutLineUp() {
-  const double dx = static_cast<double>(cutLine->GetX2()) - cutLine->GetX1();
-  const double dy = static_cast<double>(cutLine->GetY2()) - cutLine->GetY1();
-  if (std::sqrt(dx * dx + dy * dy) <= ShortestCut) return;
-  CutLineUpEventArgs cut(CutLineUpEvent, this);
-  cut.x1 = cutLine->GetX1();
-  cut.y1 = cutLine->GetY1();
-  cut.x2 = cutLine->GetX2();
-  cut.y2 = cutLine->GetY2();
-  cut.ctrl = IsEitherDown(Key::LeftCtrl, Key::RightCtrl);
-  RaiseEvent(cut);
-}
-
-void NodeEditorCanvas::RaiseSelectionUp() {
-  if (selectedArea->GetWidth() == 0 && selectedArea->GetHeight() == 0) return;
-  SelectionUpEventArgs selection(SelectionUpEvent, this);
-  selection.width = selectedArea->GetWidth();
-  selection.height = selectedArea->GetHeight();
-  selection.x = selectedArea->GetX();
-  selection.y = selectedArea->GetY();
-  RaiseEvent(selection);
+void NodeEditorCanvas::RaiseShowNodesMenu(Point position) {
+  ShowNodesMenuEventArgs show(ShowNodesMenuEvent, this);
+  show.x = position.x;
+  show.y = position.y;
+  RaiseEvent(show);
 }
 
 } // namespace Tesselor

@@ -12,8 +12,8 @@
 namespace Tesselor {
 
 /// The surface on which the graph lives: a very large panel behind a pan and a zoom transform, with the rubber-band
-/// rectangle, the cut line and the mouse logic that tells these gestures apart. All nodes, connection paths and the
-/// nodes menu are children of its panel. It knows nothing of the document: finished gestures go out as events.
+/// rectangle and the cut line. All nodes, connection paths and the nodes menu are children of its panel. It knows
+/// nothing of the document, nor of the gestures (`CanvasGestures`) that draw on it and raise its events.
 class NodeEditorCanvas : public Toolkit::UserControl {
   TOOLKIT_TYPE(NodeEditorCanvas)
 public:
@@ -30,6 +30,10 @@ public:
   BasicLine* GetCutLine() const { return cutLine.Get(); }
   /// The scale, the same on both axes.
   float GetZoom() const { return scale->GetScaleX(); }
+  /// Of the panel's corner in the view, in view pixels.
+  Toolkit::Point GetTranslation() const { return {translation->GetX(), translation->GetY()}; }
+  /// Where the mouse is, in panel coordinates.
+  Toolkit::Point MousePosition() const;
 
   /// The only way in which the pan changes: keeps the panel's edges outside the view, and centres a panel that is
   /// smaller than it. View pixels.
@@ -39,8 +43,8 @@ public:
   /// The panel position nearest to `position` at which the nodes menu lies inside the view. Lays the menu out.
   Toolkit::Point ClampMenuPosition(Toolkit::Point position);
   Toolkit::Point ClampMenuPosition(float x, float y) { return ClampMenuPosition({x, y}); }
-
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
+  /// Asks for the nodes menu at a point of the panel.
+  void RaiseShowNodesMenu(Toolkit::Point position);
 
 protected:
   /// Pans to what takes the focus by Tab or is typed into, if it is outside the view.
@@ -51,31 +55,17 @@ private:
   void TellZoomToFrames();
 
   void Canvas_Loaded(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void Canvas_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
-  void Canvas_MouseMove(Toolkit::Object* sender, const Toolkit::MouseEventArgs& args);
-  void Canvas_MouseUp(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   void Canvas_MouseWheel(Toolkit::Object* sender, const Toolkit::MouseWheelEventArgs& args);
-  void Pan();
-  void StretchSelection(Toolkit::Point mouse);
-  void RaiseCutLineUp();
-  void RaiseSelectionUp();
 
   Toolkit::Ptr<BasicRectangle> selectedArea;
   Toolkit::Ptr<BasicLine> cutLine;
   /// Held by the tree that the document describes.
   Toolkit::Canvas* panel = nullptr;
-  /// The last mouse position in panel coordinates; where a selection or a cut began.
-  Toolkit::Point lastMouse;
   Toolkit::Ptr<NodesMenu> nodesMenu;
   Toolkit::Ptr<Toolkit::ScaleTransform> scale;
   Toolkit::Ptr<Toolkit::TranslateTransform> translation;
   /// What the wheel has turned since the last zoom step, in notches.
   float wheelRotation = 0;
-  bool isSelecting = false;
-  bool isCutting = false;
-  bool isPanning = false;
-  /// The mouse moved on both axes since the press: the right button's release opens no menu.
-  bool hasPanned = false;
 };
 
 } // namespace Tesselor

@@ -47,9 +47,8 @@ void NodePanel::AddRow(BaseField* field, const NodeFieldBlueprint& blueprint) {
   if (!copy) return;
   // From here on the copy's bindings read the properties and carriers of the node's own field.
   copy->SetDataContext(field->GetDataContext());
-  if (const auto* list = Toolkit::DynamicCast<FieldList>(static_cast<Toolkit::Object*>(field)))
-    if (auto* listCopy = Toolkit::DynamicCast<FieldList>(static_cast<Toolkit::Object*>(copy.Get())))
-      listCopy->ShareRows(*list);
+  if (const auto* list = Toolkit::DynamicCast<FieldList>(field))
+    if (auto* listCopy = Toolkit::DynamicCast<FieldList>(copy.Get())) listCopy->ShareRows(*list);
   auto row = Toolkit::MakePtr<PanelBaseField>();
   row->SetNodeField(field);
   row->GetFieldRow()->AddChild(copy.Get());

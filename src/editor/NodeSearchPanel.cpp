@@ -1,7 +1,6 @@
 #include "editor/NodeSearchPanel.h"
 
 #include "editor/CaseInsensitiveText.h"
-#include "fields/EventAttribute.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/markup/GUI.h"
@@ -43,6 +42,8 @@ void NodeSearchPanel::Describe(Toolkit::TypeBuilder<NodeSearchPanel>& type) {
                                                             &NodeSearchPanel::OnSearchTextChanged);
   type.Member<&NodeSearchPanel::ReflectedResults>("SearchResults");
   type.Event(&SearchResultSelectedEvent);
+  type.Handler<&NodeSearchPanel::OnClearButtonClicked>("OnClearButtonClicked", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&NodeSearchPanel::OnResultClicked>("OnResultClicked", MouseLeftButtonUpEvent);
 }
 
 NodeSearchPanel::NodeSearchPanel() : results(Toolkit::MakePtr<Results>()) {
@@ -87,13 +88,6 @@ void NodeSearchPanel::Search(std::string_view text) {
     if (node && ContainsUpperCase(node->Title(), upperText)) AddResult(node.Get(), "Group");
   for (const Ptr<CommentNode>& node : snapshot.commentNodes)
     if (node && ContainsUpperCase(node->Title(), upperText)) AddResult(node.Get(), "Comment");
-}
-
-bool NodeSearchPanel::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const EventAttribute attribute(source, eventName, handlerName);
-  return attribute.Connect<&NodeSearchPanel::OnClearButtonClicked>(Toolkit::ButtonBase::ClickEvent,
-                                                                   "OnClearButtonClicked", this) ||
-         attribute.Connect<&NodeSearchPanel::OnResultClicked>(MouseLeftButtonUpEvent, "OnResultClicked", this);
 }
 
 void NodeSearchPanel::OnSearchTextChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange&) {

@@ -50,8 +50,6 @@ public:
   /// Lists the content nodes, then the groups, then the comments that match. An empty text matches everything.
   void Search(std::string_view text);
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
 private:
   static void OnSearchTextChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change);
   void OnClearButtonClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);

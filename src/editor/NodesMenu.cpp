@@ -3,7 +3,6 @@
 #include "editor/CaseInsensitiveText.h"
 #include "editor/CreateNodeButton.h"
 #include "editor/NodeCategoryHeader.h"
-#include "fields/EventAttribute.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/HeaderedContentControl.h"
@@ -63,6 +62,9 @@ void NodesMenu::Describe(Toolkit::TypeBuilder<NodesMenu>& type) {
   type.Event(&CreateGroupEvent);
   type.Event(&CreateLinkEvent);
   type.Event(&CreateCommentEvent);
+  type.Handler<&NodesMenu::OnCreateGroup>("OnCreateGroup", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&NodesMenu::OnCreateLink>("OnCreateLink", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&NodesMenu::OnCreateComment>("OnCreateComment", Toolkit::ButtonBase::ClickEvent);
 }
 
 NodesMenu::NodesMenu() {
@@ -110,14 +112,6 @@ void NodesMenu::Hide() {
   // Closed before the text goes, so that nobody waits for the rows of a menu that is about to vanish.
   SetNodesMenuVisibility(Visibility::Collapsed);
   SetSearchText({});
-}
-
-bool NodesMenu::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const EventAttribute attribute(source, eventName, handlerName);
-  const Toolkit::RoutedEvent& click = Toolkit::ButtonBase::ClickEvent;
-  return attribute.Connect<&NodesMenu::OnCreateGroup>(click, "OnCreateGroup", this) ||
-         attribute.Connect<&NodesMenu::OnCreateLink>(click, "OnCreateLink", this) ||
-         attribute.Connect<&NodesMenu::OnCreateComment>(click, "OnCreateComment", this);
 }
 
 void NodesMenu::OnVisibilityChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange&) {

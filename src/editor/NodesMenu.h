@@ -59,8 +59,6 @@ public:
   /// Closes the menu and forgets text and filter. The list stays as it is if there was no text.
   void Hide();
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
 private:
   static void OnVisibilityChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change);
   static void OnSearchTextChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change);

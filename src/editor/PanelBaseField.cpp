@@ -1,6 +1,5 @@
 #include "editor/PanelBaseField.h"
 
-#include "fields/EventAttribute.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/markup/GUI.h"
 
@@ -9,6 +8,7 @@ namespace Tesselor {
 TOOLKIT_TYPE_IMPL(PanelBaseField, Toolkit::UserControl, "Tesselor.PanelBaseField")
 void PanelBaseField::Describe(Toolkit::TypeBuilder<PanelBaseField>& type) {
   IsFieldVisibleProperty = type.Property<bool>("IsFieldVisible", true);
+  type.Handler<&PanelBaseField::OnCheckBoxClick>("OnCheckBoxClick", Toolkit::ButtonBase::ClickEvent);
 }
 
 PanelBaseField::PanelBaseField() {
@@ -16,11 +16,6 @@ PanelBaseField::PanelBaseField() {
   checkBox = FindName<Toolkit::CheckBox>("CheckBox");
   fieldRow = FindName<Toolkit::StackPanel>("FieldRow");
   TOOLKIT_ASSERT(checkBox && fieldRow);
-}
-
-bool PanelBaseField::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  return EventAttribute(source, eventName, handlerName)
-      .Connect<&PanelBaseField::OnCheckBoxClick>(Toolkit::ButtonBase::ClickEvent, "OnCheckBoxClick", this);
 }
 
 void PanelBaseField::OnCheckBoxClick(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {

@@ -20,8 +20,6 @@ public:
   BaseField* GetNodeField() const { return nodeField.Get(); }
   void SetNodeField(BaseField* field) { nodeField = Toolkit::Ptr<BaseField>(field); }
 
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
 private:
   void OnCheckBoxClick(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
 

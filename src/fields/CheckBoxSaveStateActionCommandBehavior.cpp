@@ -17,14 +17,14 @@ void CheckBoxSaveStateActionCommandBehavior::Describe(
 
 void CheckBoxSaveStateActionCommandBehavior::OnAttached() {
   BehaviorT::OnAttached();
-  if (auto* box = Toolkit::DynamicCast<Toolkit::CheckBox>(static_cast<Toolkit::Object*>(GetAssociatedObject())))
+  if (auto* box = Toolkit::DynamicCast<Toolkit::CheckBox>(GetAssociatedObject()))
     box->AddHandler(Toolkit::ButtonBase::ClickEvent,
                     RoutedEventHandler::From<&CheckBoxSaveStateActionCommandBehavior::OnClick>(this));
 }
 
 void CheckBoxSaveStateActionCommandBehavior::OnDetaching() {
   BehaviorT::OnDetaching();
-  if (auto* box = Toolkit::DynamicCast<Toolkit::CheckBox>(static_cast<Toolkit::Object*>(GetAssociatedObject())))
+  if (auto* box = Toolkit::DynamicCast<Toolkit::CheckBox>(GetAssociatedObject()))
     box->RemoveHandler(Toolkit::ButtonBase::ClickEvent,
                        RoutedEventHandler::From<&CheckBoxSaveStateActionCommandBehavior::OnClick>(this));
 }

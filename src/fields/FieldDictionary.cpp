@@ -1,6 +1,5 @@
 #include "fields/FieldDictionary.h"
 
-#include "fields/EventAttribute.h"
 #include "fields/FieldDictionaryActionCommand.h"
 #include "fields/FieldOptions.h"
 #include "values/ActionHistory.h"
@@ -14,6 +13,7 @@ TOOLKIT_TYPE_IMPL(FieldDictionary, FieldRows, "Tesselor.FieldDictionary")
 void FieldDictionary::Describe(Toolkit::TypeBuilder<FieldDictionary>& type) {
   WidthProperty = type.Property<int32_t>("Width", 75);
   type.Member<&FieldDictionary::ReflectedRows>("Dictionary");
+  type.Handler<&FieldDictionary::OnDictionaryLoaded>("OnDictionaryLoaded", LoadedEvent);
 }
 
 FieldDictionary::FieldDictionary() : rows(Toolkit::MakePtr<Rows>()) { InitializeComponent(); }
@@ -21,12 +21,6 @@ FieldDictionary::FieldDictionary() : rows(Toolkit::MakePtr<Rows>()) { Initialize
 void FieldDictionary::InitializeComponent() {
   BindToSelf();
   LoadDocument("FieldDictionary.xaml");
-}
-
-bool FieldDictionary::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const EventAttribute attribute(source, eventName, handlerName);
-  return attribute.Connect<&FieldDictionary::OnDictionaryLoaded>(LoadedEvent, "OnDictionaryLoaded", this) ||
-         FieldRows::ConnectEvent(source, eventName, handlerName);
 }
 
 void FieldDictionary::Serialize(cJSON* object, const std::string& key) {

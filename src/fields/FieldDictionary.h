@@ -21,7 +21,6 @@ public:
   static inline const Toolkit::DependencyProperty* WidthProperty = nullptr;
 
   FieldDictionary();
-  Rows* GetDictionary() const { return rows.Get(); }
 
   /// Writes nothing without rows. Rows of the same key are all written.
   void Serialize(cJSON* object, const std::string& key) override;
@@ -29,7 +28,6 @@ public:
   void Deserialize(const cJSON* object, const std::string& key) override;
   void DeserializeOptions(const cJSON* options, bool applyDefaults) override;
   std::string GetValueAsString() const override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
   /// Of rows with the same key the first counts.
   Values GetValues() const;

@@ -1,7 +1,6 @@
 #include "fields/FieldFilePath.h"
 
 #include "fields/AssetIdReader.h"
-#include "fields/EventAttribute.h"
 #include "fields/FieldFilePathActionCommand.h"
 #include "fields/FieldOptions.h"
 #include "platform/FileDialogs.h"
@@ -28,6 +27,8 @@ void FieldFilePath::Describe(Toolkit::TypeBuilder<FieldFilePath>& type) {
   WidthProperty = type.Property<int32_t>("Width", 75);
   UUIDVisibilityProperty = type.Property<Visibility>("UUIDVisibility", Visibility::Collapsed);
   type.Member<&FieldFilePath::GetFileUUID>("FileUUID");
+  type.Handler<&FieldFilePath::SelectFile>("SelectFile", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&FieldFilePath::FieldNameMouseDown>("FieldNameMouseDown", MouseDownEvent);
 }
 
 FieldFilePath::FieldFilePath() : fileUUID(Toolkit::MakePtr<FieldTextData>()) { InitializeComponent(); }
@@ -35,12 +36,6 @@ FieldFilePath::FieldFilePath() : fileUUID(Toolkit::MakePtr<FieldTextData>()) { I
 void FieldFilePath::InitializeComponent() {
   BindToSelf();
   LoadDocument("FieldFilePath.xaml");
-}
-
-bool FieldFilePath::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const EventAttribute attribute(source, eventName, handlerName);
-  return attribute.Connect<&FieldFilePath::SelectFile>(Toolkit::ButtonBase::ClickEvent, "SelectFile", this) ||
-         attribute.Connect<&FieldFilePath::FieldNameMouseDown>(MouseDownEvent, "FieldNameMouseDown", this);
 }
 
 bool FieldFilePath::UsesUUID() const { return Get<Visibility>(UUIDVisibilityProperty) == Visibility::Visible; }

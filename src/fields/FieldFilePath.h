@@ -26,7 +26,6 @@ public:
   void Deserialize(const cJSON* object, const std::string& key) override;
   void DeserializeOptions(const cJSON* options, bool applyDefaults) override;
   std::string GetValueAsString() const override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
   /// Lets the user choose a file.
   void SelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);

@@ -1,6 +1,5 @@
 #include "fields/FieldList.h"
 
-#include "fields/EventAttribute.h"
 #include "fields/FieldListActionCommand.h"
 #include "fields/FieldOptions.h"
 #include "values/ActionHistory.h"
@@ -13,6 +12,7 @@ TOOLKIT_TYPE_IMPL(FieldList, FieldRows, "Tesselor.FieldList")
 void FieldList::Describe(Toolkit::TypeBuilder<FieldList>& type) {
   WidthProperty = type.Property<int32_t>("Width", 75);
   type.Member<&FieldList::ReflectedRows>("List");
+  type.Handler<&FieldList::OnListLoaded>("OnListLoaded", LoadedEvent);
 }
 
 FieldList::FieldList() : rows(Toolkit::MakePtr<Rows>()) { InitializeComponent(); }
@@ -20,12 +20,6 @@ FieldList::FieldList() : rows(Toolkit::MakePtr<Rows>()) { InitializeComponent();
 void FieldList::InitializeComponent() {
   BindToSelf();
   LoadDocument("FieldList.xaml");
-}
-
-bool FieldList::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const EventAttribute attribute(source, eventName, handlerName);
-  return attribute.Connect<&FieldList::OnListLoaded>(LoadedEvent, "OnListLoaded", this) ||
-         FieldRows::ConnectEvent(source, eventName, handlerName);
 }
 
 void FieldList::ShareRows(const FieldList& other) { rows = other.rows; }

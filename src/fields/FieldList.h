@@ -30,7 +30,6 @@ public:
   /// Adds a row for each element of an array to the rows already there.
   void DeserializeValue(const cJSON* item) override;
   std::string GetValueAsString() const override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
   Values GetValues() const;
   /// Rebuilds all rows: for undo and redo.

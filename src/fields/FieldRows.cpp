@@ -1,24 +1,19 @@
 #include "fields/FieldRows.h"
 
 #include "fields/AssetIdReader.h"
-#include "fields/EventAttribute.h"
 #include "platform/FileDialogs.h"
 #include "toolkit/controls/ButtonBase.h"
 
 namespace Tesselor {
 
 TOOLKIT_TYPE_IMPL(FieldRows, BaseField, "Tesselor.FieldRows")
-void FieldRows::Describe(Toolkit::TypeBuilder<FieldRows>&) {}
-
-bool FieldRows::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const EventAttribute attribute(source, eventName, handlerName);
-  const Toolkit::RoutedEvent& click = Toolkit::ButtonBase::ClickEvent;
-  return attribute.Connect<&FieldRows::OnAddItem>(click, "OnAddItem", this) ||
-         attribute.Connect<&FieldRows::OnRemoveItem>(click, "OnRemoveItem", this) ||
-         attribute.Connect<&FieldRows::OnMoveUp>(click, "OnMoveUp", this) ||
-         attribute.Connect<&FieldRows::OnMoveDown>(click, "OnMoveDown", this) ||
-         attribute.Connect<&FieldRows::OnSelectFile>(click, "OnSelectFile", this) ||
-         attribute.Connect<&FieldRows::OnInputLostFocus>(LostFocusEvent, "OnInputLostFocus", this);
+void FieldRows::Describe(Toolkit::TypeBuilder<FieldRows>& type) {
+  type.Handler<&FieldRows::OnAddItem>("OnAddItem", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&FieldRows::OnRemoveItem>("OnRemoveItem", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&FieldRows::OnMoveUp>("OnMoveUp", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&FieldRows::OnMoveDown>("OnMoveDown", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&FieldRows::OnSelectFile>("OnSelectFile", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&FieldRows::OnInputLostFocus>("OnInputLostFocus", LostFocusEvent);
 }
 
 void FieldRows::PrepareRow(FieldRowData& row) const {

@@ -13,8 +13,6 @@ namespace Tesselor {
 class FieldRows : public BaseField {
   TOOLKIT_TYPE(FieldRows)
 public:
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
-
 protected:
   FieldRows() = default;
 

@@ -1,6 +1,5 @@
 #include "fields/FieldSmallText.h"
 
-#include "fields/EventAttribute.h"
 #include "fields/FieldOptions.h"
 #include "fields/FieldOwner.h"
 #include "platform/Uuid.h"
@@ -18,6 +17,9 @@ void FieldSmallText::Describe(Toolkit::TypeBuilder<FieldSmallText>& type) {
   IsUUIDVisibilityProperty = type.Property<Visibility>("IsUUIDVisibility", Visibility::Collapsed);
   GenerateNodeNameVisibilityProperty = type.Property<Visibility>("GenerateNodeNameVisibility", Visibility::Collapsed);
   type.Member<&FieldSmallText::GetFieldTextData>("FieldTextData");
+  type.Handler<&FieldSmallText::GenerateUUIDEvent>("GenerateUUIDEvent", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&FieldSmallText::GenerateNodeNameEvent>("GenerateNodeNameEvent", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&FieldSmallText::OnInputLostFocus>("OnInputLostFocus", LostFocusEvent);
 }
 
 FieldSmallText::FieldSmallText() : fieldTextData(Toolkit::MakePtr<FieldTextData>()) { InitializeComponent(); }
@@ -25,14 +27,6 @@ FieldSmallText::FieldSmallText() : fieldTextData(Toolkit::MakePtr<FieldTextData>
 void FieldSmallText::InitializeComponent() {
   BindToSelf();
   LoadDocument("FieldSmallText.xaml");
-}
-
-bool FieldSmallText::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const EventAttribute attribute(source, eventName, handlerName);
-  const Toolkit::RoutedEvent& click = Toolkit::ButtonBase::ClickEvent;
-  return attribute.Connect<&FieldSmallText::GenerateUUIDEvent>(click, "GenerateUUIDEvent", this) ||
-         attribute.Connect<&FieldSmallText::GenerateNodeNameEvent>(click, "GenerateNodeNameEvent", this) ||
-         attribute.Connect<&FieldSmallText::OnInputLostFocus>(LostFocusEvent, "OnInputLostFocus", this);
 }
 
 void FieldSmallText::Serialize(cJSON* object, const std::string& key) {

@@ -23,7 +23,6 @@ public:
   void DeserializeOptions(const cJSON* options, bool applyDefaults) override;
   bool IsDefault() const override;
   std::string GetValueAsString() const override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
 private:
   void InitializeComponent() override;

@@ -1,6 +1,5 @@
 #include "fields/FieldText.h"
 
-#include "fields/EventAttribute.h"
 #include "fields/FieldOptions.h"
 
 #include <cjson/cJSON.h>
@@ -12,6 +11,7 @@ void FieldText::Describe(Toolkit::TypeBuilder<FieldText>& type) {
   WidthProperty = type.Property<int32_t>("Width", 200);
   HeightProperty = type.Property<int32_t>("Height", 60);
   type.Member<&FieldText::GetFieldTextData>("FieldTextData");
+  type.Handler<&FieldText::OnInputLostFocus>("OnInputLostFocus", LostFocusEvent);
 }
 
 FieldText::FieldText() : fieldTextData(Toolkit::MakePtr<FieldTextData>()) { InitializeComponent(); }
@@ -19,11 +19,6 @@ FieldText::FieldText() : fieldTextData(Toolkit::MakePtr<FieldTextData>()) { Init
 void FieldText::InitializeComponent() {
   BindToSelf();
   LoadDocument("FieldText.xaml");
-}
-
-bool FieldText::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const EventAttribute attribute(source, eventName, handlerName);
-  return attribute.Connect<&FieldText::OnInputLostFocus>(LostFocusEvent, "OnInputLostFocus", this);
 }
 
 void FieldText::Serialize(cJSON* object, const std::string& key) {

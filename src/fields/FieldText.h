@@ -20,7 +20,6 @@ public:
   void Deserialize(const cJSON* object, const std::string& key) override;
   void DeserializeOptions(const cJSON* options, bool applyDefaults) override;
   std::string GetValueAsString() const override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
 private:
   void InitializeComponent() override;

@@ -17,7 +17,7 @@ void SliderIntSaveStateActionCommandBehavior::Describe(
 
 void SliderIntSaveStateActionCommandBehavior::OnAttached() {
   BehaviorT::OnAttached();
-  if (auto* slider = Toolkit::DynamicCast<Toolkit::Slider>(static_cast<Toolkit::Object*>(GetAssociatedObject()))) {
+  if (auto* slider = Toolkit::DynamicCast<Toolkit::Slider>(GetAssociatedObject())) {
     slider->AddHandler(Toolkit::UIElement::LostFocusEvent,
                        RoutedEventHandler::From<&SliderIntSaveStateActionCommandBehavior::OnLostFocus>(this));
     slider->AddHandler(Toolkit::UIElement::GotFocusEvent,
@@ -28,7 +28,7 @@ void SliderIntSaveStateActionCommandBehavior::OnAttached() {
 
 void SliderIntSaveStateActionCommandBehavior::OnDetaching() {
   BehaviorT::OnDetaching();
-  if (auto* slider = Toolkit::DynamicCast<Toolkit::Slider>(static_cast<Toolkit::Object*>(GetAssociatedObject()))) {
+  if (auto* slider = Toolkit::DynamicCast<Toolkit::Slider>(GetAssociatedObject())) {
     slider->RemoveHandler(Toolkit::UIElement::LostFocusEvent,
                           RoutedEventHandler::From<&SliderIntSaveStateActionCommandBehavior::OnLostFocus>(this));
     slider->RemoveHandler(Toolkit::UIElement::GotFocusEvent,

@@ -1,67 +1,64 @@
 #pragma once
 
 #include "graph/Connection.h"
+#include "toolkit/visual/LayoutQueue.h"
 
-#include <list>
 #include <unordered_map>
 #include <vector>
 
 namespace Tesselor {
 
-class NodeEditorCanvas;
-
 /// All connections of the document and those selected among them. Finding, adding and removing one, and finding those
-/// of a node, do not depend on how many there are.
-class ConnectionManager {
+/// of a node, do not depend on how many there are. Bends the curves once layout has moved their ends.
+class ConnectionManager : private Toolkit::LayoutTask {
 public:
   /// In order of appending.
-  using List = std::list<Toolkit::Ptr<Connection>>;
+  using List = Connection::List;
 
-  /// The canvas outlives the manager.
-  explicit ConnectionManager(NodeEditorCanvas* canvas) : canvas(canvas) {}
+  ConnectionManager() = default;
+  ~ConnectionManager();
   ConnectionManager(const ConnectionManager&) = delete;
   ConnectionManager& operator=(const ConnectionManager&) = delete;
 
-  NodeEditorCanvas* GetCanvas() const { return canvas; }
   const List& GetConnections() const { return connections; }
-  bool Contains(const Connection* connection) const { return places.contains(connection); }
-  /// Appends the connection, whose nodes are set; false if it is there already.
-  bool Add(Connection* connection);
-  /// Keeps the order of the others; false if it isn't there. The selection stays as it is.
-  bool Remove(const Connection* connection);
+  bool Contains(const Connection& connection) const { return connection.isListed; }
+  /// Appends the connection, which has both ends; false if it is there already. Its curve is bent by the next layout.
+  bool Add(Connection& connection);
+  /// Keeps the order of the others and takes it out of the selection; false if it isn't there.
+  bool Remove(Connection& connection);
+  void Clear();
   /// Those with the node at either end, in the order of the list.
-  std::vector<Toolkit::Ptr<Connection>> ConnectionsOf(const ContentNode* node) const;
-  /// Takes the connections of the node out of the list and the selection, when the whole document is cleared. Those
-  /// that nobody else holds end their links on the way, unless that was done already: `ForgetConnections` on all nodes
-  /// before keeps a large document from renumbering children for each of them.
-  void RemoveAllOf(const ContentNode* node);
+  std::vector<Toolkit::Ptr<Connection>> ConnectionsOf(const ContentNode& node) const;
+  /// Those that end at the pin, in the order of the list.
+  std::vector<Toolkit::Ptr<Connection>> ConnectionsOf(const NodePinData& pin) const;
 
-  /// Reads the pins' places anew and bends all curves to them. Layout is valid.
-  void RefreshAll(Toolkit::Canvas* panel);
-  void RefreshAll();
-  void RefreshFor(const ContentNode* node, Toolkit::Canvas* panel);
-  void RefreshFor(const ContentNode* node);
+  /// The node's pins stand elsewhere: the next layout bends its curves.
+  void FollowNode(const ContentNode& node);
+  /// Bends what is due now. Layout is valid.
+  void BendDueCurves();
 
-  /// In order of selecting. A connection may stand here twice.
-  std::vector<Toolkit::Ptr<Connection>> selectedConnections;
+  /// In order of selecting, each once.
+  const std::vector<Toolkit::Ptr<Connection>>& Selected() const { return selected; }
   /// Appends to the selection, with the selected stroke.
-  void Select(Connection* connection);
+  void Select(Connection& connection);
   /// The rule of a click: selects this one alone, or deselects it if it was the only one.
-  void SelectOne(Connection* connection);
+  void SelectOne(Connection& connection);
   void DeselectAll();
 
   /// The connections whose curves the line from `a` to `b` meets, in the order of the list. Panel coordinates.
   std::vector<Toolkit::Ptr<Connection>> FindByCutLine(Toolkit::Point a, Toolkit::Point b) const;
 
 private:
-  /// Takes the connection out of list and index; null if it isn't there.
-  Toolkit::Ptr<Connection> TakeOut(const Connection* connection);
+  void AfterLayout() override { BendDueCurves(); }
+  void BendLater(Connection& connection);
+  void TakeFromNode(const ContentNode* node, size_t index);
 
-  NodeEditorCanvas* canvas;
   List connections;
-  std::unordered_map<const Connection*, List::iterator> places;
-  /// The connections of each node in the order of the list; one from a node to itself stands here once.
+  uint64_t nextOrder = 1;
+  /// In no order; one from a node to itself stands here once.
   std::unordered_map<const ContentNode*, std::vector<Connection*>> byNode;
+  std::vector<Toolkit::Ptr<Connection>> selected;
+  std::vector<Toolkit::Ptr<Connection>> due;
 };
 
 } // namespace Tesselor

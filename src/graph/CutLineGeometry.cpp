@@ -38,6 +38,14 @@ Point OnCurve(const std::array<Point, 4>& curve, double t) {
           static_cast<float>(f0 * curve[0].y + f1 * curve[1].y + f2 * curve[2].y + f3 * curve[3].y)};
 }
 
+float SquaredDistanceToSegment(Point p, Point a, Point b) {
+  const Point ab = b - a, ap = p - a;
+  const float length = ab.x * ab.x + ab.y * ab.y;
+  const float t = length > 0 ? std::clamp((ap.x * ab.x + ap.y * ab.y) / length, 0.0f, 1.0f) : 0;
+  const float dx = ap.x - ab.x * t, dy = ap.y - ab.y * t;
+  return dx * dx + dy * dy;
+}
+
 /// False only if no point of the curve can come near the line.
 bool BoxesMeet(Point a, Point b, const std::array<Point, 4>& curve) {
   const auto [left, right] = std::minmax({curve[0].x, curve[1].x, curve[2].x, curve[3].x});
@@ -61,6 +69,16 @@ bool CutLineMeetsCurve(Point a, Point b, const std::array<Point, 4>& curve) {
   for (int i = 1; i <= CurveSegments; ++i) {
     const Point next = OnCurve(curve, static_cast<double>(i) / CurveSegments);
     if (SegmentsMeet(a, b, previous, next)) return true;
+    previous = next;
+  }
+  return false;
+}
+
+bool IsNearCurve(Point point, const std::array<Point, 4>& curve, float reach) {
+  Point previous = curve[0];
+  for (int i = 1; i <= CurveSegments; ++i) {
+    const Point next = OnCurve(curve, static_cast<double>(i) / CurveSegments);
+    if (SquaredDistanceToSegment(point, previous, next) <= reach * reach) return true;
     previous = next;
   }
   return false;

@@ -12,4 +12,7 @@ bool SegmentsMeet(Toolkit::Point a, Toolkit::Point b, Toolkit::Point p, Toolkit:
 /// Whether the line from `a` to `b` meets a cubic curve, given by its four points and taken as 20 segments.
 bool CutLineMeetsCurve(Toolkit::Point a, Toolkit::Point b, const std::array<Toolkit::Point, 4>& curve);
 
+/// Whether a point lies within `reach` of the curve, taken as 20 segments.
+bool IsNearCurve(Toolkit::Point point, const std::array<Toolkit::Point, 4>& curve, float reach);
+
 } // namespace Tesselor

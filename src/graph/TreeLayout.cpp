@@ -1,10 +1,7 @@
 #include "graph/TreeLayout.h"
 
-#include "commands/BatchMoveActionCommand.h"
 #include "nodes/ContentNode.h"
-#include "nodes/DocumentView.h"
 #include "toolkit/controls/Canvas.h"
-#include "values/ActionHistory.h"
 
 #include <algorithm>
 
@@ -20,7 +17,7 @@ TreeLayout::Children TreeLayout::ChildrenOf(const ContentNode& node) const {
   const ContentNode::Pins& output = node.Output();
   for (size_t i = 0; i < output.Count(); ++i) {
     std::vector<NodePinData*> pins = output.Get(i)->connections;
-    if (sortByPosition) {
+    if (childOrder == Order::ByHeight) {
       std::stable_sort(pins.begin(), pins.end(), [](const NodePinData* a, const NodePinData* b) {
         return Toolkit::Canvas::GetTop(a->owner) < Toolkit::Canvas::GetTop(b->owner);
       });
@@ -96,7 +93,7 @@ void TreeLayout::Place(ContentNode& start, float startX, float startY) {
   }
 }
 
-void TreeLayout::Run(ContentNode& start) {
+std::vector<MoveRecord> TreeLayout::Run(ContentNode& start) {
   Collect(start, 0);
   start.UpdateLayout();
   for (const ContentNode* node : order) {
@@ -106,7 +103,7 @@ void TreeLayout::Run(ContentNode& start) {
   }
   MeasureSubtrees();
   Place(start, Toolkit::Canvas::GetLeft(&start), Toolkit::Canvas::GetTop(&start));
-  ActionHistory::Instance().Push(std::make_unique<BatchMoveActionCommand>(view, std::move(records)));
+  return std::move(records);
 }
 
 } // namespace Tesselor

@@ -8,16 +8,17 @@
 namespace Tesselor {
 
 class ContentNode;
-class DocumentView;
 
 /// The automatic layout: a left-to-right tree from one node through output pins. Columns are as wide as their widest
 /// node, the children of a node are centred on its middle, and no two nodes of a column overlap. One object per run.
 class TreeLayout {
 public:
-  /// Children are ordered by their height on the canvas, or else by their place in the file's array.
-  TreeLayout(DocumentView& view, bool sortByPosition) : view(view), sortByPosition(sortByPosition) {}
-  /// Moves everything that is reached from `start`, which stays where it is, and pushes one undo step for it.
-  void Run(ContentNode& start);
+  /// What orders the children of a node: their height on the canvas, or their place in the file's array.
+  enum class Order { ByHeight, AsImported };
+  explicit TreeLayout(Order childOrder) : childOrder(childOrder) {}
+  /// Moves everything that is reached from `start`, which stays where it is; tells what stood and stands where. Runs
+  /// layout before, since sizes count.
+  std::vector<MoveRecord> Run(ContentNode& start);
 
 private:
   using Children = std::vector<ContentNode*>;
@@ -33,8 +34,7 @@ private:
     size_t depth = 0;
     float subtreeHeight = 0;
   };
-  DocumentView& view;
-  bool sortByPosition;
+  Order childOrder;
   std::unordered_map<const ContentNode*, Entry> entries;
   std::vector<ContentNode*> order;
   std::vector<float> columnWidths;

@@ -1,5 +1,7 @@
 #include "nodes/BaseNode.h"
 
+#include "toolkit/controls/Canvas.h"
+
 #include <string_view>
 
 namespace Tesselor {
@@ -13,6 +15,8 @@ void BaseNode::Describe(Toolkit::TypeBuilder<BaseNode>& type) {
   type.Member<&BaseNode::GetTitleData>("TitleData");
   type.Event(&NodeMouseDownEvent);
   type.Event(&NodeMouseUpEvent);
+  type.Handler<&BaseNode::Node_MouseDown>("Node_MouseDown", MouseDownEvent);
+  type.Handler<&BaseNode::Node_MouseUp>("Node_MouseUp", MouseUpEvent);
 }
 
 BaseNode::BaseNode() : titleData(Toolkit::MakePtr<FieldTextData>()) {}
@@ -21,20 +25,16 @@ void BaseNode::SetTitle(std::string_view title) {
   if (title != Title()) titleData->SetValue(Toolkit::SharedString(title));
 }
 
-bool BaseNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const std::string_view event = eventName;
-  const std::string_view handler = handlerName;
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (!element) return false;
-  if (event == "PreviewMouseDown" && handler == "Node_MouseDown") {
-    element->AddHandler(PreviewMouseDownEvent, Toolkit::RoutedEventHandler::From<&BaseNode::Node_MouseDown>(this));
-    return true;
-  }
-  if (event == "PreviewMouseUp" && handler == "Node_MouseUp") {
-    element->AddHandler(PreviewMouseUpEvent, Toolkit::RoutedEventHandler::From<&BaseNode::Node_MouseUp>(this));
-    return true;
-  }
-  return false;
+Toolkit::Rect BaseNode::Bounds() const {
+  // A node that was never placed stands where canvases put it: at their corner.
+  const auto placed = [](float coordinate) { return Toolkit::IsAuto(coordinate) ? 0 : coordinate; };
+  const Toolkit::Size size = OwnSize();
+  return {placed(Toolkit::Canvas::GetLeft(this)), placed(Toolkit::Canvas::GetTop(this)), size.width, size.height};
+}
+
+Toolkit::Point BaseNode::Middle() const {
+  const Toolkit::Rect bounds = Bounds();
+  return {bounds.x + bounds.width * 0.5f, bounds.y + bounds.height * 0.5f};
 }
 
 void BaseNode::Node_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {

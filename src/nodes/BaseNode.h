@@ -5,6 +5,7 @@
 #include "toolkit/visual/InputEvents.h"
 #include "values/FieldTextData.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace Tesselor {
@@ -24,22 +25,32 @@ public:
   std::string_view Title() const { return titleData->GetValue(); }
   void SetTitle(std::string_view title);
 
+  /// The node's place among those of its document, which its graph gives it when it first joins and which stays when it
+  /// leaves, so that it comes back to where it was. 0 before.
+  uint64_t DocumentOrder() const { return documentOrder; }
+  void SetDocumentOrder(uint64_t order) { documentOrder = order; }
+
+  /// Where the node stands and how large it is, in the coordinates of its panel. Without a size before layout.
+  Toolkit::Rect Bounds() const;
+  Toolkit::Point Middle() const;
+
   bool IsSelected() const { return Get<bool>(IsSelectedProperty); }
   void SetSelected(bool value) { SetValue(IsSelectedProperty, value); }
-
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
   virtual void Node_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   virtual void Node_MouseUp(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
 
 protected:
   BaseNode();
+  /// The node's own size, whatever else its document draws around it.
+  virtual Toolkit::Size OwnSize() const { return RenderSize(); }
 
 private:
   /// Loads the class's document; called once, from the constructor.
   virtual void InitializeComponent() = 0;
 
   Toolkit::Ptr<FieldTextData> titleData;
+  uint64_t documentOrder = 0;
 };
 
 } // namespace Tesselor

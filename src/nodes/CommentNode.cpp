@@ -10,7 +10,6 @@
 
 namespace Tesselor {
 
-using Toolkit::RoutedEventHandler;
 using Toolkit::Visibility;
 
 namespace {
@@ -38,6 +37,12 @@ void CommentNode::Describe(Toolkit::TypeBuilder<CommentNode>& type) {
   CommentFontSizeProperty = type.Property<float>("CommentFontSize", 13);
   FontControlsVisibilityProperty = type.Property<Visibility>("FontControlsVisibility", Visibility::Collapsed);
   type.Event(&CommentResizingEvent);
+  type.Handler<&CommentNode::Comment_MouseMove>("Comment_MouseMove", MouseMoveEvent);
+  type.Handler<&CommentNode::CommentTextBox_GotFocus>("CommentTextBox_GotFocus", GotFocusEvent);
+  type.Handler<&CommentNode::CommentTextBox_LostFocus>("CommentTextBox_LostFocus", LostFocusEvent);
+  type.Handler<&CommentNode::IncreaseFontSize_Click>("IncreaseFontSize_Click", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&CommentNode::IncreaseFontSizeBig_Click>("IncreaseFontSizeBig_Click", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&CommentNode::DecreaseFontSize_Click>("DecreaseFontSize_Click", Toolkit::ButtonBase::ClickEvent);
 }
 
 const FrameNode::Properties& CommentNode::FrameProperties() {
@@ -65,31 +70,6 @@ JsonPtr CommentNode::ToJson() const {
   cJSON_AddStringToObject(json.get(), Keys::Text, std::string(CommentText()).c_str());
   cJSON_AddNumberToObject(json.get(), Keys::FontSize, CommentFontSize());
   return json;
-}
-
-bool CommentNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const std::string_view event = eventName;
-  const std::string_view handler = handlerName;
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (!element) return false;
-  if (event == "MouseMove" && handler == "Comment_MouseMove")
-    element->AddHandler(MouseMoveEvent, RoutedEventHandler::From<&CommentNode::Comment_MouseMove>(this));
-  else if (event == "GotFocus" && handler == "CommentTextBox_GotFocus")
-    element->AddHandler(GotFocusEvent, RoutedEventHandler::From<&CommentNode::CommentTextBox_GotFocus>(this));
-  else if (event == "LostFocus" && handler == "CommentTextBox_LostFocus")
-    element->AddHandler(LostFocusEvent, RoutedEventHandler::From<&CommentNode::CommentTextBox_LostFocus>(this));
-  else if (event == "Click" && handler == "IncreaseFontSize_Click")
-    element->AddHandler(Toolkit::ButtonBase::ClickEvent,
-                        RoutedEventHandler::From<&CommentNode::IncreaseFontSize_Click>(this));
-  else if (event == "Click" && handler == "IncreaseFontSizeBig_Click")
-    element->AddHandler(Toolkit::ButtonBase::ClickEvent,
-                        RoutedEventHandler::From<&CommentNode::IncreaseFontSizeBig_Click>(this));
-  else if (event == "Click" && handler == "DecreaseFontSize_Click")
-    element->AddHandler(Toolkit::ButtonBase::ClickEvent,
-                        RoutedEventHandler::From<&CommentNode::DecreaseFontSize_Click>(this));
-  else
-    return FrameNode::ConnectEvent(source, eventName, handlerName);
-  return true;
 }
 
 void CommentNode::Comment_MouseMove(Toolkit::Object*, const Toolkit::MouseEventArgs&) {

@@ -30,7 +30,6 @@ public:
   void SetCommentFontSize(float value);
 
   JsonPtr ToJson() const override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
 private:
   static const Properties& FrameProperties();

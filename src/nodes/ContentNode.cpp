@@ -1,7 +1,8 @@
 #include "nodes/ContentNode.h"
 
-#include "nodes/NodeIdIndex.h"
+#include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
+#include "nodes/NodeObserver.h"
 #include "nodes/NodePinControl.h"
 #include "nodes/TitleBrushes.h"
 #include "platform/Uuid.h"
@@ -16,6 +17,15 @@
 namespace Tesselor {
 
 using Toolkit::Visibility;
+
+namespace {
+
+NodePinControl* PinControlOf(Toolkit::Object* container) {
+  const auto* presenter = Toolkit::DynamicCast<Toolkit::ContentPresenter>(container);
+  return presenter ? Toolkit::DynamicCast<NodePinControl>(presenter->ContentElement()) : nullptr;
+}
+
+} // namespace
 
 TOOLKIT_TYPE_IMPL(ContentNode, BaseNode, "Tesselor.ContentNode")
 void ContentNode::Describe(Toolkit::TypeBuilder<ContentNode>& type) {
@@ -32,12 +42,17 @@ void ContentNode::Describe(Toolkit::TypeBuilder<ContentNode>& type) {
   IsLinkValidProperty = type.Property<bool>("IsLinkValid", true);
   ArrayIndexTextProperty = type.Property<std::string>("ArrayIndexText");
   ArrayIndexVisibilityProperty = type.Property<Visibility>("ArrayIndexVisibility", Visibility::Collapsed);
+  type.Handler<&ContentNode::Comment_MouseDown>("Comment_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&ContentNode::CommentToggle_MouseDown>("CommentToggle_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&ContentNode::OutputPinsToggle_MouseDown>("OutputPinsToggle_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&ContentNode::CommentTextBox_KeyUp>("CommentTextBox_KeyUp", PreviewKeyUpEvent);
 }
 
 ContentNode::ContentNode() : input(Toolkit::MakePtr<Pins>()), output(Toolkit::MakePtr<Pins>()) {
   // Most nodes have no comment: they share the text that stands for it.
   static const Toolkit::SharedString noComment(NoComment);
   fieldCommentData = Toolkit::MakePtr<FieldTextData>(noComment);
+  notesLayout = true;
 }
 
 ContentNode::ContentNode(WithoutDocument, std::string typeId, const NodeBlueprint& blueprint) : ContentNode() {
@@ -52,9 +67,7 @@ ContentNode::ContentNode(std::string typeId, const NodeBlueprint& blueprint)
   ContentNode::InitializeComponent();
 }
 
-ContentNode::~ContentNode() {
-  if (idIndex) idIndex->Remove(*this);
-}
+ContentNode::~ContentNode() = default;
 
 void ContentNode::InitializeComponent() {
   Toolkit::GUI::LoadComponent(*this, "ContentNode.xaml");
@@ -74,9 +87,9 @@ void ContentNode::SetComment(std::string_view text) {
 
 void ContentNode::SetNodeId(std::string id) {
   if (id == nodeId) return;
-  if (idIndex) idIndex->IdChanging(*this);
+  if (observer) observer->OnNodeIdChanging(*this);
   nodeId = std::move(id);
-  if (idIndex) idIndex->IdChanged(*this);
+  if (observer) observer->OnNodeIdChanged(*this);
 }
 
 const std::string& ContentNode::EnsureNodeId() {
@@ -84,7 +97,7 @@ const std::string& ContentNode::EnsureNodeId() {
   return nodeId;
 }
 
-std::string ContentNode::Identity() const { return nodeId.empty() ? typeId : typeId + "-" + nodeId; }
+std::string ContentNode::Identity() const { return NodeIdentity{typeId, nodeId}.Text(); }
 
 NodePinData* ContentNode::AddPin(bool isInput, const NodePinBlueprint& pinBlueprint) {
   auto pin = Toolkit::MakePtr<NodePinData>(this, isInput, pinBlueprint);
@@ -161,10 +174,43 @@ BaseField* ContentNode::FindField(std::string_view id) const {
 NodePinControl* ContentNode::FindPinControl(const NodePinData& pin) const {
   const Toolkit::ItemsControl* list = pin.IsInput() ? inputPins : outputPins;
   if (!list) return nullptr;
-  Toolkit::Object* container = list->GetItemContainerGenerator().ContainerFromItem(&pin);
-  const auto* presenter = Toolkit::DynamicCast<Toolkit::ContentPresenter>(container);
-  return presenter ? Toolkit::DynamicCast<NodePinControl>(static_cast<Toolkit::Object*>(presenter->ContentElement()))
-                   : nullptr;
+  return PinControlOf(list->GetItemContainerGenerator().ContainerFromItem(&pin));
+}
+
+Toolkit::Point ContentNode::AnchorOf(const NodePinData& pin) const {
+  if (areAnchorsDue) ReadAnchors();
+  return Offset() + pin.anchor;
+}
+
+void ContentNode::OnLayoutChanged() {
+  areAnchorsDue = true;
+  if (observer) observer->OnNodeLayoutChanged(*this);
+}
+
+void ContentNode::ReadAnchors() const {
+  ReadAnchors(*input, inputPins);
+  ReadAnchors(*output, outputPins);
+  areAnchorsDue = false;
+}
+
+void ContentNode::ReadAnchors(const Pins& pins, const Toolkit::ItemsControl* list) const {
+  // Items and their containers stand in the same order.
+  for (size_t i = 0; i < pins.Count(); ++i) {
+    const NodePinControl* control =
+        list ? PinControlOf(list->GetItemContainerGenerator().ContainerFromIndex(i)) : nullptr;
+    pins.Get(i)->anchor = control ? control->PinCentre(this) : Toolkit::Point();
+  }
+}
+
+void ContentNode::ShowInFull(bool isFull) {
+  for (const auto& [id, field] : contentFields)
+    field->SetVisibility(isFull ? Visibility::Visible : Visibility::Collapsed);
+}
+
+bool ContentNode::IsShownInFull() const {
+  for (const auto& [id, field] : contentFields)
+    if (field->GetVisibility() != Visibility::Visible) return false;
+  return true;
 }
 
 void ContentNode::SetTitleColor(const Toolkit::Color& color) {

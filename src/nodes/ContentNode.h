@@ -24,21 +24,25 @@ class ItemsControl;
 namespace Tesselor {
 
 class ContentNode;
-class DocumentView;
-class NodeIdIndex;
+class NodeObserver;
 class NodePinControl;
-class Workspace;
-struct ChildType;
-struct NodeVariant;
+class NodeReader;
+class NodeWriter;
 
 enum class FieldPlacement { InputPin, Body, OutputPin };
+
+/// Whether a written node says which one it is.
+enum class NodeIdMember { Omitted, Written };
+/// Whether a written node says where it stands and what its title is.
+enum class NodeLayout { Omitted, Written };
 
 using NodeSet = std::unordered_set<const ContentNode*>;
 
 /// The visible form of one JSON object of an asset: a titled box with input pins, fields and output pins, all of
 /// which its blueprint decides. Made by `NodeDictionary::CreateNode`; the lists of the view and undo steps own it.
 ///
-/// The walks over JSON are members of this class that stand in src/document.
+/// Its JSON is read and written by `NodeReader` and `NodeWriter`, which call its virtual members for the forms that a
+/// class has of its own; these members stand in src/document.
 class ContentNode : public BaseNode, public FieldOwner {
   TOOLKIT_TYPE(ContentNode)
 public:
@@ -76,6 +80,8 @@ public:
   void SetNodeId(std::string id);
   /// The UUID, made now if there is none.
   const std::string& EnsureNodeId();
+  /// Who follows this node; null ends that.
+  void SetObserver(NodeObserver* value) { observer = value; }
   /// "<typeId>-<nodeId>", or the type id alone for a node without UUID.
   std::string Identity() const;
 
@@ -100,13 +106,20 @@ public:
   BaseField* FindField(std::string_view id) const;
   /// Null before layout.
   NodePinControl* FindPinControl(const NodePinData& pin) const;
+  /// Where connections end at one of this node's pins, in the coordinates of its panel: the middle of the pin's shape.
+  /// The node's corner before layout, or if the pin is not shown.
+  Toolkit::Point AnchorOf(const NodePinData& pin) const;
+  /// Shows or hides the fields of the body, as the compact view does.
+  void ShowInFull(bool isFull);
+  /// Whether all fields of the body show.
+  bool IsShownInFull() const;
 
   void SetTitleColor(const Toolkit::Color& color);
   /// A negative index means none.
   void SetArrayIndex(int32_t index);
-  /// Ends all connections of this node and renumbers the children of the pins concerned. The curves on the canvas are
-  /// the caller's business.
-  void DisconnectAllPins();
+  /// The output pin in whose list this node's index stands: of several `Multiple` ones that it hangs on the last. Null
+  /// if there is none.
+  NodePinData* NumberingPin() const;
   /// Empties the lists of this node's own pins only: for when the whole document goes, where taking each connection
   /// out of its other end as well would cost a multiple of the nodes.
   void ForgetConnections();
@@ -115,26 +128,23 @@ public:
   // Pass-through nodes.
   /// Whether what is connected on either side is of one type. True for other nodes.
   bool ComputeLinkValidity() const;
-  /// Takes over the record of what is connected, and hands it on to neighbouring pass-through nodes.
-  void PropagateLinkType();
+  /// Gives all pins the record of what flows through the node; null means their own again.
+  void TakeOverRecord(const NodePinBlueprint* record);
 
   // The names of nodes, for fields.
   std::string NodeName() const override { return nodeName; }
   void SetNodeName(std::string_view name) override { nodeName = name; }
   std::string FindUpstreamName() override;
 
-  // Writing. Each adds members to `json`.
-  virtual void Serialize(cJSON* json, bool writeNodeId, bool saveAllFields);
-  virtual void SerializeChild(cJSON* json, bool saveAllFields);
-  /// The clipboard's form: no UUIDs, with title and position. An empty selection stands for all nodes.
-  virtual void SerializeForCopy(cJSON* json, const NodeSet& selection);
-  virtual void SerializeWithId(cJSON* json, bool saveAllFields, bool writeLayout);
-  void SerializeForCopy(cJSON* json, const NodeSet& selection, bool writePosition);
-
-  // Reading. Children are added to the view, their connections to its pending ones. `json` is not kept.
-  virtual void Deserialize(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
-
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
+  // The forms of the node in JSON. Writing adds members to `json`.
+  virtual void Serialize(cJSON* json, NodeWriter& writer, NodeIdMember nodeId);
+  /// Inside of its parent's object.
+  virtual void SerializeChild(cJSON* json, NodeWriter& writer);
+  virtual void SerializeWithId(cJSON* json, NodeWriter& writer, NodeLayout layout);
+  /// The clipboard's form: the type without the UUID, and the title in any case.
+  virtual void SerializeForCopy(cJSON* json, NodeWriter& writer, NodeLayout position);
+  /// Children join the reader's graph, their connections its pending ones. `json` is not kept.
+  virtual void Deserialize(const cJSON* json, NodeReader& reader);
 
   std::string nodeName;
   PinTable pins;
@@ -155,64 +165,15 @@ protected:
   /// For a class with a document of its own, which its constructor loads.
   ContentNode(WithoutDocument, std::string typeId, const NodeBlueprint& blueprint);
   void InitializeComponent() override;
+  void OnLayoutChanged() override;
   /// Looks up the named parts of the document that this class works with; those that it doesn't have stay empty.
   void FindParts();
 
-  // Pieces of the written form.
-  void WriteNodeId(cJSON* json);
-  void WriteTitle(cJSON* json) const;
-  void WriteComment(cJSON* json) const;
-  void WriteGenericPins(cJSON* json, bool saveAllFields);
-
-  void LogDeserialization(const cJSON* json) const;
-
-  friend class NodeIdIndex;
-  friend class NodeWriteScope;
-
 private:
-  // Reading, in src/document.
-  void DeserializeMember(const cJSON* json, const cJSON* member, const Workspace& workspace, DocumentView& view,
-                         bool selectNewNodes);
-  bool DeserializePinMember(const cJSON* json, const cJSON* member, const NodePinTarget& target,
-                            const Workspace& workspace, DocumentView& view, bool selectNewNodes);
-  void DeserializePinObject(const cJSON* json, const cJSON* parentJson, const std::string& nodeName, NodePinData& pin,
-                            const NodeVariant* variant, const Workspace& workspace, DocumentView& view,
-                            bool selectNewNodes);
-  void DeserializePinArray(const cJSON* json, const std::string& nodeName, NodePinData& pin, const NodeVariant* variant,
-                           const Workspace& workspace, DocumentView& view, bool selectNewNodes);
-  void DeserializeArrayEntry(const cJSON* json, const cJSON* element, int32_t index, const std::string& nodeName,
-                             NodePinData& pin, std::string& childPin, const NodeVariant* variant,
-                             const Workspace& workspace, DocumentView& view, bool selectNewNodes);
-  void ConnectArrayEntry(ContentNode& child, const ChildType& type, NodePinData& pin, std::string& childPin,
-                         DocumentView& view);
-  void DeserializeChildren(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
-  // These two return false for what is not theirs.
-  bool DeserializeAdditionalProperty(const cJSON* json, const Workspace& workspace, DocumentView& view,
-                                     bool selectNewNodes);
-  bool DeserializeParameters(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
-  void DeserializeMadeUp(const cJSON* object, const NodePinTarget& target, NodePinData& pin, const Workspace& workspace,
-                         DocumentView& view, bool selectNewNodes);
-  void DeserializeGeneric(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes);
-  void DeserializeField(const cJSON* objectJson, const char* jsonKey, const std::string& fieldId);
-  std::string ResolveSchemaKey(const char* jsonKey, const cJSON* value) const;
-  void QueuePinConnection(ContentNode& child, NodePinData& parentPin, bool isLink, bool isGeneric, DocumentView& view);
-  void ReportUnknownField(const char* key, const cJSON* value) const;
-  std::string LogUnknownField(const char* key, const cJSON* value) const;
-
-  // Writing, in src/document.
-  void WriteSchemaField(cJSON* json, const std::string& schemaKey, bool saveAllFields);
-  void WriteSchemaPin(cJSON* json, const std::string& schemaKey, bool saveAllFields);
-  void WriteSchemaPinForCopy(cJSON* json, const std::string& schemaKey, const NodeSet& selection);
-  void WriteAdditionalProperties(cJSON* json, const NodePinData& pin, bool saveAllFields);
-  void WriteAdditionalParameters(cJSON* json, const NodePinData& pin, bool saveAllFields);
-  void WriteMap(cJSON* json, const std::string& key, const NodePinData& pin, bool saveAllFields);
-  void WriteChildren(cJSON* json, bool saveAllFields);
-  void WriteBody(cJSON* json, bool saveAllFields);
-
   Toolkit::ObservableCollectionBase* ReflectedInput() const { return input.Get(); }
   Toolkit::ObservableCollectionBase* ReflectedOutput() const { return output.Get(); }
-  /// One node's step of `PropagateLinkType`: returns the nodes to go on with.
-  std::vector<ContentNode*> TakeOverLinkType();
+  void ReadAnchors() const;
+  void ReadAnchors(const Pins& pins, const Toolkit::ItemsControl* list) const;
 
   void Comment_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   void CommentTextBox_KeyUp(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
@@ -229,13 +190,11 @@ private:
   const NodeBlueprint* blueprint = nullptr;
   std::string typeId;
   std::string nodeId;
-  /// The index of the view that the node belongs to, and the node's place in it.
-  NodeIdIndex* idIndex = nullptr;
-  uint64_t idOrder = 0;
+  /// The pins' anchors follow from a layout that has changed since they were read.
+  mutable bool areAnchorsDue = true;
+  NodeObserver* observer = nullptr;
   /// Dynamic pins beyond the first.
   uint32_t dynamicPinCount = 0;
-  /// The writer is in the middle of this node: meeting it again is a cycle.
-  bool isBeingWritten = false;
 };
 
 } // namespace Tesselor

@@ -2,6 +2,7 @@
 
 #include "nodes/ContentNode.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Tesselor {
@@ -26,9 +27,15 @@ bool FindCommonType(const ContentNode::Pins& pins, const std::string*& type) {
 
 } // namespace
 
-void ContentNode::DisconnectAllPins() {
-  ForEachPin(*input, [](NodePinData& pin) { pin.DisconnectAll(); });
-  ForEachPin(*output, [](NodePinData& pin) { pin.DisconnectAll(); });
+NodePinData* ContentNode::NumberingPin() const {
+  for (size_t i = input->Count(); i-- > 0;) {
+    const std::vector<NodePinData*>& parents = input->Get(i)->connections;
+    const auto found = std::find_if(parents.rbegin(), parents.rend(), [](const NodePinData* parent) {
+      return !parent->IsInput() && parent->blueprint->Multiple;
+    });
+    if (found != parents.rend()) return *found;
+  }
+  return nullptr;
 }
 
 void ContentNode::ForgetConnections() {
@@ -50,36 +57,10 @@ bool ContentNode::ComputeLinkValidity() const {
   return !inputType || !outputType || *inputType == *outputType;
 }
 
-void ContentNode::PropagateLinkType() {
-  // A chain of links may be as long as a document, so the neighbours wait in a list and not on the stack.
-  NodeSet visited;
-  std::vector<ContentNode*> waiting{this};
-  while (!waiting.empty()) {
-    ContentNode* node = waiting.back();
-    waiting.pop_back();
-    if (!node->IsPassthrough() || !visited.insert(node).second) continue;
-    std::vector<ContentNode*> neighbours = node->TakeOverLinkType();
-    waiting.insert(waiting.end(), neighbours.rbegin(), neighbours.rend());
-  }
-}
-
-std::vector<ContentNode*> ContentNode::TakeOverLinkType() {
-  std::vector<ContentNode*> neighbours;
-  const NodePinBlueprint* found = nullptr;
-  const auto collect = [&](const NodePinData& pin) {
-    for (const NodePinData* other : pin.connections) {
-      if (other->owner && other->owner->IsPassthrough()) neighbours.push_back(other->owner);
-      if (!found && other->EffectiveBlueprint().Type != "Generic") found = &other->EffectiveBlueprint();
-    }
-  };
-  ForEachPin(*input, collect);
-  ForEachPin(*output, collect);
-  const NodePinBlueprint* previous = FirstInput() ? &FirstInput()->EffectiveBlueprint() : nullptr;
-  const auto resolve = [found](NodePinData& pin) { pin.SetResolvedBlueprint(found); };
+void ContentNode::TakeOverRecord(const NodePinBlueprint* record) {
+  const auto resolve = [record](NodePinData& pin) { pin.SetResolvedBlueprint(record); };
   ForEachPin(*input, resolve);
   ForEachPin(*output, resolve);
-  if (previous == found) neighbours.clear();
-  return neighbours;
 }
 
 } // namespace Tesselor

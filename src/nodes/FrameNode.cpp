@@ -12,7 +12,6 @@
 
 namespace Tesselor {
 
-using Toolkit::RoutedEventHandler;
 using Toolkit::Visibility;
 
 namespace {
@@ -25,7 +24,11 @@ constexpr int32_t NearestZIndex = -15;
 } // namespace
 
 TOOLKIT_TYPE_IMPL(FrameNode, BaseNode, "Tesselor.FrameNode")
-void FrameNode::Describe(Toolkit::TypeBuilder<FrameNode>&) {}
+void FrameNode::Describe(Toolkit::TypeBuilder<FrameNode>& type) {
+  type.Handler<&FrameNode::Header_MouseDown>("Header_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&FrameNode::TitleTextBox_KeyUp>("TitleTextBox_KeyUp", PreviewKeyUpEvent);
+  type.Handler<&FrameNode::TitleTextBox_LostFocus>("TitleTextBox_LostFocus", LostFocusEvent);
+}
 
 void FrameNode::SetResizeWidth(float value) {
   SetValue(properties->width, value >= MinimumWidth ? value : MinimumWidth);
@@ -52,36 +55,32 @@ ResizeEdge FrameNode::HitTestEdge(const Toolkit::Border& border) const {
   return EdgeAt(Toolkit::Mouse::GetPosition(&border), border.RenderSize(), 2 * FrameBorder());
 }
 
-void FrameNode::Resize(ResizeEdge edge) {
-  const Toolkit::Point position = Toolkit::Mouse::GetPosition(UIParent());
-  if (lastMousePosition == Toolkit::Point{}) {
-    lastMousePosition = position;
-    return;
-  }
-  if (resizeStartSize == Toolkit::Size{}) resizeStartSize = {FrameWidth(), FrameHeight()};
-
+void FrameNode::Resize(const Toolkit::Rect& startBounds, ResizeEdge edge, Toolkit::Point moved) {
   const bool movesRight = edge == ResizeEdge::Right || edge == ResizeEdge::TopRight || edge == ResizeEdge::BottomRight;
   const bool movesLeft = edge == ResizeEdge::Left || edge == ResizeEdge::TopLeft || edge == ResizeEdge::BottomLeft;
   const bool movesTop = edge == ResizeEdge::Top || edge == ResizeEdge::TopLeft || edge == ResizeEdge::TopRight;
   const bool movesBottom =
       edge == ResizeEdge::Bottom || edge == ResizeEdge::BottomLeft || edge == ResizeEdge::BottomRight;
-  const Toolkit::Point last = lastMousePosition;
-  float dx = 0;
-  float dy = 0;
-  if (movesRight) dx = position.x - last.x;
+  Toolkit::Rect bounds = startBounds;
+  if (movesRight) bounds.width += moved.x;
+  if (movesBottom) bounds.height += moved.y;
   if (movesLeft) {
-    dx = last.x - position.x;
-    Toolkit::Canvas::SetLeft(this, Toolkit::Canvas::GetLeft(this) - dx);
+    bounds.x += moved.x;
+    bounds.width -= moved.x;
   }
   if (movesTop) {
-    dy = last.y - position.y;
-    Toolkit::Canvas::SetTop(this, Toolkit::Canvas::GetTop(this) - dy);
+    bounds.y += moved.y;
+    bounds.height -= moved.y;
   }
-  if (movesBottom) dy = position.y - last.y;
-  SetResizeWidth(FrameWidth() + dx);
-  SetResizeHeight(FrameHeight() + dy);
+  SetBounds(bounds);
+}
+
+void FrameNode::SetBounds(const Toolkit::Rect& bounds) {
+  Toolkit::Canvas::SetLeft(this, bounds.x);
+  Toolkit::Canvas::SetTop(this, bounds.y);
+  SetResizeWidth(bounds.width);
+  SetResizeHeight(bounds.height);
   RefreshZIndex();
-  lastMousePosition = position;
 }
 
 void FrameNode::SetZoom(float zoom) { SetValue(properties->borderThickness, BorderOnScreen / zoom); }
@@ -107,26 +106,6 @@ JsonPtr FrameNode::ToJson() const {
   cJSON_AddNumberToObject(json.get(), Keys::Height, FrameHeight());
   cJSON_AddStringToObject(json.get(), Keys::FrameName, std::string(Title()).c_str());
   return json;
-}
-
-bool FrameNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const std::string_view event = eventName;
-  const std::string_view handler = handlerName;
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (!element) return false;
-  if (event == "MouseDown" && handler == "Node_MouseDown")
-    element->AddHandler(MouseDownEvent, RoutedEventHandler::From<&BaseNode::Node_MouseDown>(this));
-  else if (event == "MouseUp" && handler == "Node_MouseUp")
-    element->AddHandler(MouseUpEvent, RoutedEventHandler::From<&BaseNode::Node_MouseUp>(this));
-  else if (event == "PreviewMouseDown" && handler == "Header_MouseDown")
-    element->AddHandler(PreviewMouseDownEvent, RoutedEventHandler::From<&FrameNode::Header_MouseDown>(this));
-  else if (event == "PreviewKeyUp" && handler == "TitleTextBox_KeyUp")
-    element->AddHandler(PreviewKeyUpEvent, RoutedEventHandler::From<&FrameNode::TitleTextBox_KeyUp>(this));
-  else if (event == "LostFocus" && handler == "TitleTextBox_LostFocus")
-    element->AddHandler(LostFocusEvent, RoutedEventHandler::From<&FrameNode::TitleTextBox_LostFocus>(this));
-  else
-    return false;
-  return true;
 }
 
 void FrameNode::Node_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {

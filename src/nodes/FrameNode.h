@@ -42,8 +42,11 @@ public:
 
   /// The edge under the mouse.
   ResizeEdge HitTestEdge(const Toolkit::Border& border) const;
-  /// One step of a resize: the dragged edge follows the mouse.
-  void Resize(ResizeEdge edge);
+  /// Drags an edge or a corner of the frame that had `startBounds` by `moved`. A side that is moved beyond the minimum
+  /// goes on moving the frame.
+  void Resize(const Toolkit::Rect& startBounds, ResizeEdge edge, Toolkit::Point moved);
+  /// Place, size and stacking order.
+  void SetBounds(const Toolkit::Rect& bounds);
   /// Keeps the border's width on screen; called with the canvas's scale.
   virtual void SetZoom(float zoom);
 
@@ -55,19 +58,14 @@ public:
 
   /// The frame's own layout has no size: it is as large as what it holds, its resize border and big title included.
   Toolkit::Rect DrawnBounds() const override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
   void Node_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args) override;
   void Node_MouseUp(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args) override;
-
-  /// The mouse at the last step of a resize, in the parent's coordinates, and the size before the first. Zero means
-  /// not yet taken; whoever ends a resize sets both to zero.
-  Toolkit::Point lastMousePosition;
-  Toolkit::Size resizeStartSize;
 
 protected:
   FrameNode(const Properties& properties, const Names& names, const Toolkit::RoutedEvent& resizing, float minimumHeight)
       : properties(&properties), names(&names), resizing(&resizing), minimumHeight(minimumHeight) {}
 
+  Toolkit::Size OwnSize() const override { return {FrameWidth(), FrameHeight()}; }
   float FrameBorder() const { return Get<float>(properties->borderThickness); }
   void SetCursor(const char* name) { SetValue(properties->cursorType, name); }
   /// The frame itself if the event came from it, not from what it holds.

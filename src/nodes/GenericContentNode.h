@@ -2,6 +2,9 @@
 
 #include "nodes/ContentNode.h"
 
+#include <string>
+#include <utility>
+
 namespace Tesselor {
 
 class FieldRawJson;
@@ -13,19 +16,17 @@ class GenericContentNode : public ContentNode {
 public:
   explicit GenericContentNode(const NodeBlueprint& blueprint);
 
-  void SerializeChild(cJSON* json, bool saveAllFields) override;
-  void SerializeWithId(cJSON* json, bool saveAllFields, bool writeLayout) override;
-  void Deserialize(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes) override;
-
-  /// Queues a connection to a new output pin of `parent`, as an unknown member of it.
-  void ConnectToParent(ContentNode& parent, DocumentView& view);
+  void SerializeChild(cJSON* json, NodeWriter& writer) override;
+  void SerializeWithId(cJSON* json, NodeWriter& writer, NodeLayout position) override;
+  void Deserialize(const cJSON* json, NodeReader& reader) override;
 
   /// The key under which a parent writes this node from a dynamic pin; empty until the node is read.
   const std::string& TargetKey() const { return targetKey; }
-
-private:
+  void SetTargetKey(std::string key) { targetKey = std::move(key); }
+  /// Null if the schema has another field in its place.
   FieldRawJson* RawField() const;
 
+private:
   std::string targetKey;
 };
 

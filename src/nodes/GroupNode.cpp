@@ -28,6 +28,7 @@ void GroupNode::Describe(Toolkit::TypeBuilder<GroupNode>& type) {
   HeightProperty = type.Property<float>("Height", 300);
   BorderThicknessProperty = type.Property<float>("BorderThickness", 7.5f);
   type.Event(&GroupResizingEvent);
+  type.Handler<&GroupNode::Group_MouseMove>("Group_MouseMove", MouseMoveEvent);
 }
 
 const FrameNode::Properties& GroupNode::FrameProperties() {
@@ -49,15 +50,6 @@ void GroupNode::InitializeComponent() {
 void GroupNode::SetZoom(float zoom) {
   FrameNode::SetZoom(zoom);
   SetValue(BigTitleVisibilityProperty, zoom < BigTitleZoom ? Visibility::Visible : Visibility::Collapsed);
-}
-
-bool GroupNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (element && std::string_view(eventName) == "MouseMove" && std::string_view(handlerName) == "Group_MouseMove") {
-    element->AddHandler(MouseMoveEvent, Toolkit::RoutedEventHandler::From<&GroupNode::Group_MouseMove>(this));
-    return true;
-  }
-  return FrameNode::ConnectEvent(source, eventName, handlerName);
 }
 
 void GroupNode::Group_MouseMove(Toolkit::Object*, const Toolkit::MouseEventArgs& args) {

@@ -22,7 +22,6 @@ public:
   GroupNode();
 
   void SetZoom(float zoom) override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
 
 private:
   static const Properties& FrameProperties();

@@ -1,37 +1,16 @@
 #include "nodes/NodePinControl.h"
 
-#include "nodes/DocumentView.h"
 #include "toolkit/controls/ContentControl.h"
-#include "toolkit/controls/ContextMenu.h"
-#include "toolkit/controls/MenuItem.h"
 #include "toolkit/markup/GUI.h"
 
-#include <functional>
 #include <string_view>
 
 namespace Tesselor {
 
-namespace {
-
-DocumentView* ViewAbove(Toolkit::UIElement* element) {
-  for (; element; element = element->UIParent())
-    if (auto* view = dynamic_cast<DocumentView*>(element)) return view;
-  return nullptr;
-}
-
-void AddMenuItem(Toolkit::ContextMenu& menu, const char* header, std::function<void()> action) {
-  auto item = Toolkit::MakePtr<Toolkit::MenuItem>();
-  item->SetHeader(header);
-  item->AddHandler(Toolkit::MenuItem::ClickEvent,
-                   Toolkit::RoutedEventHandler::From(
-                       [action = std::move(action)](Toolkit::Object*, const Toolkit::RoutedEventArgs&) { action(); }));
-  menu.AddItem(item.Get());
-}
-
-} // namespace
-
 const Toolkit::RoutedEvent NodePinControl::NodePinMouseDownEvent("NodePinMouseDown", Toolkit::RoutingStrategy::Bubble);
 const Toolkit::RoutedEvent NodePinControl::NodePinMouseUpEvent("NodePinMouseUp", Toolkit::RoutingStrategy::Bubble);
+
+const Toolkit::RoutedEvent NodePinControl::NodePinMenuEvent("NodePinMenu", Toolkit::RoutingStrategy::Bubble);
 
 TOOLKIT_TYPE_IMPL(NodePinControl, Toolkit::UserControl, "Tesselor.NodePin")
 void NodePinControl::Describe(Toolkit::TypeBuilder<NodePinControl>& type) {
@@ -40,6 +19,9 @@ void NodePinControl::Describe(Toolkit::TypeBuilder<NodePinControl>& type) {
   IsPendingConnectionProperty = type.Property<bool>("IsPendingConnection");
   type.Event(&NodePinMouseDownEvent);
   type.Event(&NodePinMouseUpEvent);
+  type.Event(&NodePinMenuEvent);
+  type.Handler<&NodePinControl::Pin_MouseDown>("Pin_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&NodePinControl::Pin_MouseUp>("Pin_MouseUp", PreviewMouseUpEvent);
 }
 
 NodePinControl::NodePinControl() { InitializeComponent(); }
@@ -51,35 +33,17 @@ NodePinData* NodePinControl::PinData() const { return Toolkit::DynamicCast<NodeP
 Toolkit::FrameworkElement* NodePinControl::PinElement() const {
   if (Toolkit::FrameworkElement* known = pinElement.Get()) return known;
   const auto* holder = FindName<Toolkit::ContentControl>("NodePinContentControl");
-  const auto* row =
-      holder ? Toolkit::DynamicCast<FrameworkElement>(static_cast<const Toolkit::Object*>(holder->ContentElement()))
-             : nullptr;
+  const auto* row = holder ? Toolkit::DynamicCast<FrameworkElement>(holder->ContentElement()) : nullptr;
   FrameworkElement* found = row ? row->FindName<FrameworkElement>("Pin") : nullptr;
   if (found) pinElement = Toolkit::WeakPtr<FrameworkElement>(found);
   return found;
 }
 
-Toolkit::Point NodePinControl::PinCentre(const Toolkit::UIElement* panel) const {
+Toolkit::Point NodePinControl::PinCentre(const Toolkit::UIElement* ancestor) const {
   const FrameworkElement* pin = PinElement();
   if (!pin) return {};
-  const Toolkit::Point corner = pin->TransformToAncestor(panel).Map({0, 0});
+  const Toolkit::Point corner = pin->TransformToAncestor(ancestor).Map({0, 0});
   return {corner.x + pin->ActualWidth() / 2, corner.y + pin->ActualHeight() / 2};
-}
-
-bool NodePinControl::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  const std::string_view event = eventName;
-  const std::string_view handler = handlerName;
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (!element) return false;
-  if (event == "PreviewMouseDown" && handler == "Pin_MouseDown") {
-    element->AddHandler(PreviewMouseDownEvent, Toolkit::RoutedEventHandler::From<&NodePinControl::Pin_MouseDown>(this));
-    return true;
-  }
-  if (event == "PreviewMouseUp" && handler == "Pin_MouseUp") {
-    element->AddHandler(PreviewMouseUpEvent, Toolkit::RoutedEventHandler::From<&NodePinControl::Pin_MouseUp>(this));
-    return true;
-  }
-  return false;
 }
 
 void NodePinControl::Pin_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
@@ -95,27 +59,6 @@ void NodePinControl::Pin_MouseUp(Toolkit::Object*, const Toolkit::MouseButtonEve
   RaiseEvent(Toolkit::RoutedEventArgs(NodePinMouseUpEvent, this));
 }
 
-void NodePinControl::ShowPinContextMenu() {
-  DocumentView* view = ViewAbove(this);
-  const NodePinData* own = PinData();
-  if (!view || !own) return;
-  auto menu = Toolkit::MakePtr<Toolkit::ContextMenu>();
-  const NodePinControl* pending = view->PendingPin();
-  if (!pending) {
-    AddMenuItem(*menu, "Start Connection", [this, view] { view->SetPendingPin(this); });
-  } else {
-    const NodePinData* other = pending->PinData();
-    if (other && NodePinData::CanConnect(*own, *other)) {
-      // The pin stays pending, so that it can be connected to several others in a row.
-      AddMenuItem(*menu, "Complete Connection", [this, view] {
-        if (NodePinControl* source = view->PendingPin()) view->TryCreateConnection(*this, *source);
-      });
-    }
-    AddMenuItem(*menu, "Cancel Connection", [view] { view->SetPendingPin(nullptr); });
-  }
-  // The menu belongs to this pin, so it can't outlive what its items refer to.
-  SetValue(ContextMenuProperty, Toolkit::Value(menu));
-  menu->SetValue(Toolkit::ContextMenu::IsOpenProperty, true);
-}
+void NodePinControl::ShowPinContextMenu() { RaiseEvent(Toolkit::RoutedEventArgs(NodePinMenuEvent, this)); }
 
 } // namespace Tesselor

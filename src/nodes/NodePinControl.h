@@ -15,8 +15,9 @@ public:
   static inline const Toolkit::DependencyProperty* IsInputProperty = nullptr;
   /// The pin waits for the other end of a connection. True for at most one pin of a view, which sets it.
   static inline const Toolkit::DependencyProperty* IsPendingConnectionProperty = nullptr;
-  /// Bubbling, with plain arguments whose source is this control.
-  static const Toolkit::RoutedEvent NodePinMouseDownEvent, NodePinMouseUpEvent;
+  /// Bubbling, with plain arguments whose source is this control: the pin was pressed, was released, and wants its
+  /// menu.
+  static const Toolkit::RoutedEvent NodePinMouseDownEvent, NodePinMouseUpEvent, NodePinMenuEvent;
 
   NodePinControl();
 
@@ -28,16 +29,13 @@ public:
 
   /// The drawn shape, where connections end; null before layout. Found once and then kept.
   Toolkit::FrameworkElement* PinElement() const;
-  /// The middle of the drawn shape in the coordinates of `panel`; (0, 0) if it can't be found.
-  Toolkit::Point PinCentre(const Toolkit::UIElement* panel) const;
-
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
+  /// The middle of the drawn shape in the coordinates of an ancestor; (0, 0) if it can't be found.
+  Toolkit::Point PinCentre(const Toolkit::UIElement* ancestor) const;
 
 private:
   void InitializeComponent();
   void Pin_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   void Pin_MouseUp(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
-  /// Offers to begin, complete or cancel a connection. Nothing happens outside a view.
   void ShowPinContextMenu();
 
   mutable Toolkit::WeakPtr<Toolkit::FrameworkElement> pinElement;

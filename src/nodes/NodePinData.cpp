@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <limits>
 
 namespace Tesselor {
 
@@ -16,14 +15,8 @@ bool Contains(const std::vector<NodePinData*>& pins, const NodePinData* pin) {
   return std::find(pins.begin(), pins.end(), pin) != pins.end();
 }
 
-void Erase(std::vector<NodePinData*>& pins, const NodePinData* pin) {
-  const auto found = std::find(pins.begin(), pins.end(), pin);
-  if (found != pins.end()) pins.erase(found);
-}
-
 /// A node that was never placed stands as if it were at the top.
 float HeightOnCanvas(const NodePinData& pin) {
-  if (!pin.owner) return std::numeric_limits<float>::infinity();
   const float top = Toolkit::Canvas::GetTop(pin.owner);
   return Toolkit::IsAuto(top) ? 0 : top;
 }
@@ -44,36 +37,11 @@ void NodePinData::Describe(Toolkit::TypeBuilder<NodePinData>& type) {
 NodePinData::NodePinData(ContentNode* owner, bool isInput, const NodePinBlueprint& blueprint)
     : blueprint(&blueprint), owner(owner), isInput(isInput), borderColor(Toolkit::Brushes::Of(blueprint.color)) {}
 
-void NodePinData::AddConnection(NodePinData& other) {
-  Join(other);
-  if (!isInput)
-    RefreshChildOrder();
-  else if (!other.isInput)
-    other.RefreshChildOrder();
-}
-
 bool NodePinData::Join(NodePinData& other) {
   if (IsConnectedTo(other)) return false;
   connections.push_back(&other);
   other.connections.push_back(this);
   return true;
-}
-
-void NodePinData::RemoveConnection(NodePinData& other) {
-  Erase(connections, &other);
-  Erase(other.connections, this);
-  if (!isInput)
-    RefreshChildOrder();
-  else if (!other.isInput)
-    other.RefreshChildOrder();
-}
-
-void NodePinData::DisconnectAll() {
-  for (NodePinData* other : connections) {
-    Erase(other->connections, this);
-    if (!other->isInput) other->RefreshChildOrder();
-  }
-  connections.clear();
 }
 
 bool NodePinData::IsConnectedTo(const NodePinData& other) const {
@@ -83,21 +51,26 @@ bool NodePinData::IsConnectedTo(const NodePinData& other) const {
 }
 
 void NodePinData::RefreshChildOrder() {
-  if (isInput || !blueprint->Multiple) {
-    for (const NodePinData* pin : connections)
-      if (pin->owner) pin->owner->SetArrayIndex(-1);
-    return;
-  }
   const auto isHigher = [](const NodePinData* a, const NodePinData* b) {
     return HeightOnCanvas(*a) < HeightOnCanvas(*b);
   };
-  if (!std::is_sorted(connections.begin(), connections.end(), isHigher))
+  if (!isInput && blueprint->Multiple && !std::is_sorted(connections.begin(), connections.end(), isHigher))
     std::stable_sort(connections.begin(), connections.end(), isHigher);
-  for (size_t i = 0; i < connections.size(); ++i)
-    if (connections[i]->owner) connections[i]->owner->SetArrayIndex(static_cast<int32_t>(i));
+  RenumberChildren();
+}
+
+void NodePinData::RenumberChildren() {
+  if (isInput) return;
+  for (size_t i = 0; i < connections.size(); ++i) {
+    ContentNode& child = *connections[i]->owner;
+    const NodePinData* numbering = child.NumberingPin();
+    if (numbering == this) child.SetArrayIndex(static_cast<int32_t>(i));
+    if (!numbering) child.SetArrayIndex(-1);
+  }
 }
 
 void NodePinData::SetResolvedBlueprint(const NodePinBlueprint* record) {
+  if (resolvedBlueprint == record) return;
   resolvedBlueprint = record;
   borderColor = Toolkit::Brushes::Of(EffectiveBlueprint().color);
   OnPropertyChanged("BorderColor");

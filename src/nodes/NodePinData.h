@@ -24,20 +24,17 @@ public:
   const NodePinBlueprint& EffectiveBlueprint() const { return resolvedBlueprint ? *resolvedBlueprint : *blueprint; }
   bool IsBlank() const { return blueprint == &BlankBlueprint(); }
 
-  /// Joins the two pins, each at most once, and brings the children of the output pin into order. Not a check:
-  /// `CanConnect` is.
-  void AddConnection(NodePinData& other);
-  /// The same without the order, for many connections at once: whoever makes them calls `RefreshChildOrder` once per
-  /// output pin at the end. Returns false if the two were joined already.
+  /// Joins the two pins, each at most once; false if they were joined already. Not a check: `CanConnect` is. The order
+  /// of the children is brought up to date by `RefreshChildOrder`.
   bool Join(NodePinData& other);
-  void RemoveConnection(NodePinData& other);
-  /// Ends all connections of this pin.
-  void DisconnectAll();
   bool IsConnectedTo(const NodePinData& other) const;
 
   /// Sorts the children of a `Multiple` output pin by height on the canvas and numbers them; those at the same height
   /// keep their order. The children of other pins lose their numbers.
   void RefreshChildOrder();
+  /// Numbers the children in the order in which they stand now. A child of several pins is numbered by one of them,
+  /// see `ContentNode::NumberingPin`.
+  void RenumberChildren();
 
   /// Takes over another record's colour and type; null means the pin's own again.
   void SetResolvedBlueprint(const NodePinBlueprint* record);
@@ -68,6 +65,8 @@ public:
   std::vector<NodePinData*> connections;
   /// Never null; not owned.
   ContentNode* owner;
+  /// Where connections end, relative to the node's corner. The node's to keep: `ContentNode::AnchorOf`.
+  Toolkit::Point anchor;
   /// A load saw an array or a map for this pin, so an empty one is written back.
   bool hadArray = false;
 

@@ -43,7 +43,7 @@ void AddPosition(cJSON* json, double x, double y) {
 
 Toolkit::Point CanvasOffset(const BaseNode& node) {
   const Toolkit::UIElement* parent = node.UIParent();
-  const auto* canvas = Toolkit::DynamicCast<Toolkit::Canvas>(static_cast<const Toolkit::Object*>(parent));
+  const auto* canvas = Toolkit::DynamicCast<Toolkit::Canvas>(parent);
   return canvas ? Toolkit::Point{canvas->ActualWidth() / 2, canvas->ActualHeight() / 2} : Toolkit::Point{};
 }
 

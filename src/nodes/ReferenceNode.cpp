@@ -2,8 +2,6 @@
 
 #include "fields/FieldFactory.h"
 #include "fields/FieldSmallText.h"
-#include "nodes/NodeKeys.h"
-#include "nodes/NodePosition.h"
 #include "platform/FileDialogs.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
@@ -13,8 +11,6 @@
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/markup/GUI.h"
 
-#include <cmath>
-#include <limits>
 #include <string_view>
 
 namespace Tesselor {
@@ -46,12 +42,6 @@ void CollapseChildren(const Toolkit::StackPanel* panel) {
   for (size_t i = 0; panel && i < panel->ChildCount(); ++i) panel->Child(i)->SetVisibility(Visibility::Collapsed);
 }
 
-/// Whole numbers that a 32-bit field would cut are shown as floats.
-bool IsInt32(double value) {
-  return value == std::trunc(value) && value >= std::numeric_limits<int32_t>::min() &&
-         value <= std::numeric_limits<int32_t>::max();
-}
-
 const char* TypeOfParameter(std::string_view definition) {
   if (definition == DoubleParameter) return "Float";
   return definition == IntParameter ? "Int" : "SmallString";
@@ -63,6 +53,7 @@ TOOLKIT_TYPE_IMPL(ReferenceNode, ContentNode, "Tesselor.ReferenceNode")
 void ReferenceNode::Describe(Toolkit::TypeBuilder<ReferenceNode>& type) {
   FileNameProperty = type.Property<std::string>("FileName", "File");
   FileIdProperty = type.Property<std::string>("FileId");
+  type.Handler<&ReferenceNode::SelectFile>("SelectFile", Toolkit::ButtonBase::ClickEvent);
 }
 
 ReferenceNode::ReferenceNode(std::string typeId, const NodeBlueprint& blueprint)
@@ -75,16 +66,6 @@ void ReferenceNode::InitializeComponent() {
   FindParts();
   nodeReference = FindName<Toolkit::StackPanel>("NodeReference");
   nodeParameters = FindName<Toolkit::StackPanel>("NodeParameters");
-}
-
-bool ReferenceNode::ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) {
-  auto* element = Toolkit::DynamicCast<UIElement>(source);
-  if (element && std::string_view(eventName) == "Click" && std::string_view(handlerName) == "SelectFile") {
-    element->AddHandler(Toolkit::ButtonBase::ClickEvent,
-                        Toolkit::RoutedEventHandler::From<&ReferenceNode::SelectFile>(this));
-    return true;
-  }
-  return ContentNode::ConnectEvent(source, eventName, handlerName);
 }
 
 void ReferenceNode::SelectFile(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
@@ -124,55 +105,7 @@ void ReferenceNode::LoadFileParameters(const std::string& path, const std::strin
     const auto definition = JsonText(cJSON_GetObjectItem(parameter, "$Type"));
     if (!definition || !parameter->string) continue;
     const cJSON* value = cJSON_GetObjectItem(parameter, "Value");
-    AddParameterField(parameter->string, TypeOfParameter(*definition), JsonPtr(cJSON_Duplicate(value, true)),
-                      ValueOrigin::ReferencedFile);
-  }
-}
-
-void ReferenceNode::Serialize(cJSON* json, bool writeNodeId, bool saveAllFields) {
-  WriteComment(json);
-  if (writeNodeId) cJSON_AddStringToObject(json, Keys::NodeId, TypeId().c_str());
-  cJSON_AddStringToObject(json, Keys::FileName, std::string(FileName()).c_str());
-  cJSON_AddStringToObject(json, Blueprint().fileRefKey.c_str(), std::string(FileId()).c_str());
-  cJSON* values = cJSON_CreateObject();
-  for (const auto& [name, field] : contentFields) {
-    const auto kept = keptValues.find(name);
-    if (kept != keptValues.end() && field->GetValueAsString() == kept->second.shownText)
-      cJSON_AddItemToObject(values, name.c_str(), ParseJson(kept->second.json).json.release());
-    else if (saveAllFields || field->ShouldSerialize())
-      field->Serialize(values, name);
-  }
-  cJSON_AddItemToObject(json, Blueprint().modifyKey.c_str(), values);
-}
-
-void ReferenceNode::Deserialize(const cJSON* json, const Workspace&, DocumentView&, bool) {
-  LogDeserialization(json);
-  if (const auto title = JsonText(cJSON_GetObjectItem(json, Keys::Title))) SetTitle(*title);
-  if (const auto comment = JsonText(cJSON_GetObjectItem(json, Keys::Comment))) SetComment(*comment);
-  LoadPosition(*this, json, PositionPrecision::Fraction);
-  const auto fileId = JsonText(cJSON_GetObjectItem(json, Blueprint().fileRefKey.c_str()));
-  if (!fileId) return;
-  SetValue(FileIdProperty, *fileId);
-  const auto fileName = JsonText(cJSON_GetObjectItem(json, Keys::FileName));
-  if (!fileName) return;
-  SetValue(FileNameProperty, *fileName);
-  AddReferenceField();
-  const cJSON* member = nullptr;
-  cJSON_ArrayForEach(member, cJSON_GetObjectItem(json, Blueprint().modifyKey.c_str())) {
-    if (!member->string) continue;
-    if (cJSON_IsNumber(member)) {
-      const bool isInt = IsInt32(member->valuedouble);
-      const double value = isInt ? member->valueint : static_cast<float>(member->valuedouble);
-      AddParameterField(member->string, isInt ? "Int" : "Float", JsonPtr(cJSON_CreateNumber(value)),
-                        ValueOrigin::Asset);
-    } else {
-      AddParameterField(member->string, "SmallString",
-                        JsonPtr(cJSON_IsString(member) ? cJSON_CreateString(member->valuestring) : nullptr),
-                        ValueOrigin::Asset);
-    }
-    // Of equal names the first has the field.
-    if (const auto field = contentFields.find(member->string); field != contentFields.end())
-      keptValues.emplace(member->string, KeptValue{PrintJson(member), field->second->GetValueAsString()});
+    AddParameterField(parameter->string, TypeOfParameter(*definition), JsonPtr(cJSON_Duplicate(value, true)));
   }
 }
 
@@ -183,11 +116,24 @@ void ReferenceNode::AddReferenceField() {
   if (field) MakeReadOnly(field->GetContent().AsObject());
 }
 
-void ReferenceNode::AddParameterField(const char* name, const char* type, JsonPtr defaultValue, ValueOrigin origin) {
+void ReferenceNode::AddAssetParameter(const char* name, const char* type, JsonPtr defaultValue, std::string json) {
+  if (const Toolkit::Ptr<BaseField> field = AddParameterField(name, type, std::move(defaultValue))) field->MarkLoaded();
+  if (const auto field = contentFields.find(name); field != contentFields.end())
+    keptValues.emplace(name, KeptValue{std::move(json), field->second->GetValueAsString()});
+}
+
+const std::string* ReferenceNode::UnchangedJson(const std::string& name) const {
+  const auto kept = keptValues.find(name);
+  const auto field = contentFields.find(name);
+  const bool isUnchanged = kept != keptValues.end() && field != contentFields.end() &&
+                           field->second->GetValueAsString() == kept->second.shownText;
+  return isUnchanged ? &kept->second.json : nullptr;
+}
+
+Toolkit::Ptr<BaseField> ReferenceNode::AddParameterField(const char* name, const char* type, JsonPtr defaultValue) {
   const Toolkit::Ptr<BaseField> field = AddField(name, type, ParameterWidth, std::move(defaultValue), nodeParameters);
-  if (!field) return;
-  if (origin == ValueOrigin::Asset) field->MarkLoaded();
-  contentFields.emplace(name, field);
+  if (field) contentFields.emplace(name, field);
+  return field;
 }
 
 Toolkit::Ptr<BaseField> ReferenceNode::AddField(const char* name, const char* type, int width, JsonPtr defaultValue,

@@ -3,6 +3,9 @@
 #include "nodes/ContentNode.h"
 #include "platform/JsonFile.h"
 
+#include <map>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace Tesselor {
@@ -19,22 +22,27 @@ public:
 
   std::string_view FileName() const { return GetString(FileNameProperty); }
   std::string_view FileId() const { return GetString(FileIdProperty); }
+  void SetFileName(std::string_view name) { SetValue(FileNameProperty, name); }
+  void SetFileId(std::string_view id) { SetValue(FileIdProperty, id); }
 
-  void Serialize(cJSON* json, bool writeNodeId, bool saveAllFields) override;
-  void Deserialize(const cJSON* json, const Workspace& workspace, DocumentView& view, bool selectNewNodes) override;
-  bool ConnectEvent(Toolkit::Object* source, const char* eventName, const char* handlerName) override;
+  void Serialize(cJSON* json, NodeWriter& writer, NodeIdMember nodeId) override;
+  void Deserialize(const cJSON* json, NodeReader& reader) override;
 
   /// Takes the identifying value and the parameters from a file. What is wrong with it is told to the user.
   void LoadFileParameters(const std::string& path, const std::string& fileName);
 
-private:
-  /// Whether a value comes from the asset itself, and so goes back into it.
-  enum class ValueOrigin { ReferencedFile, Asset };
+  /// The field that shows the identifying value.
+  void AddReferenceField();
+  /// A parameter that stands in the asset itself, and so goes back into it: the type and the default of its field, and
+  /// the JSON as it came. Of equal names the first has the field.
+  void AddAssetParameter(const char* name, const char* type, JsonPtr defaultValue, std::string json);
+  /// The JSON of a parameter as it came, as long as its field shows what it showed then; else null.
+  const std::string* UnchangedJson(const std::string& name) const;
 
+private:
   void InitializeComponent() override;
   void SelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void AddReferenceField();
-  void AddParameterField(const char* name, const char* type, JsonPtr defaultValue, ValueOrigin origin);
+  Toolkit::Ptr<BaseField> AddParameterField(const char* name, const char* type, JsonPtr defaultValue);
   Toolkit::Ptr<BaseField> AddField(const char* name, const char* type, int width, JsonPtr defaultValue,
                                    Toolkit::StackPanel* panel);
 
@@ -43,7 +51,7 @@ private:
   /// Every field made so far in either panel, hidden ones too.
   std::vector<Toolkit::Ptr<BaseField>> referenceFields;
   /// A value as it stands in the asset, and what its field shows of it: less for a number with many digits, nothing for
-  /// what is neither number nor text. As long as the field shows that, the value goes back as it came.
+  /// what is neither number nor text.
   struct KeptValue {
     std::string json;
     std::string shownText;

@@ -10,22 +10,39 @@ ActionHistory& ActionHistory::Instance() {
 }
 
 void ActionHistory::Push(std::unique_ptr<IActionCommand> command) {
+  if (isStepping) {
+    waiting.push_back(std::move(command));
+    return;
+  }
   commands.erase(commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(undoneCount));
   undoneCount = 0;
   commands.push_front(std::move(command));
   while (commands.size() > capacity) commands.pop_back();
 }
 
+void ActionHistory::Run(std::unique_ptr<IActionCommand> command) {
+  command->Do();
+  Push(std::move(command));
+}
+
 void ActionHistory::UndoLast() {
-  if (undoneCount >= commands.size()) return;
-  commands[undoneCount]->Undo();
-  ++undoneCount;
+  if (isStepping || undoneCount >= commands.size()) return;
+  isStepping = true;
+  commands[undoneCount++]->Undo();
+  isStepping = false;
+  PushWaiting();
 }
 
 void ActionHistory::RedoLast() {
-  if (undoneCount == 0) return;
-  --undoneCount;
-  commands[undoneCount]->Do();
+  if (isStepping || undoneCount == 0) return;
+  isStepping = true;
+  commands[--undoneCount]->Do();
+  isStepping = false;
+  PushWaiting();
+}
+
+void ActionHistory::PushWaiting() {
+  for (std::unique_ptr<IActionCommand>& command : std::exchange(waiting, {})) Push(std::move(command));
 }
 
 void ActionHistory::Clear() {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <deque>
 #include <memory>
+#include <vector>
 
 namespace Tesselor {
 
@@ -20,8 +21,11 @@ public:
   ActionHistory(const ActionHistory&) = delete;
   ActionHistory& operator=(const ActionHistory&) = delete;
 
-  /// Takes a step that has taken effect already; `Do` is not called. What was undone before can't be redone after.
+  /// Takes a step that has taken effect already; `Do` is not called. What was undone before can't be redone after. A
+  /// step that is pushed while another one is undone or redone follows as soon as that is done.
   void Push(std::unique_ptr<IActionCommand> command);
+  /// Runs a step and takes it. What is pushed meanwhile, such as the text that was typed into what leaves, comes first.
+  void Run(std::unique_ptr<IActionCommand> command);
   /// Does nothing if there is nothing to undo.
   void UndoLast();
   /// Does nothing if there is nothing to redo.
@@ -33,9 +37,14 @@ public:
   size_t UndoneCount() const { return undoneCount; }
 
 private:
+  void PushWaiting();
+
   /// Newest first. The first `undoneCount` commands are undone; the one behind them is the next to be undone.
   std::deque<std::unique_ptr<IActionCommand>> commands;
   size_t undoneCount = 0;
+  /// A step is being undone or redone; what is pushed then waits here.
+  bool isStepping = false;
+  std::vector<std::unique_ptr<IActionCommand>> waiting;
 };
 
 } // namespace Tesselor

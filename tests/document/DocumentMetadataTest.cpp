@@ -19,7 +19,7 @@ protected:
   std::string StableExport(const std::string& json) {
     EXPECT_TRUE(Import(json));
     const std::string first = Export();
-    StartView(view->root->RootNodeType);
+    StartView(view->target.root->RootNodeType);
     EXPECT_TRUE(Import(first));
     EXPECT_EQ(Export(), first);
     return first;
@@ -39,14 +39,14 @@ TEST_F(DocumentMetadata, PlacesNodes) {
       "'Items':[{'$NodeId':'Item-2','$Position':{'$x':-3.9,'$y':4}},{'$NodeId':'Item-3'}],"
       "'$nodeeditormetadata':{'$nodes':{'Item-3':{'$Position':{'$x':10.07},'$Title':'t'},'Item':{},'Item-99':{}}}}"));
   const auto placeOf = [this](size_t i) {
-    return Toolkit::Point{Toolkit::Canvas::GetLeft(view->nodes[i].Get()),
-                          Toolkit::Canvas::GetTop(view->nodes[i].Get())};
+    return Toolkit::Point{Toolkit::Canvas::GetLeft((*view)->ContentNodes()[i].Get()),
+                          Toolkit::Canvas::GetTop((*view)->ContentNodes()[i].Get())};
   };
   EXPECT_EQ(placeOf(0), (Toolkit::Point{1010, 500}));
   EXPECT_EQ(placeOf(1), (Toolkit::Point{997, 504}));
   EXPECT_EQ(placeOf(2), (Toolkit::Point{1010, 500}));
   EXPECT_EQ(view->autoPositions, 0);
-  TestSupport::TestDocumentView::Place(*view->nodes[1], 999.1f, 500.9f);
+  TestSupport::TestGraph::Place(*(*view)->ContentNodes()[1], 999.1f, 500.9f);
   EXPECT_EQ(ExportMetadata("$Nodes"), Quoted("{'Doc-1':{'$Position':{'$x':10,'$y':0},'$Title':'[ROOT] Doc'},"
                                              "'Item-2':{'$Position':{'$x':0,'$y':0}},"
                                              "'Item-3':{'$Position':{'$x':10,'$y':0},'$Title':'t'}}"));
@@ -57,10 +57,10 @@ TEST_F(DocumentMetadata, PutsNodesWithoutAPlaceBesideTheirParents) {
                      "{'$NodeId':'Item-4'}],'$NodeEditorMetadata':{'$Nodes':{'Doc-1':{'$Position':{'$x':50,'$y':20}},"
                      "'Item-3':{'$Position':{'$x':400,'$y':600}}}}}"));
   std::map<std::string, const ContentNode*> byId;
-  for (const auto& node : view->nodes) byId[node->NodeId()] = node.Get();
+  for (const auto& node : (*view)->ContentNodes()) byId[node->NodeId()] = node.Get();
   const auto bottomOf = [](const ContentNode* node) { return Toolkit::Canvas::GetTop(node) + node->ActualHeight(); };
   const ContentNode *root = byId["1"], *first = byId["2"], *placed = byId["3"], *last = byId["4"];
-  const ContentNode* grandchild = view->nodes[2].Get();
+  const ContentNode* grandchild = (*view)->ContentNodes()[2].Get();
   EXPECT_EQ(Toolkit::Canvas::GetTop(placed), 1100);
   EXPECT_EQ(Toolkit::Canvas::GetLeft(first), Toolkit::Canvas::GetLeft(root) + root->ActualWidth() + 300);
   EXPECT_EQ(Toolkit::Canvas::GetTop(first), bottomOf(placed) + 80);
@@ -87,7 +87,8 @@ TEST_F(DocumentMetadata, LaysOutADocumentWithoutPositions) {
 TEST_F(DocumentMetadata, KeepsLinksAndTheOrderOfTheirChildren) {
   const std::string written =
       StableExport("{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-a'},{'$NodeId':'Item-b'},{'$NodeId':'Item-c'},"
-                   "{'$NodeId':'Item-d'}],'One':{'$NodeId':'Item-e'},'$NodeEditorMetadata':{'$Links':{"
+                   "{'$NodeId':'Item-d'}],'One':{'$NodeId':'Item-e'},'$NodeEditorMetadata':{"
+                   "'$Nodes':{'Doc-1':{'$Position':{'$x':0,'$y':0}}},'$Links':{"
                    "'L1':{'$Position':{'$x':5,'$y':900},'inputConnections':['Doc-1:items'],"
                    "'outputConnections':['Item-c:in','link:L2',7,'nothing','Item-9:in','Item-c:no'],"
                    "'sourceEndpoint':'Doc-1:items'},"
@@ -131,6 +132,16 @@ TEST_F(DocumentMetadata, KeepsWhatTheRootDoesNotReach) {
   EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted(floating));
 }
 
+TEST_F(DocumentMetadata, PlacesANewFloatingNodeByItsFirstSave) {
+  ASSERT_TRUE(Import("{'$NodeId':'Doc-1'}"));
+  const auto node = workspace->nodeDictionary->CreateNode("Item", true);
+  (*view)->AddNode(*node, 70, 80, false);
+  const std::string places = ExportMetadata("$Nodes");
+  EXPECT_NE(places.find("\"Item-" + node->NodeId() + "\":{\"$Position\":{\"$x\":70,\"$y\":80}"), std::string::npos)
+      << places;
+  EXPECT_EQ(ExportMetadata("$Nodes"), places);
+}
+
 TEST_F(DocumentMetadata, FindsFloatingNodesAndTheirTypes) {
   const std::vector<std::pair<const char*, const char*>> cases = {
       {"{'$NodeEditorMetadata':{'FloatingFunctionNodes':[{'$NodeId':'Item-2'}]}}", "Item"},
@@ -142,8 +153,8 @@ TEST_F(DocumentMetadata, FindsFloatingNodesAndTheirTypes) {
     SCOPED_TRACE(file);
     StartView("Doc");
     ASSERT_TRUE(Import(file));
-    ASSERT_EQ(view->nodes.size(), 2u);
-    EXPECT_EQ(view->nodes[1]->Title(), title);
+    ASSERT_EQ((*view)->ContentNodes().size(), 2u);
+    EXPECT_EQ((*view)->ContentNodes()[1]->Title(), title);
   }
 }
 
@@ -157,7 +168,7 @@ TEST_F(DocumentMetadata, KeepsFrames) {
   EXPECT_EQ(ExportMetadata("$Comments"),
             Quoted("[{'$Position':{'$x':1,'$y':2},'$width':300,'$height':60,'$name':'Comment','$text':'t',"
                    "'$fontSize':128}]"));
-  EXPECT_EQ(Toolkit::Canvas::GetZIndex(view->groups[0].Get()), -20000);
+  EXPECT_EQ(Toolkit::Canvas::GetZIndex((*view)->GroupNodes()[0].Get()), -20000);
 }
 
 TEST_F(DocumentMetadata, ShowsOnlyUsedPinsOfANodeWithVeryMany) {
@@ -168,8 +179,8 @@ TEST_F(DocumentMetadata, ShowsOnlyUsedPinsOfANodeWithVeryMany) {
             "],'Schema':{'A':{'node':'Item','pin':'o0'}}}");
   StartView("Many");
   ASSERT_TRUE(Import("{'A':{}}"));
-  EXPECT_TRUE(view->nodes[0]->FindPin("o0")->IsVisible());
-  EXPECT_FALSE(view->nodes[0]->FindPin("o1")->IsVisible());
+  EXPECT_TRUE((*view)->ContentNodes()[0]->FindPin("o0")->IsVisible());
+  EXPECT_FALSE((*view)->ContentNodes()[0]->FindPin("o1")->IsVisible());
 }
 
 TEST_F(DocumentMetadata, RootFamiliesFollowTheFile) {
@@ -177,7 +188,7 @@ TEST_F(DocumentMetadata, RootFamiliesFollowTheFile) {
   EXPECT_FALSE(Import("{'x':1}"));
   EXPECT_FALSE(Import("{'Type':'none'}"));
   EXPECT_TRUE(Import("{'Type':'other'}"));
-  EXPECT_EQ(view->rootNode->TypeId(), "Other");
+  EXPECT_EQ((*view)->Root()->TypeId(), "Other");
   EXPECT_EQ(boxes.Texts(),
             (std::vector<std::string>{"Error Importing: Cannot import node tree: Missing variant field 'Type' in file.",
                                       "Error Importing: Cannot import node tree: Unknown variant value 'none'."}));
@@ -191,8 +202,8 @@ TEST_F(DocumentMetadata, RefusesToWriteLinksOfMixedTypes) {
   out->Join(*view->Find("Property")->FirstInput());
   const TestSupport::TemporaryDirectory directory;
   const std::string path = directory.Write("asset.json", "old");
-  EXPECT_FALSE(NodeImporterExporter::ExportNodeTree(path, view->rootNode.Get(), view->nodes, view->groups,
-                                                    view->comments, "Root", false));
+  EXPECT_FALSE(NodeImporterExporter::ExportNodeTree(path, (*view)->Root(), (*view)->ContentNodes(),
+                                                    (*view)->GroupNodes(), (*view)->CommentNodes(), "Root", false));
   EXPECT_EQ(boxes.Texts(),
             std::vector<std::string>{"Export Error: Cannot export: The following Link nodes have mismatched pin "
                                      "types:\n\n\"Link\":\n  Input connections: T\n  Output connections: P\n\n"
@@ -207,13 +218,14 @@ TEST_F(DocumentMetadata, TellsWhyAFileCanNotBeReadOrWritten) {
   const std::string good = directory.Write("good.json", Quoted("{'$WorkspaceID':'outer','$NodeEditorMetadata':"
                                                                "{'$workspaceid':'inner'}}"));
   const std::string nowhere = directory / "none/out.json";
-  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(missing, workspace, view.get()));
-  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(directory.Path().string(), workspace, view.get()));
-  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(bad, workspace, view.get()));
-  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(good, nullptr, view.get()));
-  EXPECT_TRUE(NodeImporterExporter::ImportNodeTree(good, workspace, view.get()));
-  EXPECT_FALSE(NodeImporterExporter::ExportNodeTree(nowhere, view->rootNode.Get(), view->nodes, {}, {}, "r", false));
-  EXPECT_FALSE(NodeImporterExporter::ExportNodeTree(good, nullptr, view->nodes, {}, {}, "r", false));
+  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(missing, workspace, &view->target));
+  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(directory.Path().string(), workspace, &view->target));
+  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(bad, workspace, &view->target));
+  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(good, nullptr, &view->target));
+  EXPECT_TRUE(NodeImporterExporter::ImportNodeTree(good, workspace, &view->target));
+  EXPECT_FALSE(
+      NodeImporterExporter::ExportNodeTree(nowhere, (*view)->Root(), (*view)->ContentNodes(), {}, {}, "r", false));
+  EXPECT_FALSE(NodeImporterExporter::ExportNodeTree(good, nullptr, (*view)->ContentNodes(), {}, {}, "r", false));
   EXPECT_EQ(boxes.Texts(),
             (std::vector<std::string>{
                 "Error Opening File: File not found:\n" + missing,

@@ -90,9 +90,7 @@ DocumentTest::~DocumentTest() {
   Toolkit::SetLogHandler(nullptr);
 }
 
-void DocumentTest::StartView(const std::string& rootNodeType) {
-  view = std::make_unique<TestDocumentView>(rootNodeType);
-}
+void DocumentTest::StartView(const std::string& rootNodeType) { view = std::make_unique<TestGraph>(rootNodeType); }
 
 void DocumentTest::AddSchema(const std::string& json) {
   const Tesselor::JsonPtr schema(cJSON_Parse(Quoted(json).c_str()));
@@ -103,12 +101,13 @@ void DocumentTest::AddSchema(const std::string& json) {
 bool DocumentTest::Import(const std::string& json) {
   const Tesselor::JsonPtr document(cJSON_Parse(Quoted(json).c_str()));
   EXPECT_TRUE(document) << json;
-  return Tesselor::NodeImporterExporter::ImportNodeTree(document.get(), workspace, view.get());
+  return Tesselor::NodeImporterExporter::ImportNodeTree(document.get(), workspace, &view->target);
 }
 
 Tesselor::JsonPtr DocumentTest::Build(bool saveAllFields) {
-  return Tesselor::DocumentExport(*view->rootNode, view->nodes, saveAllFields)
-      .Build(view->groups, view->comments, "Root menu");
+  return Tesselor::DocumentExport(*(*view)->Root(), (*view)->ContentNodes(),
+                                  saveAllFields ? Tesselor::FieldsToWrite::All : Tesselor::FieldsToWrite::Changed)
+      .Build((*view)->GroupNodes(), (*view)->CommentNodes(), "Root menu");
 }
 
 std::string DocumentTest::Export(bool saveAllFields) { return PrintUnformatted(Build(saveAllFields).get()); }
@@ -126,7 +125,7 @@ std::string DocumentTest::ExportMetadata(const char* key) {
 }
 
 std::string DocumentTest::RoundTrip(const std::string& json) {
-  StartView(view->root->RootNodeType);
+  StartView(view->target.root->RootNodeType);
   EXPECT_TRUE(Import(json));
   return ExportAsset();
 }

@@ -2,7 +2,7 @@
 
 #include "CapturedBoxes.h"
 #include "CapturedLog.h"
-#include "TestDocumentView.h"
+#include "TestGraph.h"
 #include "platform/JsonFile.h"
 #include "workspace/Workspace.h"
 
@@ -38,7 +38,7 @@ protected:
   CapturedBoxes boxes;
   CapturedLog log;
   std::shared_ptr<Tesselor::Workspace> workspace = std::make_shared<Tesselor::Workspace>();
-  std::unique_ptr<TestDocumentView> view;
+  std::unique_ptr<TestGraph> view;
 
 private:
   Tesselor::JsonPtr Build(bool saveAllFields);

@@ -1,4 +1,5 @@
 #include "DocumentTest.h"
+#include "document/NodeWriter.h"
 #include "fields/FieldRawJson.h"
 
 #include <string>
@@ -83,9 +84,9 @@ TEST_F(DocumentWalk, ChoosesTheTypeOfAChild) {
     SCOPED_TRACE(test.what);
     StartView("Doc");
     ASSERT_TRUE(Import(test.file));
-    ASSERT_EQ(view->nodes.size(), 2u);
-    EXPECT_EQ(view->nodes[1]->Blueprint().title, test.written);
-    EXPECT_EQ(view->nodes[1]->FirstInput()->connections.size(), 1u);
+    ASSERT_EQ((*view)->ContentNodes().size(), 2u);
+    EXPECT_EQ((*view)->ContentNodes()[1]->Blueprint().title, test.written);
+    EXPECT_EQ((*view)->ContentNodes()[1]->FirstInput()->connections.size(), 1u);
   }
   EXPECT_TRUE(log.Contains("Could not find variant entry 'nothing' in variant: 'Family'."));
   EXPECT_TRUE(log.Contains("Using default variant node: 'Item'."));
@@ -135,21 +136,61 @@ TEST_F(DocumentWalk, AnUnknownTypeBecomesAFloatingGenericNode) {
 
 TEST_F(DocumentWalk, AGenericNodeNeverWritesTextThatIsNoJson) {
   ASSERT_TRUE(Import("{'$NodeId':'Doc-1','extra':{'a':1}}"));
-  static_cast<FieldRawJson*>(view->nodes[1]->FindField("Generic"))->GetFieldTextData()->SetValue("{ broken");
+  static_cast<FieldRawJson*>((*view)->ContentNodes()[1]->FindField("Generic"))
+      ->GetFieldTextData()
+      ->SetValue("{ broken");
   EXPECT_EQ(ExportAsset(), Quoted("{'$NodeId':'Doc-1','Kind':'doc','extra':{'$Generic':true,'a':1}}"));
   ASSERT_EQ(boxes.boxes.size(), 1u);
   EXPECT_EQ(boxes.boxes[0].caption, "Attention!");
 }
 
 TEST_F(DocumentWalk, CopiesWithoutIdentity) {
-  ASSERT_TRUE(Import("{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-2','$Title':'left out'},{'$NodeId':'Item-3',"
+  ASSERT_TRUE(Import("{'$NodeId':'Doc-1','$Position':{'$x':7,'$y':8},'Items':[{'$NodeId':'Item-2','$Title':'left "
+                     "out'},{'$NodeId':'Item-3',"
                      "'Label':'l'}],'Map':{'k':{'$NodeId':'Item-4'}}}"));
+  for (const auto& node : (*view)->ContentNodes()) TestSupport::TestGraph::Place(*node, 1010, 520);
   const JsonPtr copy(cJSON_CreateObject());
-  view->nodes[0]->SerializeForCopy(copy.get(), {view->nodes[2].Get(), view->nodes[3].Get()});
+  NodeWriter writer(NodeSet{(*view)->ContentNodes()[2].Get(), (*view)->ContentNodes()[3].Get()});
+  (*view)->ContentNodes()[0]->SerializeForCopy(copy.get(), writer, NodeLayout::Written);
   EXPECT_EQ(TestSupport::PrintUnformatted(copy.get()),
-            Quoted("{'$NodeId':'Doc','$Title':'[ROOT] Doc','$Position':{'$x':0,'$y':0},'Kind':'doc',"
-                   "'Items':[{'$NodeId':'Item','$Position':{'$x':0,'$y':0},'Label':'l','Items':[]}],"
-                   "'Map':[{'$NodeId':'Item','$Position':{'$x':0,'$y':0},'Items':[]}],'Choice':[]}"));
+            Quoted("{'$NodeId':'Doc','$Title':'[ROOT] Doc','$Position':{'$x':10,'$y':20},'Kind':'doc',"
+                   "'Items':[{'$NodeId':'Item','$Position':{'$x':10,'$y':20},'Label':'l','Items':[]}],"
+                   "'Map':[{'$NodeId':'Item','$Position':{'$x':10,'$y':20},'Items':[]}],'Choice':[]}"));
+}
+
+TEST_F(DocumentWalk, CopiesWhatStandsBehindLinks) {
+  // Document, 2, link, 3, inner link, 4, 5.
+  ASSERT_TRUE(Import("{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-2','Label':'a'},{'$Link':true,'Children':["
+                     "{'$NodeId':'Item-3','Label':'b'},{'$Link':true,'Children':[{'$NodeId':'Item-4','Label':'c'}]},"
+                     "{'$NodeId':'Item-5','Label':'d'}]}]}"));
+  const std::vector<Toolkit::Ptr<ContentNode>>& nodes = (*view)->ContentNodes();
+  ASSERT_EQ(nodes.size(), 7u);
+  ContentNode& link = *nodes[2];
+  ContentNode& innerLink = *nodes[4];
+  ASSERT_TRUE(link.IsPassthrough() && innerLink.IsPassthrough());
+  const auto labels = [&](const NodeSet& selection) {
+    const JsonPtr copy(cJSON_CreateObject());
+    NodeWriter writer(selection);
+    nodes[0]->SerializeForCopy(copy.get(), writer, NodeLayout::Omitted);
+    std::string result;
+    const cJSON* item = nullptr;
+    cJSON_ArrayForEach(item, cJSON_GetObjectItem(copy.get(), "Items")) {
+      result += JsonText(cJSON_GetObjectItem(item, "Label")).value_or("?");
+      if (!cJSON_HasObjectItem(item, "$Position")) result += "-";
+    }
+    return result;
+  };
+  EXPECT_EQ(labels({}), "abcd");
+  EXPECT_EQ(labels({nodes[1].Get(), &link, nodes[3].Get(), nodes[5].Get()}), "ab");
+  EXPECT_EQ(labels({&link, &innerLink, nodes[5].Get(), nodes[6].Get()}), "cd");
+  EXPECT_EQ(labels({&innerLink, nodes[5].Get()}), "");
+  // What two links lead to stands there twice, the second time without a place; a ring of links ends.
+  link.FirstOutput()->Join(*nodes[5]->FirstInputByKey());
+  innerLink.FirstOutput()->Join(*link.FirstInput());
+  EXPECT_EQ(labels({}), "abcdc-");
+  EXPECT_EQ(ExportAsset(), Quoted("{'$NodeId':'Doc-1','Kind':'doc','Items':[{'$NodeId':'Item-2','Label':'a'},"
+                                  "{'$NodeId':'Item-<new>','Label':'b'},{'$NodeId':'Item-<new>','Label':'c'},"
+                                  "{'$NodeId':'Item-<new>','Label':'d'},{'$NodeId':'Item-<new>','Label':'c'}]}"));
 }
 
 TEST_F(DocumentWalk, ReadsAndWritesNinehundredLevels) {

@@ -25,8 +25,8 @@ TEST(DocumentLifetime, LeavesNoObjectBehindWhenTheNextDocumentComes) {
   const size_t after = load("quest.json");
   load("quest_chain.json");
   EXPECT_EQ(load("quest.json"), after);
-  EXPECT_TRUE(window.View().Connections().GetConnections().empty());
-  EXPECT_EQ(window.View().FindNodeById("5790f82e-c1d3-4cff-aa3a-f4d46b0a18e8"), nullptr);
+  EXPECT_TRUE(window.View().GetGraph().Connections().GetConnections().empty());
+  EXPECT_EQ(window.View().GetGraph().FindNodeById("5790f82e-c1d3-4cff-aa3a-f4d46b0a18e8"), nullptr);
 }
 
 TEST(DocumentLifetime, ExportsASampleAsItStands) {

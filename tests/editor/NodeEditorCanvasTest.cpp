@@ -1,5 +1,7 @@
 #include "editor/NodeEditorCanvas.h"
 #include "EditorTest.h"
+#include "editor/gestures/CanvasGestures.h"
+#include "graph/Graph.h"
 #include "nodes/GroupNode.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/render/Brush.h"
@@ -58,6 +60,8 @@ protected:
 
   Toolkit::Ptr<NodeEditorCanvas> canvas = Toolkit::MakePtr<NodeEditorCanvas>();
   Stage stage{*canvas};
+  Tesselor::Graph graph{*canvas->GetPanel()};
+  Tesselor::CanvasGestures gestures{*canvas, graph, {}};
   std::optional<Tesselor::SelectionUpEventArgs> selection;
   std::optional<Tesselor::ShowNodesMenuEventArgs> menu;
   std::optional<Tesselor::CutLineUpEventArgs> cut;

@@ -1,5 +1,6 @@
 // Values are edited in the real window by clicks and keys, and walked back and forth by Ctrl+Z.
 #include "WindowStage.h"
+#include "document/NodeWriter.h"
 #include "platform/JsonFile.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/CheckBox.h"
@@ -36,7 +37,8 @@ protected:
 
   std::string State() const {
     const JsonPtr json(cJSON_CreateObject());
-    node.Serialize(json.get(), false, false);
+    NodeWriter writer(FieldsToWrite::Changed);
+    node.Serialize(json.get(), writer, NodeIdMember::Omitted);
     return PrintJson(json.get());
   }
 

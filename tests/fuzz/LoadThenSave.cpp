@@ -1,6 +1,7 @@
 // Loads any JSON as an asset of one of the sample roots, and saves it; what was saved must load again.
 
 #include "app/ComponentRegistration.h"
+#include "document/ImportTarget.h"
 #include "document/NodeImporterExporter.h"
 #include "editor/MainView.h"
 #include "nodes/CommentNode.h"
@@ -52,10 +53,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);
   JsonParseResult parsed = ParseJson(text);
   if (!parsed) return 0;
-  const bool loaded = NodeImporterExporter::ImportNodeTree(parsed.json.get(), view->CurrentRoot()->workspace, view);
+  ImportTarget target = view->MakeImportTarget();
+  const bool loaded = NodeImporterExporter::ImportNodeTree(parsed.json.get(), view->CurrentRoot()->workspace, &target);
   if (loaded && Save()) {
     view->ClearDocument();
-    const bool again = NodeImporterExporter::ImportNodeTree(output, view->CurrentRoot()->workspace, view);
+    const bool again = NodeImporterExporter::ImportNodeTree(output, view->CurrentRoot()->workspace, &target);
     if (!again) {
       std::fprintf(stderr, "what was saved does not load\n");
       std::abort();

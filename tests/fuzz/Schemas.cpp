@@ -8,7 +8,7 @@
 #include "fields/FieldList.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
-#include "support/TestDocumentView.h"
+#include "support/TestGraph.h"
 #include "support/ToolkitEnvironment.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/base/Diagnostics.h"
@@ -63,20 +63,19 @@ const std::filesystem::path& Start() {
 void Exercise(BaseField& field) {
   field.GetValueAsString();
   field.ShouldSerialize();
-  auto* object = static_cast<Toolkit::Object*>(&field);
-  if (auto* list = Toolkit::DynamicCast<FieldList>(object)) list->SetValues(list->GetValues());
-  if (auto* dictionary = Toolkit::DynamicCast<FieldDictionary>(object)) dictionary->SetValues(dictionary->GetValues());
+  if (auto* list = Toolkit::DynamicCast<FieldList>(&field)) list->SetValues(list->GetValues());
+  if (auto* dictionary = Toolkit::DynamicCast<FieldDictionary>(&field)) dictionary->SetValues(dictionary->GetValues());
 }
 
 bool LoadAndSave(const std::shared_ptr<Workspace>& workspace, const std::string& asset, const std::string& output,
                  bool saveAllFields) {
-  TestSupport::TestDocumentView view("Root");
-  if (!NodeImporterExporter::ImportNodeTree(asset, workspace, &view) || !view.rootNode) return false;
-  for (const auto& node : view.nodes)
+  TestSupport::TestGraph view("Root");
+  if (!NodeImporterExporter::ImportNodeTree(asset, workspace, &view.target) || !view->Root()) return false;
+  for (const auto& node : view->ContentNodes())
     for (const auto& [id, field] : node->contentFields) Exercise(*field);
   view.Layout();
-  return NodeImporterExporter::ExportNodeTree(output, view.rootNode.Get(), view.nodes, view.groups, view.comments,
-                                              "Root", saveAllFields);
+  return NodeImporterExporter::ExportNodeTree(output, view->Root(), view->ContentNodes(), view->GroupNodes(),
+                                              view->CommentNodes(), "Root", saveAllFields);
 }
 
 void CollectItems(cJSON* item, std::vector<cJSON*>& items) {

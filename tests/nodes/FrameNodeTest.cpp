@@ -20,27 +20,27 @@ TEST_F(Frames, HaveEightZones) {
   EXPECT_STREQ(CursorOf(ResizeEdge::TopRight), "SizeNESW");
 }
 
-TEST_F(Frames, FollowTheMouseWhileResized) {
-  GroupNode& group = view.AddGroupNode(400, 300);
+TEST_F(Frames, AreResizedByTheirEdges) {
+  GroupNode& group = view->AddGroupNode(400, 300);
   view.Layout();
-  Toolkit::InputState input(*view.canvas);
-  input.MouseMove({400, 300});
-  group.Resize(ResizeEdge::TopLeft);
-  EXPECT_EQ(group.FrameWidth(), 300);
-  input.MouseMove({390, 320});
-  group.Resize(ResizeEdge::TopLeft);
-  EXPECT_EQ(group.FrameWidth(), 310);
-  EXPECT_EQ(group.FrameHeight(), 280);
-  EXPECT_EQ(Toolkit::Canvas::GetLeft(&group), 390);
-  EXPECT_EQ(Toolkit::Canvas::GetTop(&group), 320);
-  EXPECT_EQ(group.resizeStartSize, (Toolkit::Size{300, 300}));
+  const Toolkit::Rect start = group.Bounds();
+  const auto boundsAfter = [&](ResizeEdge edge, Toolkit::Point moved) {
+    group.Resize(start, edge, moved);
+    return group.Bounds();
+  };
+  EXPECT_EQ(boundsAfter(ResizeEdge::TopLeft, {-10, 20}), (Toolkit::Rect{390, 320, 310, 280}));
   EXPECT_EQ(Toolkit::Canvas::GetZIndex(&group), -86800);
   EXPECT_EQ(group.FindName<Toolkit::Border>("GroupBorder")->GetWidth(), 310);
+  EXPECT_EQ(boundsAfter(ResizeEdge::BottomRight, {-10, 20}), (Toolkit::Rect{400, 300, 290, 320}));
+  EXPECT_EQ(boundsAfter(ResizeEdge::Right, {5, 5}), (Toolkit::Rect{400, 300, 305, 300}));
+  EXPECT_EQ(boundsAfter(ResizeEdge::Top, {5, 5}), (Toolkit::Rect{400, 305, 300, 295}));
+  // Beyond the minimum the frame goes on moving.
+  EXPECT_EQ(boundsAfter(ResizeEdge::Left, {250, 0}), (Toolkit::Rect{650, 300, 100, 300}));
 }
 
 TEST_F(Frames, RaiseTheirOwnEvents) {
-  GroupNode& group = view.AddGroupNode(400, 300);
-  CommentNode& comment = view.AddCommentNode(1000, 300);
+  GroupNode& group = view->AddGroupNode(400, 300);
+  CommentNode& comment = view->AddCommentNode(1000, 300);
   view.Layout();
   std::vector<std::string> events;
   const auto listen = [&events, this](const Toolkit::RoutedEvent& event, const char* name) {

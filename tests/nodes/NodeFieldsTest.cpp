@@ -12,10 +12,8 @@ protected:
               "','Options':{" + options + "}}],'Schema':{'Key':'field'}}");
     return Add(id);
   }
-  static std::string Saved(ContentNode& node, bool saveAllFields = false) {
-    const JsonPtr json(cJSON_CreateObject());
-    node.Serialize(json.get(), false, saveAllFields);
-    return Print(json.get());
+  static std::string Saved(ContentNode& node, FieldsToWrite fields = FieldsToWrite::Changed) {
+    return Written(node, NodeIdMember::Omitted, fields);
   }
   int count = 0;
 };
@@ -61,13 +59,13 @@ TEST_F(NodeFields, AreWrittenByWhereTheirValueComesFrom) {
     SCOPED_TRACE(std::string(c.type) + " " + c.options);
     ContentNode& fresh = AddNodeWith(c.type, c.options);
     EXPECT_EQ(Saved(fresh), c.fresh);
-    EXPECT_EQ(Saved(fresh, true), c.allDefaults);
+    EXPECT_EQ(Saved(fresh, FieldsToWrite::All), c.allDefaults);
     EXPECT_EQ(Saved(AddNodeWith(c.type, (*c.options ? std::string(c.options) + "," : "") + "'Required':true")),
               c.required);
     ContentNode& loaded = AddNodeWith(c.type, c.options);
-    loaded.Deserialize(Parse(c.asset).get(), workspace, view, false);
+    Read(loaded, c.asset);
     EXPECT_EQ(Saved(loaded), c.loaded);
-    EXPECT_EQ(Saved(loaded, true), c.loaded);
+    EXPECT_EQ(Saved(loaded, FieldsToWrite::All), c.loaded);
   }
   EXPECT_TRUE(boxes.boxes.empty());
 }

@@ -19,7 +19,7 @@ protected:
               "{'id':'other','Type':'B','color':'blue','Multiple':true}],"
               "'content':[{'Id':'x','Type':'Int'},{'Id':'x','Type':'Int','Options':{'Active':false}}]}");
   }
-  static void Link(NodePinData* a, NodePinData* b) { a->AddConnection(*b); }
+  void Link(NodePinData* a, NodePinData* b) { view->Attach(*Toolkit::MakePtr<Connection>(*a, *b)); }
 };
 
 TEST_F(NodePins, AreMadeFromTheSchema) {
@@ -74,62 +74,25 @@ TEST_F(NodePins, ConnectByRule) {
   EXPECT_EQ(b.FindPin("in")->connections.size(), 1u);
 }
 
-TEST_F(NodePins, NumberTheirChildrenByHeight) {
-  ContentNode& parent = Add("Node");
-  NodePinData* many = parent.FindPin("many");
-  std::vector<ContentNode*> children;
-  for (const float top : {50.0f, 10.0f, 30.0f, 30.0f}) {
-    children.push_back(&Add("Node"));
-    Toolkit::Canvas::SetTop(children.back(), top);
-    Link(children.back()->FindPin("shared"), many);
-  }
-  const auto numbers = [&children] {
-    std::vector<int> result;
-    for (const ContentNode* child : children) result.push_back(child->arrayIndex);
-    return result;
-  };
-  EXPECT_EQ(numbers(), (std::vector<int>{3, 0, 1, 2}));
-  EXPECT_EQ(children[0]->GetString(ContentNode::ArrayIndexTextProperty), "[3]");
-  Toolkit::Canvas::SetTop(children[0], 0);
-  many->RefreshChildOrder();
-  EXPECT_EQ(numbers(), (std::vector<int>{0, 1, 2, 3}));
-  children[1]->DisconnectAllPins();
-  EXPECT_EQ(numbers(), (std::vector<int>{0, 1, 1, 2}));
-  EXPECT_EQ(many->connections.size(), 3u);
-  Link(parent.FindPin("one"), children[1]->FindPin("in"));
-  EXPECT_EQ(children[1]->Get<Toolkit::Visibility>(ContentNode::ArrayIndexVisibilityProperty),
-            Toolkit::Visibility::Collapsed);
-}
-
-TEST_F(NodePins, OfALinkTakeOverWhatIsConnected) {
-  ContentNode& node = Add("Node");
-  ContentNode& first = Add("Link");
-  ContentNode& second = Add("Link");
-  Link(first.FirstOutput(), second.FirstInput());
-  Link(node.FindPin("other"), first.FirstInput());
-  first.PropagateLinkType();
-  EXPECT_EQ(second.FirstOutput()->EffectiveBlueprint().Type, "B");
-  EXPECT_EQ(second.FirstOutput()->BorderColor()->GetColor(), node.FindPin("other")->blueprint->color);
-  EXPECT_TRUE(second.ComputeLinkValidity());
-  Link(second.FirstOutput(), node.FindPin("in"));
-  EXPECT_FALSE(second.ComputeLinkValidity());
-}
-
 TEST_F(NodePins, AreFoundByIdWhateverChanges) {
   ContentNode& a = Add("Node");
   ContentNode& b = Add("Node");
   b.SetNodeId("x");
   a.SetNodeId("x");
-  EXPECT_EQ(view.FindNodeById("x"), &a);
+  EXPECT_EQ(view->FindNodeById("x"), &a);
   a.SetNodeId("y");
-  EXPECT_EQ(view.FindNodeById("x"), &b);
-  EXPECT_EQ(view.FindNodeById(""), nullptr);
+  EXPECT_EQ(view->FindNodeById("x"), &b);
+  EXPECT_EQ(view->FindNodeById(""), nullptr);
   {
     const auto gone = workspace.nodeDictionary->CreateNode("Node", true);
-    view.index.Add(*gone);
+    view->AddNode(*gone, 0, 0, false);
     gone->SetNodeId("z");
+    EXPECT_EQ(view->FindNodeById("z"), gone.Get());
+    view->Remove(*gone);
+    EXPECT_EQ(view->FindNodeById("z"), nullptr);
+    gone->SetNodeId("w");
   }
-  EXPECT_EQ(view.FindNodeById("z"), nullptr);
+  EXPECT_EQ(view->FindNodeById("w"), nullptr);
 }
 
 TEST(NodePosition, StandsOnStepsOfAFifth) {

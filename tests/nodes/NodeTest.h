@@ -2,8 +2,10 @@
 
 #include "CapturedBoxes.h"
 #include "CapturedLog.h"
-#include "TestDocumentView.h"
+#include "TestGraph.h"
 #include "ToolkitEnvironment.h"
+#include "document/NodeReader.h"
+#include "document/NodeWriter.h"
 #include "fields/FieldRegistration.h"
 #include "nodes/NodeRegistration.h"
 #include "toolkit/base/Diagnostics.h"
@@ -35,8 +37,21 @@ protected:
   /// Makes a node and puts it on the canvas.
   Tesselor::ContentNode& Add(const std::string& id) {
     const Toolkit::Ptr<Tesselor::ContentNode> node = workspace.nodeDictionary->CreateNode(id, true);
-    view.AddNode(*node, 0, 0, false);
+    view->AddNode(*node, 0, 0, false);
     return *node;
+  }
+  /// Lets a node read JSON in which single quotes stand for double ones.
+  void Read(Tesselor::ContentNode& node, const std::string& quoted) {
+    Tesselor::NodeReader reader(*view, workspace, Tesselor::NewNodes::Unselected);
+    node.Deserialize(Parse(quoted).get(), reader);
+  }
+  /// What the node writes, in the same form.
+  static std::string Written(Tesselor::ContentNode& node, Tesselor::NodeIdMember nodeId,
+                             Tesselor::FieldsToWrite fields = Tesselor::FieldsToWrite::Changed) {
+    const Tesselor::JsonPtr json(cJSON_CreateObject());
+    Tesselor::NodeWriter writer(fields);
+    node.Serialize(json.get(), writer, nodeId);
+    return Print(json.get());
   }
   /// JSON in which single quotes stand for double ones.
   static Tesselor::JsonPtr Parse(std::string quoted) {
@@ -62,7 +77,7 @@ protected:
   CapturedBoxes boxes;
   CapturedLog log;
   Tesselor::Workspace workspace;
-  TestDocumentView view{"Node"};
+  TestGraph view{"Node"};
 };
 
 } // namespace TestSupport

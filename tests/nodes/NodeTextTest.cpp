@@ -28,14 +28,13 @@ protected:
     view.Layout();
   }
   static Toolkit::TextBox* FindTextBox(Toolkit::UIElement& from) {
-    if (auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(static_cast<Toolkit::Object*>(&from))) return box;
+    if (auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(&from)) return box;
     for (size_t i = 0; i < from.VisualChildCount(); ++i)
       if (Toolkit::TextBox* box = FindTextBox(*from.VisualChild(i))) return box;
     return nullptr;
   }
-  std::string Written(ContentNode& node) {
-    const JsonPtr json(cJSON_CreateObject());
-    node.SerializeChild(json.get(), false);
+  std::string WrittenComment(ContentNode& node) {
+    const JsonPtr json = Parse(Written(node, NodeIdMember::Omitted));
     const cJSON* comment = cJSON_GetObjectItem(json.get(), "$Comment");
     return comment ? comment->valuestring : "";
   }
@@ -83,7 +82,7 @@ TEST_F(NodeTexts, AreWrittenWhileTheirBoxStillHasTheFocus) {
   box->SelectAll();
   input.TextInput("ask combat");
   EXPECT_TRUE(box->IsFocused());
-  EXPECT_EQ(Written(node), "ask combat");
+  EXPECT_EQ(WrittenComment(node), "ask combat");
   EXPECT_EQ(ActionHistory::Instance().Size(), 0u);
   auto* title = node.FindName<Toolkit::TextBox>("TitleTextBlock");
   Press(*title);
@@ -92,9 +91,9 @@ TEST_F(NodeTexts, AreWrittenWhileTheirBoxStillHasTheFocus) {
   input.TextInput("Renamed");
   EXPECT_EQ(node.Title(), "Renamed");
   ActionHistory::Instance().UndoLast();
-  EXPECT_EQ(Written(node), "");
+  EXPECT_EQ(WrittenComment(node), "");
 
-  GroupNode& group = view.AddGroupNode(1200, 300);
+  GroupNode& group = view->AddGroupNode(1200, 300);
   group.SetDataContext(&group);
   view.Layout();
   group.BeginTitleEdit();
@@ -117,13 +116,13 @@ TEST_F(NodeTexts, AreOneUndoStepPerEditOnEveryKindOfNode) {
     input.SetFocus(nullptr);
     EXPECT_EQ(history.Size(), 1u) << type;
     history.UndoLast();
-    EXPECT_EQ(Written(node), "") << type;
+    EXPECT_EQ(WrittenComment(node), "") << type;
     history.RedoLast();
-    EXPECT_EQ(Written(node), "typed") << type;
+    EXPECT_EQ(WrittenComment(node), "typed") << type;
     history.Clear();
   }
   for (FrameNode* frame :
-       std::initializer_list<FrameNode*>{&view.AddGroupNode(1200, 300), &view.AddCommentNode(0, 0)}) {
+       std::initializer_list<FrameNode*>{&view->AddGroupNode(1200, 300), &view->AddCommentNode(0, 0)}) {
     frame->SetDataContext(frame);
     view.Layout();
     const std::string before(frame->Title());

@@ -20,10 +20,8 @@ protected:
               "'modifykey':'Values','inputs':[{'id':'in','Type':'A','color':'red'}]}");
   }
   ReferenceNode& AddReference() { return static_cast<ReferenceNode&>(Add("Ref")); }
-  static std::string Saved(ReferenceNode& node, bool saveAllFields = false) {
-    const JsonPtr json(cJSON_CreateObject());
-    node.Serialize(json.get(), true, saveAllFields);
-    return Print(json.get());
+  static std::string Saved(ReferenceNode& node, FieldsToWrite fields = FieldsToWrite::Changed) {
+    return Written(node, NodeIdMember::Written, fields);
   }
   /// Writes a file with these parameters, in which single quotes stand for double ones, and returns its path.
   std::string WriteFile(const std::string& name, const std::string& parameters) {
@@ -44,7 +42,7 @@ protected:
     view.Layout();
   }
   template <class T> static T* First(Toolkit::UIElement* root) {
-    if (T* element = Toolkit::DynamicCast<T>(static_cast<Toolkit::Object*>(root))) return element;
+    if (T* element = Toolkit::DynamicCast<T>(root)) return element;
     for (size_t i = 0; i < root->VisualChildCount(); ++i)
       if (T* element = First<T>(root->VisualChild(i))) return element;
     return nullptr;
@@ -82,7 +80,7 @@ TEST_F(ReferenceNodes, KeepTheValuesOfTheAsset) {
   ReferenceNode& node = AddReference();
   const std::string body = "'$FileName':'plot','Plot':'id-1','Values':{'B':true,'Name':'n','b':2,'big':12345678901,"
                            "'d':0.5,'digits':1234.56789,'o':{'k':[1]}}}";
-  node.Deserialize(Parse("{'$Comment':'c','$NodeId':'Ref-9'," + body).get(), workspace, view, false);
+  Read(node, "{'$Comment':'c','$NodeId':'Ref-9'," + body);
   view.Layout();
   EXPECT_EQ(Saved(node), "{'$Comment':'c','$NodeId':'Ref'," + body);
 }
@@ -128,7 +126,7 @@ TEST_F(ReferenceNodes, TakeParametersFromAFile) {
   node.LoadFileParameters(WriteFile("plot.json", "'new':{" + ov + "IntParameterDefinition','Value':7}"), "plot");
   EXPECT_EQ(Shown(node, "NodeParameters"), "new=7 ");
   EXPECT_EQ(Saved(node), "{'$NodeId':'Ref','$FileName':'File','Plot':'id-1','Values':{}}");
-  EXPECT_EQ(Saved(node, true), "{'$NodeId':'Ref','$FileName':'File','Plot':'id-1','Values':{'new':7}}");
+  EXPECT_EQ(Saved(node, FieldsToWrite::All), "{'$NodeId':'Ref','$FileName':'File','Plot':'id-1','Values':{'new':7}}");
 }
 
 TEST_F(ReferenceNodes, TellOfFilesThatDoNotFit) {
@@ -167,7 +165,7 @@ TEST_F(ReferenceNodes, TellOfFilesThatDoNotFit) {
       EXPECT_EQ(boxes.boxes[0].image, Toolkit::MessageBoxImage::Error);
       EXPECT_TRUE(log.Contains(c.box.substr(sizeof("Attention!: ") - 1)));
     }
-    EXPECT_EQ(Saved(node, true),
+    EXPECT_EQ(Saved(node, FieldsToWrite::All),
               "{'$NodeId':'Ref','$FileName':'" + std::string(c.fileName) + "','Plot':'id-1','Values':{'P':'old'}}");
   }
 }
@@ -211,17 +209,15 @@ TEST_F(ReferenceNodes, StandWithWhatAnIncompleteAssetGives) {
   };
   for (const auto& c : cases) {
     ReferenceNode& node = AddReference();
-    node.Deserialize(Parse(c.asset).get(), workspace, view, false);
+    Read(node, c.asset);
     EXPECT_EQ(Saved(node), c.saved) << c.asset;
   }
 }
 
 TEST_F(ReferenceNodes, ReadTheKindOfAParameterFromItsValue) {
   ReferenceNode& node = AddReference();
-  node.Deserialize(Parse("{'Plot':'id','$FileName':'f','Values':{'i':-7,'whole':2.0,'d':1234.56,'s':'','t':true,"
-                         "'twice':'','twice':[1]}}")
-                       .get(),
-                   workspace, view, false);
+  Read(node, "{'Plot':'id','$FileName':'f','Values':{'i':-7,'whole':2.0,'d':1234.56,'s':'','t':true,"
+             "'twice':'','twice':[1]}}");
   EXPECT_EQ(Shown(node, "NodeReference"), "Plot=id ");
   EXPECT_EQ(Shown(node, "NodeParameters"), "i=-7 whole=2 d=1234.560059 s= t= twice= twice= ");
   const std::string values = "'i':-7,'s':'','t':'no','twice':'','whole':2}}";

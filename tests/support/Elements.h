@@ -9,7 +9,7 @@ namespace TestSupport {
 
 /// The elements of a class at and below `root`, in tree order.
 template <class T> void Collect(Toolkit::UIElement& root, std::vector<T*>& found) {
-  if (T* element = Toolkit::DynamicCast<T>(static_cast<Toolkit::Object*>(&root))) found.push_back(element);
+  if (T* element = Toolkit::DynamicCast<T>(&root)) found.push_back(element);
   for (size_t i = 0; i < root.VisualChildCount(); ++i)
     if (Toolkit::UIElement* child = root.VisualChild(i)) Collect(*child, found);
 }

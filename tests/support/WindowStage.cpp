@@ -75,7 +75,8 @@ std::string WindowStage::Exported() const {
   const auto type = view->CurrentRoot();
   if (!root || !type || root->VisualParent() != Canvas().GetPanel()) return {};
   const bool saveAllFields = type->workspace && type->workspace->ExportDefaults;
-  const Tesselor::DocumentExport document(*root, view->ContentNodes(), saveAllFields);
+  Tesselor::DocumentExport document(*root, view->ContentNodes(),
+                                    saveAllFields ? Tesselor::FieldsToWrite::All : Tesselor::FieldsToWrite::Changed);
   return Tesselor::PrintJson(document.Build(view->GroupNodes(), view->CommentNodes(), type->MenuName).get());
 }
 

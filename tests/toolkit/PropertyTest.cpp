@@ -17,7 +17,7 @@ TEST_F(PropertyTest, TakesTheStrongestLayerAndFallsBackWhenItGoes) {
   auto style = MakePtr<Style>();
   style->targetType = &TextBlock::StaticType();
   style->setters.Set(size, Value(20.0f));
-  block->SetStyle(style.Get());
+  block->SetValue(FrameworkElement::StyleProperty, Value(style));
   EXPECT_EQ(now(), 20.0f);
   block->SetValueAt(ValueLevel::StyleTrigger, size, Value(21.0f));
   EXPECT_EQ(now(), 21.0f);
@@ -29,7 +29,7 @@ TEST_F(PropertyTest, TakesTheStrongestLayerAndFallsBackWhenItGoes) {
   block->ClearValue(size);
   EXPECT_EQ(now(), 21.0f);
   block->ClearValueAt(ValueLevel::StyleTrigger, size);
-  block->SetStyle(nullptr);
+  block->SetValue(FrameworkElement::StyleProperty, Value());
   EXPECT_EQ(now(), 12.0f);
 }
 

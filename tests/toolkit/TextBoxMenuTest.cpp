@@ -29,7 +29,7 @@ protected:
     return text;
   }
   MenuItem* ItemAt(size_t index) const {
-    const auto* menu = Open() ? DynamicCast<MenuSurface>(static_cast<Object*>(&Open()->Content())) : nullptr;
+    const auto* menu = Open() ? DynamicCast<MenuSurface>(&Open()->Content()) : nullptr;
     return menu && index < menu->ItemCount() ? DynamicCast<MenuItem>(menu->ItemAt(index)) : nullptr;
   }
 

@@ -37,14 +37,14 @@ int Launcher::Run() {
   RegisterComponents();
   InstallProviders();
   Ptr<Object> document = GUI::Load(applicationFile);
-  auto* application = DynamicCast<Application>(document.Get());
+  auto* application = DynamicCast<Application>(document);
   if (!application) {
     std::fprintf(stderr, "The application document '%s' cannot be loaded.\n", applicationFile.c_str());
     return 1;
   }
   const Type* windowType = GUI::ClassOf(application->StartupUri());
   Ptr<Object> made = windowType ? Ptr<Object>::Adopt(windowType->Create()) : nullptr;
-  auto* window = DynamicCast<Window>(made.Get());
+  auto* window = DynamicCast<Window>(made);
   if (!window) {
     std::fprintf(stderr, "The startup window '%s' cannot be made.\n", std::string(application->StartupUri()).c_str());
     return 1;
@@ -90,8 +90,9 @@ int Launcher::RunWindow(Window& window) {
                  stderr);
       return 1;
     }
-    // What a frame left for the next one is drawn as soon as the input that has come is heard.
-    display->WaitForInput(display->ShowsFrames() && layout.HasVisualChange() ? 0 : dispatcher.TimeToNext());
+    // Layout that came meanwhile, and what a frame left for the next one, wait only for the input that has come.
+    const bool isDue = !layout.IsEmpty() || (display->ShowsFrames() && layout.HasVisualChange());
+    display->WaitForInput(isDue ? 0 : dispatcher.TimeToNext());
     if (display->TakeCloseRequest()) window.Close();
   }
   return Application::Current()->ExitCode();

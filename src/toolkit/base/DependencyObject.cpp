@@ -50,7 +50,7 @@ const Value& DependencyObject::FindValue(const DependencyProperty& requested) co
     if (const Value* value = styleValues->Find(*property)) return *value;
   if (themeValues)
     if (const Value* value = themeValues->Find(*property)) return *value;
-  if (property->IsInherited() && (objectBits & property->InheritedBit())) {
+  if (property->IsInherited() && (inheritedMask & property->InheritedBit())) {
     if (const DependencyObject* parent = InheritanceParent()) return parent->GetValue(property);
   }
   return property->defaultValue;
@@ -62,13 +62,12 @@ bool DependencyObject::HasOwnValue(const DependencyProperty* property) const {
 }
 
 void DependencyObject::InsertEntry(Entry entry) {
-  if (entryCount == entryCapacity) {
-    const uint16_t capacity = entryCapacity ? static_cast<uint16_t>(entryCapacity * 2) : 2;
+  if (entryCount != 1 && (entryCount & (entryCount - 1)) == 0) {
+    const size_t capacity = entryCount ? size_t(entryCount) * 2 : 2;
     // Entries may be moved bytewise: a value's reference moves with its bytes.
     void* grown = std::realloc(static_cast<void*>(entries), capacity * sizeof(Entry));
     if (!grown) throw std::bad_alloc();
     entries = static_cast<Entry*>(grown);
-    entryCapacity = capacity;
   }
   const DependencyProperty& property = DependencyProperty::At(entry.propertyIndex);
   entryMask |= property.MaskBit();
@@ -83,7 +82,7 @@ void DependencyObject::Store(ValueLevel level, const DependencyProperty* propert
   if (entry && entry->value == value) return;
   if (present == value && !entry) {
     InsertEntry({property->index, level, std::move(value)});
-    if (property->IsInherited()) InheritedMask() |= property->InheritedBit();
+    if (property->IsInherited()) inheritedMask |= property->InheritedBit();
     return;
   }
   // Observers get both values, and what they do may replace the new one.
@@ -97,7 +96,7 @@ void DependencyObject::Store(ValueLevel level, const DependencyProperty* propert
   if (!(oldValue == newValue)) {
     RaiseChange(*property, oldValue, newValue);
   } else if (property->IsInherited()) {
-    InheritedMask() |= property->InheritedBit();
+    inheritedMask |= property->InheritedBit();
   }
 }
 
@@ -160,7 +159,7 @@ void DependencyObject::SetConstants(const PropertySet* set, bool fromTemplate) {
   constants = set;
   UpdateMasks();
   constantsFromTemplate = fromTemplate;
-  InheritedMask() |= set->InheritedBits();
+  inheritedMask |= set->InheritedBits();
 }
 
 void DependencyObject::SetStyleValues(const PropertySet* style, const PropertySet* theme, StyleChange change) {
@@ -177,7 +176,7 @@ void DependencyObject::SetStyleValues(const PropertySet* style, const PropertySe
   styleValues = style;
   themeValues = theme;
   UpdateMasks();
-  InheritedMask() |= OwnInheritedBits();
+  inheritedMask |= OwnInheritedBits();
   for (size_t i = 0; i < before.size(); ++i) {
     bool known = false;
     for (size_t k = 0; k < i; ++k) known = known || before[k].first == before[i].first;
@@ -197,7 +196,7 @@ uint16_t DependencyObject::OwnInheritedBits() const {
 void DependencyObject::RaiseChange(const DependencyProperty& property, const Value& oldValue, const Value& newValue) {
   if (property.IsInherited()) {
     const DependencyObject* parent = InheritanceParent();
-    InheritedMask() = static_cast<uint16_t>(OwnInheritedBits() | (parent ? parent->objectBits : 0));
+    inheritedMask = static_cast<uint16_t>(OwnInheritedBits() | (parent ? parent->inheritedMask : 0));
   }
   OnPropertyChanged({property, oldValue, newValue});
   if (property.IsInherited()) RefreshInheritanceOfChildren(property.InheritedBit());
@@ -223,9 +222,9 @@ void DependencyObject::OnInheritedChanged(uint16_t bits) {
 void DependencyObject::RefreshInheritance(uint16_t changedBits) {
   const DependencyObject* parent = InheritanceParent();
   const uint16_t own = OwnInheritedBits();
-  const uint16_t oldMask = objectBits;
-  objectBits = static_cast<uint16_t>(own | (parent ? parent->objectBits : 0));
-  const uint16_t affected = static_cast<uint16_t>((changedBits | (oldMask ^ objectBits)) & ~own);
+  const uint16_t oldMask = inheritedMask;
+  inheritedMask = static_cast<uint16_t>(own | (parent ? parent->inheritedMask : 0));
+  const uint16_t affected = static_cast<uint16_t>((changedBits | (oldMask ^ inheritedMask)) & ~own);
   if (!affected) return;
   OnInheritedChanged(affected);
   RefreshInheritanceOfChildren(affected);

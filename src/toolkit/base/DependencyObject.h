@@ -100,15 +100,18 @@ private:
   void UpdateMasks();
   Entry* FindEntryAt(ValueLevel level, const DependencyProperty& property);
   uint16_t OwnInheritedBits() const;
-  uint16_t& InheritedMask() { return objectBits; }
   void Store(ValueLevel level, const DependencyProperty* property, Value value);
   void RaiseChange(const DependencyProperty& property, const Value& oldValue, const Value& newValue);
   void InsertEntry(Entry entry);
 
+  /// With room for the next power of two of `entryCount`, and for two at least.
   Entry* entries = nullptr;
+  // There are very many objects: these four fill eight bytes.
   uint16_t entryCount = 0;
-  uint16_t entryCapacity = 0;
+  /// The inherited properties that own values give.
   uint16_t entryInheritedBits = 0;
+  /// The inherited properties that are set at or above this object.
+  uint16_t inheritedMask = 0;
   bool constantsFromTemplate = false;
   uint64_t entryMask = 0;
   /// The masks of all layers together.

@@ -18,7 +18,6 @@ class Type;
 struct EnumDescription {
   std::vector<std::pair<std::string_view, int32_t>> names;
   bool Find(std::string_view text, int32_t& value) const;
-  std::string_view NameOf(int32_t value) const;
 };
 
 struct PropertyChange {
@@ -43,6 +42,9 @@ public:
     BindsTwoWay = 64,
     /// An element that a document gives as value is made when it is first needed, not with its owner.
     DefersContent = 128,
+    /// A binding without a trigger of its own carries the value to its source when the element loses the focus, not
+    /// with every change.
+    BindsUntilFocusIsLost = 256,
   };
   using Changed = void (*)(DependencyObject& object, const PropertyChange& change);
 

@@ -83,7 +83,6 @@ struct Matrix {
             m21 * next.m11 + m22 * next.m21,         m21 * next.m12 + m22 * next.m22,
             dx * next.m11 + dy * next.m21 + next.dx, dx * next.m12 + dy * next.m22 + next.dy};
   }
-  constexpr bool IsInvertible() const { return m11 * m22 - m12 * m21 != 0; }
   /// The inverse map; the identity if there is none.
   constexpr Matrix Inverse() const {
     const float determinant = m11 * m22 - m12 * m21;

@@ -39,11 +39,6 @@ private:
   friend class WeakReference;
   mutable uint32_t referenceCount = 1;
   mutable bool hasWeakReferences = false;
-
-protected:
-  // These stand here because the base would otherwise leave the bytes as padding.
-  uint8_t objectFlags = 0;
-  uint16_t objectBits = 0;
 };
 
 /// A strong reference.
@@ -136,5 +131,8 @@ private:
 /// `object` as a `T` by the described types, or null.
 template <class T> T* DynamicCast(Object* object);
 template <class T> const T* DynamicCast(const Object* object);
+template <class T, class U> T* DynamicCast(const Ptr<U>& object) { return DynamicCast<T>(object.Get()); }
+/// The result would not outlive the only reference.
+template <class T, class U> T* DynamicCast(Ptr<U>&& object) = delete;
 
 } // namespace Toolkit

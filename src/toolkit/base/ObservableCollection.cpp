@@ -55,11 +55,6 @@ void ObservableCollectionBase::RemoveAt(size_t index) {
   Notify({CollectionChange::Action::Remove, index, 0});
 }
 
-void ObservableCollectionBase::SetItem(size_t index, Ptr<Object> item) {
-  Ptr<Object> removed = std::exchange(items[index], std::move(item));
-  Notify({CollectionChange::Action::Replace, index, 0});
-}
-
 void ObservableCollectionBase::Move(size_t oldIndex, size_t newIndex) {
   if (oldIndex == newIndex) return;
   Ptr<Object> item = std::move(items[oldIndex]);

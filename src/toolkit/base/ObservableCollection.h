@@ -8,9 +8,9 @@
 namespace Toolkit {
 
 struct CollectionChange {
-  enum class Action { Add, Remove, Replace, Move, Reset };
+  enum class Action { Add, Remove, Move, Reset };
   Action action;
-  /// Add: index of the new item; Remove, Replace: of the old one; Move: the new index.
+  /// Add: index of the new item; Remove: of the old one; Move: the new index.
   size_t index = 0;
   /// Move: the old index.
   size_t oldIndex = 0;
@@ -48,7 +48,6 @@ public:
 protected:
   ObservableCollectionBase() = default;
   void InsertItem(size_t index, Ptr<Object> item);
-  void SetItem(size_t index, Ptr<Object> item);
 
 private:
   friend class CollectionObserver;
@@ -67,9 +66,7 @@ public:
     if (index >= 0) RemoveAt(static_cast<size_t>(index));
     return index >= 0;
   }
-  void Set(size_t index, Ptr<T> item) { SetItem(index, std::move(item)); }
   T* Get(size_t index) const { return static_cast<T*>(ItemAt(index)); }
-  int IndexOf(const T* item) const { return IndexOfItem(item); }
 };
 
 } // namespace Toolkit

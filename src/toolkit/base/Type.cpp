@@ -1,7 +1,6 @@
 #include "toolkit/base/Type.h"
 
 #include "toolkit/base/Diagnostics.h"
-#include "toolkit/base/RoutedEvent.h"
 
 #include <deque>
 #include <unordered_map>
@@ -59,6 +58,13 @@ const RoutedEvent* Type::FindEvent(Symbol wanted) const {
   return nullptr;
 }
 
+const HandlerMember* Type::FindHandler(Symbol wanted, const RoutedEvent& event) const {
+  for (const Type* type = this; type; type = type->base)
+    for (const HandlerMember& handler : type->handlers)
+      if (handler.name == wanted && handler.event == &event) return &handler;
+  return nullptr;
+}
+
 Symbol Type::ContentMember() const {
   for (const Type* type = this; type; type = type->base)
     if (!type->content.IsEmpty()) return type->content;
@@ -106,12 +112,6 @@ bool EnumDescription::Find(std::string_view text, int32_t& value) const {
     }
   }
   return false;
-}
-
-std::string_view EnumDescription::NameOf(int32_t value) const {
-  for (const auto& [name, number] : names)
-    if (number == value) return name;
-  return {};
 }
 
 } // namespace Toolkit

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/base/DependencyProperty.h"
+#include "toolkit/base/RoutedEvent.h"
 #include "toolkit/base/Symbol.h"
 #include "toolkit/base/Value.h"
 
@@ -12,7 +13,6 @@
 namespace Toolkit {
 
 class DependencyObject;
-class RoutedEvent;
 
 /// A plain member of a class that bindings and documents reach by name.
 struct ReflectedMember {
@@ -30,7 +30,16 @@ struct ListMember {
   void (*add)(Object& owner, Object* item) = nullptr;
 };
 
-/// What the toolkit knows about a class: its name, base, properties, reflected members, events and content member.
+/// A member function that the class's document may name as what answers an event.
+struct HandlerMember {
+  Symbol name;
+  const RoutedEvent* event = nullptr;
+  /// The handler that calls the function of `target`, an object of the class that must outlive it.
+  RoutedEventHandler (*bind)(Object& target) = nullptr;
+};
+
+/// What the toolkit knows about a class: its name, base, properties, reflected members, events, handlers and content
+/// member.
 /// One description per class, made on first use by the class's `Describe`, alive until the process ends.
 class Type {
 public:
@@ -54,6 +63,7 @@ public:
   const ReflectedMember* FindMember(Symbol name) const;
   const ListMember* FindList(Symbol name) const;
   const RoutedEvent* FindEvent(Symbol name) const;
+  const HandlerMember* FindHandler(Symbol name, const RoutedEvent& event) const;
   /// Name of the property or member that takes the children of an element in a document; empty if there is none.
   Symbol ContentMember() const;
   /// Objects of the class never change after loading, so that all instances of a document share one.
@@ -75,6 +85,7 @@ private:
   std::vector<ReflectedMember> members;
   std::vector<ListMember> lists;
   std::vector<const RoutedEvent*> events;
+  std::vector<HandlerMember> handlers;
 };
 
 /// All described types by name.
@@ -157,6 +168,13 @@ public:
   const RoutedEvent* Event(const RoutedEvent* event) {
     type.events.push_back(event);
     return event;
+  }
+  /// Lets the class's document name `Method` as what answers the event; described once for each event that it
+  /// answers. A virtual function is described by the base alone.
+  template <auto Method> void Handler(std::string_view name, const RoutedEvent& event) {
+    type.handlers.push_back({Symbol(name), &event, [](Object& target) {
+                               return RoutedEventHandler::From<Method>(&static_cast<C&>(target));
+                             }});
   }
   /// `Add` is a member function that takes a pointer to the item.
   template <auto Add> void List(std::string_view name) {

@@ -19,26 +19,23 @@ void ButtonBase::OnClick() { RaiseEvent(RoutedEventArgs(ClickEvent, this)); }
 
 void ButtonBase::OnRoutedEvent(const RoutedEventArgs& args) {
   ContentControl::OnRoutedEvent(args);
-  InputState* input = InputState::Current();
-  if (!input || !IsEnabled()) return;
+  if (args.event == &LostMouseCaptureEvent && args.source == this) SetValue(IsPressedProperty, false);
+  if (!IsEnabled()) return;
   const bool isOver = Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(Mouse::GetPosition(this));
   if (args.event == &MouseLeftButtonDownEvent) {
     Focus();
-    input->Capture(this);
-    SetValue(IsPressedProperty, true);
+    SetValue(IsPressedProperty, CaptureMouse());
     args.handled = true;
   } else if (args.event == &MouseLeftButtonUpEvent) {
-    if (input->Captured() != this) return;
-    input->Capture(nullptr);
-    SetValue(IsPressedProperty, false);
+    if (!HasMouseCapture()) return;
+    ReleaseMouseCapture();
     args.handled = true;
     if (isOver) {
       Ptr<ButtonBase> alive(this);
       OnClick();
     }
   } else if (args.event == &MouseMoveEvent || args.event == &MouseLeaveEvent) {
-    // A press that is taken elsewhere, or whose release is never told of, looks as what it is.
-    SetValue(IsPressedProperty, input->Captured() == this && isOver);
+    SetValue(IsPressedProperty, isOver && HasMouseCapture());
   } else if (args.event == &KeyDownEvent && IsFocused()) {
     const auto& key = static_cast<const KeyEventArgs&>(args);
     if (key.key != Key::Space && key.key != Key::Return) return;

@@ -6,9 +6,9 @@
 namespace Toolkit {
 
 void PlaceOnCanvas(DependencyObject& object, const PropertyChange&) {
-  auto* element = DynamicCast<UIElement>(static_cast<Object*>(&object));
+  auto* element = DynamicCast<UIElement>(&object);
   if (!element) return;
-  auto* canvas = DynamicCast<Canvas>(static_cast<Object*>(element->VisualParent()));
+  auto* canvas = DynamicCast<Canvas>(element->VisualParent());
   // Only the place changes, so the arrangement inside stays.
   if (canvas && element->IsMeasureValid()) canvas->ArrangeChild(*element);
 }
@@ -63,6 +63,8 @@ void Canvas::OnChildrenChanged() {}
 
 void Canvas::OnChildAdded(UIElement* child) {
   if (scene) scene->Add(*child);
+  // One that was on a canvas before may have been given another place meanwhile.
+  child->InvalidateArrange();
   if (IsAttached()) LayoutQueue::Current().AddMeasure(*child);
 }
 

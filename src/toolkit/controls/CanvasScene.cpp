@@ -55,11 +55,24 @@ void CanvasScene::Remove(UIElement& child) {
   byElement.erase(entry);
   Item& item = items[id];
   if (item.isIndexed) index.Remove(id, item.box);
-  if (item.isMoved) std::erase(moved, id);
-  std::erase(transformed, id);
+  SetTransformed(id, false);
+  if (!item.isMoved) freeItems.push_back(id);
   item = {};
-  freeItems.push_back(id);
   isOrderStale = true;
+}
+
+void CanvasScene::SetTransformed(uint32_t id, bool isTransformed) {
+  uint32_t& at = items[id].transformedAt;
+  if ((at != NotTransformed) == isTransformed) return;
+  if (isTransformed) {
+    at = static_cast<uint32_t>(transformed.size());
+    transformed.push_back(id);
+    return;
+  }
+  items[transformed.back()].transformedAt = at;
+  transformed[at] = transformed.back();
+  transformed.pop_back();
+  at = NotTransformed;
 }
 
 void CanvasScene::ChildChanged(UIElement& child) {
@@ -73,15 +86,18 @@ void CanvasScene::UpdateIndex() {
   for (const uint32_t id : moved) {
     Item& item = items[id];
     item.isMoved = false;
-    if (item.element->IsDrawingStale()) item.list.reset();
-    if (HasTransform(*item.element)) {
-      if (item.isIndexed) index.Remove(id, item.box);
-      item.isIndexed = false;
-      if (std::find(transformed.begin(), transformed.end(), id) == transformed.end()) transformed.push_back(id);
+    if (!item.element) {
+      freeItems.push_back(id);
       continue;
     }
-    // A child whose transform was taken away is looked up by its box again.
-    if (!item.isIndexed) std::erase(transformed, id);
+    if (item.element->IsDrawingStale()) item.list.reset();
+    const bool isTransformed = HasTransform(*item.element);
+    SetTransformed(id, isTransformed);
+    if (isTransformed) {
+      if (item.isIndexed) index.Remove(id, item.box);
+      item.isIndexed = false;
+      continue;
+    }
     const Rect box = BoxOf(*item.element);
     if (item.isIndexed && box == item.box) continue;
     if (item.isIndexed) index.Remove(id, item.box);

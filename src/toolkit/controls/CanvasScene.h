@@ -32,12 +32,16 @@ public:
   UIElement* HitTest(Point point, const std::vector<UIElement*>& ordered);
 
 private:
+  static constexpr uint32_t NotTransformed = UINT32_MAX;
   struct Item {
+    /// Null after a removal.
     UIElement* element = nullptr;
     /// In the canvas's coordinates; valid while it is in the index.
     Rect box;
     /// Its place in drawing order.
     uint32_t order = 0;
+    /// Its place in `transformed`, while it has a transform of its own.
+    uint32_t transformedAt = NotTransformed;
     bool isIndexed = false;
     bool isMoved = false;
     /// Recorded for this many pixels per unit at most; see `list`.
@@ -47,6 +51,7 @@ private:
   };
 
   void UpdateIndex();
+  void SetTransformed(uint32_t id, bool isTransformed);
   void UpdateOrder(const std::vector<UIElement*>& ordered);
   /// The items that reach the area, in drawing order.
   const std::vector<uint32_t>& Find(const Rect& area, const std::vector<UIElement*>& ordered);
@@ -56,7 +61,7 @@ private:
   std::vector<uint32_t> freeItems;
   std::unordered_map<const UIElement*, uint32_t> byElement;
   SpatialIndex index;
-  /// Those whose box may have changed.
+  /// Those whose box may have changed, and removed ones, whose numbers are free again as soon as they are out of it.
   std::vector<uint32_t> moved;
   /// Those with a transform of their own.
   std::vector<uint32_t> transformed;

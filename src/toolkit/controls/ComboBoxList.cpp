@@ -158,7 +158,7 @@ void ComboBoxList::OnRoutedEvent(const RoutedEventArgs& args) {
       if (input->Captured() == this) input->Capture(nullptr);
       return;
     }
-    const auto* popup = DynamicCast<Popup>(static_cast<Object*>(VisualParent()));
+    const auto* popup = DynamicCast<Popup>(VisualParent());
     const int32_t row = RowAt(mouse);
     if (row < 0 || !popup || !popup->TakesRelease()) return;
     Ptr<ComboBoxList> alive(this);

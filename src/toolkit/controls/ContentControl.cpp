@@ -28,8 +28,7 @@ ContentControl::~ContentControl() {
 void ContentControl::ReleaseContent() {
   if (!contentElement) return;
   if (contentElement->VisualParent() == this) RemoveVisualChild(contentElement.Get());
-  if (auto* element = DynamicCast<FrameworkElement>(static_cast<Object*>(contentElement.Get())))
-    element->SetLogicalParent(nullptr);
+  if (auto* element = DynamicCast<FrameworkElement>(contentElement)) element->SetLogicalParent(nullptr);
   contentElement.Reset();
 }
 

@@ -11,7 +11,7 @@ void ContextMenu::Describe(TypeBuilder<ContextMenu>& type) { IsOpenProperty = ty
 
 bool ContextMenu::OpenFor(Object* source) {
   for (auto* e = DynamicCast<UIElement>(source); e; e = e->UIParent()) {
-    auto* owner = DynamicCast<FrameworkElement>(static_cast<Object*>(e));
+    auto* owner = DynamicCast<FrameworkElement>(e);
     if (!owner || !owner->HasOwnValue(ContextMenuProperty)) continue;
     Object* held = owner->GetValue(ContextMenuProperty).AsObject();
     if (const auto* factory = DynamicCast<ElementFactory>(held)) {

@@ -56,7 +56,7 @@ void Control::ApplyTemplate() {
 }
 
 Object* Control::GetTemplateChild(std::string_view name) const {
-  const auto* root = DynamicCast<FrameworkElement>(static_cast<const Object*>(templateRoot.Get()));
+  const auto* root = DynamicCast<FrameworkElement>(templateRoot);
   const NameScope* scope = root ? root->GetNameScope() : nullptr;
   return scope ? scope->Find(Symbol(name)) : nullptr;
 }

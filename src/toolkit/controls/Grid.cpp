@@ -80,7 +80,7 @@ void Grid::RefreshInheritanceOfChildren(uint16_t changedBits) {
   Panel::RefreshInheritanceOfChildren(changedBits);
 }
 
-void Grid::StartTracks(const Definitions& definitions, std::vector<Track>& tracks) {
+void Grid::StartTracks(const Definitions& definitions, Tracks& tracks) {
   tracks.clear();
   for (const Ptr<DefinitionBase>& definition : definitions) {
     Track track{definition->Length(), definition->Minimum(), definition->Maximum(), 0};
@@ -91,13 +91,7 @@ void Grid::StartTracks(const Definitions& definitions, std::vector<Track>& track
   if (tracks.empty()) tracks.push_back({GridLength(), 0, Infinity, 0});
 }
 
-float Grid::Sum(const std::vector<Track>& tracks, size_t first, size_t count) {
-  float sum = 0;
-  for (size_t i = first; i < first + count; ++i) sum += tracks[i].size;
-  return sum;
-}
-
-void Grid::ShareStars(std::vector<Track>& tracks, float available) {
+void Grid::ShareStars(Tracks& tracks, float available) {
   float weights = 0, rest = available;
   for (const Track& track : tracks) {
     if (track.length.unit == GridUnit::Star)
@@ -127,11 +121,23 @@ void Grid::ShareStars(std::vector<Track>& tracks, float available) {
   }
 }
 
-void Grid::Grow(std::vector<Track>& tracks, size_t first, size_t count, float wanted) {
+bool Grid::Has(const Tracks& tracks, Span span, GridUnit unit) {
+  for (size_t i = span.first; i < span.first + span.count; ++i)
+    if (tracks[i].length.unit == unit) return true;
+  return false;
+}
+
+float Grid::Sum(const Tracks& tracks, Span span) {
+  float sum = 0;
+  for (size_t i = span.first; i < span.first + span.count; ++i) sum += tracks[i].size;
+  return sum;
+}
+
+void Grid::Grow(Tracks& tracks, Span span, float wanted) {
   // What spans several tracks widens the last one that can grow.
-  float missing = wanted - Sum(tracks, first, count);
+  float missing = wanted - Sum(tracks, span);
   if (missing <= 0) return;
-  for (size_t i = first + count; i-- > first;) {
+  for (size_t i = span.first + span.count; i-- > span.first;) {
     if (tracks[i].length.unit == GridUnit::Pixel) continue;
     const float grown = std::min(tracks[i].size + missing, std::max(tracks[i].minimum, tracks[i].maximum));
     missing -= grown - tracks[i].size;
@@ -140,113 +146,111 @@ void Grid::Grow(std::vector<Track>& tracks, size_t first, size_t count, float wa
   }
 }
 
-void Grid::Cell(const UIElement& child, size_t& row, size_t& column, size_t& rowSpan, size_t& columnSpan) const {
-  auto limit = [](int32_t value, size_t count) { return std::min(static_cast<size_t>(std::max(0, value)), count - 1); };
-  row = limit(child.Get<int32_t>(RowProperty), rowTracks.size());
-  column = limit(child.Get<int32_t>(ColumnProperty), columnTracks.size());
-  rowSpan = std::min(static_cast<size_t>(std::max(1, child.Get<int32_t>(RowSpanProperty))), rowTracks.size() - row);
-  columnSpan =
-      std::min(static_cast<size_t>(std::max(1, child.Get<int32_t>(ColumnSpanProperty))), columnTracks.size() - column);
+float Grid::WantedOfStars(const Tracks& tracks, Span span, float length) {
+  float fixed = 0, stars = 0, allStars = 0;
+  for (const Track& track : tracks)
+    if (track.length.unit == GridUnit::Star) allStars += track.length.value;
+  for (size_t i = span.first; i < span.first + span.count; ++i) {
+    if (tracks[i].length.unit == GridUnit::Star)
+      stars += tracks[i].length.value;
+    else
+      fixed += tracks[i].size;
+  }
+  return stars > 0 ? std::max(0.0f, length - fixed) * allStars / stars : 0.0f;
+}
+
+Grid::Cell Grid::CellOf(const UIElement& child) const {
+  const auto span = [](const Tracks& tracks, int32_t first, int32_t count) {
+    const size_t start = std::min(static_cast<size_t>(std::max(0, first)), tracks.size() - 1);
+    return Span{start, std::min(static_cast<size_t>(std::max(1, count)), tracks.size() - start)};
+  };
+  return {span(rowTracks, child.Get<int32_t>(RowProperty), child.Get<int32_t>(RowSpanProperty)),
+          span(columnTracks, child.Get<int32_t>(ColumnProperty), child.Get<int32_t>(ColumnSpanProperty))};
 }
 
 Size Grid::MeasureOverride(Size available) {
-  if (rows.empty() && columns.empty()) {
-    Size wanted;
-    for (size_t i = 0; i < ChildCount(); ++i) {
-      Child(i)->Measure(available);
-      wanted.width = std::max(wanted.width, Child(i)->DesiredSize().width);
-      wanted.height = std::max(wanted.height, Child(i)->DesiredSize().height);
-    }
-    return wanted;
-  }
+  if (rows.empty() && columns.empty()) return MeasureAsOneCell(available);
   StartTracks(rows, rowTracks);
   StartTracks(columns, columnTracks);
-  auto hasUnit = [](const std::vector<Track>& tracks, size_t first, size_t count, GridUnit unit) {
-    for (size_t i = first; i < first + count; ++i)
-      if (tracks[i].length.unit == unit) return true;
-    return false;
-  };
-  // Columns first: what stands in content-sized columns is measured freely, then the stars share what is left, then
-  // everything else is measured with its width known; rows follow from the heights.
-  for (size_t pass = 0; pass < 2; ++pass) {
+  // What stands in content-sized columns alone says how wide they are; then the stars share what is left, and all
+  // others are measured with their width known. The rows follow from the heights.
+  const auto measure = [&](bool isContentSized) {
     for (size_t i = 0; i < ChildCount(); ++i) {
-      UIElement* child = Child(i);
-      size_t row, column, rowSpan, columnSpan;
-      Cell(*child, row, column, rowSpan, columnSpan);
-      const bool free = hasUnit(columnTracks, column, columnSpan, GridUnit::Auto) &&
-                        !hasUnit(columnTracks, column, columnSpan, GridUnit::Star);
-      if (free != (pass == 0)) continue;
-      const bool starColumns = hasUnit(columnTracks, column, columnSpan, GridUnit::Star);
-      float width = Sum(columnTracks, column, columnSpan);
-      if (free || (starColumns && available.width == Infinity)) width = Infinity;
-      const bool fixedRow =
-          !hasUnit(rowTracks, row, rowSpan, GridUnit::Auto) && !hasUnit(rowTracks, row, rowSpan, GridUnit::Star);
-      float height = Infinity;
-      if (fixedRow)
-        height = Sum(rowTracks, row, rowSpan);
-      else if (!hasUnit(rowTracks, row, rowSpan, GridUnit::Auto) && rowTracks.size() == 1)
-        height = available.height;
-      child->Measure({width, height});
-      const Size wanted = child->DesiredSize();
-      if (free || width == Infinity) Grow(columnTracks, column, columnSpan, wanted.width);
-      if (!fixedRow) Grow(rowTracks, row, rowSpan, wanted.height);
+      const Cell cell = CellOf(*Child(i));
+      const bool isContent =
+          Has(columnTracks, cell.columns, GridUnit::Auto) && !Has(columnTracks, cell.columns, GridUnit::Star);
+      if (isContent == isContentSized) MeasureInTracks(*Child(i), cell, available);
     }
-    if (pass == 0 && available.width != Infinity) {
-      std::vector<Track> shared = columnTracks;
-      ShareStars(shared, available.width);
-      columnTracks = shared;
-    }
-  }
-  // Children of star rows know their height only now.
-  if (available.height != Infinity && rowTracks.size() > 1) {
-    std::vector<Track> shared = rowTracks;
-    ShareStars(shared, available.height);
-    for (size_t pass = 0; pass < 2; ++pass) {
-      for (size_t i = 0; i < ChildCount(); ++i) {
-        UIElement* child = Child(i);
-        size_t row, column, rowSpan, columnSpan;
-        Cell(*child, row, column, rowSpan, columnSpan);
-        if (!hasUnit(rowTracks, row, rowSpan, GridUnit::Star)) continue;
-        const float height = Sum(shared, row, rowSpan);
-        if (pass == 1) {
-          child->Measure({Sum(columnTracks, column, columnSpan), height});
-        } else if (hasUnit(columnTracks, column, columnSpan, GridUnit::Star)
-                       ? available.width == Infinity
-                       : hasUnit(columnTracks, column, columnSpan, GridUnit::Auto)) {
-          // A height that calls for a scroll bar makes the child wider, and its column with it.
-          child->Measure({Infinity, height});
-          Grow(columnTracks, column, columnSpan, child->DesiredSize().width);
-        }
-      }
-      if (pass == 0 && available.width != Infinity) ShareStars(columnTracks, available.width);
-    }
-  }
-  // A star track wants only what its children want.
+  };
+  measure(true);
+  if (available.width != Infinity) ShareStars(columnTracks, available.width);
+  measure(false);
+  if (available.height != Infinity && rowTracks.size() > 1) MeasureStarRows(available);
+  return WantedSize();
+}
+
+Size Grid::MeasureAsOneCell(Size available) {
   Size wanted;
-  for (const Track& track : rowTracks)
-    if (track.length.unit != GridUnit::Star) wanted.height += track.size;
-  for (const Track& track : columnTracks)
-    if (track.length.unit != GridUnit::Star) wanted.width += track.size;
-  float starWidth = 0, starHeight = 0;
   for (size_t i = 0; i < ChildCount(); ++i) {
-    size_t row, column, rowSpan, columnSpan;
-    Cell(*Child(i), row, column, rowSpan, columnSpan);
-    auto starPart = [](const std::vector<Track>& tracks, size_t first, size_t count, float length) {
-      float fixed = 0, stars = 0, allStars = 0;
-      for (const Track& track : tracks)
-        if (track.length.unit == GridUnit::Star) allStars += track.length.value;
-      for (size_t t = first; t < first + count; ++t) {
-        if (tracks[t].length.unit == GridUnit::Star)
-          stars += tracks[t].length.value;
-        else
-          fixed += tracks[t].size;
-      }
-      return stars > 0 ? std::max(0.0f, length - fixed) * allStars / stars : 0.0f;
-    };
-    starWidth = std::max(starWidth, starPart(columnTracks, column, columnSpan, Child(i)->DesiredSize().width));
-    starHeight = std::max(starHeight, starPart(rowTracks, row, rowSpan, Child(i)->DesiredSize().height));
+    Child(i)->Measure(available);
+    wanted.width = std::max(wanted.width, Child(i)->DesiredSize().width);
+    wanted.height = std::max(wanted.height, Child(i)->DesiredSize().height);
   }
-  return {wanted.width + starWidth, wanted.height + starHeight};
+  return wanted;
+}
+
+bool Grid::HasFreeWidth(const Cell& cell, Size available) const {
+  if (Has(columnTracks, cell.columns, GridUnit::Star)) return available.width == Infinity;
+  return Has(columnTracks, cell.columns, GridUnit::Auto);
+}
+
+void Grid::MeasureInTracks(UIElement& child, const Cell& cell, Size available) {
+  const bool hasAutoRow = Has(rowTracks, cell.rows, GridUnit::Auto);
+  const bool hasFixedHeight = !hasAutoRow && !Has(rowTracks, cell.rows, GridUnit::Star);
+  const bool hasFreeWidth = HasFreeWidth(cell, available);
+  float height = Infinity;
+  if (hasFixedHeight)
+    height = Sum(rowTracks, cell.rows);
+  else if (!hasAutoRow && rowTracks.size() == 1)
+    height = available.height;
+  child.Measure({hasFreeWidth ? Infinity : Sum(columnTracks, cell.columns), height});
+  if (hasFreeWidth) Grow(columnTracks, cell.columns, child.DesiredSize().width);
+  if (!hasFixedHeight) Grow(rowTracks, cell.rows, child.DesiredSize().height);
+}
+
+void Grid::MeasureStarRows(Size available) {
+  // Children of star rows know their height only now. It stays out of the tracks: a star wants what its children want.
+  Tracks shared = rowTracks;
+  ShareStars(shared, available.height);
+  for (size_t i = 0; i < ChildCount(); ++i) {
+    const Cell cell = CellOf(*Child(i));
+    if (!Has(rowTracks, cell.rows, GridUnit::Star) || !HasFreeWidth(cell, available)) continue;
+    // A height that calls for a scroll bar makes the child wider, and its column with it.
+    Child(i)->Measure({Infinity, Sum(shared, cell.rows)});
+    Grow(columnTracks, cell.columns, Child(i)->DesiredSize().width);
+  }
+  if (available.width != Infinity) ShareStars(columnTracks, available.width);
+  for (size_t i = 0; i < ChildCount(); ++i) {
+    const Cell cell = CellOf(*Child(i));
+    if (Has(rowTracks, cell.rows, GridUnit::Star))
+      Child(i)->Measure({Sum(columnTracks, cell.columns), Sum(shared, cell.rows)});
+  }
+}
+
+Size Grid::WantedSize() const {
+  Size fixed, stars;
+  for (const Track& track : rowTracks)
+    if (track.length.unit != GridUnit::Star) fixed.height += track.size;
+  for (const Track& track : columnTracks)
+    if (track.length.unit != GridUnit::Star) fixed.width += track.size;
+  // A star track wants only what its children want.
+  for (size_t i = 0; i < ChildCount(); ++i) {
+    const Cell cell = CellOf(*Child(i));
+    const Size wanted = Child(i)->DesiredSize();
+    stars.width = std::max(stars.width, WantedOfStars(columnTracks, cell.columns, wanted.width));
+    stars.height = std::max(stars.height, WantedOfStars(rowTracks, cell.rows, wanted.height));
+  }
+  return {fixed.width + stars.width, fixed.height + stars.height};
 }
 
 Size Grid::ArrangeOverride(Size finalSize) {
@@ -257,10 +261,9 @@ Size Grid::ArrangeOverride(Size finalSize) {
   ShareStars(rowTracks, finalSize.height);
   ShareStars(columnTracks, finalSize.width);
   for (size_t i = 0; i < ChildCount(); ++i) {
-    size_t row, column, rowSpan, columnSpan;
-    Cell(*Child(i), row, column, rowSpan, columnSpan);
-    Child(i)->Arrange({Sum(columnTracks, 0, column), Sum(rowTracks, 0, row), Sum(columnTracks, column, columnSpan),
-                       Sum(rowTracks, row, rowSpan)});
+    const Cell cell = CellOf(*Child(i));
+    Child(i)->Arrange({Sum(columnTracks, {0, cell.columns.first}), Sum(rowTracks, {0, cell.rows.first}),
+                       Sum(columnTracks, cell.columns), Sum(rowTracks, cell.rows)});
   }
   return finalSize;
 }

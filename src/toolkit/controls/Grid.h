@@ -78,16 +78,35 @@ private:
     float minimum, maximum;
     float size;
   };
+  using Tracks = std::vector<Track>;
+  /// Tracks side by side.
+  struct Span {
+    size_t first, count;
+  };
+  struct Cell {
+    Span rows, columns;
+  };
   using Definitions = std::vector<Ptr<DefinitionBase>>;
   void Forget(const Definitions& definitions);
-  static void StartTracks(const Definitions& definitions, std::vector<Track>& tracks);
-  static void ShareStars(std::vector<Track>& tracks, float available);
-  static float Sum(const std::vector<Track>& tracks, size_t first, size_t count);
-  static void Grow(std::vector<Track>& tracks, size_t first, size_t count, float wanted);
-  void Cell(const UIElement& child, size_t& row, size_t& column, size_t& rowSpan, size_t& columnSpan) const;
+  static void StartTracks(const Definitions& definitions, Tracks& tracks);
+  /// Gives the stars what the other tracks leave of `available`.
+  static void ShareStars(Tracks& tracks, float available);
+  static bool Has(const Tracks& tracks, Span span, GridUnit unit);
+  static float Sum(const Tracks& tracks, Span span);
+  static void Grow(Tracks& tracks, Span span, float wanted);
+  /// How long all star tracks together must be for `length` to fit into the span; 0 if it has none.
+  static float WantedOfStars(const Tracks& tracks, Span span, float length);
+  Cell CellOf(const UIElement& child) const;
+
+  Size MeasureAsOneCell(Size available);
+  /// True if the cell's columns take their width from what stands in them.
+  bool HasFreeWidth(const Cell& cell, Size available) const;
+  void MeasureInTracks(UIElement& child, const Cell& cell, Size available);
+  void MeasureStarRows(Size available);
+  Size WantedSize() const;
 
   Definitions rows, columns;
-  std::vector<Track> rowTracks, columnTracks;
+  Tracks rowTracks, columnTracks;
 };
 
 } // namespace Toolkit

@@ -103,7 +103,7 @@ void ItemsControl::OnCollectionChanged(const CollectionChange& change) {
 Ptr<Panel> ItemsControl::CreateHost() {
   if (const auto* panelTemplate = static_cast<const ItemsPanelTemplate*>(GetValue(ItemsPanelProperty).AsObject())) {
     Ptr<FrameworkElement> made = panelTemplate->Instantiate(this, {});
-    if (auto* panel = DynamicCast<Panel>(static_cast<Object*>(made.Get()))) return Ptr<Panel>(panel);
+    if (auto* panel = DynamicCast<Panel>(made)) return Ptr<Panel>(panel);
     TOOLKIT_WARN("Markup", "an items panel template must make a panel");
   }
   return MakePtr<StackPanel>();

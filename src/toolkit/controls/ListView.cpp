@@ -101,7 +101,7 @@ Size ListView::MeasureOverride(Size available) {
   // each other, so that a change in one of them does not measure the others.
   std::vector<float> widths(given.size(), 0);
   for (size_t r = 0; r < host->ChildCount(); ++r) {
-    const auto* row = DynamicCast<GridViewRow>(static_cast<Object*>(host->Child(r)));
+    const auto* row = DynamicCast<GridViewRow>(host->Child(r));
     if (!row) continue;
     for (size_t c = 0; c < widths.size() && c < row->VisualChildCount(); ++c)
       widths[c] = std::max(widths[c], row->CellSize(c).width);

@@ -9,7 +9,7 @@ void MenuBase::Describe(TypeBuilder<MenuBase>&) {}
 
 MenuBase* MenuBase::Of(const MenuItem& item) {
   for (UIElement* e = item.VisualParent(); e; e = e->VisualParent())
-    if (auto* menu = DynamicCast<MenuBase>(static_cast<Object*>(e))) return menu;
+    if (auto* menu = DynamicCast<MenuBase>(e)) return menu;
   return nullptr;
 }
 

@@ -48,15 +48,15 @@ MenuItem::~MenuItem() {
   if (submenu) submenu->SetLogicalParent(nullptr);
 }
 
-bool MenuItem::IsInBar() const { return DynamicCast<Menu>(static_cast<Object*>(MenuBase::Of(*this))) != nullptr; }
+bool MenuItem::IsInBar() const { return DynamicCast<Menu>(MenuBase::Of(*this)) != nullptr; }
 
 float MenuItem::RoomForMark() const {
-  const auto* menu = DynamicCast<MenuSurface>(static_cast<Object*>(MenuBase::Of(*this)));
+  const auto* menu = DynamicCast<MenuSurface>(MenuBase::Of(*this));
   return menu && menu->HasMarks() ? MarkRoom : 0;
 }
 
 float MenuItem::RoomForArrow() const {
-  const auto* menu = DynamicCast<MenuSurface>(static_cast<Object*>(MenuBase::Of(*this)));
+  const auto* menu = DynamicCast<MenuSurface>(MenuBase::Of(*this));
   return menu && menu->HasArrows() ? ArrowRoom : 0;
 }
 
@@ -68,7 +68,7 @@ void MenuItem::Click() {
 
 void MenuItem::CloseMenusAndClick() {
   Ptr<MenuItem> alive(this);
-  if (auto* bar = DynamicCast<Menu>(static_cast<Object*>(MenuBase::Of(*this)))) bar->Leave();
+  if (auto* bar = DynamicCast<Menu>(MenuBase::Of(*this))) bar->Leave();
   if (PopupLayer* layer = PopupLayer::Of(*this)) layer->CloseLight();
   Click();
 }

@@ -51,7 +51,7 @@ void MenuSurface::Close() {
 }
 
 void MenuSurface::OnClosed() {
-  auto* opener = DynamicCast<MenuItem>(static_cast<Object*>(LogicalParent()));
+  auto* opener = DynamicCast<MenuItem>(LogicalParent());
   if (!opener) return;
   opener->SetIsSubmenuOpen(false);
   if (MenuBase* outer = MenuBase::Of(*opener)) outer->OnItemClosed(*opener);
@@ -90,7 +90,7 @@ void MenuSurface::OnItemLeft(MenuItem& item) {
 bool MenuSurface::TakesRelease() const { return popup && popup->TakesRelease(); }
 
 MenuBase* MenuSurface::Outer() const {
-  auto* opener = popup ? DynamicCast<MenuItem>(static_cast<Object*>(&popup->Owner())) : nullptr;
+  auto* opener = popup ? DynamicCast<MenuItem>(&popup->Owner()) : nullptr;
   return opener ? MenuBase::Of(*opener) : nullptr;
 }
 
@@ -138,7 +138,7 @@ Size MenuSurface::MeasureOverride(Size available) {
   if (!host) return {chrome.Horizontal(), chrome.Vertical()};
   hasMarks = hasArrows = false;
   for (size_t i = 0; i < ItemCount(); ++i) {
-    const auto* item = DynamicCast<MenuItem>(static_cast<const Object*>(ItemAt(i)));
+    const auto* item = DynamicCast<MenuItem>(ItemAt(i));
     if (!item) continue;
     hasMarks = hasMarks || item->Get<bool>(MenuItem::IsCheckableProperty) || item->IsChecked();
     hasArrows = hasArrows || item->ItemCount() > 0;

@@ -11,12 +11,12 @@ namespace Toolkit {
 TOOLKIT_TYPE_IMPL(Panel, FrameworkElement, "Panel")
 void Panel::Describe(TypeBuilder<Panel>& type) {
   BackgroundProperty = type.Property<Brush*>("Background", nullptr, DependencyProperty::AffectsRender);
-  ZIndexProperty = type.Property<int32_t>(
-      "ZIndex", 0, DependencyProperty::AffectsRender, [](DependencyObject& object, const PropertyChange&) {
-        if (auto* element = DynamicCast<UIElement>(static_cast<Object*>(&object)))
-          if (auto* panel = DynamicCast<Panel>(static_cast<Object*>(element->VisualParent())))
-            panel->InvalidateZOrder();
-      });
+  ZIndexProperty = type.Property<int32_t>("ZIndex", 0, DependencyProperty::AffectsRender,
+                                          [](DependencyObject& object, const PropertyChange&) {
+                                            if (auto* element = DynamicCast<UIElement>(&object))
+                                              if (auto* panel = DynamicCast<Panel>(element->VisualParent()))
+                                                panel->InvalidateZOrder();
+                                          });
   type.List<&Panel::AddChild>("Children");
   type.Content("Children");
 }

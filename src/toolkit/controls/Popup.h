@@ -41,7 +41,6 @@ public:
   UIElement& Owner() const { return *owner; }
   UIElement& Content() const { return *content; }
   PopupKind Kind() const { return kind; }
-  PopupPlacement Placement() const { return placement; }
   UIElement* UIParent() const override { return owner.Get(); }
   size_t VisualChildCount() const override { return content->VisualParent() == this ? 1 : 0; }
   UIElement* VisualChild(size_t) const override { return content.Get(); }

@@ -45,7 +45,7 @@ PopupLayer* PopupLayer::Of(const UIElement& element) {
   const UIElement* root = &element;
   while (const UIElement* parent = root->VisualParent() ? root->VisualParent() : root->UIParent()) root = parent;
   for (size_t i = root->VisualChildCount(); i-- > 0;)
-    if (auto* layer = DynamicCast<PopupLayer>(static_cast<Object*>(root->VisualChild(i)))) return layer;
+    if (auto* layer = DynamicCast<PopupLayer>(root->VisualChild(i))) return layer;
   return nullptr;
 }
 

@@ -161,7 +161,7 @@ bool Path::HitTestSelf(Point point) const {
   for (const Ptr<PathFigure>& figure : geometry->Figures()) {
     Point at = figure->GetStartPoint();
     for (const Ptr<PathSegment>& segment : figure->Segments()) {
-      const auto* curve = DynamicCast<BezierSegment>(segment.Get());
+      const auto* curve = DynamicCast<BezierSegment>(segment);
       const Point start = at;
       for (int i = 1; i <= (curve ? Steps : 1); ++i) {
         const Point next = curve ? OnCurve(start, curve->GetPoint1(), curve->GetPoint2(), curve->GetPoint3(),

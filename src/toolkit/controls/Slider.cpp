@@ -106,26 +106,21 @@ void Slider::MoveTo(float x) {
 
 void Slider::OnRoutedEvent(const RoutedEventArgs& args) {
   Control::OnRoutedEvent(args);
-  InputState* input = InputState::Current();
-  if (!input || !IsEnabled()) return;
+  if (args.event == &LostMouseCaptureEvent) SetValue(IsDraggingProperty, false);
+  if (!IsEnabled()) return;
   if (args.event == &MouseLeftButtonDownEvent) {
     Focus();
-    input->Capture(this);
-    SetValue(IsDraggingProperty, true);
+    SetValue(IsDraggingProperty, CaptureMouse());
     const float x = Mouse::GetPosition(this).x, thumb = ThumbPosition();
     // A press on the thumb itself does not move it; beside it, it comes to the mouse.
     grip = std::abs(x - thumb) <= ThumbWidth * 0.5f ? x - thumb : 0;
     if (grip == 0) MoveTo(x);
     args.handled = true;
-  } else if (args.event == &MouseMoveEvent) {
-    const bool isDragging = input->Captured() == this;
-    SetValue(IsDraggingProperty, isDragging);
-    if (!isDragging) return;
+  } else if (args.event == &MouseMoveEvent && HasMouseCapture()) {
     MoveTo(Mouse::GetPosition(this).x - grip);
     args.handled = true;
-  } else if (args.event == &MouseLeftButtonUpEvent && input->Captured() == this) {
-    input->Capture(nullptr);
-    SetValue(IsDraggingProperty, false);
+  } else if (args.event == &MouseLeftButtonUpEvent && HasMouseCapture()) {
+    ReleaseMouseCapture();
     args.handled = true;
   } else if (args.event == &KeyDownEvent && IsFocused()) {
     const float small = Get<float>(SmallChangeProperty), large = Get<float>(LargeChangeProperty);

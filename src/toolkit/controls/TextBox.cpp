@@ -35,8 +35,8 @@ const RoutedEvent TextBox::SelectionChangedEvent("SelectionChanged", RoutingStra
 TOOLKIT_TYPE_IMPL(TextBox, Control, "TextBox")
 void TextBox::Describe(TypeBuilder<TextBox>& type) {
   using P = DependencyProperty;
-  TextProperty =
-      type.Property<SharedString>("Text", SharedString(), P::BindsTwoWay | P::AffectsMeasure | P::AffectsRender);
+  TextProperty = type.Property<SharedString>(
+      "Text", SharedString(), P::BindsTwoWay | P::BindsUntilFocusIsLost | P::AffectsMeasure | P::AffectsRender);
   TextWrappingProperty = type.Property<TextWrapping>("TextWrapping", TextWrapping::NoWrap, P::AffectsMeasure);
   TextAlignmentProperty = type.Property<TextAlignment>("TextAlignment", TextAlignment::Left, P::AffectsRender);
   AcceptsReturnProperty = type.Property<bool>("AcceptsReturn");
@@ -292,13 +292,13 @@ void TextBox::OnMouse(const RoutedEventArgs& args, InputState& input) {
 
 void TextBox::OnRoutedEvent(const RoutedEventArgs& args) {
   Control::OnRoutedEvent(args);
+  // The box may lose the focus because it was disabled.
+  if (args.event == &LostFocusEvent) Editor().EndSession();
   InputState* input = InputState::Current();
   if (!input || !IsEnabled()) return;
   if (args.event == &GotFocusEvent) {
     Editor().BeginSession();
     if (input->IsKeyDown(Key::Tab) && !Get<bool>(AcceptsReturnProperty)) SelectAll();
-  } else if (args.event == &LostFocusEvent) {
-    Editor().EndSession();
   } else if (args.event == &KeyDownEvent && IsFocused()) {
     if (OnKey(static_cast<const KeyEventArgs&>(args).key)) args.handled = true;
   } else if (args.event == &TextInputEvent && IsFocused()) {

@@ -25,8 +25,8 @@ constexpr Rect CursorArea{-2, -4, 12, 26};
 FrameworkElement* OwnerAt(Object* source) {
   for (auto* e = DynamicCast<UIElement>(source); e; e = e->UIParent()) {
     // What lies under the list or menu of a popup is not meant.
-    if (DynamicCast<Popup>(static_cast<Object*>(e))) return nullptr;
-    auto* element = DynamicCast<FrameworkElement>(static_cast<Object*>(e));
+    if (DynamicCast<Popup>(e)) return nullptr;
+    auto* element = DynamicCast<FrameworkElement>(e);
     if (element && !element->GetValue(FrameworkElement::ToolTipProperty).IsNone()) return element;
   }
   return nullptr;
@@ -39,7 +39,7 @@ void ToolTip::Describe(TypeBuilder<ToolTip>&) {}
 bool ToolTip::HasContent() const {
   const Value& content = GetContent();
   if (content.IsNone() || (content.Kind() == ValueKind::String && content.AsStringView().empty())) return false;
-  const auto* text = DynamicCast<TextBlock>(static_cast<const Object*>(content.AsObject()));
+  const auto* text = DynamicCast<TextBlock>(content.AsObject());
   return !text || !text->GetText().empty();
 }
 
@@ -96,7 +96,7 @@ Ptr<ToolTip> ToolTipService::MakeTip(FrameworkElement& element) const {
   const Value value = element.GetValue(FrameworkElement::ToolTipProperty);
   Ptr<FrameworkElement> made(DynamicCast<FrameworkElement>(value.AsObject()));
   if (const auto* factory = DynamicCast<ElementFactory>(value.AsObject())) made = factory->Create(element);
-  if (auto* tip = DynamicCast<ToolTip>(static_cast<Object*>(made.Get()))) return Ptr<ToolTip>(tip);
+  if (auto* tip = DynamicCast<ToolTip>(made)) return Ptr<ToolTip>(tip);
   auto tip = MakePtr<ToolTip>();
   if (made) {
     tip->SetContent(Value(made));

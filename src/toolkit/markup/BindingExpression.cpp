@@ -10,8 +10,7 @@ namespace Toolkit {
 
 BindingExpression::~BindingExpression() {
   if (pendingUpdate) Dispatcher::Current().Cancel(pendingUpdate);
-  if (auto* element = DynamicCast<UIElement>(static_cast<Object*>(target));
-      element && active && Mode() == BindingMode::TwoWay)
+  if (auto* element = DynamicCast<UIElement>(target); element && active && Mode() == BindingMode::TwoWay)
     element->RemoveHandler(UIElement::LostFocusEvent,
                            RoutedEventHandler::From<&BindingExpression::OnTargetLostFocus>(this));
 }
@@ -19,6 +18,12 @@ BindingExpression::~BindingExpression() {
 BindingMode BindingExpression::Mode() const {
   if (binding.mode != BindingMode::Default) return binding.mode;
   return property->flags & DependencyProperty::BindsTwoWay ? BindingMode::TwoWay : BindingMode::OneWay;
+}
+
+bool BindingExpression::WaitsForFocus() const {
+  if (binding.updateSourceTrigger != UpdateSourceTrigger::Default)
+    return binding.updateSourceTrigger == UpdateSourceTrigger::LostFocus;
+  return property->flags & DependencyProperty::BindsUntilFocusIsLost;
 }
 
 bool BindingExpression::ReadsDataContext() const {
@@ -30,11 +35,11 @@ Object* BindingExpression::FindSource() const {
   if (!binding.elementName.IsEmpty()) return scope ? scope->Find(binding.elementName) : nullptr;
   // Behaviours and conditions look from where they are attached.
   DependencyObject* origin = target;
-  if (!DynamicCast<UIElement>(static_cast<Object*>(origin))) origin = target->InheritanceParent();
+  if (!DynamicCast<UIElement>(origin)) origin = target->InheritanceParent();
   switch (binding.relativeSource) {
   case RelativeSourceMode::Self: return origin;
   case RelativeSourceMode::TemplatedParent: {
-    auto* element = DynamicCast<FrameworkElement>(static_cast<Object*>(origin));
+    auto* element = DynamicCast<FrameworkElement>(origin);
     return element ? element->TemplatedParent() : nullptr;
   }
   case RelativeSourceMode::FindAncestor:
@@ -149,12 +154,8 @@ void BindingExpression::Activate() {
   active = true;
   const BindingMode mode = Mode();
   if (mode == BindingMode::TwoWay) {
-    UpdateSourceTrigger trigger = binding.updateSourceTrigger;
-    static const Symbol text("Text");
-    const bool waits = trigger == UpdateSourceTrigger::LostFocus ||
-                       (trigger == UpdateSourceTrigger::Default && property->name == text);
-    if (waits)
-      if (auto* element = DynamicCast<UIElement>(static_cast<Object*>(target)))
+    if (WaitsForFocus())
+      if (auto* element = DynamicCast<UIElement>(target))
         element->AddHandler(UIElement::LostFocusEvent,
                             RoutedEventHandler::From<&BindingExpression::OnTargetLostFocus>(this));
   }
@@ -171,11 +172,7 @@ bool BindingExpression::OnTargetSet() {
   if (mode != BindingMode::TwoWay && mode != BindingMode::OneWayToSource) return false;
   if (updating || !active) return true;
   dirty = true;
-  static const Symbol text("Text");
-  const UpdateSourceTrigger trigger = binding.updateSourceTrigger;
-  if (trigger == UpdateSourceTrigger::Explicit || trigger == UpdateSourceTrigger::LostFocus ||
-      (trigger == UpdateSourceTrigger::Default && property->name == text))
-    return true;
+  if (binding.updateSourceTrigger == UpdateSourceTrigger::Explicit || WaitsForFocus()) return true;
   if (binding.delay > 0) {
     if (pendingUpdate) Dispatcher::Current().Cancel(pendingUpdate);
     pendingUpdate = Dispatcher::Current().StartTimer(binding.delay, [this] {

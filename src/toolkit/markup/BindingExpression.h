@@ -29,6 +29,8 @@ private:
     void OnObservedChange(Observable& source, Symbol name) override;
   };
   BindingMode Mode() const;
+  /// A change of the target goes to the source when the target loses the focus.
+  bool WaitsForFocus() const;
   Object* FindSource() const;
   bool ReadsDataContext() const;
   /// Follows the path from step `first` on, re-attaching observers, and brings the value to the target.

@@ -35,10 +35,15 @@ void DocumentCompiler::Report(const pugi::xml_node& node, const std::string& mes
 
 bool DocumentCompiler::Parse() {
   const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size());
-  if (result) return true;
-  const auto line = 1 + std::count(text.begin(), text.begin() + result.offset, '\n');
-  Log(name.c_str(), static_cast<uint32_t>(line), LogLevel::Error, "Markup", result.description());
-  return false;
+  if (!result) {
+    const auto line = 1 + std::count(text.begin(), text.begin() + result.offset, '\n');
+    Log(name.c_str(), static_cast<uint32_t>(line), LogLevel::Error, "Markup", result.description());
+    return false;
+  }
+  prefixes.Read(document.document_element());
+  return prefixes.Check(document.document_element(), [this](const pugi::xml_node& node, const std::string& qualified) {
+    Report(node, "the prefix of '" + qualified + "' is not declared");
+  });
 }
 
 std::unique_ptr<ElementPlan> DocumentCompiler::Compile() {
@@ -59,20 +64,16 @@ Ptr<ResourceDictionary> DocumentCompiler::CompileDictionary() {
   return CompileResources(document.document_element());
 }
 
-const Type* DocumentCompiler::FindType(std::string_view typeName) const {
-  const std::string_view local = LocalName(typeName);
-  if (local != typeName && typeName.starts_with("local:"))
-    return TypeRegistry::Find(Symbol("Tesselor." + std::string(local)));
-  return TypeRegistry::Find(Symbol(local));
+const Value* DocumentCompiler::FindResource(const Value& key) const {
+  for (size_t i = resourceScopes.size(); i-- > 0;)
+    if (const Value* found = resourceScopes[i]->Find(key)) return found;
+  const ResourceDictionary* application = ResourceDictionary::Application();
+  return application ? application->Find(key) : nullptr;
 }
 
 Object* DocumentCompiler::FindResource(std::string_view key) const {
-  const Value wanted{SharedString(key)};
-  for (size_t i = resourceScopes.size(); i-- > 0;)
-    if (const Value* found = resourceScopes[i]->Find(wanted)) return found->AsObject();
-  if (const ResourceDictionary* application = ResourceDictionary::Application())
-    if (const Value* found = application->Find(wanted)) return found->AsObject();
-  return nullptr;
+  const Value* found = FindResource(Value(SharedString(key)));
+  return found ? found->AsObject() : nullptr;
 }
 
 DocumentCompiler::PropertyRef DocumentCompiler::FindProperty(const Type& type, std::string_view propertyName) const {
@@ -109,21 +110,12 @@ bool DocumentCompiler::ResolveStatic(std::string_view value, const pugi::xml_nod
   }
   const std::string& argument = extension.arguments[0].value;
   if (extension.name == "StaticResource" || extension.name == "DynamicResource") {
-    const Value wanted{SharedString(argument)};
-    for (size_t i = resourceScopes.size(); i-- > 0;) {
-      if (const Value* found = resourceScopes[i]->Find(wanted)) {
-        result = *found;
-        return true;
-      }
-    }
-    if (const ResourceDictionary* application = ResourceDictionary::Application()) {
-      if (const Value* found = application->Find(wanted)) {
-        result = *found;
-        return true;
-      }
-    }
-    Report(node, "resource '" + argument + "' is not defined");
-    return false;
+    const Value* found = FindResource(Value(SharedString(argument)));
+    if (found)
+      result = *found;
+    else
+      Report(node, "resource '" + argument + "' is not defined");
+    return found != nullptr;
   }
   if (extension.name == "x:Type") {
     const Type* type = FindType(argument);
@@ -207,8 +199,8 @@ void DocumentCompiler::CompileAttribute(ElementPlan& plan, const pugi::xml_node&
   const size_t dot = attributeName.find('.');
   const Type* eventOwner = dot == std::string_view::npos ? plan.type : FindType(attributeName.substr(0, dot));
   const std::string_view eventName = dot == std::string_view::npos ? attributeName : attributeName.substr(dot + 1);
-  if (eventOwner && eventOwner->FindEvent(Symbol(eventName))) {
-    plan.events.push_back({std::string(eventName), std::string(value)});
+  if (const RoutedEvent* event = eventOwner ? eventOwner->FindEvent(Symbol(eventName)) : nullptr) {
+    CompileEvent(plan, *event, value, node);
     return;
   }
   const PropertyRef target = FindProperty(*plan.type, attributeName);
@@ -217,6 +209,16 @@ void DocumentCompiler::CompileAttribute(ElementPlan& plan, const pugi::xml_node&
     return;
   }
   AssignText(plan, target, value, node);
+}
+
+void DocumentCompiler::CompileEvent(ElementPlan& plan, const RoutedEvent& event, std::string_view handlerName,
+                                    const pugi::xml_node& node) {
+  const HandlerMember* handler = componentType ? componentType->FindHandler(Symbol(handlerName), event) : nullptr;
+  if (handler && plan.type->IsA(UIElement::StaticType()))
+    plan.events.push_back({&event, handler});
+  else
+    Report(node,
+           "no handler '" + std::string(handlerName) + "' for '" + event.name.Text() + "' of " + plan.type->Name());
 }
 
 void DocumentCompiler::AssignText(ElementPlan& plan, const PropertyRef& target, std::string_view value,

@@ -2,6 +2,7 @@
 
 #include "toolkit/markup/Binding.h"
 #include "toolkit/markup/ElementPlan.h"
+#include "toolkit/markup/NamespacePrefixes.h"
 #include "toolkit/markup/Template.h"
 
 #include <pugixml.hpp>
@@ -13,8 +14,8 @@
 
 namespace Toolkit {
 
-/// Compiles one document into a plan. Names of types, properties, events and resources are resolved here, so that a
-/// mistake is reported once, with its line, and not per instance.
+/// Compiles one document into a plan. Names of types, properties, events, handlers and resources are resolved here, so
+/// that a mistake is reported once, with its line, and not per instance.
 class DocumentCompiler : private Binding::ParseContext {
 public:
   /// Loads other documents that a `ResourceDictionary` names as its `Source`.
@@ -37,6 +38,8 @@ private:
   bool Parse();
   std::unique_ptr<ElementPlan> CompileElement(const pugi::xml_node& node);
   void CompileAttribute(ElementPlan& plan, const pugi::xml_node& node, const pugi::xml_attribute& attribute);
+  void CompileEvent(ElementPlan& plan, const RoutedEvent& event, std::string_view handlerName,
+                    const pugi::xml_node& node);
   void CompileChildren(ElementPlan& plan, const pugi::xml_node& node);
   void CompilePropertyElement(ElementPlan& plan, const pugi::xml_node& node);
   void AssignText(ElementPlan& plan, const PropertyRef& target, std::string_view text, const pugi::xml_node& node);
@@ -59,7 +62,9 @@ private:
 
   PropertyRef FindProperty(const Type& type, std::string_view name) const;
   Value ParseValue(std::string_view text, const DependencyProperty& property, const pugi::xml_node& node, bool& ok);
-  const Type* FindType(std::string_view name) const override;
+  const Type* FindType(std::string_view name) const override { return prefixes.FindType(name); }
+  /// The resource that the key means here, at the end of the lookup an application's; null if it is nowhere.
+  const Value* FindResource(const Value& key) const;
   Object* FindResource(std::string_view key) const override;
   /// The object that `{StaticResource Key}` or `{x:Type T}` names; reports a failure.
   bool ResolveStatic(std::string_view text, const pugi::xml_node& node, Value& value);
@@ -70,6 +75,7 @@ private:
   std::string_view text;
   DictionaryLoader loadDictionary;
   pugi::xml_document document;
+  NamespacePrefixes prefixes;
   const Type* componentType = nullptr;
   std::vector<Ptr<ResourceDictionary>> resourceScopes;
 };

@@ -61,10 +61,8 @@ Ptr<Style> DocumentCompiler::CompileStyle(const pugi::xml_node& node) {
     if (extension.Parse(basedOn.value(), error) && extension.arguments.size() == 1 &&
         extension.arguments[0].value.starts_with("{x:Type")) {
       Value key;
-      if (ResolveStatic(extension.arguments[0].value, node, key)) {
-        for (size_t i = resourceScopes.size(); i-- > 0 && found.IsNone();)
-          if (const Value* entry = resourceScopes[i]->Find(key)) found = *entry;
-      }
+      if (ResolveStatic(extension.arguments[0].value, node, key))
+        if (const Value* entry = FindResource(key)) found = *entry;
     } else {
       ResolveStatic(basedOn.value(), node, found);
     }

@@ -13,7 +13,7 @@ Ptr<FrameworkElement> ElementFactory::Create(FrameworkElement& owner) const {
   Instantiation instantiation(nullptr, nullptr, false);
   const Ptr<Object> made =
       instantiation.Create(*plan, [&owner](FrameworkElement& element) { element.SetLogicalParent(&owner); });
-  Ptr<FrameworkElement> element(DynamicCast<FrameworkElement>(made.Get()));
+  Ptr<FrameworkElement> element(DynamicCast<FrameworkElement>(made));
   if (!element) TOOLKIT_WARN("Markup", "a " + plan->type->Name() + " cannot stand here");
   return element;
 }
@@ -37,7 +37,7 @@ Ptr<Object> Instantiation::Create(const ElementPlan& plan, const Join& join) {
     scope = ownScope.get();
   }
   Ptr<Object> object = Make(plan);
-  auto* element = DynamicCast<FrameworkElement>(object.Get());
+  auto* element = DynamicCast<FrameworkElement>(object);
   if (element && ownScope) element->SetNameScope(std::move(ownScope));
   if (element) element->SetTemplatedParent(templatedParent);
   if (element && join) join(*element);
@@ -50,8 +50,7 @@ void Instantiation::Apply(const ElementPlan& plan, DependencyObject& root) {
   if (plan.hasNames) {
     ownScope = std::make_unique<NameScope>();
     scope = ownScope.get();
-    if (auto* element = DynamicCast<FrameworkElement>(static_cast<Object*>(&root)))
-      element->SetNameScope(std::move(ownScope));
+    if (auto* element = DynamicCast<FrameworkElement>(&root)) element->SetNameScope(std::move(ownScope));
   }
   Fill(plan, root);
   Finish();
@@ -64,9 +63,8 @@ void Instantiation::Fill(const ElementPlan& plan, Object& object) {
     if (scope) scope->Register(plan.name, &object);
     if (element) element->SetName(plan.name.Text());
   }
-  if (element) {
-    if (plan.resources) element->SetResources(plan.resources);
-  } else if (plan.resources) {
+  if (plan.resources) {
+    // An element's resources have served when the document was compiled; an application keeps its own for the others.
     static const Symbol resources("Resources");
     if (const ReflectedMember* member = plan.type->FindMember(resources)) member->set(object, Value(plan.resources));
   }
@@ -83,8 +81,10 @@ void Instantiation::Fill(const ElementPlan& plan, Object& object) {
   if (element) element->ApplyThemeStyle();
   for (const auto& [member, value] : plan.members) member->set(object, value);
   for (const ElementPlan::Event& event : plan.events) {
-    if (!component || !component->ConnectEvent(&object, event.event.c_str(), event.handler.c_str()))
-      TOOLKIT_WARN("Markup", "no handler '" + event.handler + "' for '" + event.event + "' of " + plan.type->Name());
+    if (component)
+      static_cast<UIElement&>(object).AddHandler(*event.event, event.handler->bind(*component));
+    else
+      TOOLKIT_WARN("Markup", "nobody is there to answer '" + event.event->name.Text() + "' of " + plan.type->Name());
   }
   for (const ElementPlan::BindingAssignment& assignment : plan.bindings)
     dependencyObject->SetExpression(assignment.binding->CreateExpression(assignment.property, scope));
@@ -106,7 +106,7 @@ void Instantiation::AddChild(const ElementPlan::Child& child, Object& owner) {
     return;
   }
   Ptr<Object> made = Make(*child.plan);
-  if (auto* element = DynamicCast<FrameworkElement>(made.Get())) element->SetTemplatedParent(templatedParent);
+  if (auto* element = DynamicCast<FrameworkElement>(made)) element->SetTemplatedParent(templatedParent);
   if (child.list) {
     child.list->add(owner, made.Get());
   } else if (child.property) {

@@ -8,7 +8,6 @@
 
 #include <functional>
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace Toolkit {
@@ -33,7 +32,9 @@ struct ElementPlan {
     Ptr<Object> shared;
   };
   struct Event {
-    std::string event, handler;
+    const RoutedEvent* event;
+    /// Of the class whose document this is.
+    const HandlerMember* handler;
   };
 
   const Type* type = nullptr;
@@ -57,7 +58,8 @@ struct ElementPlan {
 /// Makes objects from plans.
 class Instantiation {
 public:
-  /// `component` receives event attributes; may be null. `fromTemplate` tells that constants belong to a template.
+  /// `component` is the object of the document's class, whose handlers answer the events; may be null. `fromTemplate`
+  /// tells that constants belong to a template.
   Instantiation(FrameworkElement* component, FrameworkElement* templatedParent, bool fromTemplate)
       : component(component), templatedParent(templatedParent), fromTemplate(fromTemplate) {}
 

@@ -48,6 +48,11 @@ void GUI::SetDocumentProvider(DocumentProvider provider) { documentProvider = pr
 bool GUI::LoadComponent(FrameworkElement& component, std::string_view documentName) {
   const ElementPlan* plan = Find(documentName);
   if (!plan) return false;
+  if (!component.GetType().IsA(*plan->type)) {
+    ReportError(__FILE__, __LINE__,
+                "'" + std::string(documentName) + "' is no document of " + component.GetType().Name(), false);
+    return false;
+  }
   Instantiation(&component, nullptr, false).Apply(*plan, component);
   return true;
 }
@@ -63,7 +68,5 @@ const Type* GUI::ClassOf(std::string_view documentName) {
   const ElementPlan* plan = Find(documentName);
   return plan ? plan->type : nullptr;
 }
-
-Ptr<ResourceDictionary> GUI::LoadResources(std::string_view documentName) { return LoadDictionary(documentName); }
 
 } // namespace Toolkit

@@ -7,7 +7,6 @@
 namespace Toolkit {
 
 class FrameworkElement;
-class ResourceDictionary;
 
 /// Documents by name.
 class GUI {
@@ -18,17 +17,14 @@ public:
   static void SetDocumentProvider(DocumentProvider provider);
 
   /// Builds `component`'s tree from the document: the root element's attributes and children apply to the object
-  /// itself, and each event attribute is handed to `component.ConnectEvent`. Each document is compiled once.
-  /// Returns false, with a diagnostic, if the document is missing or broken.
+  /// itself, and the handlers that its class describes answer the events. Each document is compiled once.
+  /// Returns false, with a diagnostic, if the document is missing, broken or that of another class.
   static bool LoadComponent(FrameworkElement& component, std::string_view documentName);
 
   /// Makes the object that a document describes; null, with a diagnostic, if that fails.
   static Ptr<Object> Load(std::string_view documentName);
   /// The class that a document's root names by x:Class; null, with a diagnostic, if there is none.
   static const Type* ClassOf(std::string_view documentName);
-
-  /// Makes the resources of a document whose root is a resource dictionary; null, with a diagnostic, if that fails.
-  static Ptr<ResourceDictionary> LoadResources(std::string_view documentName);
 };
 
 } // namespace Toolkit

@@ -28,7 +28,7 @@ Ptr<FrameworkElement> FrameworkTemplate::Instantiate(FrameworkElement* templated
   if (!plan) return nullptr;
   Instantiation instantiation(ComponentFor(componentType, templatedParent), templatedParent, true);
   Ptr<Object> made = instantiation.Create(*plan, join);
-  return Ptr<FrameworkElement>(DynamicCast<FrameworkElement>(made.Get()));
+  return Ptr<FrameworkElement>(DynamicCast<FrameworkElement>(made));
 }
 
 } // namespace Toolkit

@@ -27,7 +27,6 @@ public:
   SolidColorBrush() = default;
   explicit SolidColorBrush(const Toolkit::Color& color);
   Toolkit::Color GetColor() const { return Get<Toolkit::Color>(ColorProperty); }
-  void SetColor(const Toolkit::Color& color) { SetValue(ColorProperty, color); }
   Ptr<Brush> Clone() const override;
 };
 

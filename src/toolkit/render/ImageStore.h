@@ -22,7 +22,6 @@ public:
   /// The PNG file at a full path. Null, with one log line at the first time, if it is missing or broken.
   std::shared_ptr<const Bitmap> Load(const std::string& path);
   /// Forgets all pictures; those in use stay alive with their users.
-  void Clear() { bitmaps.clear(); }
 
 private:
   std::unordered_map<std::string, std::shared_ptr<const Bitmap>> bitmaps;

@@ -44,7 +44,7 @@ Rect PathGeometry::Bounds() const {
   for (const Ptr<PathFigure>& figure : figures) {
     include(figure->GetStartPoint());
     for (const Ptr<PathSegment>& segment : figure->Segments()) {
-      if (const auto* curve = DynamicCast<BezierSegment>(segment.Get())) {
+      if (const auto* curve = DynamicCast<BezierSegment>(segment)) {
         include(curve->GetPoint1());
         include(curve->GetPoint2());
       }

@@ -26,7 +26,7 @@ PathOutline PathOutline::FromGeometry(const PathGeometry& geometry) {
   for (const Ptr<PathFigure>& figure : geometry.Figures()) {
     outline.MoveTo(figure->GetStartPoint());
     for (const Ptr<PathSegment>& segment : figure->Segments()) {
-      if (const auto* curve = DynamicCast<BezierSegment>(segment.Get()))
+      if (const auto* curve = DynamicCast<BezierSegment>(segment))
         outline.CurveTo(curve->GetPoint1(), curve->GetPoint2(), curve->GetPoint3());
       else
         outline.LineTo(segment->EndPoint());

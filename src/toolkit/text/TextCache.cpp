@@ -96,9 +96,4 @@ std::shared_ptr<const TextLayout> TextCache::Layout(std::string_view text, const
                      LayoutTableLimit);
 }
 
-void TextCache::Clear() {
-  sizes = {};
-  layouts = {};
-}
-
 } // namespace Toolkit

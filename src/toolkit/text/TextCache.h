@@ -28,7 +28,6 @@ public:
                                            const TextLayoutOptions& options = {});
 
   /// For when the fonts have changed.
-  void Clear();
 
   struct Statistics {
     size_t hits = 0;

@@ -29,7 +29,7 @@ private:
 /// As documents and derived classes know it: a behaviour for elements of class `T`.
 template <class T> class BehaviorT : public Behavior {
 protected:
-  T* GetAssociatedObject() const { return DynamicCast<T>(static_cast<Object*>(AssociatedElement())); }
+  T* GetAssociatedObject() const { return DynamicCast<T>(AssociatedElement()); }
 };
 
 } // namespace Toolkit

@@ -6,7 +6,6 @@
 #include "toolkit/visual/Behavior.h"
 #include "toolkit/visual/LayoutQueue.h"
 #include "toolkit/visual/NameScope.h"
-#include "toolkit/visual/ResourceDictionary.h"
 #include "toolkit/visual/Style.h"
 
 #include <algorithm>
@@ -30,7 +29,6 @@ const RoutedEvent FrameworkElement::UnloadedEvent("Unloaded", RoutingStrategy::D
 /// What few elements have.
 struct FrameworkElement::Extras {
   std::unique_ptr<NameScope> nameScope;
-  Ptr<ResourceDictionary> resources;
   std::vector<Ptr<Behavior>> behaviors;
   std::vector<Ptr<ConditionProbe>> probes;
   std::vector<std::unique_ptr<RunningAnimation>> animations;
@@ -79,7 +77,6 @@ FrameworkElement::~FrameworkElement() {
   if (auto* menu = DynamicCast<FrameworkElement>(GetValue(ContextMenuProperty).AsObject());
       menu && menu->LogicalParent() == this)
     menu->SetLogicalParent(nullptr);
-  if (wantsAttachment) LayoutQueue::Current().Remove(*this);
   if (extras) {
     for (const Ptr<Behavior>& behavior : extras->behaviors) behavior->Detach();
     watchesTriggers = false;
@@ -106,12 +103,10 @@ void FrameworkElement::SetDataContext(Object* value) {
   }
 }
 
-void FrameworkElement::SetStyle(Toolkit::Style* style) { SetValue(StyleProperty, style); }
-
 Object* FrameworkElement::FindNamed(std::string_view name) const {
   const Symbol symbol(name);
   for (const UIElement* e = this; e; e = e->UIParent()) {
-    const auto* element = DynamicCast<FrameworkElement>(static_cast<const Object*>(e));
+    const auto* element = DynamicCast<FrameworkElement>(e);
     if (!element || !element->extras || !element->extras->nameScope) continue;
     return element->extras->nameScope->Find(symbol);
   }
@@ -132,36 +127,10 @@ void FrameworkElement::SetLogicalParent(UIElement* parent) {
   if (!VisualParent()) RefreshInheritance(0);
 }
 
-ResourceDictionary& FrameworkElement::Resources() {
-  Extras& own = GetExtras();
-  if (!own.resources) own.resources = MakePtr<ResourceDictionary>();
-  return *own.resources;
-}
-
-void FrameworkElement::SetResources(Ptr<ResourceDictionary> resources) { GetExtras().resources = std::move(resources); }
-
-Object* FrameworkElement::FindResource(const Value& key) const {
-  for (const UIElement* e = this; e; e = e->UIParent()) {
-    const auto* element = DynamicCast<FrameworkElement>(static_cast<const Object*>(e));
-    if (!element || !element->extras || !element->extras->resources) continue;
-    if (const Value* found = element->extras->resources->Find(key)) return found->AsObject();
-  }
-  if (const ResourceDictionary* application = ResourceDictionary::Application())
-    if (const Value* found = application->Find(key)) return found->AsObject();
-  return nullptr;
-}
-
 void FrameworkElement::AddBehavior(Ptr<Behavior> behavior) {
   behavior->Attach(this);
   GetExtras().behaviors.push_back(std::move(behavior));
 }
-
-const std::vector<Ptr<Behavior>>& FrameworkElement::Behaviors() const {
-  static const std::vector<Ptr<Behavior>> none;
-  return extras ? extras->behaviors : none;
-}
-
-bool FrameworkElement::ConnectEvent(Object*, const char*, const char*) { return false; }
 
 void FrameworkElement::ApplyThemeStyle() {
   if (themeApplied) return;
@@ -291,7 +260,6 @@ void FrameworkElement::OnAttached() {
 }
 
 void FrameworkElement::OnDetached() {
-  LayoutQueue::Current().Remove(*this);
   EndAnimations();
   if (HasHandler(UnloadedEvent)) RaiseEvent(RoutedEventArgs(UnloadedEvent, this));
 }

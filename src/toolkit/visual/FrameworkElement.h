@@ -10,7 +10,6 @@ class Behavior;
 struct DoubleAnimation;
 class ConditionProbe;
 class NameScope;
-class ResourceDictionary;
 class Style;
 
 enum class HorizontalAlignment : uint8_t { Left, Center, Right, Stretch };
@@ -54,7 +53,6 @@ public:
   void SetDataContext(Object* value);
   std::string_view GetName() const { return GetString(NameProperty); }
   void SetName(std::string_view name) { SetValue(NameProperty, name); }
-  void SetStyle(Toolkit::Style* style);
 
   /// The element of that name in the nearest name scope at or above this element, or null.
   FrameworkElement* FindName(std::string_view name) const;
@@ -72,18 +70,7 @@ public:
   FrameworkElement* TemplatedParent() const { return templatedParent; }
   void SetTemplatedParent(FrameworkElement* parent) { templatedParent = parent; }
 
-  /// The element's own dictionary, made on first use.
-  ResourceDictionary& Resources();
-  void SetResources(Ptr<ResourceDictionary> resources);
-  /// Looks a resource up here, in the ancestors and in the application; null if it is nowhere.
-  Object* FindResource(const Value& key) const;
-
   void AddBehavior(Ptr<Behavior> behavior);
-  const std::vector<Ptr<Behavior>>& Behaviors() const;
-
-  /// Hands an event attribute of this element's document to it: `source` is the element that carries the attribute.
-  /// True if it was connected.
-  virtual bool ConnectEvent(Object* source, const char* eventName, const char* handlerName);
 
   /// Re-evaluates the style's triggers; called by their conditions.
   void UpdateTriggers();

@@ -3,6 +3,7 @@
 #include "toolkit/visual/LayoutQueue.h"
 
 #include <algorithm>
+#include <span>
 #include <vector>
 
 namespace Toolkit {
@@ -21,6 +22,20 @@ bool IsAround(const UIElement* outer, const UIElement* element) {
     if (element == outer) return true;
   return false;
 }
+
+/// What is raised by a release and by a press, for each button: those of the button itself go before those of any.
+constexpr const RoutedEvent* ButtonEvents[2][3][4] = {
+    {{&UIElement::PreviewMouseLeftButtonUpEvent, &UIElement::PreviewMouseUpEvent, &UIElement::MouseLeftButtonUpEvent,
+      &UIElement::MouseUpEvent},
+     {&UIElement::PreviewMouseUpEvent, &UIElement::MouseUpEvent},
+     {&UIElement::PreviewMouseRightButtonUpEvent, &UIElement::PreviewMouseUpEvent, &UIElement::MouseRightButtonUpEvent,
+      &UIElement::MouseUpEvent}},
+    {{&UIElement::PreviewMouseLeftButtonDownEvent, &UIElement::PreviewMouseDownEvent,
+      &UIElement::MouseLeftButtonDownEvent, &UIElement::MouseDownEvent},
+     {&UIElement::PreviewMouseDownEvent, &UIElement::MouseDownEvent},
+     {&UIElement::PreviewMouseRightButtonDownEvent, &UIElement::PreviewMouseDownEvent,
+      &UIElement::MouseRightButtonDownEvent, &UIElement::MouseDownEvent}},
+};
 
 void CollectFocusable(UIElement& element, std::vector<UIElement*>& found) {
   if (element.GetVisibility() != Visibility::Visible) return;
@@ -43,7 +58,14 @@ void InputState::FillMouse(MouseEventArgs& args) const {
 
 UIElement* InputState::Target(Point position) const {
   if (UIElement* element = captured.Get()) return element;
-  return root.HitTest(position);
+  return ElementAt(position);
+}
+
+void InputState::Capture(UIElement* element) {
+  const Ptr<UIElement> former(captured.Get());
+  if (former == element) return;
+  captured = WeakPtr<UIElement>(element);
+  if (former) former->RaiseEvent(RoutedEventArgs(UIElement::LostMouseCaptureEvent, former.Get()));
 }
 
 bool InputState::Route(const RoutedEvent& preview, const RoutedEvent& bubbling, RoutedEventArgs& args,
@@ -82,7 +104,7 @@ void InputState::SetHovered(UIElement* element) {
 }
 
 void InputState::UpdateHover() {
-  if (!captured) SetHovered(mousePosition.x < 0 && mousePosition.y < 0 ? nullptr : root.HitTest(mousePosition));
+  if (!captured) SetHovered(mousePosition.x < 0 && mousePosition.y < 0 ? nullptr : ElementAt(mousePosition));
 }
 
 bool InputState::MouseMove(Point position) {
@@ -96,56 +118,29 @@ bool InputState::MouseMove(Point position) {
 }
 
 bool InputState::MouseDown(MouseButton button, Point position, uint32_t clickCount) {
-  mousePosition = position;
-  buttons[static_cast<size_t>(button)] = MouseButtonState::Pressed;
-  UIElement* target = Target(position);
-  if (!target) return false;
-  Ptr<UIElement> alive(target);
-  MouseButtonEventArgs args(UIElement::PreviewMouseDownEvent);
-  FillMouse(args);
-  args.changedButton = button;
-  args.buttonState = MouseButtonState::Pressed;
-  args.clickCount = clickCount;
-  if (button != MouseButton::Middle) {
-    const bool left = button == MouseButton::Left;
-    args.source = target;
-    args.event = left ? &UIElement::PreviewMouseLeftButtonDownEvent : &UIElement::PreviewMouseRightButtonDownEvent;
-    target->RaiseEvent(args);
-    args.event = &UIElement::PreviewMouseDownEvent;
-    target->RaiseEvent(args);
-    args.event = left ? &UIElement::MouseLeftButtonDownEvent : &UIElement::MouseRightButtonDownEvent;
-    target->RaiseEvent(args);
-    args.event = &UIElement::MouseDownEvent;
-    target->RaiseEvent(args);
-    return args.handled;
-  }
-  return Route(UIElement::PreviewMouseDownEvent, UIElement::MouseDownEvent, args, *target);
+  return ChangeButton(button, MouseButtonState::Pressed, position, clickCount);
 }
 
 bool InputState::MouseUp(MouseButton button, Point position) {
+  return ChangeButton(button, MouseButtonState::Released, position, 1);
+}
+
+bool InputState::ChangeButton(MouseButton button, MouseButtonState state, Point position, uint32_t clickCount) {
   mousePosition = position;
-  buttons[static_cast<size_t>(button)] = MouseButtonState::Released;
-  UIElement* target = Target(position);
+  buttons[static_cast<size_t>(button)] = state;
+  const Ptr<UIElement> target(Target(position));
   if (!target) return false;
-  Ptr<UIElement> alive(target);
-  MouseButtonEventArgs args(UIElement::PreviewMouseUpEvent);
+  const std::span events = ButtonEvents[static_cast<size_t>(state)][static_cast<size_t>(button)];
+  MouseButtonEventArgs args(*events.front(), target.Get());
   FillMouse(args);
   args.changedButton = button;
-  args.buttonState = MouseButtonState::Released;
-  if (button != MouseButton::Middle) {
-    const bool left = button == MouseButton::Left;
-    args.source = target;
-    args.event = left ? &UIElement::PreviewMouseLeftButtonUpEvent : &UIElement::PreviewMouseRightButtonUpEvent;
-    target->RaiseEvent(args);
-    args.event = &UIElement::PreviewMouseUpEvent;
-    target->RaiseEvent(args);
-    args.event = left ? &UIElement::MouseLeftButtonUpEvent : &UIElement::MouseRightButtonUpEvent;
-    target->RaiseEvent(args);
-    args.event = &UIElement::MouseUpEvent;
-    target->RaiseEvent(args);
-    return args.handled;
+  args.buttonState = state;
+  args.clickCount = clickCount;
+  for (const RoutedEvent* event : events) {
+    args.event = event;
+    if (event) target->RaiseEvent(args);
   }
-  return Route(UIElement::PreviewMouseUpEvent, UIElement::MouseUpEvent, args, *target);
+  return args.handled;
 }
 
 bool InputState::MouseWheel(Point position, float notches) {
@@ -203,7 +198,7 @@ Rect InputState::CaretRectangle() const {
 void InputState::ReleaseAll() {
   keys.reset();
   for (MouseButtonState& state : buttons) state = MouseButtonState::Released;
-  captured.Reset();
+  Capture(nullptr);
 }
 
 bool InputState::SetFocus(UIElement* element, FocusCause cause) {
@@ -251,7 +246,7 @@ bool InputState::MoveFocus(bool forward) {
 }
 
 void InputState::ElementGone(UIElement& element) {
-  if (UIElement* e = captured.Get(); e && element.IsAncestorOf(e)) captured.Reset();
+  if (UIElement* e = captured.Get(); e && element.IsAncestorOf(e)) Capture(nullptr);
   if (UIElement* e = hovered.Get(); e && element.IsAncestorOf(e)) {
     for (UIElement* h = e; h; h = h->UIParent()) h->SetValue(UIElement::IsMouseOverProperty, false);
     hovered.Reset();
@@ -259,16 +254,16 @@ void InputState::ElementGone(UIElement& element) {
   if (UIElement* e = focused.Get(); e && element.IsAncestorOf(e)) SetFocus(nullptr);
 }
 
+void InputState::LeaveUnreachable() {
+  if (const UIElement* e = captured.Get(); e && !(e->IsVisible() && e->IsEnabled())) Capture(nullptr);
+  if (const UIElement* e = focused.Get(); e && !CanFocus(*e)) SetFocus(nullptr);
+}
+
 Point Mouse::GetPosition(const UIElement* relativeTo) {
   InputState* input = InputState::Current();
   if (!input) return {};
   const Point position = input->MousePosition();
   return relativeTo ? relativeTo->PointFromRoot(position) : position;
-}
-
-MouseButtonState Mouse::GetButtonState(MouseButton button) {
-  InputState* input = InputState::Current();
-  return input ? input->ButtonState(button) : MouseButtonState::Released;
 }
 
 bool Keyboard::IsKeyDown(Key key) {

@@ -37,8 +37,10 @@ public:
   UIElement* Focused() const { return focused.Get(); }
   UIElement* Hovered() const { return hovered.Get(); }
   UIElement* Captured() const { return captured.Get(); }
-  /// All mouse input goes to `element` until it is released with null.
-  void Capture(UIElement* element) { captured = WeakPtr<UIElement>(element); }
+  /// The topmost element at a point of the root's coordinates, whatever has the mouse; null if there is none.
+  UIElement* ElementAt(Point rootPoint) const { return root.HitTest(rootPoint); }
+  /// All mouse input goes to `element` until it is released with null. Who had it before is told that it is lost.
+  void Capture(UIElement* element);
   /// Null takes the focus away.
   bool SetFocus(UIElement* element) { return SetFocus(element, FocusCause::Other); }
   /// Moves the focus to the next element that can take it, in tab order; backwards if `forward` is false.
@@ -53,10 +55,14 @@ public:
   /// The element under the mouse may have changed: after layout.
   void UpdateHover();
   void ElementGone(UIElement& element);
+  /// Something was hidden, disabled or made unfit for the focus: takes the focus and the mouse from an element that
+  /// must not have them any more.
+  void LeaveUnreachable();
 
 private:
   enum class FocusCause : uint8_t { Keyboard, Other };
   bool SetFocus(UIElement* element, FocusCause cause);
+  bool ChangeButton(MouseButton button, MouseButtonState state, Point position, uint32_t clickCount);
   void FillMouse(MouseEventArgs& args) const;
   UIElement* Target(Point position) const;
   void SetHovered(UIElement* element);
@@ -74,7 +80,6 @@ class Mouse {
 public:
   /// The mouse in the coordinates of `relativeTo`, or of the root if that is null.
   static Point GetPosition(const UIElement* relativeTo);
-  static MouseButtonState GetButtonState(MouseButton button);
 };
 
 class Keyboard {

@@ -1,8 +1,10 @@
 #include "toolkit/visual/LayoutQueue.h"
 
 #include "toolkit/base/Diagnostics.h"
+#include "toolkit/visual/FrameworkElement.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Toolkit {
 
@@ -12,20 +14,52 @@ int DepthOf(const UIElement* element) {
   for (const UIElement* e = element->VisualParent(); e; e = e->VisualParent()) ++depth;
   return depth;
 }
+} // namespace
 
-// Outermost first, so that an element whose ancestor is due too is laid out once.
-std::vector<Ptr<UIElement>> TakeByDepth(std::vector<UIElement*>& queue) {
-  std::vector<std::pair<int, UIElement*>> sorted;
-  sorted.reserve(queue.size());
-  for (UIElement* element : queue) sorted.emplace_back(DepthOf(element), element);
-  queue.clear();
-  std::stable_sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+void LayoutQueue::Elements::Add(UIElement& element) {
+  if (!places.empty()) places[&element] = elements.size();
+  elements.push_back(&element);
+}
+
+size_t LayoutQueue::Elements::Find(const UIElement& element) {
+  // Elements mostly leave soon after they came; only one that is not among the last is worth a table of all.
+  constexpr size_t Near = 8;
+  for (size_t i = elements.size(), n = 0; i-- > 0 && n < Near; ++n)
+    if (elements[i] == &element) return i;
+  if (places.empty())
+    for (size_t i = 0; i < elements.size(); ++i)
+      if (elements[i]) places[elements[i]] = i;
+  const auto found = places.find(&element);
+  return found == places.end() ? elements.size() : found->second;
+}
+
+void LayoutQueue::Elements::Remove(const UIElement& element) {
+  const size_t at = Find(element);
+  // Of those that were taken, the bits hold until their turn comes.
+  if (at == elements.size()) return;
+  elements[at] = nullptr;
+  while (!elements.empty() && !elements.back()) elements.pop_back();
+}
+
+std::vector<Ptr<UIElement>> LayoutQueue::Elements::Take() {
   std::vector<Ptr<UIElement>> result;
-  result.reserve(sorted.size());
-  for (const auto& entry : sorted) result.emplace_back(entry.second);
+  result.reserve(elements.size());
+  for (UIElement* element : elements)
+    if (element) result.emplace_back(element);
+  elements.clear();
+  places.clear();
   return result;
 }
-} // namespace
+
+std::vector<Ptr<UIElement>> LayoutQueue::Elements::TakeByDepth() {
+  std::vector<std::pair<int, Ptr<UIElement>>> sorted;
+  std::vector<Ptr<UIElement>> result = Take();
+  sorted.reserve(result.size());
+  for (Ptr<UIElement>& element : result) sorted.emplace_back(DepthOf(element.Get()), std::move(element));
+  std::stable_sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (size_t i = 0; i < result.size(); ++i) result[i] = std::move(sorted[i].second);
+  return result;
+}
 
 LayoutQueue& LayoutQueue::Current() {
   static auto* queue = new LayoutQueue();
@@ -35,44 +69,45 @@ LayoutQueue& LayoutQueue::Current() {
 void LayoutQueue::AddMeasure(UIElement& element) {
   if (element.inMeasureQueue) return;
   element.inMeasureQueue = true;
-  measures.push_back(&element);
+  measures.Add(element);
   visualChanged = true;
 }
 
 void LayoutQueue::AddArrange(UIElement& element) {
   if (element.inArrangeQueue) return;
   element.inArrangeQueue = true;
-  arranges.push_back(&element);
+  arranges.Add(element);
   visualChanged = true;
 }
 
-void LayoutQueue::AddLoaded(FrameworkElement& element) { loaded.push_back(&element); }
-
-void LayoutQueue::Remove(UIElement& element) {
-  // Elements mostly leave soon after they came, so the search starts at the end.
-  auto drop = [&element](std::vector<UIElement*>& queue) {
-    for (size_t i = queue.size(); i-- > 0;) {
-      if (queue[i] == &element) {
-        queue.erase(queue.begin() + static_cast<std::ptrdiff_t>(i));
-        return;
-      }
-    }
-  };
-  if (element.inMeasureQueue) drop(measures);
-  if (element.inArrangeQueue) drop(arranges);
-  element.inMeasureQueue = element.inArrangeQueue = false;
+void LayoutQueue::AddNotice(UIElement& element) {
+  if (element.inNoticeQueue) return;
+  element.inNoticeQueue = true;
+  notices.Add(element);
 }
 
-void LayoutQueue::Remove(FrameworkElement& element) { std::erase(loaded, &element); }
+void LayoutQueue::AddLoaded(UIElement& element) {
+  if (element.inLoadedQueue) return;
+  element.inLoadedQueue = true;
+  loaded.Add(element);
+}
+
+void LayoutQueue::Remove(UIElement& element) {
+  if (element.inMeasureQueue) measures.Remove(element);
+  if (element.inArrangeQueue) arranges.Remove(element);
+  if (element.inNoticeQueue) notices.Remove(element);
+  if (element.inLoadedQueue) loaded.Remove(element);
+  element.inMeasureQueue = element.inArrangeQueue = element.inNoticeQueue = element.inLoadedQueue = false;
+}
 
 void LayoutQueue::Run() {
   if (running) return;
   running = true;
   // Layout that keeps invalidating itself is cut off rather than hanging the program.
-  for (int pass = 0; pass < 200 && !(measures.empty() && arranges.empty()); ++pass) {
+  for (int pass = 0; pass < 200 && !IsDone(); ++pass) {
     if (pass == 199) TOOLKIT_WARN("Layout", "layout does not settle; giving up for now");
-    if (!measures.empty()) {
-      for (const Ptr<UIElement>& element : TakeByDepth(measures)) {
+    if (!measures.IsEmpty()) {
+      for (const Ptr<UIElement>& element : measures.TakeByDepth()) {
         element->inMeasureQueue = false;
         if (!element->attached || !element->measureDirty) continue;
         element->Measure(element->neverMeasured ? Size{Infinity, Infinity} : element->previousAvailable);
@@ -81,7 +116,14 @@ void LayoutQueue::Run() {
       }
       continue;
     }
-    for (const Ptr<UIElement>& element : TakeByDepth(arranges)) {
+    if (arranges.IsEmpty()) {
+      if (notices.IsEmpty())
+        RunTasks();
+      else
+        TellOfChanges();
+      continue;
+    }
+    for (const Ptr<UIElement>& element : arranges.TakeByDepth()) {
       element->inArrangeQueue = false;
       if (!element->attached || !element->arrangeDirty) continue;
       if (element->visualParent) {
@@ -96,13 +138,37 @@ void LayoutQueue::Run() {
   running = false;
 }
 
+void LayoutQueue::Add(LayoutTask& task) {
+  if (task.isDue) return;
+  task.isDue = true;
+  tasks.push_back(&task);
+}
+
+void LayoutQueue::Remove(LayoutTask& task) {
+  if (task.isDue) std::erase(tasks, &task);
+  task.isDue = false;
+}
+
+void LayoutQueue::RunTasks() {
+  for (LayoutTask* task : std::exchange(tasks, {})) {
+    task->isDue = false;
+    task->AfterLayout();
+  }
+}
+
+void LayoutQueue::TellOfChanges() {
+  const std::vector<Ptr<UIElement>> changed = notices.Take();
+  // What one of them moves by itself counts anew for all, those included that are still to be told.
+  for (const Ptr<UIElement>& element : changed) element->inNoticeQueue = false;
+  for (const Ptr<UIElement>& element : changed)
+    if (element->attached) element->OnLayoutChanged();
+}
+
 void LayoutQueue::RaiseLoaded() {
   Run();
-  while (!loaded.empty()) {
-    std::vector<Ptr<FrameworkElement>> current;
-    for (FrameworkElement* element : loaded) current.emplace_back(element);
-    loaded.clear();
-    for (const Ptr<FrameworkElement>& element : current) {
+  while (!loaded.IsEmpty()) {
+    for (const Ptr<UIElement>& element : loaded.Take()) {
+      element->inLoadedQueue = false;
       if (!element->IsAttached()) continue;
       element->RaiseEvent(RoutedEventArgs(FrameworkElement::LoadedEvent, element.Get()));
     }

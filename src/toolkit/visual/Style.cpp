@@ -52,7 +52,7 @@ std::unordered_map<const Type*, Style*>& ThemeStyles() {
 
 void Theme::SetLookup(Lookup lookup) {
   themeLookup = lookup;
-  Reset();
+  ThemeStyles().clear();
 }
 
 Style* Theme::StyleFor(const Type& type) {
@@ -66,7 +66,5 @@ Style* Theme::StyleFor(const Type& type) {
   }
   return entry->second;
 }
-
-void Theme::Reset() { ThemeStyles().clear(); }
 
 } // namespace Toolkit

@@ -59,8 +59,6 @@ public:
   using Lookup = Style* (*)(const Type& type);
   static void SetLookup(Lookup lookup);
   static Style* StyleFor(const Type& type);
-  /// Forgets what was looked up: after the theme changed.
-  static void Reset();
 };
 
 /// Watches one bound condition of a trigger for one element.

@@ -40,6 +40,7 @@ const RoutedEvent UIElement::PreviewTextInputEvent("PreviewTextInput", RoutingSt
 const RoutedEvent UIElement::TextInputEvent("TextInput", RoutingStrategy::Bubble);
 const RoutedEvent UIElement::GotFocusEvent("GotFocus", RoutingStrategy::Bubble);
 const RoutedEvent UIElement::LostFocusEvent("LostFocus", RoutingStrategy::Bubble);
+const RoutedEvent UIElement::LostMouseCaptureEvent("LostMouseCapture", RoutingStrategy::Bubble);
 
 TOOLKIT_TYPE_IMPL(UIElement, DependencyObject, "UIElement")
 void UIElement::Describe(TypeBuilder<UIElement>& type) {
@@ -81,15 +82,14 @@ void UIElement::Describe(TypeBuilder<UIElement>& type) {
                                    &PreviewTextInputEvent,
                                    &TextInputEvent,
                                    &GotFocusEvent,
-                                   &LostFocusEvent})
+                                   &LostFocusEvent,
+                                   &LostMouseCaptureEvent})
     type.Event(event);
 }
 
 UIElement::UIElement() = default;
 
-UIElement::~UIElement() {
-  if (inMeasureQueue || inArrangeQueue) LayoutQueue::Current().Remove(*this);
-}
+UIElement::~UIElement() { LayoutQueue::Current().Remove(*this); }
 
 bool UIElement::IsEnabled() const {
   for (const UIElement* e = this; e; e = e->UIParent())
@@ -122,7 +122,7 @@ void UIElement::SetAttached(bool value) {
     if (arrangeDirty && !neverArranged) LayoutQueue::Current().AddArrange(*this);
     if (wantsAttachment) OnAttached();
   } else {
-    if (inMeasureQueue || inArrangeQueue) LayoutQueue::Current().Remove(*this);
+    LayoutQueue::Current().Remove(*this);
     if (wantsAttachment) OnDetached();
   }
   for (size_t i = 0, n = VisualChildCount(); i < n; ++i)
@@ -155,18 +155,28 @@ void UIElement::ReleaseVisualChild(UIElement* child, uint32_t ownReferences) {
     child->visualParent = nullptr;
 }
 
+namespace {
+/// True for a change that can keep the keyboard or the mouse from an element and from those below it.
+bool MayEndInput(const PropertyChange& change) {
+  if (&change.property == UIElement::VisibilityProperty) return change.newValue.As<Visibility>() != Visibility::Visible;
+  return (&change.property == UIElement::IsEnabledProperty || &change.property == UIElement::FocusableProperty) &&
+         !change.newValue.As<bool>();
+}
+} // namespace
+
 void UIElement::OnPropertyChanged(const PropertyChange& change) {
   DependencyObject::OnPropertyChanged(change);
   const uint32_t flags = change.property.flags;
   if (&change.property == VisibilityProperty) {
     if (change.oldValue.As<Visibility>() == Visibility::Collapsed ||
         change.newValue.As<Visibility>() == Visibility::Collapsed) {
-      measureDirty = false; // So that the invalidation below is seen by the queue even if it was pending.
       InvalidateMeasure();
       if (visualParent) visualParent->OnChildDesiredSizeChanged(this);
     }
     InvalidateVisual();
   }
+  if (MayEndInput(change))
+    if (InputState* input = InputState::Current()) input->LeaveUnreachable();
   if (flags & DependencyProperty::AffectsMeasure) InvalidateMeasure();
   if (flags & DependencyProperty::AffectsArrange) InvalidateArrange();
   if (flags & (DependencyProperty::AffectsRender | DependencyProperty::AffectsMeasure)) {
@@ -222,14 +232,18 @@ void UIElement::Arrange(const Rect& rect) {
   if (measureDirty) Measure(neverMeasured ? Size{rect.width, rect.height} : previousAvailable);
   if (!arrangeDirty && finalRect == rect) return;
   finalRect = rect;
-  neverArranged = false;
   arrangeDirty = false;
   const Size sizeBefore = renderSize;
   const Point placeBefore = offset;
+  const bool isFirst = neverArranged;
   ArrangeCore(rect);
+  // Only now, so that those below can tell that all of this is new.
+  neverArranged = false;
   if (!attached) return;
-  if (!(sizeBefore == renderSize)) InvalidateVisual();
-  if (!(placeBefore == offset)) InvalidatePlace();
+  const bool isResized = !(sizeBefore == renderSize), isMoved = !(placeBefore == offset);
+  if (isResized) InvalidateVisual();
+  if (isMoved) InvalidatePlace();
+  if (isFirst || isResized || isMoved) NoteLayoutChange(isFirst);
 }
 
 void UIElement::ArrangeCore(const Rect& rect) { SetRenderSize({rect.width, rect.height}, {rect.x, rect.y}); }
@@ -278,6 +292,21 @@ void UIElement::InvalidatePlace() {
   if (!visualParent) return;
   if (visualParent->tracksChildren) visualParent->OnChildDrawingChanged(*this);
   visualParent->InvalidateVisual();
+}
+
+void UIElement::NoteLayoutChange(bool isFirst) {
+  LayoutQueue& queue = LayoutQueue::Current();
+  // In a layout of new elements the outermost of them tells those above, for all.
+  if (isFirst && visualParent && visualParent->neverArranged) {
+    if (notesLayout) queue.AddNotice(*this);
+    return;
+  }
+  for (UIElement* e = this; e; e = e->visualParent) {
+    if (!e->notesLayout) continue;
+    // Those above one that is in the queue are in it as well.
+    if (e->inNoticeQueue) return;
+    queue.AddNotice(*e);
+  }
 }
 
 void UIElement::UpdateLayout() { LayoutQueue::Current().Run(); }
@@ -371,6 +400,22 @@ void UIElement::RaiseEvent(const RoutedEventArgs& args) {
 bool UIElement::Focus() {
   InputState* input = InputState::Current();
   return input && input->SetFocus(this);
+}
+
+bool UIElement::CaptureMouse() {
+  InputState* input = InputState::Current();
+  if (!input || !attached || !IsVisible() || !IsEnabled()) return false;
+  input->Capture(this);
+  return HasMouseCapture();
+}
+
+void UIElement::ReleaseMouseCapture() {
+  if (HasMouseCapture()) InputState::Current()->Capture(nullptr);
+}
+
+bool UIElement::HasMouseCapture() const {
+  const InputState* input = InputState::Current();
+  return input && input->Captured() == this;
 }
 
 void UIElement::BringIntoView(const Rect& area) {

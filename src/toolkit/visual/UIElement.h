@@ -45,6 +45,8 @@ public:
   static const RoutedEvent PreviewKeyDownEvent, KeyDownEvent, PreviewKeyUpEvent, KeyUpEvent;
   static const RoutedEvent PreviewTextInputEvent, TextInputEvent;
   static const RoutedEvent GotFocusEvent, LostFocusEvent;
+  /// Raised at the element that had the capture of the mouse, however that ended.
+  static const RoutedEvent LostMouseCaptureEvent;
 
   ~UIElement() override;
 
@@ -115,6 +117,12 @@ public:
   /// Gives this element the keyboard focus; false if it cannot take it.
   bool Focus();
   bool IsFocused() const { return Get<bool>(IsFocusedProperty); }
+  /// All mouse input goes to this element until it gives the mouse back, another takes it, or it can't be reached any
+  /// more. False if it can't be reached now.
+  bool CaptureMouse();
+  /// Does nothing if this element does not hold the mouse.
+  void ReleaseMouseCapture();
+  bool HasMouseCapture() const;
   /// Where Tab reaches the element: in rising order, those of equal order as the tree has them. Negative: not at all.
   virtual int32_t TabOrder() const { return INT32_MAX; }
   /// Where typed text would appear, in the element's own coordinates, for the window of an input method. Without an
@@ -162,12 +170,14 @@ protected:
   /// The element has come below a root, or has left it.
   virtual void OnAttached() {}
   virtual void OnDetached() {}
+  /// At the end of a layout, when nothing is due any more: this element or one below it has another place or size on
+  /// its parent than before. What this makes due is laid out in the same run, which tells again whom that moved.
+  virtual void OnLayoutChanged() {}
   void SetRenderSize(Size size, Point position);
   /// For classes whose `DrawnBounds` follows from what they hold: it has changed.
   void InvalidateBounds();
   bool HasHandler(const RoutedEvent& event) const;
   bool WasMeasured() const { return !neverMeasured; }
-  Size PreviousAvailable() const { return previousAvailable; }
 
 private:
   friend class LayoutQueue;
@@ -181,6 +191,8 @@ private:
   void SetAttached(bool value);
   /// The element's place in its parent changed, its own drawing did not.
   void InvalidatePlace();
+  /// Puts the elements at and above this one that want to know of a changed arrangement into the layout queue.
+  void NoteLayoutChange(bool isFirst);
 
   UIElement* visualParent = nullptr;
   std::unique_ptr<std::vector<HandlerEntry>> handlers;
@@ -196,6 +208,8 @@ private:
   bool measuring : 1 = false;
   bool inMeasureQueue : 1 = false;
   bool inArrangeQueue : 1 = false;
+  bool inNoticeQueue : 1 = false;
+  bool inLoadedQueue : 1 = false;
   bool attached : 1 = false;
   bool drawingStale : 1 = true;
 
@@ -204,6 +218,8 @@ protected:
   bool wantsAttachment : 1 = false;
   /// Set by a class that needs its `OnChildDrawingChanged` called.
   bool tracksChildren : 1 = false;
+  /// Set by a class that needs its `OnLayoutChanged` called.
+  bool notesLayout : 1 = false;
 };
 
 } // namespace Toolkit

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "graph/NodeBundle.h"
+#include "values/IActionCommand.h"
+
+namespace Tesselor {
+
+/// A paste. Made after its nodes were pasted, so it is pushed without being run.
+class BatchPasteNodeActionCommand : public IActionCommand {
+public:
+  /// The graph outlives the history. All nodes that came, with those below the tops.
+  BatchPasteNodeActionCommand(Graph& graph, std::vector<Toolkit::Ptr<BaseNode>> nodes)
+      : bundle(graph, std::move(nodes)) {}
+  void Do() override { bundle.PutBack(); }
+  void Undo() override { bundle.TakeOut(); }
+
+private:
+  NodeBundle bundle;
+};
+
+} // namespace Tesselor

@@ -1,0 +1,20 @@
+#include "commands/CreateConnectionActionCommand.h"
+
+#include "graph/Graph.h"
+
+namespace Tesselor {
+
+CreateConnectionActionCommand::CreateConnectionActionCommand(Graph& graph, NodePinData& a, NodePinData& b)
+    : graph(graph), connection(Toolkit::MakePtr<Connection>(a, b)) {
+  order.Note(*connection->GetOutputPin());
+  order.Note(*connection->GetInputPin());
+}
+
+void CreateConnectionActionCommand::Do() { graph.Attach(*connection); }
+
+void CreateConnectionActionCommand::Undo() {
+  graph.Detach(*connection);
+  order.Restore();
+}
+
+} // namespace Tesselor

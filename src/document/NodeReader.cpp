@@ -1,0 +1,145 @@
+#include "document/NodeReader.h"
+
+#include "document/DocumentPrint.h"
+#include "document/NodeEntry.h"
+#include "document/PinReader.h"
+#include "graph/Graph.h"
+#include "nodes/NodeKeys.h"
+#include "nodes/NodePosition.h"
+#include "platform/JsonFile.h"
+#include "platform/LogFile.h"
+#include "toolkit/application/MessageBox.h"
+#include "workspace/Workspace.h"
+
+#include <string_view>
+
+namespace Tesselor {
+
+namespace {
+
+/// Keys of the editor that no schema sees, whatever it lists.
+bool IsSkipped(std::string_view key) {
+  if (key == Keys::FormerFloatingNodes) return true;
+  return key.starts_with('$') && key != Keys::Key && key != Keys::Value;
+}
+
+/// The key of the schema behind a key of the file: of a pair of field and pin, the one that the value fits.
+std::string ResolveSchemaKey(const NodeBlueprint& blueprint, const char* key, const cJSON* value) {
+  std::string result = key;
+  const std::string asField = result + "$Ref";
+  const std::string asPin = result + "$Pin";
+  if (blueprint.schema.Contains(asField)) result = asField;
+  const bool fitsPin =
+      cJSON_IsObject(value) || (cJSON_IsArray(value) && (!value->child || cJSON_IsObject(value->child)));
+  if (fitsPin && blueprint.pinSchema.Contains(asPin)) result = asPin;
+  return result;
+}
+
+void ReadField(const ContentNode& node, const cJSON* json, const char* key, const std::string& fieldId) {
+  if (std::string_view(key) == Keys::Value) {
+    const auto found = node.contentFields.find(fieldId);
+    if (found == node.contentFields.end()) return;
+    BaseField& field = *found->second;
+    field.DeserializeValue(cJSON_GetObjectItem(json, Keys::Value));
+    // Most classes take values by key only; a map's scalar must reach them all the same.
+    if (!field.HasLoadedValue()) field.Deserialize(json, Keys::Value);
+    return;
+  }
+  if (BaseField* field = node.FindField(fieldId)) field->Deserialize(json, key);
+}
+
+} // namespace
+
+const NodeDictionary& NodeReader::Dictionary() const { return *workspace.nodeDictionary; }
+
+void NodeReader::Add(ContentNode& node) { graph.AddNode(node, 0, 0, newNodes == NewNodes::Selected); }
+
+ContentNode* NodeReader::FindNodeById(const std::string& uuid) const { return graph.FindNodeById(uuid); }
+
+void NodeReader::Connect(NodePinData& childPin, NodePinData& parentPin) {
+  graph.PendingConnections().push_back({childPin.owner, &childPin, parentPin.owner, &parentPin});
+}
+
+void NodeReader::ReadBody(ContentNode& node, const cJSON* json) {
+  LogNode(node, json);
+  const NodeEntry entry(json);
+  if (const auto title = JsonText(entry.title)) node.SetTitle(*title);
+  if (const auto comment = JsonText(entry.comment)) node.SetComment(*comment);
+  if (const auto name = JsonText(entry.name)) node.nodeName = *name;
+  ApplyPosition(node, entry.Place());
+  const cJSON* member = nullptr;
+  cJSON_ArrayForEach(member, json) if (member->string) ReadMember(node, json, member);
+}
+
+void NodeReader::ReadMember(ContentNode& node, const cJSON* json, const cJSON* member) {
+  const char* key = member->string;
+  if (IsSkipped(key)) return;
+  const NodeBlueprint& blueprint = node.Blueprint();
+  const std::string schemaKey = ResolveSchemaKey(blueprint, key, member);
+  const std::string* fieldId = blueprint.schema.Find(schemaKey);
+  const std::string line = "Deserializing field: '" + std::string(key) + "'.";
+  const bool isChildren = node.IsPassthrough() && std::string_view(key) == Keys::Children && cJSON_IsArray(member);
+  if (fieldId && !isChildren) {
+    LogFile::WriteBoth(line, "Found entry in schema: '" + *fieldId + "'.");
+    ReadField(node, json, key, *fieldId);
+    return;
+  }
+  LogFile::Write(line);
+  if (isChildren) {
+    ReadChildrenOfLink(node, member);
+    return;
+  }
+  if (const NodePinTarget* target = blueprint.pinSchema.Find(schemaKey))
+    if (ReadPinMember(node, json, member, *target)) return;
+  if (ReadAdditionalProperty(node, member) || ReadParameters(node, member)) return;
+  if (cJSON_IsObject(member))
+    ReadGeneric(node, member);
+  else
+    ReportUnknownField(node, key, member);
+}
+
+bool NodeReader::ReadPinMember(ContentNode& node, const cJSON* json, const cJSON* member, const NodePinTarget& target) {
+  NodePinData* pin = node.FindPin(target.pin);
+  // A schema that names a pin which isn't there: the key counts as unknown.
+  if (!pin) return false;
+  const NodeVariant* variant = Dictionary().FindVariant(target.node);
+  LogFile::Write((variant ? "Found entry in schema: 'Node Variant: " : "Found entry in schema: '") + target.node +
+                 "'.");
+  PinReader reader(*this, *pin, target.node, variant);
+  if (cJSON_IsArray(member) || pin->IsMap())
+    reader.ReadArray(member);
+  else if (cJSON_IsObject(member))
+    reader.ReadObject(member, json);
+  else if (!cJSON_IsNull(member))
+    LogUnknownField(node, member->string, member);
+  return true;
+}
+
+void NodeReader::LogNode(const ContentNode& node, const cJSON* json) const {
+  std::string text = "Deserializing node: '" + node.Blueprint().title + "'. \nJSON:\n";
+  AppendPrint(text, json);
+  LogFile::Write(text);
+}
+
+void NodeReader::ReportUnknownField(const ContentNode& node, const char* key, const cJSON* value) const {
+  Toolkit::MessageBox::Show(LogUnknownField(node, key, value), "Attention!", Toolkit::MessageBoxButton::OK,
+                            Toolkit::MessageBoxImage::Error);
+}
+
+std::string NodeReader::LogUnknownField(const ContentNode& node, const char* key, const cJSON* value) const {
+  std::string text = "Unknown field encountered when loading file. Field '" + std::string(key ? key : "") + ": ";
+  AppendPrint(text, value);
+  text += "' in node: '" + node.Blueprint().title +
+          "'. Saving will override this file and erase this field. Proceed with caution.";
+  LogFile::Write(text);
+  return text;
+}
+
+void NodeReader::AppendPrint(std::string& text, const cJSON* json) const {
+  if (print)
+    print->Append(text, json);
+  else
+    text += PrintJson(json);
+}
+
+} // namespace Tesselor

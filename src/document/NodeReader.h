@@ -1,0 +1,68 @@
+#pragma once
+
+#include "toolkit/base/Object.h"
+
+#include <string>
+
+struct cJSON;
+
+namespace Tesselor {
+
+class ContentNode;
+class DocumentPrint;
+class Graph;
+class NodeDictionary;
+class NodePinData;
+class Workspace;
+struct NodePinTarget;
+
+/// What becomes of the nodes that reading makes.
+enum class NewNodes { Unselected, Selected };
+
+/// Reads nodes and all below them from JSON objects: sets their fields, makes their children, and queues the
+/// connections, which are made once all nodes are there. One reader serves one load or one paste. How deep it goes is
+/// bounded by the parser.
+class NodeReader {
+public:
+  /// All outlive the reader; the workspace's schemas are loaded. `print` is that of the document that is read, from
+  /// which the log's texts are cut; without it they are printed one by one.
+  NodeReader(Graph& graph, const Workspace& workspace, NewNodes newNodes, const DocumentPrint* print = nullptr)
+      : graph(graph), workspace(workspace), newNodes(newNodes), print(print) {}
+
+  const Workspace& GetWorkspace() const { return workspace; }
+  const NodeDictionary& Dictionary() const;
+
+  /// Puts a new node into the middle of the panel.
+  void Add(ContentNode& node);
+  /// Null if the graph has none with that UUID.
+  ContentNode* FindNodeById(const std::string& uuid) const;
+  /// Queues a connection between two pins.
+  void Connect(NodePinData& childPin, NodePinData& parentPin);
+
+  /// What a node has of its own: title, comment, name and place, then each member in the order of the file.
+  void ReadBody(ContentNode& node, const cJSON* json);
+  void LogNode(const ContentNode& node, const cJSON* json) const;
+  /// Logs a value that no save would write again, and tells the user.
+  void ReportUnknownField(const ContentNode& node, const char* key, const cJSON* value) const;
+  /// Logs it only, and returns the text.
+  std::string LogUnknownField(const ContentNode& node, const char* key, const cJSON* value) const;
+
+private:
+  void ReadMember(ContentNode& node, const cJSON* json, const cJSON* member);
+  // These return false for what is not theirs.
+  bool ReadPinMember(ContentNode& node, const cJSON* json, const cJSON* member, const NodePinTarget& target);
+  bool ReadAdditionalProperty(ContentNode& node, const cJSON* member);
+  bool ReadParameters(ContentNode& node, const cJSON* member);
+
+  void ReadMadeUp(const cJSON* object, const NodePinTarget& target, NodePinData& pin);
+  void ReadGeneric(ContentNode& node, const cJSON* member);
+  void ReadChildrenOfLink(ContentNode& node, const cJSON* array);
+  void AppendPrint(std::string& text, const cJSON* json) const;
+
+  Graph& graph;
+  const Workspace& workspace;
+  NewNodes newNodes;
+  const DocumentPrint* print;
+};
+
+} // namespace Tesselor

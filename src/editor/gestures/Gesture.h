@@ -1,0 +1,22 @@
+#pragma once
+
+#include "toolkit/base/Geometry.h"
+
+namespace Tesselor {
+
+/// What the mouse does on the canvas between the press of a button, which makes the object, and its release. Exactly
+/// one of `End` and `Cancel` is called, once and last. Points are in panel coordinates.
+class Gesture {
+public:
+  virtual ~Gesture() = default;
+  virtual void Move(Toolkit::Point mouse) = 0;
+  /// The button was released.
+  virtual void End(Toolkit::Point mouse) = 0;
+  /// The user gave up, or the mouse was lost: everything is as it was before the press.
+  virtual void Cancel() = 0;
+
+protected:
+  Gesture() = default;
+};
+
+} // namespace Tesselor

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "nodes/ContentNode.h"
+
+#include <unordered_set>
+#include <vector>
+
+namespace Tesselor {
+
+/// What the connection lists of some pins hold, in their order, at one moment: an undone step gives them back as they
+/// were, since nodes at the same height may stand in either order and a list of parents has no order of its own. Keeps
+/// the nodes of the pins alive.
+class ChildOrder {
+public:
+  /// Notes the list of the pin as it is now, unless it is noted already.
+  void Note(NodePinData& pin);
+  /// Notes the lists of all output pins that the node hangs on.
+  void NoteParentsOf(const ContentNode& node);
+  bool IsEmpty() const { return lists.empty(); }
+  /// Brings each noted list back into its noted order and renumbers the children. What was not in the list then stays
+  /// behind the others; what is not in it any more is left out.
+  void Restore() const;
+
+private:
+  struct List {
+    Toolkit::Ptr<ContentNode> owner;
+    NodePinData* pin;
+    std::vector<NodePinData*> connections;
+  };
+  std::vector<List> lists;
+  std::unordered_set<const NodePinData*> noted;
+};
+
+} // namespace Tesselor

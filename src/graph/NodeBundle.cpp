@@ -1,0 +1,70 @@
+#include "graph/NodeBundle.h"
+
+#include "graph/Graph.h"
+#include "graph/StructureChange.h"
+#include "nodes/FrameNode.h"
+
+#include <unordered_set>
+
+namespace Tesselor {
+
+using Toolkit::DynamicCast;
+using Toolkit::Ptr;
+
+namespace {
+
+ChildOrder OrderAround(const std::vector<Ptr<Connection>>& connections) {
+  ChildOrder order;
+  for (const Ptr<Connection>& connection : connections) {
+    order.Note(*connection->GetOutputPin());
+    order.Note(*connection->GetInputPin());
+  }
+  return order;
+}
+
+} // namespace
+
+void NodeBundle::TakeOut() {
+  places.clear();
+  connections.clear();
+  std::unordered_set<const Connection*> seen;
+  for (const Ptr<BaseNode>& node : nodes) {
+    const Toolkit::Rect bounds = node->Bounds();
+    places.push_back({bounds.x, bounds.y});
+    if (const auto* content = DynamicCast<ContentNode>(node.Get()))
+      for (const Ptr<Connection>& connection : graph.Connections().ConnectionsOf(*content))
+        if (seen.insert(connection.Get()).second) connections.push_back(connection);
+  }
+  order = OrderAround(connections);
+  const StructureChange change(graph);
+  for (const Ptr<Connection>& connection : connections) graph.Detach(*connection);
+  for (const Ptr<BaseNode>& node : nodes) graph.Remove(*node);
+}
+
+void NodeBundle::PutBack() {
+  {
+    const StructureChange change(graph);
+    for (size_t i = 0; i < nodes.size(); ++i) {
+      graph.Add(*nodes[i], places[i]);
+      if (auto* frame = DynamicCast<FrameNode>(nodes[i].Get())) frame->RefreshZIndex();
+    }
+    for (const Ptr<Connection>& connection : connections) graph.Attach(*connection);
+  }
+  order.Restore();
+}
+
+void ConnectionBundle::TakeOut() {
+  order = OrderAround(connections);
+  const StructureChange change(graph);
+  for (const Ptr<Connection>& connection : connections) graph.Detach(*connection);
+}
+
+void ConnectionBundle::PutBack() {
+  {
+    const StructureChange change(graph);
+    for (const Ptr<Connection>& connection : connections) graph.Attach(*connection);
+  }
+  order.Restore();
+}
+
+} // namespace Tesselor

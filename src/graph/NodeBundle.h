@@ -1,0 +1,50 @@
+#pragma once
+
+#include "graph/ChildOrder.h"
+#include "graph/Connection.h"
+#include "toolkit/base/Geometry.h"
+
+#include <vector>
+
+namespace Tesselor {
+
+class Graph;
+
+/// Some nodes that leave the graph and come back together, with all connections that they have then. What comes back
+/// stands where it stood, in its place in every list. Keeps the nodes and connections alive meanwhile.
+class NodeBundle {
+public:
+  /// The graph outlives the bundle. Each node once.
+  NodeBundle(Graph& graph, std::vector<Toolkit::Ptr<BaseNode>> nodes) : graph(graph), nodes(std::move(nodes)) {}
+  /// For a node that is not in the graph yet and will stand at `place`.
+  NodeBundle(Graph& graph, BaseNode& node, Toolkit::Point place)
+      : graph(graph), nodes{Toolkit::Ptr<BaseNode>(&node)}, places{place} {}
+
+  void TakeOut();
+  void PutBack();
+
+private:
+  Graph& graph;
+  std::vector<Toolkit::Ptr<BaseNode>> nodes;
+  // Of the last time that the nodes were taken out.
+  std::vector<Toolkit::Point> places;
+  std::vector<Toolkit::Ptr<Connection>> connections;
+  ChildOrder order;
+};
+
+/// Takes connections out of the graph and puts them back, with the order of the lists that they stood in.
+class ConnectionBundle {
+public:
+  /// The graph outlives the bundle. Each connection once.
+  ConnectionBundle(Graph& graph, std::vector<Toolkit::Ptr<Connection>> connections)
+      : graph(graph), connections(std::move(connections)) {}
+  void TakeOut();
+  void PutBack();
+
+private:
+  Graph& graph;
+  std::vector<Toolkit::Ptr<Connection>> connections;
+  ChildOrder order;
+};
+
+} // namespace Tesselor

@@ -1,0 +1,74 @@
+#include "graph/Selection.h"
+
+#include "graph/Graph.h"
+#include "nodes/ContentNode.h"
+#include "nodes/GroupNode.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Tesselor {
+
+using Toolkit::Ptr;
+using Toolkit::Rect;
+
+namespace {
+
+/// Edges that touch don't count.
+bool LiesInside(const Rect& inner, const Rect& outer) {
+  return inner.y > outer.y && outer.Bottom() > inner.Bottom() && inner.x > outer.x && outer.Right() > inner.Right();
+}
+
+template <class Visit> void ForEachNodeInside(const GroupNode& group, const Graph& graph, Visit visit) {
+  const Rect frame = group.Bounds();
+  for (const Ptr<ContentNode>& node : graph.ContentNodes())
+    if (LiesInside(node->Bounds(), frame)) visit(*node);
+  for (const Ptr<GroupNode>& node : graph.GroupNodes())
+    if (LiesInside(node->Bounds(), frame)) visit(*node);
+}
+
+} // namespace
+
+void Selection::Add(BaseNode& node) {
+  if (!members.insert(&node).second) return;
+  nodes.emplace_back(&node);
+  node.SetSelected(true);
+}
+
+void Selection::Remove(BaseNode& node) {
+  if (members.erase(&node) == 0) return;
+  const auto found = std::find(nodes.begin(), nodes.end(), &node);
+  const Ptr<BaseNode> alive = *found;
+  nodes.erase(found);
+  node.SetSelected(false);
+}
+
+void Selection::Clear() {
+  groupContents.clear();
+  members.clear();
+  for (const Ptr<BaseNode>& node : std::exchange(nodes, {})) node->SetSelected(false);
+}
+
+void Selection::AddContentsOf(const GroupNode& group, const Graph& graph) {
+  ForEachNodeInside(group, graph, [this](BaseNode& node) { groupContents.emplace_back(&node); });
+}
+
+void Selection::RemoveContentsOf(const GroupNode& group, const Graph& graph) {
+  std::unordered_set<const BaseNode*> inside;
+  ForEachNodeInside(group, graph, [&inside](BaseNode& node) { inside.insert(&node); });
+  // What another selected group holds as well stays for that one.
+  std::erase_if(groupContents, [&inside](const Ptr<BaseNode>& node) { return inside.erase(node.Get()) > 0; });
+}
+
+void Selection::Forget(const std::unordered_set<const BaseNode*>& leaving) {
+  const auto leaves = [&leaving](const Ptr<BaseNode>& node) { return leaving.contains(node.Get()); };
+  for (const Ptr<BaseNode>& node : nodes) {
+    if (!leaves(node)) continue;
+    members.erase(node.Get());
+    node->SetSelected(false);
+  }
+  std::erase_if(nodes, leaves);
+  std::erase_if(groupContents, leaves);
+}
+
+} // namespace Tesselor

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "toolkit/base/Object.h"
+
+#include <unordered_set>
+#include <vector>
+
+namespace Tesselor {
+
+class BaseNode;
+class ContentNode;
+class Graph;
+class GroupNode;
+
+/// The selected nodes in order of selecting, and what moves along because it lies inside of selected groups. Keeps the
+/// nodes' own mark of being selected in step.
+class Selection {
+public:
+  using Nodes = std::vector<Toolkit::Ptr<BaseNode>>;
+
+  Selection() = default;
+  Selection(const Selection&) = delete;
+  Selection& operator=(const Selection&) = delete;
+
+  const Nodes& GetNodes() const { return nodes; }
+  bool IsEmpty() const { return nodes.empty(); }
+  bool Contains(const BaseNode& node) const { return members.contains(&node); }
+  /// Appends the node unless it is selected already.
+  void Add(BaseNode& node);
+  void Remove(BaseNode& node);
+  /// Deselects all nodes, and forgets what lies in groups.
+  void Clear();
+
+  /// Content nodes and groups. A node that lies inside of two selected groups stands here twice.
+  const Nodes& GroupContents() const { return groupContents; }
+  /// Adds what of `graph` lies strictly inside of the group now.
+  void AddContentsOf(const GroupNode& group, const Graph& graph);
+  /// Takes what lies strictly inside of the group now out again, each node once.
+  void RemoveContentsOf(const GroupNode& group, const Graph& graph);
+
+  /// For nodes that leave the graph: takes them out of the selection and of the contents of groups, in one pass.
+  void Forget(const std::unordered_set<const BaseNode*>& leaving);
+
+private:
+  Nodes nodes;
+  std::unordered_set<const BaseNode*> members;
+  Nodes groupContents;
+};
+
+} // namespace Tesselor
