@@ -1,8 +1,12 @@
-#include "toolkit/InputTestStage.h"
+#include "toolkit/MarkupTest.h"
+#include "toolkit/base/Diagnostics.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/ContentPresenter.h"
 #include "toolkit/controls/MenuItem.h"
+#include "toolkit/controls/StackPanel.h"
+#include "toolkit/controls/UserControl.h"
+#include "toolkit/markup/DocumentCompiler.h"
 #include "toolkit/markup/GUI.h"
 
 namespace Toolkit {
@@ -41,15 +45,14 @@ void LoudCounter::Describe(TypeBuilder<LoudCounter>& type) {
   type.Handler<&LoudCounter::OnLeave>("OnLeave", MouseLeaveEvent);
 }
 
-class EventHandlersTest : public InputStageTest {
+class EventHandlersTest : public StageTest {
 protected:
-  void SetUp() override {
-    InputStageTest::SetUp();
+  EventHandlersTest() {
     Counter::StaticType();
     LoudCounter::StaticType();
   }
   /// A counter of that class under a root that takes input, filled from a document of its class.
-  Counter* Show(const std::string& className, const std::string& content) {
+  Ptr<Counter> ShowCounter(const std::string& className, const std::string& content) {
     const std::string text = "<UserControl xmlns=\"p\" xmlns:x=\"x\" x:Class=\"" + className + "\" Height=\"40\">" +
                              content + "</UserControl>";
     texts.push_back(std::make_unique<std::string>(text));
@@ -57,18 +60,13 @@ protected:
                       return Ptr<ResourceDictionary>();
                     }).Compile());
     if (!plans.back()) return nullptr;
-    ShowColumn("", {200, 100});
-    Ptr<Object> made = Ptr<Object>::Adopt(plans.back()->type->Create());
-    auto* counter = DynamicCast<Counter>(made);
-    Instantiation(counter, nullptr, false).Apply(*plans.back(), *counter);
-    root->AddChild(counter);
-    LayoutQueue::Current().Run();
+    const Ptr<Object> made = Ptr<Object>::Adopt(plans.back()->type->Create());
+    Ptr<Counter> counter(DynamicCast<Counter>(made));
+    Instantiation(counter.Get(), nullptr, false).Apply(*plans.back(), *counter);
+    Show("<StackPanel x:Name=\"Root\"/>");
+    Find<StackPanel>("Root").AddChild(counter.Get());
+    Settle();
     return counter;
-  }
-  void Click(Point at) {
-    input->MouseMove(at);
-    input->MouseDown(MouseButton::Left, at, 1);
-    input->MouseUp(MouseButton::Left, at);
   }
 
 private:
@@ -77,7 +75,8 @@ private:
 };
 
 TEST_F(EventHandlersTest, AnswerTheEventsThatTheyAreDescribedFor) {
-  Counter* counter = Show("Tesselor.Counter", R"(<StackPanel PreviewMouseDown="OnPress" ButtonBase.Click="OnAny">
+  const Ptr<Counter> counter =
+      ShowCounter("Tesselor.Counter", R"(<StackPanel PreviewMouseDown="OnPress" ButtonBase.Click="OnAny">
     <Button Height="20"/><Border Height="20" Background="Red" MouseUp="OnAny"/></StackPanel>)");
   ASSERT_TRUE(counter);
   Click({10, 5});
@@ -88,16 +87,18 @@ TEST_F(EventHandlersTest, AnswerTheEventsThatTheyAreDescribedFor) {
 }
 
 TEST_F(EventHandlersTest, AreInheritedAndMayBeOverridden) {
-  Counter* counter = Show("Tesselor.LoudCounter", R"(<Border Background="Red" PreviewMouseDown="OnPress" MouseUp="OnAny"
+  const Ptr<Counter> counter =
+      ShowCounter("Tesselor.LoudCounter", R"(<Border Background="Red" PreviewMouseDown="OnPress" MouseUp="OnAny"
     MouseLeave="OnLeave"/>)");
   ASSERT_TRUE(counter);
   Click({10, 5});
-  input->MouseMove({10, 90});
+  MoveTo({10, 90});
   EXPECT_EQ(counter->heard, "loud press;MouseUp;left;");
 }
 
 TEST_F(EventHandlersTest, ReachFromATemplateToTheNearestObjectOfTheDocumentsClass) {
-  Counter* counter = Show("Tesselor.Counter", R"(<ContentControl Content="x"><ContentControl.ContentTemplate>
+  const Ptr<Counter> counter =
+      ShowCounter("Tesselor.Counter", R"(<ContentControl Content="x"><ContentControl.ContentTemplate>
     <DataTemplate><Button Height="20" Click="OnAny"/></DataTemplate></ContentControl.ContentTemplate></ContentControl>)");
   ASSERT_TRUE(counter);
   Click({10, 5});
@@ -119,7 +120,7 @@ TEST_F(EventHandlersTest, AreReportedOncePerDocumentIfNobodyDescribesThem) {
            Case{"\n<Border MouseLeave=\"OnLeave\"/>", "2: no handler 'OnLeave' for 'MouseLeave' of Border"},
        }) {
     warnings.Take();
-    Counter* counter = Show("Tesselor.Counter", c.content);
+    const Ptr<Counter> counter = ShowCounter("Tesselor.Counter", c.content);
     ASSERT_TRUE(counter);
     EXPECT_EQ(warnings.Take(), std::vector<std::string>{c.report})
         << "a click of a menu is another event than a button's";
@@ -128,7 +129,7 @@ TEST_F(EventHandlersTest, AreReportedOncePerDocumentIfNobodyDescribesThem) {
   }
   // A document without a class has nobody to answer.
   warnings.Take();
-  Make<StackPanel>("StackPanel", "><Button Click=\"OnAny\"/></StackPanel>");
+  Make("StackPanel", "><Button Click=\"OnAny\"/></StackPanel>");
   EXPECT_EQ(warnings.Take(), std::vector<std::string>{"1: no handler 'OnAny' for 'Click' of Button"});
   warnings.Take();
 }

@@ -1,37 +1,28 @@
-#include "toolkit/InputTestStage.h"
-#include "toolkit/controls/ButtonBase.h"
-#include "toolkit/controls/TextBox.h"
+#include "toolkit/MarkupTest.h"
+#include "toolkit/base/Dispatcher.h"
 
 #include <functional>
 
 namespace Toolkit {
 namespace {
 
-/// A box to type in, within a panel, under a root that takes raw input.
-class FocusTest : public InputStageTest {
+/// A box that has the focus by a click, within a panel, and another one.
+class FocusTest : public StageTest {
 protected:
-  void Show() {
-    ShowColumn("<StackPanel x:Name=\"Panel\"><TextBox x:Name=\"Box\" Height=\"20\"/></StackPanel>"
-               "<TextBox x:Name=\"Other\" Height=\"20\"/>",
-               {200, 100});
-    panel = root->FindName("Panel");
-    box = root->FindName<TextBox>("Box");
-  }
-  void ClickBox() {
-    const Point middle = box->TransformToAncestor(nullptr).Map({5, 5});
-    input->MouseDown(MouseButton::Left, middle, 1);
-    input->MouseUp(MouseButton::Left, middle);
+  FocusTest() { ShowBoxes(); }
+  void ShowBoxes() {
+    Show("<StackPanel><StackPanel x:Name=\"Panel\"><TextBox x:Name=\"Box\" Height=\"20\"/></StackPanel>"
+         "<TextBox x:Name=\"Other\" Height=\"20\"/></StackPanel>");
+    panel = &Find("Panel");
+    box = &Find<TextBox>("Box");
+    Click(box);
   }
   FrameworkElement* panel = nullptr;
   TextBox* box = nullptr;
 };
 
 TEST_F(FocusTest, IsGivenUpByWhatCanNotHaveItAnyMore) {
-  struct Case {
-    const char* what;
-    std::function<void()> change;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, std::function<void()>> cases[] = {
       {"collapsed", [this] { box->SetVisibility(Visibility::Collapsed); }},
       {"hidden", [this] { box->SetVisibility(Visibility::Hidden); }},
       {"within a collapsed panel", [this] { panel->SetVisibility(Visibility::Collapsed); }},
@@ -39,56 +30,47 @@ TEST_F(FocusTest, IsGivenUpByWhatCanNotHaveItAnyMore) {
       {"within a disabled panel", [this] { panel->SetValue(UIElement::IsEnabledProperty, false); }},
       {"not focusable", [this] { box->SetValue(UIElement::FocusableProperty, false); }},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    Show();
-    ClickBox();
-    input->TextInput("a");
+  for (const auto& [what, change] : cases) {
+    SCOPED_TRACE(what);
+    ShowBoxes();
+    Type("a");
     int losses = 0;
     bool isAttached = false;
-    box->AddHandler(UIElement::LostFocusEvent, RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) {
-                      ++losses;
-                      isAttached = box->IsAttached();
-                    }));
-    c.change();
+    Listen(*box, UIElement::LostFocusEvent, [&](auto&) {
+      ++losses;
+      isAttached = box->IsAttached();
+    });
+    change();
     EXPECT_EQ(losses, 1);
     EXPECT_TRUE(isAttached);
-    EXPECT_EQ(input->Focused(), nullptr);
+    EXPECT_EQ(Input().Focused(), nullptr);
     EXPECT_FALSE(box->IsFocused());
-    input->TextInput("b");
-    input->KeyDown(Key::Back);
+    Type("b");
+    Press(Key::Back);
     EXPECT_EQ(box->GetText(), "a");
-    LayoutQueue::Current().Run();
   }
 }
 
 TEST_F(FocusTest, StaysWhereNothingStandsAgainstIt) {
-  Show();
-  ClickBox();
-  root->FindName("Other")->SetVisibility(Visibility::Collapsed);
-  root->FindName("Other")->SetValue(UIElement::IsEnabledProperty, false);
+  Find("Other").SetVisibility(Visibility::Collapsed);
+  Find("Other").SetValue(UIElement::IsEnabledProperty, false);
   panel->SetVisibility(Visibility::Visible);
   panel->SetValue(UIElement::FocusableProperty, false);
   EXPECT_TRUE(box->IsFocused());
 }
 
 TEST_F(FocusTest, MovesOnIfAHandlerOfTheLossMovesIt) {
-  Show();
-  ClickBox();
-  UIElement* other = root->FindName("Other");
-  box->AddHandler(UIElement::LostFocusEvent,
-                  RoutedEventHandler::From([&](Object*, const RoutedEventArgs&) { other->Focus(); }));
+  UIElement* other = &Find("Other");
+  Listen(*box, UIElement::LostFocusEvent, [&](auto&) { other->Focus(); });
   box->SetVisibility(Visibility::Collapsed);
-  EXPECT_EQ(input->Focused(), other);
+  EXPECT_EQ(Input().Focused(), other);
 }
 
 TEST_F(FocusTest, EndsTheSessionOfATextBoxThatIsDisabled) {
-  Show();
-  ClickBox();
-  input->Composition("x", 1);
-  ASSERT_GT(input->CaretRectangle().height, 0);
+  Input().Composition("x", 1);
+  ASSERT_GT(Input().CaretRectangle().height, 0);
   box->SetValue(UIElement::IsEnabledProperty, false);
-  EXPECT_EQ(input->CaretRectangle().height, 0);
+  EXPECT_EQ(Input().CaretRectangle().height, 0);
   EXPECT_FALSE(Dispatcher::Current().HasWork()) << "the caret blinks on";
 }
 

@@ -1,8 +1,9 @@
-#include "toolkit/InputTestStage.h"
+#include "toolkit/MarkupTest.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBlock.h"
+#include "toolkit/visual/LayoutQueue.h"
 
 #include <functional>
 
@@ -25,11 +26,9 @@ protected:
 };
 
 /// Two noting panels on a canvas; in each a noting one that holds a block and one that holds nothing.
-class LayoutNoticeTest : public InputStageTest {
+class LayoutNoticeTest : public MarkupTest {
 protected:
-  void SetUp() override {
-    InputStageTest::SetUp();
-    canvas = MakePtr<Canvas>();
+  LayoutNoticeTest() {
     canvas->AttachAsRoot();
     for (int i = 0; i < 2; ++i) {
       outer[i] = MakePtr<NotingPanel>();
@@ -41,11 +40,7 @@ protected:
       canvas->AddChild(outer[i].Get());
     }
   }
-  void TearDown() override {
-    canvas->DetachAsRoot();
-    canvas.Reset();
-    InputStageTest::TearDown();
-  }
+  ~LayoutNoticeTest() override { canvas->DetachAsRoot(); }
   /// How often outer 0, inner 0, outer 1 and inner 1 were told in one run.
   std::string Run() {
     LayoutQueue::Current().Run();
@@ -57,7 +52,7 @@ protected:
     }
     return told;
   }
-  Ptr<Canvas> canvas;
+  Ptr<Canvas> canvas = MakePtr<Canvas>();
   Ptr<NotingPanel> outer[2], inner[2];
   Ptr<TextBlock> block[2];
 };

@@ -1,13 +1,13 @@
-#include "toolkit/InputTestStage.h"
+#include "toolkit/MarkupTest.h"
 
 namespace Toolkit {
 namespace {
 
-class MouseButtonsTest : public InputStageTest {};
+class MouseButtonsTest : public StageTest {};
 
 TEST_F(MouseButtonsTest, RaiseTheirOwnEventsBeforeThoseOfAny) {
-  ShowColumn("<Border x:Name=\"B\" Height=\"20\" Background=\"Red\"/>", {200, 100});
-  FrameworkElement& element = *root->FindName("B");
+  Show("<Border x:Name=\"B\" Background=\"Red\"/>");
+  FrameworkElement& element = Find("B");
   std::string heard;
   for (const RoutedEvent* event :
        {&UIElement::PreviewMouseDownEvent, &UIElement::MouseDownEvent, &UIElement::PreviewMouseUpEvent,
@@ -43,11 +43,11 @@ TEST_F(MouseButtonsTest, RaiseTheirOwnEventsBeforeThoseOfAny) {
                 "2 released 1 up up up"},
        }) {
     heard.clear();
-    input->MouseDown(c.button, {5, 5}, 2);
+    Press({5, 5}, c.button, 2);
     EXPECT_EQ(heard, c.press);
     EXPECT_EQ(details, c.pressed);
     heard.clear();
-    input->MouseUp(c.button, {5, 5});
+    Release({5, 5}, c.button);
     EXPECT_EQ(heard, c.release);
     EXPECT_EQ(details, c.released);
   }
