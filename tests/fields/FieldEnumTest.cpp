@@ -18,32 +18,6 @@ std::string Offered(const FieldEnum& field) {
   return offered;
 }
 
-TEST_F(FieldEnums, FallBackToTheFirstOptionWithABox) {
-  const auto field = MakeField("Enum", R"({"Label":"Mood","Values":["A","B"],"Default":"b"})");
-  EXPECT_EQ(field->GetValueAsString(), "A");
-  EXPECT_FALSE(field->IsDefault());
-  Load(*field, R"({"K":"Stale"})");
-  EXPECT_TRUE(field->HasLoadedValue());
-  EXPECT_EQ(Saved(*field), R"({"K":"A"})");
-  EXPECT_EQ(boxes.Texts(),
-            (std::vector<std::string>{"Attention!: Default or imported value 'b' is not a valid enum option for field "
-                                      "'Mood'. Value 'A' will be used as a fallback option.",
-                                      "Attention!: Default or imported value 'Stale' is not a valid enum option for "
-                                      "field 'Mood'. Value 'A' will be used as a fallback option."}));
-  EXPECT_TRUE(log.lines.empty());
-}
-
-TEST_F(FieldEnums, ReportASchemaWithoutOptions) {
-  const auto field = MakeField("Enum", R"({"Label":"Mood","Values":[1]})");
-  EXPECT_TRUE(boxes.boxes.empty());
-  Load(*field, R"({"K":"A"})");
-  const std::string text = "ERROR: Enum field 'Mood' has no valid options defined. Cannot set value 'A'.\n\n"
-                           "This indicates the workspace schema is incomplete or incorrectly generated.";
-  EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Invalid Workspace Schema: " + text});
-  EXPECT_EQ(log.lines, std::vector<std::string>{text});
-  EXPECT_EQ(Saved(*field), "{}");
-}
-
 TEST_F(FieldEnums, SelectTheFirstOfEqualOptionsWithoutAStep) {
   const auto field = Make<FieldEnum>("Enum", R"({"Values":["A","B","A"],"Default":"B"})");
   FieldStage stage(*field);

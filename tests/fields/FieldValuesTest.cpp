@@ -37,7 +37,9 @@ const Matrix matrices[] = {
     {{"Enum", "EnumFilterable"},
      {R"({"Values":["A",5,"B"]})", R"({"Values":["A","B"],"Default":"B"})"},
      {"", R"({"K":"A"})", R"({"K":"B"})", R"({"K":1})"}},
-    {{"Enum"}, {R"({"Values":"A"})"}, {""}},
+    {{"Enum"},
+     {R"({"Label":"Mood","Values":["A","B"],"Default":"b"})", R"({"Label":"Mood","Values":[1]})", R"({"Values":"A"})"},
+     {"", R"({"K":"Stale"})"}},
     {{"List", "Dictionary"},
      {"", R"({"Type":"INT"})", R"({"Type":"float"})", R"({"Type":"uuid"})"},
      {"", R"({"K":[]})", R"({"K":{}})", R"({"K":[1,"a",true,"2",3.7,1.23456789]})",
@@ -75,13 +77,16 @@ TEST_F(FieldValues, AreReadShownAndWrittenByTheirKind) {
     const std::string saved = Saved(field);
     dump += name + ": '" + field.GetValueAsString() + "'" + (field.IsDefault() ? " default" : "") +
             (field.ShouldSerialize() ? ", writes " : ", left out: ") + saved + "\n";
+    for (const std::string& box : boxes.Texts()) dump += "  box " + box + "\n";
+    for (const std::string& line : log.lines) dump += "  log " + line + "\n";
+    boxes.boxes.clear();
+    log.lines.clear();
     // What was written reads back as the same.
     if (saved == "{}" || name.starts_with("Label")) return;
     Load(field, saved);
     EXPECT_TRUE(field.HasLoadedValue()) << name;
   });
   ExpectText("FieldValues", dump);
-  EXPECT_EQ(boxes.Texts(), std::vector<std::string>());
 }
 
 TEST_F(FieldValues, TakeTheCommonOptionsInAnyLetterCase) {

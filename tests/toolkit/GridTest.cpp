@@ -1,4 +1,5 @@
 #include "toolkit/controls/Grid.h"
+#include "Expected.h"
 #include "toolkit/MarkupTest.h"
 #include "toolkit/visual/LayoutQueue.h"
 
@@ -44,104 +45,59 @@ std::string Definitions(const std::string& kind, const std::string& length, cons
   return markup + "</Grid." + kind + "Definitions>";
 }
 
-class GridTest : public MarkupTest {};
-
-TEST_F(GridTest, MeasuresAndPlacesChildrenInItsTracks) {
-  Wanting::StaticType();
-  const struct {
-    const char* what;
-    const char* columns;
-    const char* rows;
-    Size available;
-    const char* children;
-    /// The wanted size of the grid; then of each child what it was offered and where it is.
-    const char* layout;
-  } cases[] = {
-      {"no tracks", "", "", {100, 50}, R"(<local:Wanting Size="30,20"/>)", "30x20; 100x50 -> 0,0 100x50; "},
-      {"lengths in pixels are offered and taken",
-       "40 10",
-       "25 5",
-       {100, 50},
-       R"(<local:Wanting Size="30,20"/><local:Wanting Size="30,20" Grid.Row="1" Grid.Column="1"/>)",
-       "50x30; 40x25 -> 0,0 40x25; 10x5 -> 40,25 10x5; "},
-      {"a single row is as high as the grid",
-       "Auto",
-       "",
-       {100, 50},
-       R"(<local:Wanting Size="30,20"/>)",
-       "30x20; infx50 -> 0,0 30x50; "},
-      {"stars share what content leaves",
-       "20 Auto * 3*",
-       "",
-       {100, 50},
-       R"(<local:Wanting Size="40,5" Grid.Column="2"/><local:Wanting Size="20,5" Grid.Column="1"/>)",
-       "200x5; 15x50 -> 40,0 15x50; infx50 -> 20,0 20x50; "},
-      {"content in a span of content and stars has no say",
-       "Auto *",
-       "",
-       {100, 50},
-       R"(<local:Wanting Size="40,5" Grid.ColumnSpan="2"/>)",
-       "40x5; 100x50 -> 0,0 100x50; "},
-      {"without a width stars are as wide as their content",
-       "Auto *",
-       "",
-       {Infinity, 50},
-       R"(<local:Wanting Size="40,5" Grid.Column="1"/>)",
-       "40x5; infx50 -> 0,0 40x50; "},
-      {"a span across a star wants of it what the rest lacks",
-       "20 * *",
-       "",
-       {100, 50},
-       R"(<local:Wanting Size="50,5" Grid.ColumnSpan="2"/>)",
-       "80x5; 60x50 -> 0,0 60x50; "},
-      {"a span widens the last track that can grow",
-       "Auto Auto 10",
-       "",
-       {100, 50},
-       R"(<local:Wanting Size="50,5" Grid.ColumnSpan="3"/><local:Wanting Size="5,5" Grid.Column="1"/>)",
-       "50x5; infx50 -> 0,0 50x50; infx50 -> 0,0 40x50; "},
-      {"limits hold",
-       "Auto<25 *<30 * Auto>12",
-       "",
-       {100, 50},
-       R"(<local:Wanting Size="40,5"/><local:Wanting Size="1,5" Grid.Column="2"/>)",
-       "39x5; infx50 -> 0,0 25x50; 33x50 -> 55,0 33x50; "},
-      {"rows of content, then of stars",
-       "",
-       "Auto * 2*",
-       {100, 70},
-       R"(<local:Wanting Size="5,10"/><local:Wanting Size="5,12" Grid.Row="1"/><local:Wanting Size="5,16" Grid.Row="2"/>)",
-       "5x46; 100xinf -> 0,0 100x10; 100x20 -> 0,10 100x20; 100x40 -> 0,30 100x40; "},
-      {"a star row too low widens the column",
-       "Auto *",
-       "* *",
-       {100, 100},
-       R"(<local:Wanting Size="30,60" Bar="10"/><local:Wanting Size="5,5" Grid.Column="1"/>)",
-       "45x120; 40x50 -> 0,0 40x50; 60x50 -> 40,0 60x50; "},
-      {"what lies beyond the tracks goes into the last",
-       "20 30",
-       "10 *",
-       {100, 50},
-       R"(<local:Wanting Size="5,5" Grid.Column="7" Grid.Row="9"/><local:Wanting Size="5,5" Grid.Column="1" Grid.ColumnSpan="5" Grid.Row="-1"/>)",
-       "50x15; 30x40 -> 20,10 30x40; 30x10 -> 20,0 30x10; "},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
-    auto grid = Make<Grid>("Grid", ">" + (*c.columns ? Definitions("Column", "Width", c.columns) : "") +
-                                       (*c.rows ? Definitions("Row", "Height", c.rows) : "") + c.children + "</Grid>");
-    ASSERT_TRUE(grid);
-    grid->Measure(c.available);
+class GridTest : public MarkupTest {
+protected:
+  /// "<what>: <wanted size>; " and of each child what it was offered and where it is. A child is given as its size,
+  /// which may be followed by further attributes.
+  std::string LaidOut(const std::string& what, Size available, const std::string& columns, const std::string& rows,
+                      const std::vector<std::string>& children) {
+    std::string markup = (columns.empty() ? "" : Definitions("Column", "Width", columns)) +
+                         (rows.empty() ? "" : Definitions("Row", "Height", rows));
+    for (const std::string& child : children) {
+      const size_t blank = std::min(child.find(' '), child.size());
+      markup += "<local:Wanting Size=\"" + child.substr(0, blank) + "\"" + child.substr(blank) + "/>";
+    }
+    const auto grid = Make<Grid>("Grid", ">" + markup + "</Grid>");
+    grid->Measure(available);
     const Size wanted = grid->DesiredSize();
-    grid->Arrange({0, 0, c.available.width == Infinity ? wanted.width : c.available.width, c.available.height});
+    grid->Arrange({0, 0, available.width == Infinity ? wanted.width : available.width, available.height});
     std::ostringstream layout;
-    layout << wanted.width << 'x' << wanted.height << "; ";
+    layout << what << ": " << wanted.width << 'x' << wanted.height << "; ";
     for (size_t i = 0; i < grid->ChildCount(); ++i) {
       const auto& child = static_cast<const Wanting&>(*grid->Child(i));
       layout << child.offered.width << 'x' << child.offered.height << " -> " << child.Offset().x << ','
              << child.Offset().y << ' ' << child.ActualWidth() << 'x' << child.ActualHeight() << "; ";
     }
-    EXPECT_EQ(layout.str(), c.layout);
+    return layout.str() + "\n";
   }
+};
+
+TEST_F(GridTest, MeasuresAndPlacesChildrenInItsTracks) {
+  Wanting::StaticType();
+  const Size wide{100, 50};
+  TestSupport::ExpectText(
+      "GridTracks",
+      LaidOut("no tracks", wide, "", "", {"30,20"}) +
+          LaidOut("lengths in pixels are offered and taken", wide, "40 10", "25 5",
+                  {"30,20", R"(30,20 Grid.Row="1" Grid.Column="1")"}) +
+          LaidOut("a single row is as high as the grid", wide, "Auto", "", {"30,20"}) +
+          LaidOut("stars share what content leaves", wide, "20 Auto * 3*", "",
+                  {R"(40,5 Grid.Column="2")", R"(20,5 Grid.Column="1")"}) +
+          LaidOut("content in a span of content and stars has no say", wide, "Auto *", "",
+                  {R"(40,5 Grid.ColumnSpan="2")"}) +
+          LaidOut("without a width stars are as wide as their content", {Infinity, 50}, "Auto *", "",
+                  {R"(40,5 Grid.Column="1")"}) +
+          LaidOut("a span across a star wants of it what the rest lacks", wide, "20 * *", "",
+                  {R"(50,5 Grid.ColumnSpan="2")"}) +
+          LaidOut("a span widens the last track that can grow", wide, "Auto Auto 10", "",
+                  {R"(50,5 Grid.ColumnSpan="3")", R"(5,5 Grid.Column="1")"}) +
+          LaidOut("limits hold", wide, "Auto<25 *<30 * Auto>12", "", {"40,5", R"(1,5 Grid.Column="2")"}) +
+          LaidOut("rows of content, then of stars", {100, 70}, "", "Auto * 2*",
+                  {"5,10", R"(5,12 Grid.Row="1")", R"(5,16 Grid.Row="2")"}) +
+          LaidOut("a star row too low widens the column", {100, 100}, "Auto *", "* *",
+                  {R"(30,60 Bar="10")", R"(5,5 Grid.Column="1")"}) +
+          LaidOut("what lies beyond the tracks goes into the last", wide, "20 30", "10 *",
+                  {R"(5,5 Grid.Column="7" Grid.Row="9")", R"(5,5 Grid.Column="1" Grid.ColumnSpan="5" Grid.Row="-1")"}));
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 #include "toolkit/MarkupTest.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/Canvas.h"
-#include "toolkit/controls/Grid.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBlock.h"
 #include "toolkit/visual/LayoutQueue.h"
@@ -29,16 +28,6 @@ TEST_F(LayoutTest, PlacesChildrenOfPanels) {
        R"(<DockPanel><Border x:Name="Left" Width="20"/><Border x:Name="Top" DockPanel.Dock="Top" Height="10"/>
        <Border x:Name="Right" DockPanel.Dock="Right" Width="15"/><Border x:Name="Rest"/></DockPanel>)"},
       {"Border", {50, 40}, R"(<Border BorderThickness="2" Padding="3 4"><Border/></Border>)"},
-      {"GridTracks", {140, 100}, R"(<Grid><Grid.ColumnDefinitions><ColumnDefinition Width="20"/>
-       <ColumnDefinition Width="Auto"/><ColumnDefinition Width="2*"/><ColumnDefinition Width="*"/>
-       </Grid.ColumnDefinitions><Grid.RowDefinitions><RowDefinition Height="Auto"/><RowDefinition Height="*"/>
-       </Grid.RowDefinitions><Border x:Name="A" Height="12"/><Border x:Name="B" Grid.Column="1" Width="30"/>
-       <Border x:Name="C" Grid.Column="2" Grid.Row="1"/><Border x:Name="D" Grid.Column="3"/>
-       <Border x:Name="E" Grid.Column="0" Grid.ColumnSpan="4" Grid.Row="1"/></Grid>)"},
-      // With no width given, stars want what their children want, in proportion.
-      {"GridOfFreeWidth", {1000, 10}, R"(<StackPanel Orientation="Horizontal"><Grid><Grid.ColumnDefinitions>
-       <ColumnDefinition Width="200"/><ColumnDefinition Width="*"/></Grid.ColumnDefinitions>
-       <Border Grid.Column="1" Width="75"/></Grid></StackPanel>)"},
   };
   for (const auto& c : cases) {
     Show(c.markup, c.size);
