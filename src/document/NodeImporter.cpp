@@ -6,20 +6,19 @@
 #include "nodes/NodeKeys.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
-#include "toolkit/application/MessageBox.h"
+#include "platform/MessageBoxes.h"
 #include "workspace/Workspace.h"
 
 #include <filesystem>
+#include <string_view>
+#include <utility>
 
 namespace Tesselor {
 
 namespace {
 
-/// Logs a failure and tells the user. An empty box text means that there is nothing for the user.
-bool Fail(const std::string& log, const std::string& box, const char* caption) {
-  LogFile::Write(log);
-  if (!box.empty())
-    Toolkit::MessageBox::Show(box, caption, Toolkit::MessageBoxButton::OK, Toolkit::MessageBoxImage::Error);
+bool Fail(std::string_view logLine, std::string text, const char* caption) {
+  ReportError(logLine, std::move(text), caption);
   return false;
 }
 
@@ -76,7 +75,10 @@ bool NodeImporterExporter::ImportNodeTree(const cJSON* jsonData, const std::shar
     return Fail("ImportNodeTree: jsonData is null", "Cannot import node tree: No data provided.", importing);
   if (!workspace)
     return Fail("ImportNodeTree: workspace is null", "Cannot import node tree: No workspace selected.", importing);
-  if (!target) return Fail("ImportNodeTree: mainView is null", "", importing);
+  if (!target) {
+    LogFile::Write("ImportNodeTree: mainView is null");
+    return false;
+  }
   if (!workspace->nodeDictionary)
     return Fail("ImportNodeTree: NodeDictionary is null - workspace may not be fully loaded",
                 "Cannot import node tree: Workspace schemas not loaded.", importing);

@@ -14,8 +14,8 @@
 #include "platform/FileDialogs.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
+#include "platform/MessageBoxes.h"
 #include "toolkit/application/Application.h"
-#include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/ComboBox.h"
 #include "values/ActionHistory.h"
@@ -29,21 +29,8 @@
 
 namespace Tesselor {
 
-using Toolkit::MessageBox;
-using Toolkit::MessageBoxButton;
-using Toolkit::MessageBoxImage;
 using Toolkit::Ptr;
 using Toolkit::Visibility;
-
-namespace {
-void ShowError(std::string text, std::string caption) {
-  MessageBox::Show(std::move(text), std::move(caption), MessageBoxButton::OK, MessageBoxImage::Error);
-}
-
-void ShowWarning(std::string text, std::string caption) {
-  MessageBox::Show(std::move(text), std::move(caption), MessageBoxButton::OK, MessageBoxImage::Warning);
-}
-} // namespace
 
 void MainView::ChangeRootType(const std::string& name) {
   CheckRootItem("");

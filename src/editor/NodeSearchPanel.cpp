@@ -1,7 +1,7 @@
 #include "editor/NodeSearchPanel.h"
 
-#include "editor/CaseInsensitiveText.h"
 #include "fields/EventAttribute.h"
+#include "platform/AsciiCase.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/markup/GUI.h"

@@ -1,9 +1,9 @@
 #include "fields/FieldFloat.h"
 
-#include "fields/FieldErrorBox.h"
 #include "fields/FieldOptions.h"
 #include "fields/NumberFilter.h"
 #include "fields/NumberText.h"
+#include "fields/WrittenNumber.h"
 #include "toolkit/controls/TextBox.h"
 
 #include <cjson/cJSON.h>
@@ -34,9 +34,7 @@ void FieldFloat::InitializeComponent() {
 }
 
 void FieldFloat::Serialize(cJSON* object, const std::string& key) {
-  const std::optional<double> number = ParseDouble(fieldTextData->GetValue());
-  if (!number) ShowDoubleError(fieldTextData->GetValue());
-  cJSON_AddNumberToObject(object, key.c_str(), number.value_or(0));
+  cJSON_AddNumberToObject(object, key.c_str(), WrittenDouble(fieldTextData->GetValue()));
 }
 
 void FieldFloat::Deserialize(const cJSON* object, const std::string& key) {

@@ -1,9 +1,9 @@
 #include "fields/FieldInt.h"
 
-#include "fields/FieldErrorBox.h"
 #include "fields/FieldOptions.h"
 #include "fields/NumberFilter.h"
 #include "fields/NumberText.h"
+#include "fields/WrittenNumber.h"
 #include "toolkit/controls/TextBox.h"
 
 #include <cjson/cJSON.h>
@@ -33,9 +33,7 @@ void FieldInt::InitializeComponent() {
 }
 
 void FieldInt::Serialize(cJSON* object, const std::string& key) {
-  const std::optional<int32_t> number = ParseInteger(fieldTextData->GetValue());
-  if (!number) ShowIntegerError(fieldTextData->GetValue());
-  cJSON_AddNumberToObject(object, key.c_str(), number.value_or(0));
+  cJSON_AddNumberToObject(object, key.c_str(), WrittenInteger(fieldTextData->GetValue()));
 }
 
 void FieldInt::Deserialize(const cJSON* object, const std::string& key) {
