@@ -9,7 +9,6 @@
 #include "platform/MessageBoxes.h"
 #include "workspace/Workspace.h"
 
-#include <filesystem>
 #include <string_view>
 #include <utility>
 
@@ -22,50 +21,11 @@ bool Fail(std::string_view logLine, std::string text, const char* caption) {
   return false;
 }
 
-bool Exists(const std::string& path) {
-  std::error_code error;
-  return std::filesystem::exists(path, error);
-}
-
 } // namespace
 
-std::string NodeImporterExporter::GetWorkspaceID(const std::string& path) {
-  if (!Exists(path)) {
-    LogFile::Write("GetWorkspaceID: File not found: " + path);
-    return {};
-  }
-  const auto text = ReadTextFile(path);
-  if (!text) {
-    LogFile::Write("GetWorkspaceID: Failed to open file: " + path);
-    return {};
-  }
-  const JsonParseResult file = ParseJson(*text);
-  if (!file) {
-    LogFile::Write("GetWorkspaceID: Invalid JSON in file: " + path);
-    return {};
-  }
-  const cJSON* metadata = cJSON_GetObjectItem(file.json.get(), Keys::Metadata);
-  const cJSON* place = metadata ? metadata : file.json.get();
-  return JsonText(cJSON_GetObjectItem(place, Keys::WorkspaceId)).value_or(std::string());
-}
-
-bool NodeImporterExporter::ImportNodeTree(const std::string& filePath, const std::shared_ptr<Workspace>& workspace,
-                                          ImportTarget* target) {
-  constexpr const char* opening = "Error Opening File";
-  if (!Exists(filePath)) return Fail("File not found: " + filePath, "File not found:\n" + filePath, opening);
-  const auto text = ReadTextFile(filePath);
-  if (!text)
-    return Fail("Failed to open file: " + filePath,
-                "Failed to open file:\n" + filePath +
-                    "\n\nThe file may be in use or you may not have permission to read it.",
-                opening);
-  const JsonParseResult file = ParseJson(*text);
-  if (!file) {
-    const std::string detail = file.detail.empty() ? "unknown error" : file.detail;
-    return Fail("Invalid JSON in file: " + filePath + " - " + detail,
-                "Invalid JSON in file:\n" + filePath + "\n\nError: " + detail, "Error Parsing File");
-  }
-  return ImportNodeTree(file.json.get(), workspace, target);
+std::string NodeImporterExporter::GetWorkspaceID(const cJSON* document) {
+  const cJSON* metadata = cJSON_GetObjectItem(document, Keys::Metadata);
+  return JsonText(cJSON_GetObjectItem(metadata ? metadata : document, Keys::WorkspaceId)).value_or(std::string());
 }
 
 bool NodeImporterExporter::ImportNodeTree(const cJSON* jsonData, const std::shared_ptr<Workspace>& workspace,

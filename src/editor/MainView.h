@@ -3,6 +3,7 @@
 #include "editor/PendingPin.h"
 #include "editor/WorkspaceItemData.h"
 #include "graph/Graph.h"
+#include "platform/JsonFile.h"
 #include "toolkit/application/Window.h"
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/controls/Border.h"
@@ -68,7 +69,7 @@ public:
 private:
   void BuildRootMenu();
   void CheckRootItem(std::string_view name);
-  void FinishLoad();
+  void FinishLoad(JsonPtr document);
   bool Export();
   /// What the save commands refuse without: a root with a workspace.
   bool HasWorkspace() const { return workspaces.currentRoot && workspaces.currentRoot->workspace; }
@@ -105,6 +106,8 @@ private:
   // The document.
   std::unique_ptr<Graph> graph;
   std::string filePath;
+  /// The file at `filePath` while the user chooses a workspace for it; else null.
+  JsonPtr waitingDocument;
 
   // The window.
   Toolkit::Ptr<Toolkit::ObservableCollection<WorkspaceItemData>> workspaceList;
