@@ -21,7 +21,6 @@ public:
   static inline const Toolkit::DependencyProperty* WidthProperty = nullptr;
 
   FieldDictionary();
-  Rows* GetDictionary() const { return rows.Get(); }
 
   /// Writes nothing without rows. Rows of the same key are all written.
   void Serialize(cJSON* object, const std::string& key) override;

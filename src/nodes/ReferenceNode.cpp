@@ -151,7 +151,6 @@ Toolkit::Ptr<BaseField> ReferenceNode::AddField(const char* name, const char* ty
   if (!field) return nullptr;
   field->SetOwnerNode(this);
   if (panel) panel->AddChild(field.Get());
-  referenceFields.push_back(field);
   return field;
 }
 
