@@ -6,6 +6,7 @@
 #include "nodes/NodeKeys.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
+#include "platform/MessageBoxes.h"
 #include "toolkit/application/MessageBox.h"
 #include "workspace/Workspace.h"
 
@@ -36,7 +37,7 @@ ChildType ChildType::OfObject(const ContentNode& parent, const cJSON* json, cons
   const std::string text =
       "No matching components node was found for asset type '" + *assetType + "'. A generic node will be created.";
   LogFile::Write(text);
-  Toolkit::MessageBox::Show(text, "Attention!");
+  Toolkit::MessageBox::Show(text, AttentionCaption);
   result.type = BuiltIn::Generic;
   return result;
 }

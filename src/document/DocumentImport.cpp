@@ -14,7 +14,7 @@
 #include "nodes/NodePosition.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
-#include "toolkit/application/MessageBox.h"
+#include "platform/MessageBoxes.h"
 #include "toolkit/controls/Canvas.h"
 #include "values/ActionHistory.h"
 #include "workspace/Workspace.h"
@@ -31,9 +31,7 @@ namespace {
 /// A node with more outputs than this shows only those that are used.
 constexpr size_t ManyOutputs = 10;
 
-void ShowImportError(const std::string& text) {
-  Toolkit::MessageBox::Show(text, "Error Importing", Toolkit::MessageBoxButton::OK, Toolkit::MessageBoxImage::Error);
-}
+constexpr char Caption[] = "Error Importing";
 
 float Number(const cJSON* object, const char* key, float otherwise) {
   const cJSON* item = cJSON_GetObjectItem(object, key);
@@ -87,8 +85,8 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
   if (!type) return false;
   const Toolkit::Ptr<ContentNode> root = workspace.nodeDictionary->CreateNode(*type, true);
   if (!root) {
-    LogFile::Write("ImportNodeTree: Failed to create root node");
-    ShowImportError("Cannot import node tree: Failed to create root node.");
+    ReportError("ImportNodeTree: Failed to create root node", "Cannot import node tree: Failed to create root node.",
+                Caption);
     return false;
   }
   view.SetRootNode(root.Get());
@@ -116,14 +114,14 @@ std::optional<std::string> DocumentImport::ResolveRootType(const std::string& ro
   if (!variant) return rootNodeType;
   const auto value = JsonText(cJSON_GetObjectItem(document, variant->VariantFieldName.c_str()));
   if (!value) {
-    LogFile::Write("ImportNodeTree: Missing or invalid variant redirect field: " + variant->VariantFieldName);
-    ShowImportError("Cannot import node tree: Missing variant field '" + variant->VariantFieldName + "' in file.");
+    ReportError("ImportNodeTree: Missing or invalid variant redirect field: " + variant->VariantFieldName,
+                "Cannot import node tree: Missing variant field '" + variant->VariantFieldName + "' in file.", Caption);
     return std::nullopt;
   }
   const std::string* found = variant->Variants.Find(*value);
   if (!found) {
-    LogFile::Write("ImportNodeTree: Unknown variant value: " + *value);
-    ShowImportError("Cannot import node tree: Unknown variant value '" + *value + "'.");
+    ReportError("ImportNodeTree: Unknown variant value: " + *value,
+                "Cannot import node tree: Unknown variant value '" + *value + "'.", Caption);
     return std::nullopt;
   }
   return *found;

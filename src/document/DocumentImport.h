@@ -2,7 +2,6 @@
 
 #include "document/LinkImport.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 

@@ -1,26 +1,28 @@
 #include "document/NodeEntry.h"
 
 #include "nodes/NodeKeys.h"
+#include "platform/AsciiCase.h"
 
 #include <cjson/cJSON.h>
-#include <strings.h>
+#include <string_view>
 #include <utility>
 
 namespace Tesselor {
 
 NodeEntry::NodeEntry(const cJSON* json) {
-  const std::pair<const char*, const cJSON**> known[] = {
+  const std::pair<std::string_view, const cJSON**> known[] = {
       {Keys::NodeId, &nodeId},     {Keys::Generic, &generic},
       {Keys::Link, &link},         {Keys::Title, &title},
       {Keys::Comment, &comment},   {Keys::Name, &name},
       {Keys::Position, &position}, {Keys::RootNodePosition, &rootPosition}};
   const cJSON* member = nullptr;
   cJSON_ArrayForEach(member, json) {
-    const char* key = member->string;
     // All keys but one begin with a dollar, and few of an asset's own do.
-    if (!key || (key[0] != '$' && key[0] != 'N' && key[0] != 'n')) continue;
+    const char first = member->string ? member->string[0] : 0;
+    if (first != '$' && first != 'N' && first != 'n') continue;
+    const std::string_view key = member->string;
     for (const auto& [name, item] : known)
-      if (!*item && strcasecmp(key, name) == 0) {
+      if (!*item && EqualsIgnoringCase(key, name)) {
         *item = member;
         break;
       }

@@ -7,7 +7,11 @@
 #include "nodes/GroupNode.h"
 #include "platform/AtomicFile.h"
 #include "platform/LogFile.h"
+#include "platform/MessageBoxes.h"
 #include "toolkit/application/MessageBox.h"
+
+#include <string_view>
+#include <utility>
 
 namespace Tesselor {
 
@@ -15,9 +19,8 @@ namespace {
 
 constexpr char Caption[] = "Export Error";
 
-bool Fail(const std::string& log, const std::string& box) {
-  LogFile::Write(log);
-  Toolkit::MessageBox::Show(box, Caption, Toolkit::MessageBoxButton::OK, Toolkit::MessageBoxImage::Error);
+bool Fail(std::string_view logLine, std::string text) {
+  ReportError(logLine, std::move(text), Caption);
   return false;
 }
 

@@ -20,12 +20,10 @@ class Workspace;
 /// user and the log here.
 class NodeImporterExporter {
 public:
-  /// The menu name of the root that a file names; empty if it names none or can't be read, which is logged only.
-  static std::string GetWorkspaceID(const std::string& path);
+  /// The menu name of the root that a document names; empty if it names none.
+  static std::string GetWorkspaceID(const cJSON* document);
 
   /// True if the document now stands in the graph; on false the caller empties it again.
-  static bool ImportNodeTree(const std::string& filePath, const std::shared_ptr<Workspace>& workspace,
-                             ImportTarget* target);
   static bool ImportNodeTree(const cJSON* jsonData, const std::shared_ptr<Workspace>& workspace, ImportTarget* target);
 
   /// True if the file was written; otherwise the old file is there unchanged. Gives UUIDs to nodes and links that

@@ -8,7 +8,7 @@
 #include "nodes/NodePosition.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
-#include "toolkit/application/MessageBox.h"
+#include "platform/MessageBoxes.h"
 #include "workspace/Workspace.h"
 
 #include <string_view>
@@ -122,8 +122,7 @@ void NodeReader::LogNode(const ContentNode& node, const cJSON* json) const {
 }
 
 void NodeReader::ReportUnknownField(const ContentNode& node, const char* key, const cJSON* value) const {
-  Toolkit::MessageBox::Show(LogUnknownField(node, key, value), "Attention!", Toolkit::MessageBoxButton::OK,
-                            Toolkit::MessageBoxImage::Error);
+  ShowError(LogUnknownField(node, key, value), AttentionCaption);
 }
 
 std::string NodeReader::LogUnknownField(const ContentNode& node, const char* key, const cJSON* value) const {

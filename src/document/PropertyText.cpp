@@ -2,8 +2,8 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <string_view>
+#include <utility>
 
 namespace Tesselor {
 

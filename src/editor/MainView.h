@@ -4,6 +4,7 @@
 #include "editor/WorkspaceItemData.h"
 #include "editor/gestures/CanvasGestures.h"
 #include "graph/Graph.h"
+#include "platform/JsonFile.h"
 #include "toolkit/application/Window.h"
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/controls/Border.h"
@@ -69,7 +70,7 @@ public:
 private:
   void BuildRootMenu();
   void CheckRootItem(std::string_view name);
-  void FinishLoad();
+  void FinishLoad(JsonPtr document);
   bool Export();
   /// What the save commands refuse without: a root with a workspace.
   bool HasWorkspace() const { return workspaces.currentRoot && workspaces.currentRoot->workspace; }
@@ -116,6 +117,8 @@ private:
   std::unique_ptr<Graph> graph;
   std::unique_ptr<CanvasGestures> gestures;
   std::string filePath;
+  /// The file at `filePath` while the user chooses a workspace for it; else null.
+  JsonPtr waitingDocument;
 
   // The window.
   Toolkit::Ptr<Toolkit::ObservableCollection<WorkspaceItemData>> workspaceList;

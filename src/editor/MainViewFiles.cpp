@@ -1,6 +1,7 @@
 #include "editor/MainView.h"
 
 #include "commands/BatchMoveActionCommand.h"
+#include "document/AssetFile.h"
 #include "document/ImportTarget.h"
 #include "document/NodeImporterExporter.h"
 #include "editor/NodeEditorCanvas.h"
@@ -12,10 +13,9 @@
 #include "nodes/GroupNode.h"
 #include "platform/CommandLineOptions.h"
 #include "platform/FileDialogs.h"
-#include "platform/JsonFile.h"
 #include "platform/LogFile.h"
+#include "platform/MessageBoxes.h"
 #include "toolkit/application/Application.h"
-#include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/ComboBox.h"
 #include "values/ActionHistory.h"
@@ -25,25 +25,12 @@
 #include "workspace/Workspace.h"
 
 #include <algorithm>
-#include <filesystem>
+#include <utility>
 
 namespace Tesselor {
 
-using Toolkit::MessageBox;
-using Toolkit::MessageBoxButton;
-using Toolkit::MessageBoxImage;
 using Toolkit::Ptr;
 using Toolkit::Visibility;
-
-namespace {
-void ShowError(std::string text, std::string caption) {
-  MessageBox::Show(std::move(text), std::move(caption), MessageBoxButton::OK, MessageBoxImage::Error);
-}
-
-void ShowWarning(std::string text, std::string caption) {
-  MessageBox::Show(std::move(text), std::move(caption), MessageBoxButton::OK, MessageBoxImage::Warning);
-}
-} // namespace
 
 void MainView::ChangeRootType(const std::string& name) {
   CheckRootItem("");
@@ -154,30 +141,21 @@ bool MainView::Export() {
 }
 
 void MainView::LoadFileAndWorkspace() {
-  auto refuse = [this](std::string text, const char* caption) {
-    ShowError(std::move(text), caption);
+  waitingDocument.reset();
+  auto refuse = [this](std::string text, std::string caption) {
+    ShowError(std::move(text), std::move(caption));
     filePath.clear();
   };
   if (filePath.empty()) {
     ShowError("No file path specified.", "Error");
     return;
   }
-  std::error_code error;
-  if (!std::filesystem::exists(filePath, error)) {
-    refuse("File not found:\n" + filePath, "Error Opening File");
+  AssetFile file = AssetFile::Read(filePath);
+  if (!file) {
+    refuse(std::move(file.error), std::move(file.caption));
     return;
   }
-  const std::optional<std::string> text = ReadTextFile(filePath);
-  if (!text) {
-    refuse("Failed to open file:\n" + filePath, "Error Opening File");
-    return;
-  }
-  if (JsonParseResult parsed = ParseJson(*text); !parsed) {
-    const std::string detail = parsed.detail.empty() ? "unknown error" : parsed.detail;
-    refuse("Invalid JSON in file:\n" + filePath + "\n\nError: " + detail, "Error Parsing File");
-    return;
-  }
-  std::string id = NodeImporterExporter::GetWorkspaceID(filePath);
+  std::string id = NodeImporterExporter::GetWorkspaceID(file.json.get());
   if (const std::string& override = CommandLineOptions::Instance().workspaceOverride; !override.empty()) {
     id = override;
     LogFile::Write("Using CLI workspace override: " + id);
@@ -188,7 +166,7 @@ void MainView::LoadFileAndWorkspace() {
       refuse("Failed to load workspace for: " + id, "Error Loading File");
       return;
     }
-    FinishLoad();
+    FinishLoad(std::move(file.json));
     return;
   }
   if (id.empty())
@@ -196,6 +174,7 @@ void MainView::LoadFileAndWorkspace() {
   else
     LogFile::Write("Unknown workspace ID '" + id + "' in file, showing workspace selection modal");
   ClearDocument();
+  waitingDocument = std::move(file.json);
   OfferRoots();
 }
 
@@ -228,12 +207,14 @@ void MainView::OnClickLoadWorkspace(Toolkit::Object*, const Toolkit::RoutedEvent
   }
   SetValue(LoadExternalAssetModalVisibilityProperty, Visibility::Collapsed);
   workspaceList->Clear();
-  FinishLoad();
+  // Nothing waits if another file, which needed no choice, was opened meanwhile: then that is loaded again.
+  FinishLoad(waitingDocument ? std::move(waitingDocument) : AssetFile::Read(filePath).json);
 }
 
 void MainView::OnClickCancelLoadWorkspace(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   SetValue(LoadExternalAssetModalVisibilityProperty, Visibility::Collapsed);
   filePath.clear();
+  waitingDocument.reset();
   workspaceList->Clear();
 }
 
@@ -243,9 +224,13 @@ ImportTarget MainView::MakeImportTarget() {
           }};
 }
 
-void MainView::FinishLoad() {
+void MainView::FinishLoad(JsonPtr document) {
   ImportTarget target = MakeImportTarget();
-  if (!NodeImporterExporter::ImportNodeTree(filePath, workspaces.currentRoot->workspace, &target)) {
+  const bool isImported =
+      NodeImporterExporter::ImportNodeTree(document.get(), workspaces.currentRoot->workspace, &target);
+  // It is as large as the file several times over.
+  document.reset();
+  if (!isImported) {
     filePath.clear();
     ClearDocument();
     return;

@@ -1,6 +1,6 @@
 #include "editor/NodeSearchPanel.h"
 
-#include "editor/CaseInsensitiveText.h"
+#include "platform/AsciiCase.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/markup/GUI.h"

@@ -1,8 +1,8 @@
 #include "editor/NodesMenu.h"
 
-#include "editor/CaseInsensitiveText.h"
 #include "editor/CreateNodeButton.h"
 #include "editor/NodeCategoryHeader.h"
+#include "platform/AsciiCase.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/HeaderedContentControl.h"

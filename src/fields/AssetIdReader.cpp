@@ -1,8 +1,7 @@
 #include "fields/AssetIdReader.h"
 
-#include "fields/FieldErrorBox.h"
 #include "platform/JsonFile.h"
-#include "platform/LogFile.h"
+#include "platform/MessageBoxes.h"
 
 namespace Tesselor {
 
@@ -16,9 +15,8 @@ std::optional<std::string> ReadAssetId(const std::string& path) {
   const JsonParseResult parsed = ParseJson(ReadTextFile(path).value_or(std::string()));
   const cJSON* id = parsed ? cJSON_GetObjectItem(parsed.json.get(), "Id") : nullptr;
   if (!id) {
-    std::string text = "The loaded asset '" + FileStem(path) + "' does not contain an 'Id' field.";
-    LogFile::Write(text);
-    ShowFieldError(std::move(text));
+    const std::string text = "The loaded asset '" + FileStem(path) + "' does not contain an 'Id' field.";
+    ReportError(text, text, AttentionCaption);
     return std::nullopt;
   }
   return JsonText(id);

@@ -1,9 +1,7 @@
 #include "fields/FieldEnum.h"
 
-#include "fields/FieldErrorBox.h"
 #include "fields/FieldOptions.h"
-#include "platform/LogFile.h"
-#include "toolkit/application/MessageBox.h"
+#include "platform/MessageBoxes.h"
 #include "toolkit/controls/ComboBox.h"
 
 #include <cjson/cJSON.h>
@@ -74,9 +72,7 @@ void FieldEnum::SetSelectedEnum(std::string_view value) {
     const std::string text = "ERROR: Enum field '" + std::string(GetLabel()) +
                              "' has no valid options defined. Cannot set value '" + std::string(value) + "'.\n\n" +
                              "This indicates the workspace schema is incomplete or incorrectly generated.";
-    LogFile::Write(text);
-    Toolkit::MessageBox::Show(text, "Invalid Workspace Schema", Toolkit::MessageBoxButton::OK,
-                              Toolkit::MessageBoxImage::Error);
+    ReportError(text, text, "Invalid Workspace Schema");
     return;
   }
   for (size_t i = 0; i < enumOptions->Count(); ++i) {
@@ -90,7 +86,7 @@ void FieldEnum::SetSelectedEnum(std::string_view value) {
                      std::string(GetLabel()) + "'. Value '" + enumOptions->Get(0)->GetValue().ToString() +
                      "' will be used as a fallback option.";
   comboBox->SetSelectedIndex(0);
-  ShowFieldError(std::move(text));
+  ShowError(std::move(text), AttentionCaption);
 }
 
 EnumItemData* FieldEnum::SelectedOption() const {

@@ -1,22 +1,9 @@
 #include "fields/FieldEnumFilterable.h"
 
+#include "platform/AsciiCase.h"
 #include "toolkit/controls/ComboBox.h"
 
-#include <algorithm>
-
 namespace Tesselor {
-
-namespace {
-
-/// Letters of ASCII only; other characters match as they stand.
-std::string UpperCase(std::string_view text) {
-  std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(),
-                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-  return upper;
-}
-
-} // namespace
 
 TOOLKIT_TYPE_IMPL(FieldEnumFilterable, FieldEnum, "Tesselor.FieldEnumFilterable")
 void FieldEnumFilterable::Describe(Toolkit::TypeBuilder<FieldEnumFilterable>& type) {
@@ -48,7 +35,7 @@ void FieldEnumFilterable::Filter(std::string_view searchText) {
     if (selected != enumOptions->Get(i)) enumOptions->RemoveAt(i);
   for (size_t i = 0; i < allOptions->Count(); ++i) {
     EnumItemData* option = allOptions->Get(i);
-    if (selected != option && UpperCase(option->GetValue()).find(wanted) != std::string::npos) enumOptions->Add(option);
+    if (selected != option && ContainsUpperCase(option->GetValue(), wanted)) enumOptions->Add(option);
   }
   if (selected) SetSelectedEnum(selected->GetValue());
   if (!wanted.empty()) comboBox->SetIsDropDownOpen(true);

@@ -1,82 +1,48 @@
 #include "fields/FieldInt.h"
 
-#include "fields/FieldErrorBox.h"
 #include "fields/FieldOptions.h"
 #include "fields/NumberFilter.h"
 #include "fields/NumberText.h"
-#include "toolkit/controls/TextBox.h"
+#include "fields/WrittenNumber.h"
 
 #include <cjson/cJSON.h>
+#include <cstdint>
+#include <limits>
 
 namespace Tesselor {
 
-using Toolkit::TextBox;
+namespace {
 
-TOOLKIT_TYPE_IMPL(FieldInt, BaseField, "Tesselor.FieldInt")
-void FieldInt::Describe(Toolkit::TypeBuilder<FieldInt>& type) {
-  WidthProperty = type.Property<int32_t>("Width", 75);
-  type.Member<&FieldInt::GetFieldTextData>("FieldTextData");
+const Toolkit::SharedString& InitialText() {
+  static const Toolkit::SharedString text("0");
+  return text;
 }
 
-FieldInt::FieldInt() {
-  static const Toolkit::SharedString initialText("0");
-  fieldTextData = Toolkit::MakePtr<FieldTextData>(initialText);
-  InitializeComponent();
-  inputText = Toolkit::Ptr<TextBox>(FindName<TextBox>("InputText"));
-  if (inputText)
-    inputText->AddHandler(TextBox::TextChangedEvent, Toolkit::RoutedEventHandler::From<&FieldInt::OnTextChanged>(this));
+using Limits = std::numeric_limits<int32_t>;
+
+} // namespace
+
+TOOLKIT_TYPE_IMPL(FieldInt, FieldNumber, "Tesselor.FieldInt")
+void FieldInt::Describe(Toolkit::TypeBuilder<FieldInt>&) {}
+
+FieldInt::FieldInt() : FieldNumber(InitialText(), {Limits::min(), Limits::max()}) { InitializeComponent(); }
+
+void FieldInt::InitializeComponent() { LoadNumberDocument("FieldInt.xaml"); }
+
+std::optional<double> FieldInt::ReadDefault(const FieldOptions& options) const {
+  return options.Integer(FieldOption::Default);
 }
 
-void FieldInt::InitializeComponent() {
-  BindToSelf();
-  LoadDocument("FieldInt.xaml");
-}
+double FieldInt::NumberOf(const cJSON& item) const { return item.valueint; }
 
-void FieldInt::Serialize(cJSON* object, const std::string& key) {
-  const std::optional<int32_t> number = ParseInteger(fieldTextData->GetValue());
-  if (!number) ShowIntegerError(fieldTextData->GetValue());
-  cJSON_AddNumberToObject(object, key.c_str(), number.value_or(0));
-}
+std::string FieldInt::TextOf(double number) const { return std::to_string(static_cast<int32_t>(number)); }
 
-void FieldInt::Deserialize(const cJSON* object, const std::string& key) {
-  DeserializeValue(cJSON_GetObjectItem(object, key.c_str()));
-}
+double FieldInt::WrittenNumber(std::string_view text) const { return WrittenInteger(text); }
 
-void FieldInt::DeserializeOptions(const cJSON* options, bool applyDefaults) {
-  BaseField::DeserializeOptions(options, applyDefaults);
-  const FieldOptions own(options);
-  if (const auto width = own.Integer(FieldOption::Width)) SetValue(WidthProperty, *width);
-  // The bounds come after the default, which they therefore do not clamp.
-  if (const auto value = own.Integer(FieldOption::Default)) {
-    defaultValue = *value;
-    hasDefault = true;
-    if (applyDefaults) fieldTextData->SetValue(std::to_string(defaultValue));
-  }
-  maxValue = own.Integer(FieldOption::Max).value_or(maxValue);
-  minValue = own.Integer(FieldOption::Min).value_or(minValue);
-}
+bool FieldInt::IsSame(double number, std::string_view text) const { return ParseInteger(text) == number; }
 
-void FieldInt::DeserializeValue(const cJSON* item) {
-  if (!cJSON_IsNumber(item)) return;
-  fieldTextData->SetValue(std::to_string(item->valueint));
-  hasLoadedValue = true;
-}
-
-bool FieldInt::IsDefault() const {
-  if (!hasDefault) return false;
-  const std::optional<int32_t> number = ParseInteger(fieldTextData->GetValue());
-  return number && *number == defaultValue;
-}
-
-std::string FieldInt::GetValueAsString() const { return std::string(fieldTextData->GetValue()); }
-
-void FieldInt::OnTextChanged(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  const auto filtered = FilterIntegerText(inputText->GetText(), minValue, maxValue);
-  if (!filtered) return;
-  // Setting the text comes back here, until the filter has nothing left to change.
-  inputText->SetText(*filtered);
-  // While the binding carries a text to the box, it does not carry the box's answer back.
-  fieldTextData->SetValue(inputText->GetText());
+std::optional<std::string> FieldInt::Filter(std::string_view text, Bounds bounds) const {
+  return FilterIntegerText(text, static_cast<int32_t>(bounds.min), static_cast<int32_t>(bounds.max));
 }
 
 } // namespace Tesselor

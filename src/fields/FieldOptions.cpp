@@ -1,5 +1,7 @@
 #include "fields/FieldOptions.h"
 
+#include "platform/AsciiCase.h"
+
 #include <cjson/cJSON.h>
 #include <functional>
 #include <string_view>
@@ -10,20 +12,11 @@ namespace {
 
 constexpr size_t optionCount = static_cast<size_t>(FieldOption::Count);
 
-/// In the order of `FieldOption`, in lower case.
-constexpr std::array<std::string_view, optionCount> lowerNames = {
+/// In the order of `FieldOption`.
+constexpr std::array<std::string_view, optionCount> names = {
     "active",        "default", "description", "fields", "fontsize", "height",   "isnodename",
     "isuuid",        "label",   "largechange", "max",    "min",      "required", "text",
     "tickfrequency", "type",    "useuuid",     "values", "width"};
-
-constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool Matches(std::string_view lowerName, std::string_view key) {
-  if (lowerName.size() != key.size()) return false;
-  for (size_t i = 0; i < key.size(); ++i)
-    if (Lower(key[i]) != lowerName[i]) return false;
-  return true;
-}
 
 } // namespace
 
@@ -38,7 +31,7 @@ FieldOptions::FieldOptions(const cJSON* options) {
     if (!child->string) continue;
     const std::string_view key(child->string);
     for (size_t i = 0; i < optionCount; ++i) {
-      if (!Matches(lowerNames[i], key)) continue;
+      if (!EqualsIgnoringCase(names[i], key)) continue;
       if (!items[i]) items[i] = child;
       break;
     }

@@ -1,8 +1,8 @@
 #include "fields/FieldRawJson.h"
 
-#include "fields/FieldErrorBox.h"
 #include "fields/FieldOptions.h"
 #include "platform/JsonFile.h"
+#include "platform/MessageBoxes.h"
 
 namespace Tesselor {
 
@@ -41,8 +41,9 @@ void FieldRawJson::Serialize(cJSON* object, const std::string& key) {
 
 const Toolkit::SharedString& FieldRawJson::TextToSave() {
   if (!RememberIfValid())
-    ShowFieldError("Field '" + std::string(GetLabel()) +
-                   "' does not hold valid JSON. The last valid value is saved instead.");
+    ShowError("Field '" + std::string(GetLabel()) +
+                  "' does not hold valid JSON. The last valid value is saved instead.",
+              AttentionCaption);
   return lastValidText;
 }
 

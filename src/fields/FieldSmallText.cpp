@@ -48,7 +48,7 @@ void FieldSmallText::DeserializeOptions(const cJSON* options, bool applyDefaults
   if (own.Has(FieldOption::IsUUID)) {
     const bool isShown = own.IsTrue(FieldOption::IsUUID);
     SetValue(IsUUIDVisibilityProperty, isShown ? Visibility::Visible : Visibility::Collapsed);
-    fieldTextData->SetValue(GenerateUuid());
+    fieldTextData->SetValue(GenerateSystemUuid());
   }
   if (own.Has(FieldOption::IsNodeName)) {
     const bool isShown = own.IsTrue(FieldOption::IsNodeName);
@@ -66,7 +66,7 @@ bool FieldSmallText::IsDefault() const { return hasDefault && fieldTextData->Get
 std::string FieldSmallText::GetValueAsString() const { return std::string(fieldTextData->GetValue()); }
 
 void FieldSmallText::GenerateUUIDEvent(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  fieldTextData->SetValue(GenerateUuid());
+  fieldTextData->SetValue(GenerateSystemUuid());
 }
 
 void FieldSmallText::GenerateNodeNameEvent(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {

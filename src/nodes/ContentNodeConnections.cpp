@@ -3,7 +3,6 @@
 #include "nodes/ContentNode.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace Tesselor {
 

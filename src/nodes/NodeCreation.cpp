@@ -4,7 +4,7 @@
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/ReferenceNode.h"
-#include "toolkit/application/MessageBox.h"
+#include "platform/MessageBoxes.h"
 #include "workspace/NodeDictionary.h"
 
 namespace Tesselor {
@@ -36,8 +36,7 @@ Toolkit::Ptr<ContentNode> NodeDictionary::CreateNode(const std::string& id, bool
     node = Toolkit::MakePtr<ContentNode>(id, *blueprint);
   } else {
     if (!blueprint) {
-      Toolkit::MessageBox::Show("Could not find node id: " + id + ". A generic node will be created", "Attention!",
-                                Toolkit::MessageBoxButton::OK, Toolkit::MessageBoxImage::Error);
+      ShowError("Could not find node id: " + id + ". A generic node will be created", AttentionCaption);
       blueprint = FindBlueprint(BuiltIn::Generic);
     }
     node = Toolkit::MakePtr<GenericContentNode>(*blueprint);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/JsonFile.h"
-
 namespace Tesselor {
 
 /// The keys of an asset file that are the editor's own. Read in any letter case, written as they stand here.

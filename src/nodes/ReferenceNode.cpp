@@ -4,8 +4,7 @@
 #include "fields/FieldSmallText.h"
 #include "platform/FileDialogs.h"
 #include "platform/JsonFile.h"
-#include "platform/LogFile.h"
-#include "toolkit/application/MessageBox.h"
+#include "platform/MessageBoxes.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"
@@ -25,10 +24,7 @@ constexpr char IntParameter[] = "ov::NPC::Plotter::IntParameterDefinition";
 constexpr int ReferenceWidth = 300;
 constexpr int ParameterWidth = 75;
 
-void Report(const std::string& text) {
-  LogFile::Write(text);
-  Toolkit::MessageBox::Show(text, "Attention!", Toolkit::MessageBoxButton::OK, Toolkit::MessageBoxImage::Error);
-}
+void Report(const std::string& text) { ReportError(text, text, AttentionCaption); }
 
 /// Nothing that is typed into the boxes of `content` would be read.
 void MakeReadOnly(Toolkit::Object* content) {
@@ -146,7 +142,6 @@ Toolkit::Ptr<BaseField> ReferenceNode::AddField(const char* name, const char* ty
   if (!field) return nullptr;
   field->SetOwnerNode(this);
   if (panel) panel->AddChild(field.Get());
-  referenceFields.push_back(field);
   return field;
 }
 

@@ -6,7 +6,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace Tesselor {
 
@@ -48,8 +47,6 @@ private:
 
   Toolkit::StackPanel* nodeReference = nullptr;
   Toolkit::StackPanel* nodeParameters = nullptr;
-  /// Every field made so far in either panel, hidden ones too.
-  std::vector<Toolkit::Ptr<BaseField>> referenceFields;
   /// A value as it stands in the asset, and what its field shows of it: less for a number with many digits, nothing for
   /// what is neither number nor text.
   struct KeptValue {

@@ -1,5 +1,6 @@
 #include "workspace/AssetFileIndex.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/LogFile.h"
 #include "workspace/DirectoryWalk.h"
 
@@ -10,16 +11,6 @@
 #include <utility>
 
 namespace Tesselor {
-
-namespace {
-
-std::string LowerCase(std::string text) {
-  for (char& c : text)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return text;
-}
-
-} // namespace
 
 std::string FindAssetRoot(const std::string& path) {
   for (std::filesystem::path current = path;;) {

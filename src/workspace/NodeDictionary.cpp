@@ -1,5 +1,6 @@
 #include "workspace/NodeDictionary.h"
 
+#include "platform/AsciiCase.h"
 #include "toolkit/application/MessageBox.h"
 #include "workspace/ColorNames.h"
 
@@ -10,12 +11,6 @@ namespace Tesselor {
 namespace {
 
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
-std::string LowerCase(std::string text) {
-  for (char& c : text)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return text;
-}
 
 /// Takes the text under `key` if it is one.
 bool ReadText(const cJSON* object, const char* key, std::string& text) {

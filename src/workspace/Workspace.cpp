@@ -2,7 +2,7 @@
 
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
-#include "toolkit/application/MessageBox.h"
+#include "platform/MessageBoxes.h"
 #include "workspace/DirectoryWalk.h"
 
 #include <filesystem>
@@ -14,10 +14,7 @@ namespace Tesselor {
 
 namespace {
 
-void ShowSchemaError(const std::string& text) {
-  Toolkit::MessageBox::Show(text, "Error Loading Schema", Toolkit::MessageBoxButton::OK,
-                            Toolkit::MessageBoxImage::Error);
-}
+constexpr char ErrorCaption[] = "Error Loading Schema";
 
 bool IsSchemaFile(const DirectoryEntry& entry) {
   return entry.isRegularFile && entry.name != "_Workspace.json" && entry.path.extension() == ".json";
@@ -27,21 +24,21 @@ bool IsSchemaFile(const DirectoryEntry& entry) {
 JsonPtr ReadConfiguration(const std::string& path) {
   std::error_code error;
   if (!std::filesystem::exists(path, error)) {
-    LogFile::Write("Workspace configuration file not found: " + path);
-    ShowSchemaError("Workspace configuration file not found:\n" + path);
+    ReportError("Workspace configuration file not found: " + path, "Workspace configuration file not found:\n" + path,
+                ErrorCaption);
     return nullptr;
   }
   const std::optional<std::string> text = ReadTextFile(path);
   if (!text) {
-    LogFile::Write("Failed to open workspace configuration file: " + path);
-    ShowSchemaError("Failed to open workspace configuration file:\n" + path);
+    ReportError("Failed to open workspace configuration file: " + path,
+                "Failed to open workspace configuration file:\n" + path, ErrorCaption);
     return nullptr;
   }
   JsonParseResult parsed = ParseJson(*text);
   if (!parsed) {
     const std::string detail = parsed.detail.empty() ? "unknown error" : parsed.detail;
-    LogFile::Write("Invalid JSON in workspace configuration: " + path + " - " + detail);
-    ShowSchemaError("Invalid JSON in workspace configuration:\n" + path + "\n\nError: " + detail);
+    ReportError("Invalid JSON in workspace configuration: " + path + " - " + detail,
+                "Invalid JSON in workspace configuration:\n" + path + "\n\nError: " + detail, ErrorCaption);
   }
   return std::move(parsed.json);
 }
@@ -141,9 +138,8 @@ void Workspace::LoadSchemas() {
     std::string lines;
     for (const std::string& failure : failures) lines += "  - " + failure + "\n";
     LogFile::Write("Failed to load " + std::to_string(failures.size()) + " schema file(s):\n" + lines);
-    Toolkit::MessageBox::Show(
-        "Some node schemas failed to load:\n\n" + lines + "\nThe editor will continue with available nodes.",
-        "Warning: Schema Load Errors", Toolkit::MessageBoxButton::OK, Toolkit::MessageBoxImage::Warning);
+    ShowWarning("Some node schemas failed to load:\n\n" + lines + "\nThe editor will continue with available nodes.",
+                "Warning: Schema Load Errors");
   }
   LogFile::Write("Loaded " + std::to_string(count) + " node schema(s) for workspace: " + WorkspaceName);
 }

@@ -3,7 +3,7 @@
 #include "platform/ExecutableDirectory.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
-#include "toolkit/application/MessageBox.h"
+#include "platform/MessageBoxes.h"
 #include "workspace/DirectoryWalk.h"
 #include "workspace/Workspace.h"
 
@@ -27,10 +27,7 @@ bool Exists(const std::string& path) {
   return std::filesystem::exists(path, error);
 }
 
-void ShowWorkspacesError(const std::string& text) {
-  Toolkit::MessageBox::Show(text, "Error Loading Workspaces", Toolkit::MessageBoxButton::OK,
-                            Toolkit::MessageBoxImage::Error);
-}
+constexpr char ErrorCaption[] = "Error Loading Workspaces";
 
 } // namespace
 
@@ -47,9 +44,9 @@ Workspaces::~Workspaces() {
 
 bool Workspaces::ImportWorkspaces(const std::string& directory) {
   if (!Exists(directory)) {
-    LogFile::Write("Workspaces directory not found: " + directory);
-    ShowWorkspacesError("Workspaces directory not found:\n" + directory +
-                        "\n\nPlease ensure the Workspaces folder exists.");
+    ReportError("Workspaces directory not found: " + directory,
+                "Workspaces directory not found:\n" + directory + "\n\nPlease ensure the Workspaces folder exists.",
+                ErrorCaption);
     return false;
   }
 
@@ -65,8 +62,9 @@ bool Workspaces::ImportWorkspaces(const std::string& directory) {
   for (const std::string& failure : failures) lines += "  - " + failure + "\n";
   if (!failures.empty()) LogFile::Write("Failed to load workspaces:\n" + lines);
   if (count != 0) return true;
-  ShowWorkspacesError("No valid workspaces were found in:\n" + directory +
-                      (failures.empty() ? std::string() : "\n\nFailed workspaces:\n" + lines));
+  ShowError("No valid workspaces were found in:\n" + directory +
+                (failures.empty() ? std::string() : "\n\nFailed workspaces:\n" + lines),
+            ErrorCaption);
   return false;
 }
 

@@ -1,6 +1,7 @@
 #include "DocumentTest.h"
 
 #include "TemporaryDirectory.h"
+#include "document/AssetFile.h"
 #include "document/NodeImporterExporter.h"
 
 #include <sys/stat.h>
@@ -218,27 +219,31 @@ TEST_F(DocumentMetadata, TellsWhyAFileCanNotBeReadOrWritten) {
   const std::string good = directory.Write("good.json", Quoted("{'$WorkspaceID':'outer','$NodeEditorMetadata':"
                                                                "{'$workspaceid':'inner'}}"));
   const std::string nowhere = directory / "none/out.json";
-  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(missing, workspace, &view->target));
-  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(directory.Path().string(), workspace, &view->target));
-  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(bad, workspace, &view->target));
-  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(good, nullptr, &view->target));
-  EXPECT_TRUE(NodeImporterExporter::ImportNodeTree(good, workspace, &view->target));
+  const auto complaint = [](const std::string& path) {
+    const AssetFile file = AssetFile::Read(path);
+    EXPECT_FALSE(file);
+    return file.caption + ": " + file.error;
+  };
+  EXPECT_EQ(complaint(missing), "Error Opening File: File not found:\n" + missing);
+  const std::string folder = directory.Path().string();
+  EXPECT_EQ(complaint(folder), "Error Opening File: Failed to open file:\n" + folder);
+  EXPECT_EQ(complaint(bad), "Error Parsing File: Invalid JSON in file:\n" + bad + "\n\nError: unknown error");
+  const AssetFile file = AssetFile::Read(good);
+  ASSERT_TRUE(file);
+  EXPECT_EQ(NodeImporterExporter::GetWorkspaceID(file.json.get()), "inner");
+  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(nullptr, workspace, &view->target));
+  EXPECT_FALSE(NodeImporterExporter::ImportNodeTree(file.json.get(), nullptr, &view->target));
+  EXPECT_TRUE(NodeImporterExporter::ImportNodeTree(file.json.get(), workspace, &view->target));
   EXPECT_FALSE(
       NodeImporterExporter::ExportNodeTree(nowhere, (*view)->Root(), (*view)->ContentNodes(), {}, {}, "r", false));
   EXPECT_FALSE(NodeImporterExporter::ExportNodeTree(good, nullptr, (*view)->ContentNodes(), {}, {}, "r", false));
   EXPECT_EQ(boxes.Texts(),
             (std::vector<std::string>{
-                "Error Opening File: File not found:\n" + missing,
-                "Error Opening File: Failed to open file:\n" + directory.Path().string() +
-                    "\n\nThe file may be in use or you may not have permission to read it.",
-                "Error Parsing File: Invalid JSON in file:\n" + bad + "\n\nError: unknown error",
+                "Error Importing: Cannot import node tree: No data provided.",
                 "Error Importing: Cannot import node tree: No workspace selected.",
                 "Export Error: Failed to save file:\n" + nowhere +
                     "\n\nThe file may be in use or you may not have permission to write to this location.",
                 "Export Error: Cannot export: No root node defined."}));
-  EXPECT_EQ(NodeImporterExporter::GetWorkspaceID(good), "inner");
-  EXPECT_EQ(NodeImporterExporter::GetWorkspaceID(missing), "");
-  EXPECT_EQ(log.lines.back(), "GetWorkspaceID: File not found: " + missing);
 }
 
 } // namespace Tesselor

@@ -69,7 +69,7 @@ TEST_F(SampleFields, AreOfEveryKindAndHoldValues) {
     ASSERT_TRUE(root);
     root->workspace->LoadNodeDictionary();
     StartView(root->RootNodeType);
-    ASSERT_TRUE(NodeImporterExporter::ImportNodeTree(entry.path().string(), root->workspace, &view->target));
+    ASSERT_TRUE(NodeImporterExporter::ImportNodeTree(asset.json.get(), root->workspace, &view->target));
     for (const auto& node : (*view)->ContentNodes()) CollectFrom(*node);
   }
   const std::set<std::string> wanted = {"SmallString",

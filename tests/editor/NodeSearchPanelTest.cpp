@@ -1,7 +1,6 @@
 #include "editor/NodeSearchPanel.h"
 #include "EditorTest.h"
 #include "Expected.h"
-#include "editor/CaseInsensitiveText.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/Canvas.h"
@@ -53,14 +52,6 @@ protected:
   Ptr<NodeSearchPanel> panel = MakePtr<NodeSearchPanel>();
   TestSupport::Stage stage{*panel};
 };
-
-TEST(CaseInsensitiveText, IgnoresTheCaseOfAsciiLettersOnly) {
-  EXPECT_EQ(Tesselor::UpperCase("aZ[`{é"), "AZ[`{é");
-  EXPECT_TRUE(Tesselor::ContainsUpperCase("Some Word", "WORD"));
-  EXPECT_TRUE(Tesselor::ContainsUpperCase("", ""));
-  EXPECT_FALSE(Tesselor::ContainsUpperCase("wor", "WORD"));
-  EXPECT_FALSE(Tesselor::ContainsUpperCase("é", "É"));
-}
 
 TEST_F(NodeSearchPanelTest, FindsTitlesThenFieldsInKeyOrder) {
   AddNode("First node", "zulu text", "alpha text");

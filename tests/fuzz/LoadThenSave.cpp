@@ -1,6 +1,7 @@
 // Loads any JSON as an asset of one of the sample roots, and saves it; what was saved must load again.
 
 #include "app/ComponentRegistration.h"
+#include "document/AssetFile.h"
 #include "document/ImportTarget.h"
 #include "document/NodeImporterExporter.h"
 #include "editor/MainView.h"
@@ -57,7 +58,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const bool loaded = NodeImporterExporter::ImportNodeTree(parsed.json.get(), view->CurrentRoot()->workspace, &target);
   if (loaded && Save()) {
     view->ClearDocument();
-    const bool again = NodeImporterExporter::ImportNodeTree(output, view->CurrentRoot()->workspace, &target);
+    const AssetFile saved = AssetFile::Read(output);
+    const bool again = NodeImporterExporter::ImportNodeTree(saved.json.get(), view->CurrentRoot()->workspace, &target);
     if (!again) {
       std::fprintf(stderr, "what was saved does not load\n");
       std::abort();

@@ -3,6 +3,7 @@
 // so that most inputs are still JSON.
 
 #include "app/ComponentRegistration.h"
+#include "document/AssetFile.h"
 #include "document/NodeImporterExporter.h"
 #include "fields/FieldDictionary.h"
 #include "fields/FieldList.h"
@@ -70,7 +71,8 @@ void Exercise(BaseField& field) {
 bool LoadAndSave(const std::shared_ptr<Workspace>& workspace, const std::string& asset, const std::string& output,
                  bool saveAllFields) {
   TestSupport::TestGraph view("Root");
-  if (!NodeImporterExporter::ImportNodeTree(asset, workspace, &view.target) || !view->Root()) return false;
+  const AssetFile file = AssetFile::Read(asset);
+  if (!NodeImporterExporter::ImportNodeTree(file.json.get(), workspace, &view.target) || !view->Root()) return false;
   for (const auto& node : view->ContentNodes())
     for (const auto& [id, field] : node->contentFields) Exercise(*field);
   view.Layout();

@@ -80,7 +80,7 @@ TEST_F(ListViewTest, LeavesTheRowsAloneThatAChangeDoesNotTouch) {
   items->Add(MakePtr<TestData>());
   Settle();
   EXPECT_EQ(&Row(3), &last);
-  EXPECT_EQ(list->GetItemContainerGenerator().ItemFromContainer(&Row(4)), items->Get(4));
+  EXPECT_EQ(list->GetItemContainerGenerator().ContainerFromItem(items->Get(4)), &Row(4));
   EXPECT_EQ(list->ItemsHost()->ChildCount(), 5u);
 }
 

@@ -46,7 +46,7 @@ public:
   using Factory = Object* (*)();
   Type(Symbol name, const Type* base, Factory factory) : name(name), base(base), factory(factory) {}
 
-  /// The name that documents use. Classes of the editor carry their namespace: "Tesselor.FieldText".
+  /// The name that documents use. Classes outside the toolkit carry their namespace in front: "Namespace.Class".
   const std::string& Name() const { return name.Text(); }
   const Type* Base() const { return base; }
   bool IsA(const Type& other) const {

@@ -49,14 +49,6 @@ FrameworkElement* ItemContainerGenerator::ContainerFromIndex(size_t index) const
   return static_cast<FrameworkElement*>(host->Child(index));
 }
 
-Object* ItemContainerGenerator::ItemFromContainer(const UIElement* container) const {
-  const Panel* host = owner.ItemsHost();
-  if (!host) return nullptr;
-  for (size_t i = 0; i < host->ChildCount(); ++i)
-    if (host->Child(i) == container) return owner.containerItems[i].Get();
-  return nullptr;
-}
-
 const ObservableCollectionBase* ItemsControl::Source() const {
   if (const auto* source = static_cast<const ObservableCollectionBase*>(GetValue(ItemsSourceProperty).AsObject()))
     return source;

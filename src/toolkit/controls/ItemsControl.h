@@ -19,8 +19,6 @@ public:
   /// Null if the item has no container yet.
   FrameworkElement* ContainerFromItem(const Object* item) const;
   FrameworkElement* ContainerFromIndex(size_t index) const;
-  /// The item that the container shows, or null.
-  Object* ItemFromContainer(const UIElement* container) const;
 
 private:
   const ItemsControl& owner;

@@ -21,7 +21,6 @@ void Shape::Describe(TypeBuilder<Shape>& type) {
 }
 
 Brush* Shape::GetStroke() const { return static_cast<Brush*>(GetValue(StrokeProperty).AsObject()); }
-void Shape::SetStroke(Brush* brush) { SetValue(StrokeProperty, brush); }
 
 std::vector<float> Shape::Dashes() const {
   std::vector<float> dashes;
@@ -106,7 +105,6 @@ void Path::Describe(TypeBuilder<Path>& type) {
   DataProperty = type.Property<PathGeometry*>("Data", nullptr, DependencyProperty::AffectsMeasure);
 }
 
-void Path::SetData(PathGeometry* geometry) { SetValue(DataProperty, geometry); }
 PathGeometry* Path::GetData() const { return static_cast<PathGeometry*>(GetValue(DataProperty).AsObject()); }
 
 Size Path::MeasureOverride(Size) {

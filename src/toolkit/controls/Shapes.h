@@ -21,7 +21,6 @@ public:
   static inline const DependencyProperty* StretchProperty = nullptr;
 
   Brush* GetStroke() const;
-  void SetStroke(Brush* brush);
 
 protected:
   Shape() = default;
@@ -74,7 +73,6 @@ class Path : public Shape {
 public:
   static inline const DependencyProperty* DataProperty = nullptr;
   Path() = default;
-  void SetData(PathGeometry* geometry);
   PathGeometry* GetData() const;
   Rect DrawnBounds() const override;
 

@@ -1,19 +1,17 @@
-#include "editor/CaseInsensitiveText.h"
-
-#include <algorithm>
+#include "platform/AsciiCase.h"
 
 namespace Tesselor {
-
-namespace {
-char UpperCase(char character) {
-  return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
-}
-} // namespace
 
 std::string UpperCase(std::string_view text) {
   std::string upper(text);
   for (char& character : upper) character = UpperCase(character);
   return upper;
+}
+
+std::string LowerCase(std::string_view text) {
+  std::string lower(text);
+  for (char& character : lower) character = LowerCase(character);
+  return lower;
 }
 
 bool ContainsUpperCase(std::string_view text, std::string_view upperText) {
