@@ -43,6 +43,8 @@ void LoudCounter::Describe(TypeBuilder<LoudCounter>& type) {
 
 class EventHandlersTest : public InputStageTest {
 protected:
+  // Before the plans go, to whose tables elements point.
+  ~EventHandlersTest() override { TakeDown(); }
   void SetUp() override {
     InputStageTest::SetUp();
     Counter::StaticType();
