@@ -1,5 +1,6 @@
 #include "commands/BatchMoveActionCommand.h"
 
+#include "graph/Graph.h"
 #include "toolkit/controls/Canvas.h"
 
 namespace Tesselor {
@@ -15,12 +16,12 @@ void Place(BaseNode& node, float left, float top) {
 
 void BatchMoveActionCommand::Do() {
   for (const MoveRecord& record : records) Place(*record.node, record.newLeft, record.newTop);
-  newOrder.Restore();
+  graph.RestoreOrder(newOrder);
 }
 
 void BatchMoveActionCommand::Undo() {
   for (const MoveRecord& record : records) Place(*record.node, record.oldLeft, record.oldTop);
-  oldOrder.Restore();
+  graph.RestoreOrder(oldOrder);
 }
 
 } // namespace Tesselor

@@ -8,18 +8,22 @@
 
 namespace Tesselor {
 
+class Graph;
+
 /// Moves nodes. Made after the nodes were moved, so it is pushed without being run.
 class BatchMoveActionCommand : public IActionCommand {
 public:
-  explicit BatchMoveActionCommand(std::vector<MoveRecord> records) : records(std::move(records)) {}
+  /// The graph outlives the history.
+  BatchMoveActionCommand(Graph& graph, std::vector<MoveRecord> records) : graph(graph), records(std::move(records)) {}
   /// For a move after which the children of the pins around were brought into their new order: how they stood before
   /// and after.
-  BatchMoveActionCommand(std::vector<MoveRecord> records, ChildOrder oldOrder, ChildOrder newOrder)
-      : records(std::move(records)), oldOrder(std::move(oldOrder)), newOrder(std::move(newOrder)) {}
+  BatchMoveActionCommand(Graph& graph, std::vector<MoveRecord> records, ChildOrder oldOrder, ChildOrder newOrder)
+      : graph(graph), records(std::move(records)), oldOrder(std::move(oldOrder)), newOrder(std::move(newOrder)) {}
   void Do() override;
   void Undo() override;
 
 private:
+  Graph& graph;
   std::vector<MoveRecord> records;
   ChildOrder oldOrder, newOrder;
 };

@@ -1,6 +1,7 @@
 #include "commands/CreateConnectionActionCommand.h"
 
 #include "graph/Graph.h"
+#include "graph/StructureChange.h"
 
 namespace Tesselor {
 
@@ -13,8 +14,9 @@ CreateConnectionActionCommand::CreateConnectionActionCommand(Graph& graph, NodeP
 void CreateConnectionActionCommand::Do() { graph.Attach(*connection); }
 
 void CreateConnectionActionCommand::Undo() {
+  const StructureChange change(graph);
   graph.Detach(*connection);
-  order.Restore();
+  graph.RestoreOrder(order);
 }
 
 } // namespace Tesselor

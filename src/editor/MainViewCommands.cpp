@@ -84,7 +84,7 @@ void MainView::MirrorNodes() {
   };
   mirror(graph->ContentNodes());
   mirror(graph->GroupNodes());
-  ActionHistory::Instance().Run(std::make_unique<BatchMoveActionCommand>(std::move(moves)));
+  ActionHistory::Instance().Run(std::make_unique<BatchMoveActionCommand>(*graph, std::move(moves)));
 }
 
 void MainView::OnClickSetSelectedNodeAsRoot(Toolkit::Object*, const RoutedEventArgs&) {
@@ -169,6 +169,7 @@ void MainView::Redo() {
 }
 
 void MainView::StepInHistory(void (*step)()) {
+  gestures->Cancel();
   // What is being typed becomes a step of its own before, which it does when its box loses the focus.
   Toolkit::InputState* input = Toolkit::InputState::Current();
   const Ptr<Toolkit::UIElement> focused(input ? input->Focused() : nullptr);

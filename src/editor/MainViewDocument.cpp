@@ -39,7 +39,7 @@ CanvasGestures::Callbacks MainView::GestureCallbacks() {
 }
 
 void MainView::TryCreateConnection(NodePinData& target, NodePinData& source) {
-  if (!NodePinData::CanConnect(target, source)) return;
+  if (!NodePinData::CanConnect(target, source) || target.IsConnectedTo(source)) return;
   ActionHistory::Instance().Run(std::make_unique<CreateConnectionActionCommand>(*graph, target, source));
 }
 
@@ -69,10 +69,11 @@ void MainView::OnCutLineUp(Toolkit::Object*, const CutLineUpEventArgs& args) {
 void MainView::AutoPosition() {
   if (!workspaces.currentRoot || graph->ContentNodes().empty()) return;
   ActionHistory::Instance().Push(std::make_unique<BatchMoveActionCommand>(
-      TreeLayout(TreeLayout::Order::ByHeight).Run(*graph->ContentNodes().front())));
+      *graph, TreeLayout(TreeLayout::Order::ByHeight).Run(*graph->ContentNodes().front())));
 }
 
 void MainView::ClearDocument() {
+  if (gestures) gestures->Cancel();
   graph->Clear();
   nodeSearchPanel->Forget();
   pendingPin.Clear();

@@ -219,8 +219,8 @@ void MainView::OnClickCancelLoadWorkspace(Toolkit::Object*, const Toolkit::Route
 }
 
 ImportTarget MainView::MakeImportTarget() {
-  return {*graph, workspaces.currentRoot, [](std::vector<MoveRecord> moves) {
-            ActionHistory::Instance().Push(std::make_unique<BatchMoveActionCommand>(std::move(moves)));
+  return {*graph, workspaces.currentRoot, [this](std::vector<MoveRecord> moves) {
+            ActionHistory::Instance().Push(std::make_unique<BatchMoveActionCommand>(*graph, std::move(moves)));
           }};
 }
 

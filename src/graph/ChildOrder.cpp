@@ -15,21 +15,17 @@ void ChildOrder::NoteParentsOf(const ContentNode& node) {
       if (!parent->IsInput()) Note(*parent);
 }
 
-void ChildOrder::Restore() const {
-  for (const List& list : lists) {
-    std::vector<NodePinData*>& now = list.pin->connections;
-    if (now == list.connections) continue;
-    std::unordered_map<const NodePinData*, size_t> ranks;
-    for (size_t i = 0; i < list.connections.size(); ++i) ranks.emplace(list.connections[i], i);
-    const auto rankOf = [&](const NodePinData* pin) {
-      const auto found = ranks.find(pin);
-      return found == ranks.end() ? ranks.size() : found->second;
-    };
-    std::stable_sort(now.begin(), now.end(),
-                     [&](const NodePinData* a, const NodePinData* b) { return rankOf(a) < rankOf(b); });
-  }
-  for (const List& list : lists)
-    if (!list.pin->IsInput()) list.pin->RenumberChildren();
+void ChildOrder::Restore(const List& list) {
+  std::vector<NodePinData*>& now = list.pin->connections;
+  if (now == list.connections) return;
+  std::unordered_map<const NodePinData*, size_t> ranks;
+  for (size_t i = 0; i < list.connections.size(); ++i) ranks.emplace(list.connections[i], i);
+  const auto rankOf = [&](const NodePinData* pin) {
+    const auto found = ranks.find(pin);
+    return found == ranks.end() ? ranks.size() : found->second;
+  };
+  std::stable_sort(now.begin(), now.end(),
+                   [&](const NodePinData* a, const NodePinData* b) { return rankOf(a) < rankOf(b); });
 }
 
 } // namespace Tesselor

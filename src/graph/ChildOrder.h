@@ -17,9 +17,15 @@ public:
   /// Notes the lists of all output pins that the node hangs on.
   void NoteParentsOf(const ContentNode& node);
   bool IsEmpty() const { return lists.empty(); }
-  /// Brings each noted list back into its noted order and renumbers the children. What was not in the list then stays
-  /// behind the others; what is not in it any more is left out.
-  void Restore() const;
+  /// Brings each noted list back into its noted order, and calls `visit` with its pin. What was not in the list then
+  /// stays behind the others; what is not in it any more is left out. What depends on the order is the graph's work,
+  /// see `Graph::RestoreOrder`.
+  template <class Visit> void Restore(Visit visit) const {
+    for (const List& list : lists) {
+      Restore(list);
+      visit(*list.pin);
+    }
+  }
 
 private:
   struct List {
@@ -27,6 +33,8 @@ private:
     NodePinData* pin;
     std::vector<NodePinData*> connections;
   };
+  static void Restore(const List& list);
+
   std::vector<List> lists;
   std::unordered_set<const NodePinData*> noted;
 };

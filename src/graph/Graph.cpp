@@ -99,10 +99,12 @@ void Graph::Attach(Connection& connection) {
   const StructureChange change(*this);
   // What left a pin must not count as being there.
   UnlinkDue();
-  if (!connections.Add(connection)) return;
-  connection.GetOutputPin()->Join(*connection.GetInputPin());
+  if (!Contains(*connection.GetInputNode()) || !Contains(*connection.GetOutputNode())) return;
+  if (!connection.GetOutputPin()->Join(*connection.GetInputPin())) return;
+  connections.Add(connection);
   NoteEnds(connection);
   ConnectionPath& path = connection.GetPath();
+  if (path.VisualParent()) TakeOutLeaving();
   Toolkit::Panel::SetZIndex(&path, ConnectionZIndex);
   panel.AddChild(&path);
 }
@@ -142,8 +144,16 @@ void Graph::RefreshOrderAround(const std::vector<ContentNode*>& moved) {
   const StructureChange change(*this);
   for (const ContentNode* node : moved)
     for (size_t i = 0; i < node->Input().Count(); ++i)
-      for (NodePinData* parent : node->Input().Get(i)->connections)
-        if (!parent->IsInput()) NoteParent(*parent);
+      for (NodePinData* parent : node->Input().Get(i)->connections) {
+        if (parent->IsInput()) continue;
+        NoteParent(*parent);
+        if (parent->owner->IsPassthrough()) linksChanged.push_back(parent->owner);
+      }
+}
+
+void Graph::RestoreOrder(const ChildOrder& order) {
+  const StructureChange change(*this);
+  if (!order.IsEmpty()) ordersToRestore.push_back(order);
 }
 
 void Graph::EndChange() {
@@ -180,7 +190,18 @@ void Graph::TakeOutLeaving() {
 }
 
 void Graph::OrderChildren() {
+  for (NodePinData* pin : parentsToOrder) pin->RefreshChildOrder();
+  for (const ChildOrder& order : std::exchange(ordersToRestore, {}))
+    order.Restore([this](NodePinData& pin) {
+      if (pin.owner->IsPassthrough()) linksChanged.push_back(pin.owner);
+      if (pin.IsInput())
+        childrenToNumber.push_back(pin.owner);
+      else
+        NoteParent(pin);
+    });
+  std::unordered_set<const ContentNode*> seen;
   for (ContentNode* child : std::exchange(childrenToNumber, {})) {
+    if (!seen.insert(child).second) continue;
     // A child that has left one parent may be numbered by another from now on.
     if (NodePinData* pin = child->NumberingPin())
       NoteParent(*pin);
@@ -188,10 +209,11 @@ void Graph::OrderChildren() {
       child->SetArrayIndex(-1);
   }
   parentsSeen.clear();
-  for (NodePinData* pin : std::exchange(parentsToOrder, {})) pin->RefreshChildOrder();
+  for (NodePinData* pin : std::exchange(parentsToOrder, {})) pin->RenumberChildren();
 }
 
 void Graph::Clear() {
+  ++documentNumber;
   idIndex.Clear();
   pendingConnections.clear();
   // Everything of the graph goes from the panel at once.

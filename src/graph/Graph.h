@@ -1,5 +1,6 @@
 #pragma once
 
+#include "graph/ChildOrder.h"
 #include "graph/ConnectionManager.h"
 #include "graph/NodeIdIndex.h"
 #include "graph/PendingConnection.h"
@@ -65,8 +66,8 @@ public:
   void SetRootNode(ContentNode* node);
 
   // Connections.
-  /// Joins the two pins and puts the curve on the panel. Not a check: `NodePinData::CanConnect` is. Nothing if the
-  /// connection is attached already.
+  /// Joins the two pins and puts the curve on the panel. Not a check: `NodePinData::CanConnect` is. Nothing if the pins
+  /// are joined already, or if a node of theirs isn't here.
   void Attach(Connection& connection);
   /// Ends the link of the pins and takes the curve off; nothing if the connection isn't attached.
   void Detach(Connection& connection);
@@ -77,9 +78,13 @@ public:
   /// The nodes were moved: brings the children of the pins that they hang on into the order of their heights, and
   /// renumbers them.
   void RefreshOrderAround(const std::vector<ContentNode*>& moved);
+  /// Brings the noted lists of pins back into their noted order, at the end of the open change.
+  void RestoreOrder(const ChildOrder& order);
 
-  /// Takes out everything but the root's mark.
+  /// Takes out everything but the root's mark. What was in the graph until now never comes back.
   void Clear();
+  /// Tells one document from the next: changes whenever the graph is cleared.
+  uint64_t DocumentNumber() const { return documentNumber; }
 
 private:
   friend class StructureChange;
@@ -108,6 +113,7 @@ private:
 
   std::unordered_set<const BaseNode*> members;
   uint64_t nextOrder = 1;
+  uint64_t documentNumber = 0;
 
   // What an open change has left to do.
   int openChanges = 0;
@@ -115,6 +121,7 @@ private:
   std::vector<Toolkit::Ptr<Toolkit::UIElement>> leavingElements;
   std::unordered_map<NodePinData*, std::unordered_set<const NodePinData*>> unlinked;
   std::vector<NodePinData*> parentsToOrder;
+  std::vector<ChildOrder> ordersToRestore;
   std::unordered_set<const NodePinData*> parentsSeen;
   std::vector<ContentNode*> childrenToNumber;
   std::vector<ContentNode*> linksChanged;

@@ -24,7 +24,14 @@ ChildOrder OrderAround(const std::vector<Ptr<Connection>>& connections) {
 
 } // namespace
 
+NodeBundle::NodeBundle(Graph& graph, std::vector<Ptr<BaseNode>> nodes)
+    : graph(graph), document(graph.DocumentNumber()), nodes(std::move(nodes)) {}
+
+NodeBundle::NodeBundle(Graph& graph, BaseNode& node, Toolkit::Point place)
+    : graph(graph), document(graph.DocumentNumber()), nodes{Ptr<BaseNode>(&node)}, places{place} {}
+
 void NodeBundle::TakeOut() {
+  if (graph.DocumentNumber() != document) return;
   places.clear();
   connections.clear();
   std::unordered_set<const Connection*> seen;
@@ -42,15 +49,14 @@ void NodeBundle::TakeOut() {
 }
 
 void NodeBundle::PutBack() {
-  {
-    const StructureChange change(graph);
-    for (size_t i = 0; i < nodes.size(); ++i) {
-      graph.Add(*nodes[i], places[i]);
-      if (auto* frame = DynamicCast<FrameNode>(nodes[i].Get())) frame->RefreshZIndex();
-    }
-    for (const Ptr<Connection>& connection : connections) graph.Attach(*connection);
+  if (graph.DocumentNumber() != document) return;
+  const StructureChange change(graph);
+  for (size_t i = 0; i < nodes.size(); ++i) {
+    graph.Add(*nodes[i], places[i]);
+    if (auto* frame = DynamicCast<FrameNode>(nodes[i].Get())) frame->RefreshZIndex();
   }
-  order.Restore();
+  for (const Ptr<Connection>& connection : connections) graph.Attach(*connection);
+  graph.RestoreOrder(order);
 }
 
 void ConnectionBundle::TakeOut() {
@@ -60,11 +66,9 @@ void ConnectionBundle::TakeOut() {
 }
 
 void ConnectionBundle::PutBack() {
-  {
-    const StructureChange change(graph);
-    for (const Ptr<Connection>& connection : connections) graph.Attach(*connection);
-  }
-  order.Restore();
+  const StructureChange change(graph);
+  for (const Ptr<Connection>& connection : connections) graph.Attach(*connection);
+  graph.RestoreOrder(order);
 }
 
 } // namespace Tesselor

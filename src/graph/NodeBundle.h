@@ -15,16 +15,17 @@ class Graph;
 class NodeBundle {
 public:
   /// The graph outlives the bundle. Each node once.
-  NodeBundle(Graph& graph, std::vector<Toolkit::Ptr<BaseNode>> nodes) : graph(graph), nodes(std::move(nodes)) {}
+  NodeBundle(Graph& graph, std::vector<Toolkit::Ptr<BaseNode>> nodes);
   /// For a node that is not in the graph yet and will stand at `place`.
-  NodeBundle(Graph& graph, BaseNode& node, Toolkit::Point place)
-      : graph(graph), nodes{Toolkit::Ptr<BaseNode>(&node)}, places{place} {}
+  NodeBundle(Graph& graph, BaseNode& node, Toolkit::Point place);
 
+  // Once the graph holds another document these do nothing.
   void TakeOut();
   void PutBack();
 
 private:
   Graph& graph;
+  uint64_t document;
   std::vector<Toolkit::Ptr<BaseNode>> nodes;
   // Of the last time that the nodes were taken out.
   std::vector<Toolkit::Point> places;

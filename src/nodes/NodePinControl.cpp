@@ -47,8 +47,9 @@ Toolkit::Point NodePinControl::PinCentre(const Toolkit::UIElement* ancestor) con
 }
 
 void NodePinControl::Pin_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
+  if (args.changedButton == Toolkit::MouseButton::Middle) return;
   args.handled = true;
-  if (args.rightButton == Toolkit::MouseButtonState::Pressed)
+  if (args.changedButton == Toolkit::MouseButton::Right)
     ShowPinContextMenu();
   else
     RaiseEvent(Toolkit::RoutedEventArgs(NodePinMouseDownEvent, this));

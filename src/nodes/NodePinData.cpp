@@ -56,16 +56,13 @@ void NodePinData::RefreshChildOrder() {
   };
   if (!isInput && blueprint->Multiple && !std::is_sorted(connections.begin(), connections.end(), isHigher))
     std::stable_sort(connections.begin(), connections.end(), isHigher);
-  RenumberChildren();
 }
 
 void NodePinData::RenumberChildren() {
-  if (isInput) return;
+  if (isInput || !blueprint->Multiple) return;
   for (size_t i = 0; i < connections.size(); ++i) {
     ContentNode& child = *connections[i]->owner;
-    const NodePinData* numbering = child.NumberingPin();
-    if (numbering == this) child.SetArrayIndex(static_cast<int32_t>(i));
-    if (!numbering) child.SetArrayIndex(-1);
+    if (child.NumberingPin() == this) child.SetArrayIndex(static_cast<int32_t>(i));
   }
 }
 

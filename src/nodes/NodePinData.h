@@ -29,11 +29,10 @@ public:
   bool Join(NodePinData& other);
   bool IsConnectedTo(const NodePinData& other) const;
 
-  /// Sorts the children of a `Multiple` output pin by height on the canvas and numbers them; those at the same height
-  /// keep their order. The children of other pins lose their numbers.
+  /// Sorts the children of a `Multiple` output pin by height on the canvas; those at the same height keep their order.
   void RefreshChildOrder();
-  /// Numbers the children in the order in which they stand now. A child of several pins is numbered by one of them,
-  /// see `ContentNode::NumberingPin`.
+  /// Numbers the children of a `Multiple` output pin in the order in which they stand now. A child of several pins is
+  /// numbered by one of them, see `ContentNode::NumberingPin`.
   void RenumberChildren();
 
   /// Takes over another record's colour and type; null means the pin's own again.

@@ -176,7 +176,7 @@ TEST_F(Commands, GiveBackWhatTheyTook) {
        [&] {
          std::vector<MoveRecord> moves;
          for (const auto& node : all()) moves.push_back(Move(*node, 11, 22));
-         return std::make_unique<BatchMoveActionCommand>(std::move(moves));
+         return std::make_unique<BatchMoveActionCommand>(graph, std::move(moves));
        }},
   };
   for (const Case& c : cases) {

@@ -170,7 +170,7 @@ TEST_F(GraphStructure, OrderOfEqualHeightsComesBack) {
   TestSupport::TestGraph::Place(*children[0], 500, 100);
   view->RefreshOrderAround({children[0]});
   EXPECT_EQ(Indices(children), (std::vector<int>{2, 0, 1}));
-  before.Restore();
+  view->RestoreOrder(before);
   EXPECT_EQ(Indices(children), (std::vector<int>{0, 1, 2}));
   EXPECT_EQ(Children(parent).front(), children[0]->FirstInput());
 }

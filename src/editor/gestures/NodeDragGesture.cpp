@@ -65,7 +65,7 @@ void NodeDragGesture::End(Point) {
   graph.RefreshOrderAround(moved);
   for (const ContentNode* node : moved) after.NoteParentsOf(*node);
   ActionHistory::Instance().Push(
-      std::make_unique<BatchMoveActionCommand>(std::move(records), std::move(before), std::move(after)));
+      std::make_unique<BatchMoveActionCommand>(graph, std::move(records), std::move(before), std::move(after)));
 }
 
 void NodeDragGesture::Cancel() {
