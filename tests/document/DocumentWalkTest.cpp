@@ -158,41 +158,6 @@ TEST_F(DocumentWalk, CopiesWithoutIdentity) {
                    "'Map':[{'$NodeId':'Item','$Position':{'$x':10,'$y':20},'Items':[]}],'Choice':[]}"));
 }
 
-TEST_F(DocumentWalk, CopiesWhatStandsBehindLinks) {
-  // Document, 2, link, 3, inner link, 4, 5.
-  ASSERT_TRUE(Import("{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-2','Label':'a'},{'$Link':true,'Children':["
-                     "{'$NodeId':'Item-3','Label':'b'},{'$Link':true,'Children':[{'$NodeId':'Item-4','Label':'c'}]},"
-                     "{'$NodeId':'Item-5','Label':'d'}]}]}"));
-  const std::vector<Toolkit::Ptr<ContentNode>>& nodes = (*view)->ContentNodes();
-  ASSERT_EQ(nodes.size(), 7u);
-  ContentNode& link = *nodes[2];
-  ContentNode& innerLink = *nodes[4];
-  ASSERT_TRUE(link.IsPassthrough() && innerLink.IsPassthrough());
-  const auto labels = [&](const NodeSet& selection) {
-    const JsonPtr copy(cJSON_CreateObject());
-    NodeWriter writer(selection);
-    nodes[0]->SerializeForCopy(copy.get(), writer, NodeLayout::Omitted);
-    std::string result;
-    const cJSON* item = nullptr;
-    cJSON_ArrayForEach(item, cJSON_GetObjectItem(copy.get(), "Items")) {
-      result += JsonText(cJSON_GetObjectItem(item, "Label")).value_or("?");
-      if (!cJSON_HasObjectItem(item, "$Position")) result += "-";
-    }
-    return result;
-  };
-  EXPECT_EQ(labels({}), "abcd");
-  EXPECT_EQ(labels({nodes[1].Get(), &link, nodes[3].Get(), nodes[5].Get()}), "ab");
-  EXPECT_EQ(labels({&link, &innerLink, nodes[5].Get(), nodes[6].Get()}), "cd");
-  EXPECT_EQ(labels({&innerLink, nodes[5].Get()}), "");
-  // What two links lead to stands there twice, the second time without a place; a ring of links ends.
-  link.FirstOutput()->Join(*nodes[5]->FirstInputByKey());
-  innerLink.FirstOutput()->Join(*link.FirstInput());
-  EXPECT_EQ(labels({}), "abcdc-");
-  EXPECT_EQ(ExportAsset(), Quoted("{'$NodeId':'Doc-1','Kind':'doc','Items':[{'$NodeId':'Item-2','Label':'a'},"
-                                  "{'$NodeId':'Item-<new>','Label':'b'},{'$NodeId':'Item-<new>','Label':'c'},"
-                                  "{'$NodeId':'Item-<new>','Label':'d'},{'$NodeId':'Item-<new>','Label':'c'}]}"));
-}
-
 TEST_F(DocumentWalk, ReadsAndWritesNinehundredLevels) {
   std::string file;
   std::string written;

@@ -45,14 +45,14 @@ TEST(DocumentLifetime, SavesWhatIsTypedAndOpensItAgain) {
   window.TypeInto(box, "A text of its own");
   const std::string changed = window.Exported();
   EXPECT_NE(changed.find("A text of its own"), std::string::npos);
-  window.dialogs.path = directory / "other.name";
+  window.dialogs.path = directory / "other.first.name";
   window.Chord({Toolkit::Key::LeftCtrl, Toolkit::Key::LeftShift, Toolkit::Key::S});
   EXPECT_EQ(window.dialogs.filter, "json");
   EXPECT_EQ(window.View().GetTitle(), "other");
-  EXPECT_EQ(TemporaryDirectory::Read(directory / "other.json"), changed);
+  EXPECT_EQ(TemporaryDirectory::Read(directory / "other.first.json"), changed);
   window.Open(samples + "dialogue.json");
   EXPECT_EQ(window.View().GetTitle(), "dialogue");
-  window.Open(directory / "other.json");
+  window.Open(directory / "other.first.json");
   EXPECT_EQ(window.Exported(), changed);
   EXPECT_EQ(window.boxes.Texts(), std::vector<std::string>());
 }

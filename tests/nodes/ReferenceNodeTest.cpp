@@ -85,6 +85,13 @@ TEST_F(ReferenceNodes, KeepTheValuesOfTheAsset) {
   EXPECT_EQ(Saved(node), "{'$Comment':'c','$NodeId':'Ref'," + body);
 }
 
+TEST_F(ReferenceNodes, KeepTheFractionsOfTheirPlace) {
+  ReferenceNode& node = AddReference();
+  Read(node, "{'$Position':{'$x':7.8,'$y':-7.8}}");
+  EXPECT_FLOAT_EQ(Toolkit::Canvas::GetLeft(&node), TestSupport::TestGraph::Width / 2 + 7.8f);
+  EXPECT_FLOAT_EQ(Toolkit::Canvas::GetTop(&node), TestSupport::TestGraph::Height / 2 - 7.8f);
+}
+
 TEST_F(ReferenceNodes, TakeParametersFromAFile) {
   ReferenceNode& node = AddReference();
   EXPECT_EQ(Saved(node), "{'$NodeId':'Ref','$FileName':'File','Plot':'','Values':{}}");

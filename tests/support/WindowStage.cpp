@@ -33,7 +33,9 @@ WindowStage::WindowStage(const WindowSetup& setup) : Stage(setup.frames), direct
   Toolkit::Clipboard::SetBackend(&clipboard);
   const bool isPath = setup.document.find('/') != std::string::npos;
   std::string& asset = Tesselor::AssetFileIndex::Instance().assetToLoad;
-  asset = setup.document.empty() || isPath ? setup.document : "samples/" + setup.document + ".json";
+  asset = setup.document.empty() || isPath ? setup.document : (copies.Path() / (setup.document + ".json")).string();
+  if (!setup.document.empty() && !isPath)
+    std::filesystem::copy_file(TESSELOR_DATA_DIR "/samples/" + setup.document + ".json", asset);
   view = Toolkit::MakePtr<Tesselor::MainView>();
   Put(*view, setup.size);
   asset.clear();

@@ -28,7 +28,8 @@ public:
 };
 
 struct WindowSetup {
-  /// A sample by its name ("quest"), or the path of an asset; empty for the default document of the first root.
+  /// A sample by its name ("quest"), of which a copy is opened, or the path of an asset; empty for the default document
+  /// of the first root.
   std::string document = {};
   /// Holds `Workspaces`; the current directory while the stage lives.
   std::filesystem::path directory = TESSELOR_DATA_DIR;
@@ -91,6 +92,7 @@ public:
 
 private:
   CurrentDirectoryScope directory;
+  TemporaryDirectory copies;
   ToolkitWarnings warnings;
   Toolkit::Ptr<Tesselor::MainView> view;
 };

@@ -51,6 +51,8 @@ protected:
     Counter::StaticType();
     LoudCounter::StaticType();
   }
+  // Before the plans go, to whose tables elements point.
+  ~EventHandlersTest() override { TakeWindowDown(); }
   /// A counter of that class under a root that takes input, filled from a document of its class.
   Ptr<Counter> ShowCounter(const std::string& className, const std::string& content) {
     const std::string text = "<UserControl xmlns=\"p\" xmlns:x=\"x\" x:Class=\"" + className + "\" Height=\"40\">" +

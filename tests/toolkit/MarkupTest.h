@@ -63,7 +63,8 @@ protected:
 
   /// An element from markup whose root has the usual namespaces. Plans live as long as the test.
   template <class T = FrameworkElement> Ptr<T> Make(const std::string& root, const std::string& rest) {
-    return Ptr<T>(DynamicCast<T>(MakeObject("<" + root + " xmlns=\"p\" xmlns:x=\"x\" xmlns:local=\"clr-namespace:Tesselor\"" + rest).Get()));
+    return Ptr<T>(DynamicCast<T>(
+        MakeObject("<" + root + " xmlns=\"p\" xmlns:x=\"x\" xmlns:local=\"clr-namespace:Tesselor\"" + rest).Get()));
   }
 
   TestSupport::ToolkitWarnings warnings;
