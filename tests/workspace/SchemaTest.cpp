@@ -30,7 +30,7 @@ TEST(NodeDictionary, ReadsSchemas) {
         "INPUTS": {"x": {"Color": "Blue", "ID": "In", "spacingabove": 1.5, "multiple": true, "ismap": true, "type": "T",
                    "label": "L", "description": "D", "FIELDS": [{"id": "F", "type": "Int", "options": {"Min": 2}}]}},
         "outputs": [{"id": "no colour"},
-                    {"color": "red", "SpacingAbove": "2", "Multiple": 1, "IsMap": "true", "Type": 3},
+                    {"color": "red", "SpacingAbove": true, "Multiple": 1, "IsMap": "true", "Type": 3},
                     {"color": "red", "id": "Out", "SpacingAbove": 2, "Multiple": false}]})"}},
       {"the order of keys, and broken ones", {head + R"("Schema": {
         "Type": "$Const:Foo", "Child": {"Node": "Bar", "pin": "Out"}, "Broken": 3, "Half": {"node": "Bar"},
