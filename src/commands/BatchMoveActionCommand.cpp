@@ -5,6 +5,8 @@
 
 namespace Tesselor {
 
+using Toolkit::DynamicCast;
+
 namespace {
 
 void Place(BaseNode& node, float left, float top) {
@@ -13,6 +15,34 @@ void Place(BaseNode& node, float left, float top) {
 }
 
 } // namespace
+
+BatchMoveActionCommand::BatchMoveActionCommand(Graph& graph, std::vector<MoveRecord> moves, Siblings siblings)
+    : graph(graph), records(std::move(moves)) {
+  if (siblings == Siblings::Reordered) oldOrder = OrderAround();
+}
+
+ChildOrder BatchMoveActionCommand::OrderAround() const {
+  ChildOrder order;
+  for (const MoveRecord& record : records)
+    if (const auto* node = DynamicCast<ContentNode>(record.node.Get())) order.NoteParentsOf(*node);
+  return order;
+}
+
+void BatchMoveActionCommand::MoveBy(Toolkit::Point distance) {
+  for (MoveRecord& record : records) {
+    record.newLeft = record.oldLeft + distance.x;
+    record.newTop = record.oldTop + distance.y;
+    Place(*record.node, record.newLeft, record.newTop);
+  }
+}
+
+void BatchMoveActionCommand::Settle() {
+  std::vector<ContentNode*> moved;
+  for (const MoveRecord& record : records)
+    if (auto* node = DynamicCast<ContentNode>(record.node.Get())) moved.push_back(node);
+  graph.RefreshOrderAround(moved);
+  newOrder = OrderAround();
+}
 
 void BatchMoveActionCommand::Do() {
   for (const MoveRecord& record : records) Place(*record.node, record.newLeft, record.newTop);

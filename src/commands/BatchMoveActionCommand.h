@@ -2,6 +2,7 @@
 
 #include "graph/ChildOrder.h"
 #include "graph/MoveRecord.h"
+#include "toolkit/base/Geometry.h"
 #include "values/IActionCommand.h"
 
 #include <vector>
@@ -10,19 +11,31 @@ namespace Tesselor {
 
 class Graph;
 
-/// Moves nodes. Made after the nodes were moved, so it is pushed without being run.
+/// Moves nodes, which brings the children of the pins around into the order of their heights. Made before the nodes are
+/// moved, and pushed without being run once they are where they should be.
 class BatchMoveActionCommand : public IActionCommand {
 public:
-  /// The graph outlives the history.
-  BatchMoveActionCommand(Graph& graph, std::vector<MoveRecord> records) : graph(graph), records(std::move(records)) {}
-  /// For a move after which the children of the pins around were brought into their new order: how they stood before
-  /// and after.
-  BatchMoveActionCommand(Graph& graph, std::vector<MoveRecord> records, ChildOrder oldOrder, ChildOrder newOrder)
-      : graph(graph), records(std::move(records)), oldOrder(std::move(oldOrder)), newOrder(std::move(newOrder)) {}
+  enum class Siblings {
+    /// The move decides the order of the children around.
+    Reordered,
+    /// As a layout does it, which follows the order instead.
+    Kept,
+  };
+  /// The graph outlives the history. The children around stand as they did before the move.
+  BatchMoveActionCommand(Graph& graph, std::vector<MoveRecord> records, Siblings siblings = Siblings::Kept);
+
+  const std::vector<MoveRecord>& Records() const { return records; }
+  /// Moves all nodes to `distance` from where they stood before, and leaves the order of siblings for `Settle`.
+  void MoveBy(Toolkit::Point distance);
+  /// The nodes stay where they are now.
+  void Settle();
+
   void Do() override;
   void Undo() override;
 
 private:
+  ChildOrder OrderAround() const;
+
   Graph& graph;
   std::vector<MoveRecord> records;
   ChildOrder oldOrder, newOrder;

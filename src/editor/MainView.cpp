@@ -1,5 +1,6 @@
 #include "editor/MainView.h"
 
+#include "editor/CreateNodeButton.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -41,6 +42,13 @@ void MainView::Describe(Toolkit::TypeBuilder<MainView>& type) {
   type.Handler<&MainView::OnClickLoadWorkspace>("OnClickLoadWorkspace", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&MainView::OnClickCancelLoadWorkspace>("OnClickCancelLoadWorkspace", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&MainView::OnSelectionUp>("OnSelectionUp", NodeEditorCanvas::SelectionUpEvent);
+  type.Handler<&MainView::OnShowNodesMenu>("OnShowNodesMenu", NodeEditorCanvas::ShowNodesMenuEvent);
+  type.Handler<&MainView::OnNodesMenuClosed>("OnNodesMenuClosed", NodesMenu::ClosedEvent);
+  type.Handler<&MainView::OnCreateNode>("OnCreateNode", CreateNodeButton::CreateNodeEvent);
+  type.Handler<&MainView::OnCreateGroup>("OnCreateGroup", NodesMenu::CreateGroupEvent);
+  type.Handler<&MainView::OnCreateLink>("OnCreateLink", NodesMenu::CreateLinkEvent);
+  type.Handler<&MainView::OnCreateComment>("OnCreateComment", NodesMenu::CreateCommentEvent);
+  type.Handler<&MainView::ContainerBorder_MouseUp>("ContainerBorder_MouseUp", PreviewMouseLeftButtonUpEvent);
   type.Handler<&MainView::OnCutLineUp>("OnCutLineUp", NodeEditorCanvas::CutLineUpEvent);
   type.Handler<&MainView::OnConnectionClicked>("OnConnectionClicked", Connection::ConnectionClickedEvent);
   type.Handler<&MainView::OnNodePinMenu>("OnNodePinMenu", NodePinControl::NodePinMenuEvent);
@@ -56,6 +64,8 @@ MainView::MainView() {
   workspaceMenu = FindName<Toolkit::MenuItem>("WorkspaceMenu");
   TOOLKIT_ASSERT(nodeEditorCanvas && containerBorder && workspaceMenu);
   graph = std::make_unique<Graph>(*nodeEditorCanvas->GetPanel());
+  newNodes = std::make_unique<NewNodes>(*nodeEditorCanvas, *graph);
+  nudges = std::make_unique<Nudges>(*graph);
   gestures = std::make_unique<CanvasGestures>(*nodeEditorCanvas, *graph, GestureCallbacks());
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");

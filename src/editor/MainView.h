@@ -1,6 +1,8 @@
 #pragma once
 
+#include "editor/NewNodes.h"
 #include "editor/PendingPin.h"
+#include "editor/SelectionCommands.h"
 #include "editor/WorkspaceItemData.h"
 #include "editor/gestures/CanvasGestures.h"
 #include "graph/Graph.h"
@@ -21,13 +23,17 @@ namespace Tesselor {
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
+class NodeDictionary;
+struct CreateNodeEventArgs;
 struct CutLineUpEventArgs;
 struct ImportTarget;
 struct SelectionUpEventArgs;
+struct ShowNodesMenuEventArgs;
 
 /// The application's window. It owns the document's graph and the path of its file, and forwards what the user does to
 /// whoever does it. Its sources are parted by concept: MainView.cpp (start and events), MainViewDocument.cpp (the
-/// graph and what gestures do to it), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar and keys).
+/// graph and what gestures do to it), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar),
+/// MainViewKeys.cpp (keys).
 class MainView : public Toolkit::Window {
   TOOLKIT_TYPE(MainView)
 public:
@@ -99,23 +105,59 @@ private:
   void OnClickCancelLoadWorkspace(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnConnectionClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
 
-  void RunChords(const Toolkit::KeyEventArgs& args);
+  // The keys.
+  struct KeyBinding;
+  void RunKeyBindings(const Toolkit::KeyEventArgs& args);
+  void SaveByKey();
+  void SaveAsByKey();
+  void ToggleHotkeys();
+  /// Takes back what is under way.
+  void GiveUp();
   void Undo();
   void Redo();
   void StepInHistory(void (*step)());
-  void ToggleSearchPanel();
+
+  // What changes the selected nodes.
+  void SelectAll();
+  void DeleteSelection();
+  void NudgeLeft() { Nudge({-1, 0}); }
+  void NudgeRight() { Nudge({1, 0}); }
+  void NudgeUp() { Nudge({0, -1}); }
+  void NudgeDown() { Nudge({0, 1}); }
+  void Nudge(Toolkit::Point direction);
   void MirrorNodes();
+
+  // The clipboard.
+  void Copy();
+  void Cut();
+  void Paste();
+  void Duplicate();
+
+  void ToggleSearchPanel();
   // The canvas.
   void OnSelectionUp(Toolkit::Object* sender, const SelectionUpEventArgs& args);
   void OnCutLineUp(Toolkit::Object* sender, const CutLineUpEventArgs& args);
   void OnNodePinMenu(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnShowNodesMenu(Toolkit::Object* sender, const ShowNodesMenuEventArgs& args);
+  void OnNodesMenuClosed(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnCreateNode(Toolkit::Object* sender, const CreateNodeEventArgs& args);
+  void OnCreateGroup(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnCreateLink(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnCreateComment(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void ContainerBorder_MouseUp(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   /// Joins two pins as an undo step, if they may be joined.
   void TryCreateConnection(NodePinData& target, NodePinData& source);
   CanvasGestures::Callbacks GestureCallbacks();
+  const NodeDictionary* Dictionary() const;
+  /// What is under way on the canvas ends before something else changes the document, and what was found in it is
+  /// closed.
+  void BeginEdit();
 
   // The document.
   std::unique_ptr<Graph> graph;
   std::unique_ptr<CanvasGestures> gestures;
+  std::unique_ptr<NewNodes> newNodes;
+  std::unique_ptr<Nudges> nudges;
   std::string filePath;
   /// The file at `filePath` while the user chooses a workspace for it; else null.
   JsonPtr waitingDocument;

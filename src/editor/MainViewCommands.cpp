@@ -15,16 +15,12 @@
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/CheckBox.h"
 #include "toolkit/controls/StackPanel.h"
-#include "toolkit/controls/TextBox.h"
-#include "toolkit/visual/Input.h"
 #include "values/ActionHistory.h"
 #include "workspace/AssetFileIndex.h"
 #include "workspace/RootType.h"
 
 namespace Tesselor {
 
-using Toolkit::Key;
-using Toolkit::Keyboard;
 using Toolkit::MessageBox;
 using Toolkit::MessageBoxButton;
 using Toolkit::MessageBoxImage;
@@ -130,53 +126,6 @@ void MainView::OnClickShowHotkeys(Toolkit::Object*, const RoutedEventArgs&) {
 
 void MainView::OnClickCloseHotkeys(Toolkit::Object*, const RoutedEventArgs&) {
   SetValue(HotkeysModalVisibilityProperty, Visibility::Collapsed);
-}
-
-void MainView::Window_KeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {
-  RunChords(args);
-  const bool inTextBox = Toolkit::DynamicCast<Toolkit::TextBox>(args.source) != nullptr;
-  if (args.key == Key::Escape) {
-    gestures->Cancel();
-    pendingPin.Clear();
-  } else if (args.key == Key::H && !inTextBox && !args.isRepeat) {
-    const bool shown = Get<Visibility>(HotkeysModalVisibilityProperty) == Visibility::Visible;
-    SetValue(HotkeysModalVisibilityProperty, shown ? Visibility::Collapsed : Visibility::Visible);
-  }
-}
-
-void MainView::RunChords(const Toolkit::KeyEventArgs& args) {
-  if (!Keyboard::IsKeyDown(Key::LeftCtrl)) return;
-  const bool shift = Keyboard::IsKeyDown(Key::LeftShift);
-  // A chord is what the keys are that are held, whichever of its own keys came last. Another key that is pressed while
-  // it is held does not run it again.
-  const bool isModifier = args.key == Key::LeftCtrl || args.key == Key::LeftShift;
-  const auto isHeld = [&](Key key) { return Keyboard::IsKeyDown(key) && (args.key == key || isModifier); };
-  if (isHeld(Key::Z)) shift ? Redo() : Undo();
-  if (args.isRepeat) return;
-  // Each chord that matches runs.
-  if (shift && isHeld(Key::S)) SaveAs();
-  if (isHeld(Key::S) && args.key != Key::LeftShift) Save();
-  if (isHeld(Key::O) && args.key != Key::LeftShift) Open();
-  if (isHeld(Key::F) && args.key != Key::LeftShift) ToggleSearchPanel();
-}
-
-void MainView::Undo() {
-  StepInHistory([] { ActionHistory::Instance().UndoLast(); });
-}
-
-void MainView::Redo() {
-  StepInHistory([] { ActionHistory::Instance().RedoLast(); });
-}
-
-void MainView::StepInHistory(void (*step)()) {
-  gestures->Cancel();
-  // What is being typed becomes a step of its own before, which it does when its box loses the focus.
-  Toolkit::InputState* input = Toolkit::InputState::Current();
-  const Ptr<Toolkit::UIElement> focused(input ? input->Focused() : nullptr);
-  if (focused) input->SetFocus(nullptr);
-  step();
-  if (focused && focused->IsAttached() && !input->Focused()) focused->Focus();
-  nodeSearchPanel->Reset();
 }
 
 } // namespace Tesselor

@@ -34,7 +34,9 @@ CanvasGestures::Callbacks MainView::GestureCallbacks() {
   callbacks.connection.click = [this](NodePinData& pin) {
     for (const auto& connection : graph->Connections().ConnectionsOf(pin)) graph->Connections().Select(*connection);
   };
-  callbacks.connection.drop = [](Toolkit::Ptr<Connection>, Toolkit::Point) {};
+  callbacks.connection.drop = [this](Toolkit::Ptr<Connection> connection, Toolkit::Point at) {
+    if (workspaces.currentRoot) newNodes->OpenMenuFor(std::move(connection), at);
+  };
   return callbacks;
 }
 

@@ -52,6 +52,7 @@ std::vector<std::string> UncategorizedIds(const std::vector<std::string>& ids,
 const Toolkit::RoutedEvent NodesMenu::CreateGroupEvent("CreateGroup", Toolkit::RoutingStrategy::Bubble);
 const Toolkit::RoutedEvent NodesMenu::CreateLinkEvent("CreateLink", Toolkit::RoutingStrategy::Bubble);
 const Toolkit::RoutedEvent NodesMenu::CreateCommentEvent("CreateComment", Toolkit::RoutingStrategy::Bubble);
+const Toolkit::RoutedEvent NodesMenu::ClosedEvent("Closed", Toolkit::RoutingStrategy::Bubble);
 
 TOOLKIT_TYPE_IMPL(NodesMenu, Toolkit::UserControl, "Tesselor.NodesMenu")
 void NodesMenu::Describe(Toolkit::TypeBuilder<NodesMenu>& type) {
@@ -62,6 +63,7 @@ void NodesMenu::Describe(Toolkit::TypeBuilder<NodesMenu>& type) {
   type.Event(&CreateGroupEvent);
   type.Event(&CreateLinkEvent);
   type.Event(&CreateCommentEvent);
+  type.Event(&ClosedEvent);
   type.Handler<&NodesMenu::OnCreateGroup>("OnCreateGroup", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&NodesMenu::OnCreateLink>("OnCreateLink", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&NodesMenu::OnCreateComment>("OnCreateComment", Toolkit::ButtonBase::ClickEvent);
@@ -116,10 +118,12 @@ void NodesMenu::Hide() {
 
 void NodesMenu::OnVisibilityChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange&) {
   auto& menu = static_cast<NodesMenu&>(object);
-  if (menu.IsOpen())
+  if (menu.IsOpen()) {
     menu.MakeListIfDue();
-  else
-    menu.HandFocusOn();
+    return;
+  }
+  menu.HandFocusOn();
+  menu.RaiseEvent(Toolkit::RoutedEventArgs(ClosedEvent, &menu));
 }
 
 void NodesMenu::OnSearchTextChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange&) {

@@ -35,6 +35,8 @@ public:
   static inline const Toolkit::DependencyProperty* NodesMenuVisibilityProperty = nullptr;
   static inline const Toolkit::DependencyProperty* SearchTextProperty = nullptr;
   static const Toolkit::RoutedEvent CreateGroupEvent, CreateLinkEvent, CreateCommentEvent;
+  /// Bubbling: the menu is no longer seen, for whatever reason.
+  static const Toolkit::RoutedEvent ClosedEvent;
 
   NodesMenu();
 

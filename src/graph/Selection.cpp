@@ -60,6 +60,21 @@ void Selection::RemoveContentsOf(const GroupNode& group, const Graph& graph) {
   std::erase_if(groupContents, [&inside](const Ptr<BaseNode>& node) { return inside.erase(node.Get()) > 0; });
 }
 
+std::vector<MoveRecord> Selection::MoveRecords() const {
+  std::vector<MoveRecord> records;
+  std::unordered_set<const BaseNode*> seen;
+  const auto add = [&](const Nodes& moving) {
+    for (const Ptr<BaseNode>& node : moving) {
+      if (!seen.insert(node.Get()).second) continue;
+      const Rect bounds = node->Bounds();
+      records.push_back({node, bounds.x, bounds.y, bounds.x, bounds.y});
+    }
+  };
+  add(nodes);
+  if (!nodes.empty() && Toolkit::DynamicCast<GroupNode>(nodes.front().Get())) add(groupContents);
+  return records;
+}
+
 void Selection::Forget(const std::unordered_set<const BaseNode*>& leaving) {
   const auto leaves = [&leaving](const Ptr<BaseNode>& node) { return leaving.contains(node.Get()); };
   for (const Ptr<BaseNode>& node : nodes) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "graph/MoveRecord.h"
 #include "toolkit/base/Object.h"
 
 #include <unordered_set>
@@ -37,6 +38,10 @@ public:
   void AddContentsOf(const GroupNode& group, const Graph& graph);
   /// Takes what lies strictly inside of the group now out again, each node once.
   void RemoveContentsOf(const GroupNode& group, const Graph& graph);
+
+  /// Where what moves with the selection stands: the selected nodes, and if the first of them is a group what lies in
+  /// the selected groups. Each node once.
+  std::vector<MoveRecord> MoveRecords() const;
 
   /// For nodes that leave the graph: takes them out of the selection and of the contents of groups, in one pass.
   void Forget(const std::unordered_set<const BaseNode*>& leaving);

@@ -14,6 +14,7 @@ void ActionHistory::Push(std::unique_ptr<IActionCommand> command) {
     waiting.push_back(std::move(command));
     return;
   }
+  ++revision;
   commands.erase(commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(undoneCount));
   undoneCount = 0;
   commands.push_front(std::move(command));
@@ -28,6 +29,7 @@ void ActionHistory::Run(std::unique_ptr<IActionCommand> command) {
 void ActionHistory::UndoLast() {
   if (isStepping || undoneCount >= commands.size()) return;
   isStepping = true;
+  ++revision;
   commands[undoneCount++]->Undo();
   isStepping = false;
   PushWaiting();
@@ -36,6 +38,7 @@ void ActionHistory::UndoLast() {
 void ActionHistory::RedoLast() {
   if (isStepping || undoneCount == 0) return;
   isStepping = true;
+  ++revision;
   commands[--undoneCount]->Do();
   isStepping = false;
   PushWaiting();
@@ -46,6 +49,7 @@ void ActionHistory::PushWaiting() {
 }
 
 void ActionHistory::Clear() {
+  ++revision;
   undoneCount = 0;
   // What the commands kept alive goes here and may look at the history, which is empty by then.
   std::exchange(commands, {});

@@ -3,6 +3,7 @@
 #include "values/IActionCommand.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <vector>
@@ -34,6 +35,8 @@ public:
   void Clear();
 
   size_t Size() const { return commands.size(); }
+  /// Changes with every step that is pushed, undone, redone or forgotten: as long as it stays, so does the newest step.
+  uint64_t Revision() const { return revision; }
   size_t UndoneCount() const { return undoneCount; }
 
 private:
@@ -42,6 +45,7 @@ private:
   /// Newest first. The first `undoneCount` commands are undone; the one behind them is the next to be undone.
   std::deque<std::unique_ptr<IActionCommand>> commands;
   size_t undoneCount = 0;
+  uint64_t revision = 0;
   /// A step is being undone or redone; what is pushed then waits here.
   bool isStepping = false;
   std::vector<std::unique_ptr<IActionCommand>> waiting;

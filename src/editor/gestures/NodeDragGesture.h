@@ -1,10 +1,10 @@
 #pragma once
 
+#include "commands/BatchMoveActionCommand.h"
 #include "editor/gestures/Gesture.h"
-#include "graph/MoveRecord.h"
 
 #include <functional>
-#include <vector>
+#include <memory>
 
 namespace Tesselor {
 
@@ -22,14 +22,11 @@ public:
   void Cancel() override;
 
 private:
-  void Begin();
-
   Graph& graph;
   Toolkit::Point start;
   std::function<void()> onClick;
-  /// Empty until the mouse moves. Each node once.
-  std::vector<MoveRecord> records;
-  bool hasMoved = false;
+  /// Null until the mouse moves.
+  std::unique_ptr<BatchMoveActionCommand> move;
 };
 
 } // namespace Tesselor

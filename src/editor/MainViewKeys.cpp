@@ -1,0 +1,118 @@
+// What the keys do in the window.
+
+#include "editor/MainView.h"
+
+#include "toolkit/controls/TextBox.h"
+#include "toolkit/visual/Input.h"
+#include "values/ActionHistory.h"
+
+#include <algorithm>
+
+namespace Tesselor {
+
+using Toolkit::Key;
+using Toolkit::Keyboard;
+using Toolkit::Ptr;
+
+/// What a key runs that goes down while its modifiers are held. All rows that match run, from top to bottom.
+struct MainView::KeyBinding {
+  enum class Ctrl { Up, Down, Either };
+  enum class Shift { Up, Down, Either };
+  /// Whether it runs again while the key is held.
+  enum class Repeat { No, Yes };
+  /// What a text box leaves of its keys is the graph's only where that can't surprise who types.
+  enum class InText { No, Yes };
+
+  Ctrl ctrl;
+  Shift shift;
+  Key key;
+  Repeat repeat;
+  InText inText;
+  void (MainView::*run)();
+
+  bool Matches(const Toolkit::KeyEventArgs& args, bool isInText) const;
+};
+
+/// A chord is what the keys are that are held, whichever of its own keys came last. Another key that is pressed while
+/// it is held does not run it again.
+bool MainView::KeyBinding::Matches(const Toolkit::KeyEventArgs& args, bool isInText) const {
+  if (isInText && inText == InText::No) return false;
+  if (args.isRepeat && repeat == Repeat::No) return false;
+  const bool isShiftHeld = Keyboard::IsKeyDown(Key::LeftShift);
+  if (ctrl != Ctrl::Either && Keyboard::IsKeyDown(Key::LeftCtrl) != (ctrl == Ctrl::Down)) return false;
+  if (shift != Shift::Either && isShiftHeld != (shift == Shift::Down)) return false;
+  if (args.key == key) return true;
+  const bool isOwnModifier =
+      (ctrl == Ctrl::Down && args.key == Key::LeftCtrl) || (shift == Shift::Down && args.key == Key::LeftShift);
+  return isOwnModifier && Keyboard::IsKeyDown(key);
+}
+
+void MainView::RunKeyBindings(const Toolkit::KeyEventArgs& args) {
+  using B = KeyBinding;
+  constexpr auto Held = B::Ctrl::Down;
+  constexpr auto Free = B::Ctrl::Up;
+  constexpr auto Any = B::Ctrl::Either;
+  static const KeyBinding bindings[] = {
+      {Held, B::Shift::Down, Key::S, B::Repeat::No, B::InText::Yes, &MainView::SaveAsByKey},
+      {Held, B::Shift::Either, Key::S, B::Repeat::No, B::InText::Yes, &MainView::SaveByKey},
+      {Held, B::Shift::Either, Key::O, B::Repeat::No, B::InText::Yes, &MainView::Open},
+      {Held, B::Shift::Either, Key::F, B::Repeat::No, B::InText::Yes, &MainView::ToggleSearchPanel},
+      {Held, B::Shift::Either, Key::C, B::Repeat::No, B::InText::Yes, &MainView::Copy},
+      {Held, B::Shift::Either, Key::V, B::Repeat::No, B::InText::Yes, &MainView::Paste},
+      {Held, B::Shift::Down, Key::Z, B::Repeat::Yes, B::InText::Yes, &MainView::Redo},
+      {Held, B::Shift::Up, Key::Z, B::Repeat::Yes, B::InText::Yes, &MainView::Undo},
+      {Held, B::Shift::Up, Key::Y, B::Repeat::Yes, B::InText::Yes, &MainView::Redo},
+      {Held, B::Shift::Up, Key::X, B::Repeat::No, B::InText::No, &MainView::Cut},
+      {Held, B::Shift::Up, Key::D, B::Repeat::No, B::InText::No, &MainView::Duplicate},
+      {Held, B::Shift::Up, Key::A, B::Repeat::No, B::InText::No, &MainView::SelectAll},
+      {Any, B::Shift::Either, Key::Delete, B::Repeat::No, B::InText::No, &MainView::DeleteSelection},
+      {Free, B::Shift::Either, Key::Left, B::Repeat::Yes, B::InText::No, &MainView::NudgeLeft},
+      {Free, B::Shift::Either, Key::Right, B::Repeat::Yes, B::InText::No, &MainView::NudgeRight},
+      {Free, B::Shift::Either, Key::Up, B::Repeat::Yes, B::InText::No, &MainView::NudgeUp},
+      {Free, B::Shift::Either, Key::Down, B::Repeat::Yes, B::InText::No, &MainView::NudgeDown},
+      {Any, B::Shift::Either, Key::H, B::Repeat::No, B::InText::No, &MainView::ToggleHotkeys},
+      {Any, B::Shift::Either, Key::Escape, B::Repeat::No, B::InText::Yes, &MainView::GiveUp},
+  };
+  const bool isInText = Toolkit::DynamicCast<Toolkit::TextBox>(args.source) != nullptr;
+  // What one of them does, such as opening a dialog, must not decide whether another one runs.
+  std::vector<void (MainView::*)()> matching;
+  for (const KeyBinding& binding : bindings)
+    if (binding.Matches(args, isInText)) matching.push_back(binding.run);
+  for (const auto run : matching) (this->*run)();
+}
+
+void MainView::Window_KeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& args) { RunKeyBindings(args); }
+
+void MainView::SaveByKey() { Save(); }
+void MainView::SaveAsByKey() { SaveAs(); }
+
+void MainView::GiveUp() {
+  gestures->Cancel();
+  newNodes->CloseMenu();
+  pendingPin.Clear();
+}
+
+void MainView::ToggleHotkeys() {
+  const bool shown = Get<Toolkit::Visibility>(HotkeysModalVisibilityProperty) == Toolkit::Visibility::Visible;
+  SetValue(HotkeysModalVisibilityProperty, shown ? Toolkit::Visibility::Collapsed : Toolkit::Visibility::Visible);
+}
+
+void MainView::Undo() {
+  StepInHistory([] { ActionHistory::Instance().UndoLast(); });
+}
+
+void MainView::Redo() {
+  StepInHistory([] { ActionHistory::Instance().RedoLast(); });
+}
+
+void MainView::StepInHistory(void (*step)()) {
+  BeginEdit();
+  // What is being typed becomes a step of its own before, which it does when its box loses the focus.
+  Toolkit::InputState* input = Toolkit::InputState::Current();
+  const Ptr<Toolkit::UIElement> focused(input ? input->Focused() : nullptr);
+  if (focused) input->SetFocus(nullptr);
+  step();
+  if (focused && focused->IsAttached() && !input->Focused()) focused->Focus();
+}
+
+} // namespace Tesselor

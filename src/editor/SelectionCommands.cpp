@@ -1,0 +1,61 @@
+#include "editor/SelectionCommands.h"
+
+#include "commands/BatchDeleteConnectionActionCommand.h"
+#include "commands/BatchDeleteNodeActionCommand.h"
+#include "commands/BatchMoveActionCommand.h"
+#include "graph/Graph.h"
+#include "nodes/CommentNode.h"
+#include "nodes/GroupNode.h"
+#include "values/ActionHistory.h"
+
+#include <algorithm>
+
+namespace Tesselor {
+
+void SelectAllNodes(Graph& graph) {
+  const auto add = [&](const auto& nodes) {
+    for (const auto& node : nodes) graph.Selected().Add(*node);
+  };
+  add(graph.ContentNodes());
+  add(graph.GroupNodes());
+  add(graph.CommentNodes());
+}
+
+bool DeleteSelected(Graph& graph) {
+  ActionHistory& history = ActionHistory::Instance();
+  const auto& connections = graph.Connections().Selected();
+  const Selection::Nodes& nodes = graph.Selected().GetNodes();
+  if (!connections.empty())
+    history.Run(std::make_unique<BatchDeleteConnectionActionCommand>(graph, connections));
+  else if (!nodes.empty())
+    history.Run(std::make_unique<BatchDeleteNodeActionCommand>(graph, nodes));
+  else
+    return false;
+  return true;
+}
+
+bool Nudges::GoesOn() const {
+  if (!run || ActionHistory::Instance().Revision() != revision) return false;
+  const auto isSame = [](const MoveRecord& a, const MoveRecord& b) { return a.node == b.node; };
+  const std::vector<MoveRecord> now = graph.Selected().MoveRecords();
+  return std::equal(now.begin(), now.end(), run->Records().begin(), run->Records().end(), isSame);
+}
+
+void Nudges::Move(Toolkit::Point distance) {
+  if (graph.Selected().IsEmpty()) return;
+  ActionHistory& history = ActionHistory::Instance();
+  std::unique_ptr<BatchMoveActionCommand> begun;
+  if (!GoesOn()) {
+    begun = std::make_unique<BatchMoveActionCommand>(graph, graph.Selected().MoveRecords(),
+                                                     BatchMoveActionCommand::Siblings::Reordered);
+    run = begun.get();
+    moved = {};
+  }
+  moved = moved + distance;
+  run->MoveBy(moved);
+  run->Settle();
+  if (begun) history.Push(std::move(begun));
+  revision = history.Revision();
+}
+
+} // namespace Tesselor
