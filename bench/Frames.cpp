@@ -5,100 +5,33 @@
 //   Frames ASSET [THREADS [ZOOM]]   1920x1080; the asset's workspace is found as the editor finds it; with a zoom, only
 //                                   the scene of that zoom is measured, ten times as long
 
-#include "app/AppLauncher.h"
-#include "editor/MainView.h"
-#include "editor/NodeEditorCanvas.h"
+#include "ScriptedDisplay.h"
+
 #include "nodes/ContentNode.h"
-#include "platform/CommandLineOptions.h"
-#include "platform/ExecutableDirectory.h"
-#include "platform/LogFile.h"
-#include "toolkit/base/Dispatcher.h"
 #include "toolkit/controls/TextBox.h"
-#include "toolkit/render/TileRasterizer.h"
-#include "toolkit/visual/Input.h"
-#include "workspace/AssetFileIndex.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
-#include <functional>
 #include <string>
-#include <vector>
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Bench::FindFirst;
+using Bench::Height;
+using Bench::Middle;
+using Bench::ScriptedDisplay;
+using Bench::Width;
 using Toolkit::Point;
 
-constexpr int Width = 1920, Height = 1080;
-constexpr Point Middle{Width / 2.0f, Height / 2.0f};
-
-/// Of all threads, in milliseconds.
-double ProcessorTime() {
-  timespec now{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
-}
-
-double Milliseconds(Clock::duration duration) { return std::chrono::duration<double, std::milli>(duration).count(); }
-
-template <class T> T* FindFirst(Toolkit::UIElement& element, const std::function<bool(T&)>& fits) {
-  if (T* found = Toolkit::DynamicCast<T>(&element); found && fits(*found)) return found;
-  for (size_t i = 0; i < element.VisualChildCount(); ++i)
-    if (Toolkit::UIElement* child = element.VisualChild(i))
-      if (T* found = FindFirst<T>(*child, fits)) return found;
-  return nullptr;
-}
-
-/// Plays a script: each time the program waits for input it gets the next piece of it.
-class ScriptedDisplay : public Toolkit::Display {
+class Scenes : public ScriptedDisplay {
 public:
-  ScriptedDisplay(int threads, float onlyZoom)
-      : rasterizer(threads), pixels(static_cast<size_t>(Width * Height)), onlyZoom(onlyZoom) {}
-
-  bool Open(Toolkit::UIElement& window, Toolkit::InputState& state, const std::string&, std::string&) override {
-    root = &window;
-    input = &state;
-    return true;
-  }
-  Toolkit::Size ClientSize() const override { return {Width, Height}; }
-  bool HasUser() const override { return true; }
-  bool ShowsFrames() const override { return true; }
-  bool TakeCloseRequest() override { return isDone; }
-  bool TakeSizeChange() override { return false; }
-  void SetTitle(const std::string&) override {}
-
-  void Present(const Toolkit::FrameRecorder::Frame& frame) override {
-    const auto start = Clock::now();
-    if (!frame.damage.empty())
-      rasterizer.Draw(*frame.list, {pixels.data(), Width, Height, Width}, {}, frame.damage, 0xff24242a);
-    drawing = Milliseconds(Clock::now() - start);
-    if (frameStart == Clock::time_point()) return;
-    times.push_back(Milliseconds(Clock::now() - frameStart));
-    processorTimes.push_back(ProcessorTime() - processorStart);
-    drawTimes.push_back(drawing);
-  }
-
-  void WaitForInput(double) override {
-    frameStart = {};
-    if (steps.empty() && !MakeSteps()) return;
-    if (next == steps.size()) {
-      isDone = true;
-      return;
-    }
-    frameStart = Clock::now();
-    processorStart = ProcessorTime();
-    steps[next++]();
-  }
+  /// A negative zoom stands for all scenes.
+  Scenes(int threads, float onlyZoom) : ScriptedDisplay(threads), onlyZoom(onlyZoom) {}
 
 private:
-  /// False while the document is still being opened.
-  bool MakeSteps() {
-    canvas = FindFirst<Tesselor::NodeEditorCanvas>(*root, [](auto&) { return true; });
-    if (!canvas || Toolkit::Dispatcher::Current().HasWork()) return false;
+  void MakeSteps() override {
     const struct {
       const char* name;
       float zoom;
@@ -127,7 +60,7 @@ private:
     }
     if (onlyZoom >= 0) {
       Add([this] { Report(); });
-      return true;
+      return;
     }
     Add([this] {
       Report();
@@ -147,24 +80,20 @@ private:
     });
     Measure("keystroke", 60, [this](int i) { input->TextInput(i % 2 ? "a" : "b"); });
     Add([this] { Report(); });
-    return true;
   }
-
-  void Add(std::function<void()> step) { steps.push_back(std::move(step)); }
 
   void Measure(const std::string& name, int count, const std::function<void(int)>& step) {
     Add([this, name] {
       Report();
       measured = name;
-      times.clear();
-      processorTimes.clear();
-      drawTimes.clear();
+      Take();
     });
     for (int i = 0; i < count; ++i) Add([step, i] { step(i); });
   }
 
   void Report() {
-    if (measured.empty() || times.empty()) return;
+    const Times times = Take();
+    if (measured.empty() || times.wall.empty()) return;
     // The first frame belongs to what came before.
     const auto median = [](std::vector<double> values) {
       std::sort(values.begin(), values.end());
@@ -173,9 +102,9 @@ private:
     std::printf("%-36s median %7.2f  slowest %7.2f  CPU %7.2f  of it drawing %7.2f  (%zu frames, %zu nodes and %zu "
                 "curves in view, zoom "
                 "%.4f)\n",
-                measured.c_str(), median(times), *std::max_element(times.begin(), times.end()), median(processorTimes),
-                median(drawTimes), times.size(), CountInView(true), CountInView(false),
-                static_cast<double>(canvas->GetZoom()));
+                measured.c_str(), median(times.wall), *std::max_element(times.wall.begin(), times.wall.end()),
+                median(times.processor), median(times.drawing), times.wall.size(), CountInView(true),
+                CountInView(false), static_cast<double>(canvas->GetZoom()));
     measured.clear();
   }
 
@@ -241,35 +170,9 @@ private:
   /// Of the canvas's panel.
   static constexpr float Centre = 750000;
   Toolkit::Size extent;
-  Toolkit::TileRasterizer rasterizer;
-  std::vector<Toolkit::Pixel> pixels;
-  /// Negative for all scenes.
   float onlyZoom;
-  Toolkit::UIElement* root = nullptr;
-  Toolkit::InputState* input = nullptr;
-  Tesselor::NodeEditorCanvas* canvas = nullptr;
   Point start;
-  std::vector<std::function<void()>> steps;
-  size_t next = 0;
-  bool isDone = false;
-  Clock::time_point frameStart;
-  double drawing = 0, processorStart = 0;
   std::string measured;
-  std::vector<double> times, processorTimes, drawTimes;
-};
-
-class ScriptedLauncher : public Tesselor::AppLauncher {
-public:
-  ScriptedLauncher(int threads, float onlyZoom) : threads(threads), onlyZoom(onlyZoom) {}
-
-protected:
-  std::unique_ptr<Toolkit::Display> CreateDisplay() override {
-    return std::make_unique<ScriptedDisplay>(threads, onlyZoom);
-  }
-
-private:
-  int threads;
-  float onlyZoom;
 };
 
 } // namespace
@@ -279,12 +182,7 @@ int main(int argc, char** argv) {
     std::fputs("usage: Frames ASSET [THREADS [ZOOM]]\n", stderr);
     return 2;
   }
-  Tesselor::LogFile::Open("");
-  Tesselor::ExecutableDirectory::SetFromProgram(argv[0]);
-  Tesselor::AssetFileIndex& index = Tesselor::AssetFileIndex::Instance();
-  index.assetToLoad = argv[1];
-  index.BuildAsync(argv[1]);
-  ScriptedLauncher launcher(argc > 2 ? std::atoi(argv[2]) : 0, argc > 3 ? static_cast<float>(std::atof(argv[3])) : -1);
-  launcher.SetApplicationFile("App.xaml");
-  return launcher.Run();
+  const int threads = argc > 2 ? std::atoi(argv[2]) : 0;
+  const float zoom = argc > 3 ? static_cast<float>(std::atof(argv[3])) : -1;
+  return Bench::RunEditor(argv[0], argv[1], [&] { return std::make_unique<Scenes>(threads, zoom); });
 }

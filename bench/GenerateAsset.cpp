@@ -1,10 +1,11 @@
 // Writes a workspace and an asset of a given number of nodes, the same bytes for the same arguments:
-//   GenerateAsset <directory> <nodes> [--seed=<number>] [--no-layout] [--plain]
+//   GenerateAsset <directory> <nodes> [--seed=<number>] [--no-layout] [--plain] [--flat]
 // The asset is a tree. A fifth of its nodes are branches, whose Multiple pin holds an array of children (up to three
 // branches and four leaves); one leaf in four hangs on the single pin of another. A node has ten plain fields; a branch
 // has fields of all other kinds besides, among them lists and dictionaries of two to four rows, unless --plain is
-// given. Unless --no-layout is given, the metadata places every node, as a file that was saved before does. It prints
-// the numbers of nodes, of fields (each row and each field inside an object counts as one) and of bytes.
+// given. With --flat all nodes but the first are leaves on its pin. Unless --no-layout is given, the metadata places
+// every node, as a file that was saved before does. It prints the numbers of nodes, of fields (each row and each field
+// inside an object counts as one) and of bytes.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -160,8 +161,10 @@ void WriteWorkspace(const std::filesystem::path& directory, BranchFields branchF
 /// Grows the tree in the order of the file and, along with it, the metadata's table of places.
 class TreeWriter {
 public:
-  TreeWriter(uint32_t nodes, uint64_t seed, BranchFields branchFields)
-      : nodes(nodes), branches(nodes < 5 ? 1 : nodes / 5), branchFields(branchFields), random(seed) {}
+  enum class Shape { Tree, Flat };
+  TreeWriter(uint32_t nodes, uint64_t seed, BranchFields branchFields, Shape shape)
+      : nodes(nodes), branches(nodes < 5 || shape == Shape::Flat ? 1 : nodes / 5), branchFields(branchFields),
+        shape(shape), random(seed) {}
 
   Json Write(bool withLayout) {
     places.reset(cJSON_CreateObject());
@@ -192,10 +195,10 @@ private:
       cJSON_AddItemToArray(steps, Branch(child, depth + 1));
     // What the division by five left over hangs on the first branch.
     uint32_t leaves = 4 + (branch == 0 ? nodes - branches * 5 : 0);
-    if (nodes < 5) leaves = nodes - 1;
+    if (nodes < 5 || shape == Shape::Flat) leaves = nodes - 1;
     for (; leaves > 0; --leaves) {
       cJSON* leaf = Node("Leaf", depth + 1);
-      if (leaves == 2) {
+      if (leaves == 2 && shape == Shape::Tree) {
         --leaves;
         cJSON_AddItemToObject(leaf, "Outcome", Node("Leaf", depth + 2));
       }
@@ -270,6 +273,7 @@ private:
   uint32_t nodes;
   uint32_t branches;
   BranchFields branchFields;
+  Shape shape;
   RandomNumbers random;
   Json places;
   uint32_t written = 0;
@@ -282,6 +286,7 @@ int main(int argc, char** argv) {
   uint64_t seed = 1;
   bool withLayout = true;
   BranchFields branchFields = BranchFields::AllKinds;
+  TreeWriter::Shape shape = TreeWriter::Shape::Tree;
   std::vector<std::string> plain;
   for (int i = 1; i < argc; ++i) {
     const std::string argument = argv[i];
@@ -291,18 +296,20 @@ int main(int argc, char** argv) {
       withLayout = false;
     } else if (argument == "--plain") {
       branchFields = BranchFields::Plain;
+    } else if (argument == "--flat") {
+      shape = TreeWriter::Shape::Flat;
     } else {
       plain.push_back(argument);
     }
   }
   const long nodes = plain.size() == 2 ? std::strtol(plain[1].c_str(), nullptr, 10) : 0;
   if (nodes <= 0) {
-    std::cerr << "Usage: GenerateAsset <directory> <nodes> [--seed=<number>] [--no-layout] [--plain]\n";
+    std::cerr << "Usage: GenerateAsset <directory> <nodes> [--seed=<number>] [--no-layout] [--plain] [--flat]\n";
     return 1;
   }
   const std::filesystem::path directory = plain[0];
   WriteWorkspace(directory, branchFields);
-  TreeWriter writer(static_cast<uint32_t>(nodes), seed, branchFields);
+  TreeWriter writer(static_cast<uint32_t>(nodes), seed, branchFields, shape);
   const Json root = writer.Write(withLayout);
   char* text = cJSON_Print(root.get());
   const std::filesystem::path path = directory / ("asset-" + plain[1] + ".json");

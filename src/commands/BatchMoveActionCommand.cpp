@@ -7,15 +7,6 @@ namespace Tesselor {
 
 using Toolkit::DynamicCast;
 
-namespace {
-
-void Place(BaseNode& node, float left, float top) {
-  Toolkit::Canvas::SetTop(&node, top);
-  Toolkit::Canvas::SetLeft(&node, left);
-}
-
-} // namespace
-
 BatchMoveActionCommand::BatchMoveActionCommand(Graph& graph, std::vector<MoveRecord> moves, Siblings siblings)
     : graph(graph), records(std::move(moves)) {
   if (siblings == Siblings::Reordered) oldOrder = OrderAround();
@@ -32,7 +23,7 @@ void BatchMoveActionCommand::MoveBy(Toolkit::Point distance) {
   for (MoveRecord& record : records) {
     record.newLeft = record.oldLeft + distance.x;
     record.newTop = record.oldTop + distance.y;
-    Place(*record.node, record.newLeft, record.newTop);
+    Toolkit::Canvas::SetPlace(*record.node, {record.newLeft, record.newTop});
   }
 }
 
@@ -45,12 +36,12 @@ void BatchMoveActionCommand::Settle() {
 }
 
 void BatchMoveActionCommand::Do() {
-  for (const MoveRecord& record : records) Place(*record.node, record.newLeft, record.newTop);
+  for (const MoveRecord& record : records) Toolkit::Canvas::SetPlace(*record.node, {record.newLeft, record.newTop});
   graph.RestoreOrder(newOrder);
 }
 
 void BatchMoveActionCommand::Undo() {
-  for (const MoveRecord& record : records) Place(*record.node, record.oldLeft, record.oldTop);
+  for (const MoveRecord& record : records) Toolkit::Canvas::SetPlace(*record.node, {record.oldLeft, record.oldTop});
   graph.RestoreOrder(oldOrder);
 }
 

@@ -182,8 +182,8 @@ Toolkit::Point ContentNode::AnchorOf(const NodePinData& pin) const {
   return Offset() + pin.anchor;
 }
 
-void ContentNode::OnLayoutChanged() {
-  areAnchorsDue = true;
+void ContentNode::OnLayoutChanged(Toolkit::LayoutChange change) {
+  areAnchorsDue |= change == Toolkit::LayoutChange::Inside;
   if (observer) observer->OnNodeLayoutChanged(*this);
 }
 

@@ -165,7 +165,7 @@ protected:
   /// For a class with a document of its own, which its constructor loads.
   ContentNode(WithoutDocument, std::string typeId, const NodeBlueprint& blueprint);
   void InitializeComponent() override;
-  void OnLayoutChanged() override;
+  void OnLayoutChanged(Toolkit::LayoutChange change) override;
   /// Looks up the named parts of the document that this class works with; those that it doesn't have stay empty.
   void FindParts();
 

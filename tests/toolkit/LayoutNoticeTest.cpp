@@ -15,11 +15,13 @@ class NotingPanel : public StackPanel {
 public:
   NotingPanel() { notesLayout = true; }
   int notices = 0;
+  LayoutChange last = LayoutChange::PlaceOnly;
   std::function<void()> onNotice;
 
 protected:
-  void OnLayoutChanged() override {
+  void OnLayoutChanged(LayoutChange change) override {
     ++notices;
+    last = change;
     EXPECT_TRUE(IsMeasureValid() && IsArrangeValid());
     if (onNotice) onNotice();
   }
@@ -41,14 +43,17 @@ protected:
     }
   }
   ~LayoutNoticeTest() override { canvas->DetachAsRoot(); }
-  /// How often outer 0, inner 0, outer 1 and inner 1 were told in one run.
+  /// How often outer 0, inner 0, outer 1 and inner 1 were told in one run; with a p if at last of their place alone.
   std::string Run() {
     LayoutQueue::Current().Run();
     EXPECT_TRUE(LayoutQueue::Current().IsEmpty());
     std::string told;
     for (int i = 0; i < 2; ++i) {
-      told += std::to_string(std::exchange(outer[i]->notices, 0));
-      told += std::to_string(std::exchange(inner[i]->notices, 0));
+      for (NotingPanel* panel : {outer[i].Get(), inner[i].Get()}) {
+        told += std::to_string(panel->notices);
+        if (panel->notices > 0 && panel->last == LayoutChange::PlaceOnly) told += "p";
+        panel->notices = 0;
+      }
     }
     return told;
   }
@@ -81,9 +86,15 @@ TEST_F(LayoutNoticeTest, TellsOfAPlaceThatWasSetWithoutARun) {
   ASSERT_EQ(outer[1]->Offset(), (Point{40, 0}));
   Canvas::SetTop(outer[1].Get(), 5);
   EXPECT_FALSE(LayoutQueue::Current().IsEmpty());
-  EXPECT_EQ(Run(), "0010") << "what it holds stays where it is on it";
+  EXPECT_EQ(Run(), "001p0") << "what it holds stays where it is on it";
   Canvas::SetTop(outer[1].Get(), 5);
   EXPECT_EQ(Run(), "0000");
+  Canvas::SetPlace(*outer[1], {50, 6});
+  ASSERT_EQ(outer[1]->Offset(), (Point{50, 6}));
+  EXPECT_EQ(Run(), "001p0");
+  Canvas::SetPlace(*outer[1], {60, 6});
+  block[1]->SetText("a longer text");
+  EXPECT_EQ(Run(), "0011") << "its place, and what it holds";
 }
 
 TEST_F(LayoutNoticeTest, LaysOutWhatANoticeChangesInTheSameRun) {
@@ -100,7 +111,7 @@ TEST_F(LayoutNoticeTest, LaysOutWhatANoticeChangesInTheSameRun) {
   // One that moves itself is told again, and settles.
   outer[0]->onNotice = [this] { Canvas::SetTop(outer[0].Get(), outer[0]->ActualHeight()); };
   block[0]->SetText("abc");
-  EXPECT_EQ(Run(), "2100");
+  EXPECT_EQ(Run(), "2p100");
 }
 
 TEST_F(LayoutNoticeTest, TellsNoneThatHasLeftTheTree) {
@@ -132,7 +143,7 @@ TEST_F(LayoutNoticeTest, FindsAPlaceThatWasChangedOffTheCanvas) {
   canvas->RemoveChild(panel.Get());
   Canvas::SetLeft(panel.Get(), 70);
   canvas->AddChild(panel.Get());
-  EXPECT_EQ(Run(), "1000");
+  EXPECT_EQ(Run(), "1p000");
   EXPECT_EQ(panel->Offset(), (Point{70, 0}));
 }
 

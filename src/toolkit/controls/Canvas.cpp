@@ -3,9 +3,17 @@
 #include "toolkit/controls/CanvasScene.h"
 #include "toolkit/visual/LayoutQueue.h"
 
+#include <utility>
+
 namespace Toolkit {
 
+namespace {
+/// The element to which the second of two coordinates is still to come.
+const DependencyObject* beingPlaced = nullptr;
+} // namespace
+
 void PlaceOnCanvas(DependencyObject& object, const PropertyChange&) {
+  if (&object == beingPlaced) return;
   auto* element = DynamicCast<UIElement>(&object);
   if (!element) return;
   auto* canvas = DynamicCast<Canvas>(element->VisualParent());
@@ -19,6 +27,15 @@ void Canvas::Describe(TypeBuilder<Canvas>& type) {
   TopProperty = type.Property<float>("Top", Auto, 0, &PlaceOnCanvas);
   RightProperty = type.Property<float>("Right", Auto, 0, &PlaceOnCanvas);
   BottomProperty = type.Property<float>("Bottom", Auto, 0, &PlaceOnCanvas);
+}
+
+void Canvas::SetPlace(UIElement& element, Point place) {
+  const DependencyObject* outer = std::exchange(beingPlaced, &element);
+  SetLeft(&element, place.x);
+  SetTop(&element, place.y);
+  beingPlaced = outer;
+  auto* canvas = DynamicCast<Canvas>(element.VisualParent());
+  if (canvas && element.IsMeasureValid()) canvas->ArrangeChild(element);
 }
 
 Canvas::Canvas() = default;

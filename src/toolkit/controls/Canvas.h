@@ -26,6 +26,8 @@ public:
   static void SetLeft(UIElement* element, float value) { element->SetValue(LeftProperty, value); }
   static float GetTop(const UIElement* element) { return element->Get<float>(TopProperty); }
   static void SetTop(UIElement* element, float value) { element->SetValue(TopProperty, value); }
+  /// Both at once, which arranges the element once.
+  static void SetPlace(UIElement& element, Point place);
 
 protected:
   Size MeasureOverride(Size available) override;

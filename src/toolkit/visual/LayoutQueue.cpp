@@ -98,6 +98,7 @@ void LayoutQueue::Remove(UIElement& element) {
   if (element.inNoticeQueue) notices.Remove(element);
   if (element.inLoadedQueue) loaded.Remove(element);
   element.inMeasureQueue = element.inArrangeQueue = element.inNoticeQueue = element.inLoadedQueue = false;
+  element.noticedChange = LayoutChange::PlaceOnly;
 }
 
 void LayoutQueue::Run() {
@@ -159,9 +160,15 @@ void LayoutQueue::RunTasks() {
 void LayoutQueue::TellOfChanges() {
   const std::vector<Ptr<UIElement>> changed = notices.Take();
   // What one of them moves by itself counts anew for all, those included that are still to be told.
-  for (const Ptr<UIElement>& element : changed) element->inNoticeQueue = false;
-  for (const Ptr<UIElement>& element : changed)
-    if (element->attached) element->OnLayoutChanged();
+  std::vector<LayoutChange> changes;
+  changes.reserve(changed.size());
+  for (const Ptr<UIElement>& element : changed) {
+    element->inNoticeQueue = false;
+    changes.push_back(element->noticedChange);
+    element->noticedChange = LayoutChange::PlaceOnly;
+  }
+  for (size_t i = 0; i < changed.size(); ++i)
+    if (changed[i]->attached) changed[i]->OnLayoutChanged(changes[i]);
 }
 
 void LayoutQueue::RaiseLoaded() {

@@ -243,7 +243,8 @@ void UIElement::Arrange(const Rect& rect) {
   const bool isResized = !(sizeBefore == renderSize), isMoved = !(placeBefore == offset);
   if (isResized) InvalidateVisual();
   if (isMoved) InvalidatePlace();
-  if (isFirst || isResized || isMoved) NoteLayoutChange(isFirst);
+  if (isFirst || isResized || isMoved)
+    NoteLayoutChange(isFirst || isResized ? LayoutChange::Inside : LayoutChange::PlaceOnly, isFirst);
 }
 
 void UIElement::ArrangeCore(const Rect& rect) { SetRenderSize({rect.width, rect.height}, {rect.x, rect.y}); }
@@ -294,8 +295,9 @@ void UIElement::InvalidatePlace() {
   visualParent->InvalidateVisual();
 }
 
-void UIElement::NoteLayoutChange(bool isFirst) {
+void UIElement::NoteLayoutChange(LayoutChange own, bool isFirst) {
   LayoutQueue& queue = LayoutQueue::Current();
+  if (notesLayout && own == LayoutChange::Inside) noticedChange = own;
   // In a layout of new elements the outermost of them tells those above, for all.
   if (isFirst && visualParent && visualParent->neverArranged) {
     if (notesLayout) queue.AddNotice(*this);
@@ -303,7 +305,8 @@ void UIElement::NoteLayoutChange(bool isFirst) {
   }
   for (UIElement* e = this; e; e = e->visualParent) {
     if (!e->notesLayout) continue;
-    // Those above one that is in the queue are in it as well.
+    if (e != this) e->noticedChange = LayoutChange::Inside;
+    // Those above one that is in the queue are in it as well, for a change inside.
     if (e->inNoticeQueue) return;
     queue.AddNotice(*e);
   }

@@ -16,6 +16,9 @@ class Painter;
 enum class Visibility : uint8_t { Collapsed = 0, Hidden = 1, Visible = 2 };
 const EnumDescription& DescribeEnum(Visibility);
 
+/// What a layout has changed of an element: its place on its parent alone, or also its size or what is below it.
+enum class LayoutChange : uint8_t { PlaceOnly, Inside };
+
 /// A node of the visual tree: layout, routed events, input and hit testing. The parent owns it; its pointer to the
 /// parent is raw and cleared on detach.
 class UIElement : public DependencyObject {
@@ -172,7 +175,7 @@ protected:
   virtual void OnDetached() {}
   /// At the end of a layout, when nothing is due any more: this element or one below it has another place or size on
   /// its parent than before. What this makes due is laid out in the same run, which tells again whom that moved.
-  virtual void OnLayoutChanged() {}
+  virtual void OnLayoutChanged(LayoutChange change) {}
   void SetRenderSize(Size size, Point position);
   /// For classes whose `DrawnBounds` follows from what they hold: it has changed.
   void InvalidateBounds();
@@ -192,7 +195,7 @@ private:
   /// The element's place in its parent changed, its own drawing did not.
   void InvalidatePlace();
   /// Puts the elements at and above this one that want to know of a changed arrangement into the layout queue.
-  void NoteLayoutChange(bool isFirst);
+  void NoteLayoutChange(LayoutChange own, bool isFirst);
 
   UIElement* visualParent = nullptr;
   std::unique_ptr<std::vector<HandlerEntry>> handlers;
@@ -209,6 +212,8 @@ private:
   bool inMeasureQueue : 1 = false;
   bool inArrangeQueue : 1 = false;
   bool inNoticeQueue : 1 = false;
+  /// What the notice will tell.
+  LayoutChange noticedChange : 1 = LayoutChange::PlaceOnly;
   bool inLoadedQueue : 1 = false;
   bool attached : 1 = false;
   bool drawingStale : 1 = true;
