@@ -8,6 +8,7 @@
 #include "platform/Uuid.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace Tesselor {
 
@@ -26,18 +27,24 @@ void CollectReachable(const ContentNode& start, NodeSet& reachable) {
   }
 }
 
-/// Whether a node that isn't pass-through lies upstream, directly or behind links: then the node is written inside
-/// that one's body.
-bool HasParent(const ContentNode& node) {
-  std::vector<const ContentNode*> waiting{&node};
-  NodeSet visited{&node};
-  for (size_t next = 0; next < waiting.size(); ++next)
-    for (size_t i = 0; i < waiting[next]->Input().Count(); ++i)
-      for (const NodePinData* other : waiting[next]->Input().Get(i)->connections) {
-        if (!other->owner->IsPassthrough()) return true;
-        if (visited.insert(other->owner).second) waiting.push_back(other->owner);
-      }
-  return false;
+/// The nodes that hang on one that isn't pass-through, directly or behind links: they are written inside that one's
+/// body.
+NodeSet NodesWithParents(const std::vector<Toolkit::Ptr<ContentNode>>& nodes) {
+  NodeSet found;
+  std::vector<const ContentNode*> waiting;
+  const auto visit = [&](const ContentNode& parent) {
+    for (size_t i = 0; i < parent.Output().Count(); ++i)
+      for (const NodePinData* other : parent.Output().Get(i)->connections)
+        if (found.insert(other->owner).second && other->owner->IsPassthrough()) waiting.push_back(other->owner);
+  };
+  for (const auto& node : nodes)
+    if (!node->IsPassthrough()) visit(*node);
+  while (!waiting.empty()) {
+    const ContentNode& link = *waiting.back();
+    waiting.pop_back();
+    visit(link);
+  }
+  return found;
 }
 
 const std::string& EnsureLinkId(ContentNode& link) {
@@ -52,20 +59,36 @@ std::string EndpointOf(const NodePinData& pin) {
   return owner.Identity() + ":" + owner.KeyOf(pin);
 }
 
-/// The pin of a real node that is reached from a link by the first connections of its own and other links' first pins
-/// on one side; null if there is none.
-const NodePinData* FarEnd(const ContentNode& link, bool upstream) {
-  NodeSet visited;
-  const ContentNode* node = &link;
-  while (visited.insert(node).second) {
-    const NodePinData* pin = upstream ? node->FirstInput() : node->FirstOutput();
-    if (!pin || pin->connections.empty()) return nullptr;
-    const NodePinData* far = pin->connections.front();
-    if (!far->owner->IsPassthrough()) return far;
-    node = far->owner;
+/// The pins of real nodes that are reached from links on one side, each by the first connections of its own and other
+/// links' first pins.
+class FarEnds {
+public:
+  enum class Side { Upstream, Downstream };
+  explicit FarEnds(Side side) : side(side) {}
+  /// Null if there is none.
+  const NodePinData* Of(const ContentNode& link) {
+    std::vector<const ContentNode*> passed;
+    const NodePinData* far = nullptr;
+    for (const ContentNode* node = &link; node; node = far->owner) {
+      const auto [entry, isNew] = known.emplace(node, nullptr);
+      if (!isNew) {
+        far = entry->second;
+        break;
+      }
+      passed.push_back(node);
+      const NodePinData* pin = side == Side::Upstream ? node->FirstInput() : node->FirstOutput();
+      far = pin && !pin->connections.empty() ? pin->connections.front() : nullptr;
+      if (!far || !far->owner->IsPassthrough()) break;
+    }
+    for (const ContentNode* node : passed) known[node] = far;
+    return far;
   }
-  return nullptr;
-}
+
+private:
+  Side side;
+  /// A ring has no end: until all of it is passed, and so in the end, its links stand here with null.
+  std::unordered_map<const ContentNode*, const NodePinData*> known;
+};
 
 void AddEndpoints(cJSON* json, const char* key, const NodePinData* pin) {
   cJSON* array = cJSON_AddArrayToObject(json, key);
@@ -152,10 +175,11 @@ JsonPtr DocumentExport::BuildFloatingNodes() {
     cJSON_AddItemToArray(array.get(), object.release());
     CollectReachable(node, reachable);
   };
+  const NodeSet withParents = NodesWithParents(nodes);
   std::vector<ContentNode*> inner;
   for (const auto& node : nodes) {
     if (node->IsPassthrough() || reachable.contains(node.Get())) continue;
-    if (HasParent(*node))
+    if (withParents.contains(node.Get()))
       inner.push_back(node.Get());
     else
       write(*node);
@@ -168,6 +192,7 @@ JsonPtr DocumentExport::BuildFloatingNodes() {
 
 JsonPtr DocumentExport::BuildLinks() const {
   JsonPtr json(cJSON_CreateObject());
+  FarEnds sources(FarEnds::Side::Upstream), targets(FarEnds::Side::Downstream);
   for (const auto& node : nodes) {
     if (!node->IsPassthrough()) continue;
     cJSON* entry = cJSON_AddObjectToObject(json.get(), EnsureLinkId(*node).c_str());
@@ -175,9 +200,9 @@ JsonPtr DocumentExport::BuildLinks() const {
     NodeWriter::WriteTitle(entry, *node);
     AddEndpoints(entry, Keys::InputConnections, node->FirstInput());
     AddEndpoints(entry, Keys::OutputConnections, node->FirstOutput());
-    if (const NodePinData* source = FarEnd(*node, true))
+    if (const NodePinData* source = sources.Of(*node))
       cJSON_AddStringToObject(entry, Keys::SourceEndpoint, EndpointOf(*source).c_str());
-    if (const NodePinData* target = FarEnd(*node, false))
+    if (const NodePinData* target = targets.Of(*node))
       cJSON_AddStringToObject(entry, Keys::TargetEndpoint, EndpointOf(*target).c_str());
   }
   return json;

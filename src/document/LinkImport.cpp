@@ -8,15 +8,14 @@
 #include "workspace/Workspace.h"
 
 #include <algorithm>
-#include <limits>
-#include <set>
+#include <map>
+#include <unordered_set>
 
 namespace Tesselor {
 
 namespace {
 
 constexpr std::string_view LinkPrefix = "link:";
-constexpr size_t NoPlace = std::numeric_limits<size_t>::max();
 
 std::vector<std::string> ReadTexts(const cJSON* array) {
   std::vector<std::string> texts;
@@ -64,12 +63,15 @@ void LinkImport::Read() {
                        ReadTexts(cJSON_GetObjectItem(json, Keys::InputConnections)),
                        ReadTexts(cJSON_GetObjectItem(json, Keys::OutputConnections)),
                        JsonText(cJSON_GetObjectItem(json, Keys::SourceEndpoint)).value_or(std::string()),
+                       {},
+                       {},
                        {}});
   }
 }
 
 void LinkImport::SpliceIntoPendingConnections() {
   if (records.empty()) return;
+  ResolveUpstream();
   TakeDirectConnectionsOut();
   for (Record& record : records) OrderOutputs(record);
   PutLinkConnectionsIn();
@@ -110,24 +112,66 @@ LinkImport::Record* LinkImport::FindLink(std::string_view text) {
   return found == recordsById.end() ? nullptr : &records[found->second];
 }
 
-/// The pins of real nodes from which a link is reached, the file's own source first.
-std::vector<LinkImport::Endpoint> LinkImport::SourcesOf(const Record& record) {
-  std::vector<Endpoint> sources;
-  std::set<const NodePinData*> known;
-  const auto add = [&](std::string_view text) {
-    const Endpoint source = Resolve(text);
-    if (source && known.insert(source.pin).second) sources.push_back(source);
-  };
-  add(record.sourceEndpoint);
-  std::vector<const Record*> waiting{&record};
-  std::set<const Record*> visited{&record};
-  for (size_t next = 0; next < waiting.size(); ++next)
-    for (const std::string& text : waiting[next]->inputConnections)
-      if (const Record* link = FindLink(text)) {
-        if (visited.insert(link).second) waiting.push_back(link);
-      } else {
-        add(text);
+void LinkImport::ResolveUpstream() {
+  for (Record& record : records) {
+    if (const Endpoint source = Resolve(record.sourceEndpoint)) record.ownSources.push_back(source);
+    for (const std::string& text : record.inputConnections)
+      if (Record* link = FindLink(text))
+        record.upstream.push_back(link);
+      else if (const Endpoint source = Resolve(text)) {
+        record.ownSources.push_back(source);
+        sourcePins[source.pin].links.push_back(&record);
       }
+  }
+}
+
+std::vector<LinkImport::Record*> LinkImport::InOrderOfFlow() {
+  std::vector<Record*> ordered;
+  std::unordered_set<const Record*> visited;
+  std::vector<std::pair<Record*, size_t>> stack;
+  for (Record& start : records) {
+    if (!visited.insert(&start).second) continue;
+    stack.emplace_back(&start, 0);
+    while (!stack.empty()) {
+      auto& [record, next] = stack.back();
+      if (next == record->upstream.size()) {
+        ordered.push_back(record);
+        stack.pop_back();
+      } else if (Record* link = record->upstream[next++]; visited.insert(link).second) {
+        stack.emplace_back(link, 0);
+      }
+    }
+  }
+  return ordered;
+}
+
+/// Looks no further than to links whose sources are known.
+LinkImport::Sources LinkImport::SourcesOf(Record& record,
+                                          const std::unordered_map<const Record*, Sources>& known) const {
+  std::vector<Sources> reached;
+  std::vector<Endpoint> own;
+  std::vector<const Record*> waiting{&record};
+  std::unordered_set<const Record*> visited{&record};
+  for (size_t next = 0; next < waiting.size(); ++next) {
+    own.insert(own.end(), waiting[next]->ownSources.begin(), waiting[next]->ownSources.end());
+    for (const Record* link : waiting[next]->upstream) {
+      if (!visited.insert(link).second) continue;
+      if (const auto found = known.find(link); found != known.end())
+        reached.push_back(found->second);
+      else
+        waiting.push_back(link);
+    }
+  }
+  auto sources = std::make_shared<std::vector<Endpoint>>();
+  std::unordered_set<const NodePinData*> seen;
+  const auto add = [&](const std::vector<Endpoint>& more) {
+    for (const Endpoint& source : more)
+      if (seen.insert(source.pin).second) sources->push_back(source);
+  };
+  add(own);
+  for (const Sources& more : reached) add(*more);
+  // A link that adds nothing to what leads to it shares that.
+  if (reached.size() == 1 && sources->size() == reached.front()->size()) return reached.front();
   return sources;
 }
 
@@ -138,13 +182,17 @@ void LinkImport::TakeDirectConnectionsOut() {
     index.emplace(std::make_pair(pending[i].childPin, pending[i].parentPin), i);
   isRemoved.assign(pending.size(), false);
 
-  for (Record& record : records) {
-    const std::vector<Endpoint> sources = SourcesOf(record);
-    for (const std::string& text : record.outputConnections) {
-      if (text.starts_with(LinkPrefix)) continue;
-      const Endpoint target = Resolve(text);
+  std::unordered_map<const Record*, Sources> known;
+  PlacedLinks placed;
+  for (Record* record : InOrderOfFlow()) {
+    const auto isReal = [](const std::string& text) { return !text.starts_with(LinkPrefix); };
+    if (std::none_of(record->outputConnections.begin(), record->outputConnections.end(), isReal)) continue;
+    const Sources sources = SourcesOf(*record, known);
+    known.emplace(record, sources);
+    for (const std::string& text : record->outputConnections) {
+      const Endpoint target = isReal(text) ? Resolve(text) : Endpoint();
       if (!target) continue;
-      for (const Endpoint& source : sources) {
+      for (const Endpoint& source : *sources) {
         size_t first = NoPlace;
         const auto [begin, end] = index.equal_range({target.pin, source.pin});
         for (auto entry = begin; entry != end; ++entry) {
@@ -152,23 +200,55 @@ void LinkImport::TakeDirectConnectionsOut() {
           first = std::min(first, entry->second);
         }
         if (first == NoPlace) continue;
-        RememberPlace(record, *source.pin, first);
-        size_t& place = record.outputPlaces.emplace(text, NoPlace).first->second;
+        placed.emplace_back(record, first);
+        sourcePins[source.pin].placed.emplace_back(record, first);
+        size_t& place = record->outputPlaces.emplace(text, NoPlace).first->second;
         place = std::min(place, first);
       }
     }
   }
+  PlaceLinks(std::move(placed));
+  PlaceLinksAtSources();
 }
 
-/// The link itself, and every link through which it hangs on `source`, stands where its first child stood.
-void LinkImport::RememberPlace(Record& record, const NodePinData& source, size_t index) {
-  std::vector<const Record*> waiting{&record};
-  std::set<const Record*> visited{&record};
-  for (size_t next = 0; next < waiting.size(); ++next) {
-    size_t& place = places.emplace(std::make_pair(waiting[next], &source), NoPlace).first->second;
-    place = std::min(place, index);
-    for (const std::string& text : waiting[next]->inputConnections)
-      if (const Record* link = FindLink(text); link && visited.insert(link).second) waiting.push_back(link);
+/// A link, and every link that leads to it, stands where the first child behind it stood.
+void LinkImport::PlaceLinks(PlacedLinks placed) {
+  std::sort(placed.begin(), placed.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
+  std::vector<Record*> waiting;
+  for (const auto& [record, place] : placed) {
+    waiting.assign(1, record);
+    while (!waiting.empty()) {
+      Record* link = waiting.back();
+      waiting.pop_back();
+      // One that has a place has a nearer one, and so have those that lead to it.
+      if (link->place != NoPlace) continue;
+      link->place = place;
+      waiting.insert(waiting.end(), link->upstream.begin(), link->upstream.end());
+    }
+  }
+}
+
+/// A link stands on a pin where the first child stood that hangs on the pin behind the link.
+void LinkImport::PlaceLinksAtSources() {
+  for (auto& [pin, source] : sourcePins) {
+    std::sort(source.placed.begin(), source.placed.end(),
+              [](const auto& a, const auto& b) { return a.second < b.second; });
+    if (source.placed.empty()) continue;
+    if (source.links.size() == 1) {
+      // All hangs on the pin through the one link, however long the chain behind it is.
+      source.places.emplace(source.links.front(), source.placed.front().second);
+      continue;
+    }
+    std::vector<const Record*> waiting;
+    for (const auto& [target, place] : source.placed) {
+      waiting.assign(1, target);
+      while (!waiting.empty()) {
+        const Record* link = waiting.back();
+        waiting.pop_back();
+        if (source.places.emplace(link, place).second)
+          waiting.insert(waiting.end(), link->upstream.begin(), link->upstream.end());
+      }
+    }
   }
 }
 
@@ -186,14 +266,9 @@ void LinkImport::OrderOutputs(Record& record) {
 }
 
 size_t LinkImport::PlaceOfOutput(const Record& record, const std::string& text) {
-  size_t place = NoPlace;
-  if (const Record* link = FindLink(text)) {
-    for (auto entry = places.lower_bound({link, nullptr}); entry != places.end() && entry->first.first == link; ++entry)
-      place = std::min(place, entry->second);
-  } else if (const auto found = record.outputPlaces.find(text); found != record.outputPlaces.end()) {
-    place = found->second;
-  }
-  return place;
+  if (const Record* link = FindLink(text)) return link->place;
+  const auto found = record.outputPlaces.find(text);
+  return found == record.outputPlaces.end() ? NoPlace : found->second;
 }
 
 void LinkImport::PutLinkConnectionsIn() {
@@ -218,8 +293,8 @@ void LinkImport::PutLinkConnectionsIn() {
       const Endpoint source = Resolve(text);
       if (!source) continue;
       const PendingConnection entry{record.node, in, source.node, source.pin};
-      const auto place = places.find({&record, source.pin});
-      if (place != places.end())
+      const auto& places = sourcePins.at(source.pin).places;
+      if (const auto place = places.find(&record); place != places.end())
         inserted.emplace(place->second, entry);
       else
         appended.push_back(entry);

@@ -3,7 +3,8 @@
 #include "graph/Graph.h"
 
 #include <cstddef>
-#include <map>
+#include <limits>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -46,17 +47,29 @@ private:
     std::vector<std::string> inputConnections;
     std::vector<std::string> outputConnections;
     std::string sourceEndpoint;
+    /// The links that lead to this one, and the pins of real nodes that are joined to it itself.
+    std::vector<Record*> upstream;
+    std::vector<Endpoint> ownSources;
     /// The indices of the direct connections that stood for an output, by its text.
     std::unordered_map<std::string, size_t> outputPlaces;
+    /// The first of the direct connections that stood for what is behind this link.
+    size_t place = NoPlace;
   };
-  /// Where among the pending connections a link connects to a parent's pin.
-  using Places = std::map<std::pair<const Record*, const NodePinData*>, size_t>;
+  static constexpr size_t NoPlace = std::numeric_limits<size_t>::max();
+  /// The pins of real nodes from which a link is reached. Links of a chain share them.
+  using Sources = std::shared_ptr<const std::vector<Endpoint>>;
+  /// A link with the first direct connection that stood for an output of its own.
+  using PlacedLinks = std::vector<std::pair<Record*, size_t>>;
 
   Endpoint Resolve(std::string_view text) const;
   Record* FindLink(std::string_view text);
-  std::vector<Endpoint> SourcesOf(const Record& record);
+  void ResolveUpstream();
+  /// Upstream links before those that they lead to, as far as there is no ring.
+  std::vector<Record*> InOrderOfFlow();
+  Sources SourcesOf(Record& record, const std::unordered_map<const Record*, Sources>& known) const;
   void TakeDirectConnectionsOut();
-  void RememberPlace(Record& record, const NodePinData& source, size_t index);
+  void PlaceLinks(PlacedLinks placed);
+  void PlaceLinksAtSources();
   void OrderOutputs(Record& record);
   size_t PlaceOfOutput(const Record& record, const std::string& text);
   void PutLinkConnectionsIn();
@@ -68,7 +81,14 @@ private:
   std::vector<Record> records;
   std::unordered_map<std::string, size_t> recordsById;
   std::vector<bool> isRemoved;
-  Places places;
+  /// The real pins that links are joined to, with these links and with all that hangs on the pin through them.
+  struct SourcePin {
+    std::vector<const Record*> links;
+    PlacedLinks placed;
+    /// Where each of the links stands on the pin.
+    std::unordered_map<const Record*, size_t> places;
+  };
+  std::unordered_map<const NodePinData*, SourcePin> sourcePins;
 };
 
 } // namespace Tesselor
