@@ -13,6 +13,7 @@ public:
       : bundle(graph, std::move(nodes)) {}
   void Do() override { bundle.TakeOut(); }
   void Undo() override { bundle.PutBack(); }
+  size_t HeldBytes() const override { return bundle.HeldBytes(); }
 
 private:
   NodeBundle bundle;

@@ -13,6 +13,7 @@ public:
       : bundle(graph, std::move(nodes)) {}
   void Do() override { bundle.PutBack(); }
   void Undo() override { bundle.TakeOut(); }
+  size_t HeldBytes() const override { return bundle.HeldBytes(); }
 
 private:
   NodeBundle bundle;

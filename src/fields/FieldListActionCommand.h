@@ -12,6 +12,10 @@ public:
       : field(std::move(field)), oldValues(std::move(oldValues)), newValues(std::move(newValues)) {}
   void Do() override { field->SetValues(newValues); }
   void Undo() override { field->SetValues(oldValues); }
+  /// The texts are shared with the rows, for the most part.
+  size_t HeldBytes() const override {
+    return (oldValues.size() + newValues.size()) * sizeof(FieldList::Values::value_type);
+  }
 
 private:
   Toolkit::Ptr<FieldList> field;

@@ -45,11 +45,16 @@ void NodeBundle::TakeOut() {
   order = OrderAround(connections);
   const StructureChange change(graph);
   for (const Ptr<Connection>& connection : connections) graph.Detach(*connection);
-  for (const Ptr<BaseNode>& node : nodes) graph.Remove(*node);
+  heldBytes = 0;
+  for (const Ptr<BaseNode>& node : nodes) {
+    heldBytes += node->EstimateBytes();
+    graph.Remove(*node);
+  }
 }
 
 void NodeBundle::PutBack() {
   if (graph.DocumentNumber() != document) return;
+  heldBytes = 0;
   const StructureChange change(graph);
   for (size_t i = 0; i < nodes.size(); ++i) {
     graph.Add(*nodes[i], places[i]);

@@ -22,6 +22,8 @@ public:
   // Once the graph holds another document these do nothing.
   void TakeOut();
   void PutBack();
+  /// Of the nodes that are out.
+  size_t HeldBytes() const { return heldBytes; }
 
 private:
   Graph& graph;
@@ -31,6 +33,7 @@ private:
   std::vector<Toolkit::Point> places;
   std::vector<Toolkit::Ptr<Connection>> connections;
   ChildOrder order;
+  size_t heldBytes = 0;
 };
 
 /// Takes connections out of the graph and puts them back, with the order of the lists that they stood in.

@@ -1,8 +1,10 @@
 #include "nodes/BaseNode.h"
 
 #include "toolkit/controls/Canvas.h"
+#include "toolkit/controls/TextBox.h"
 
 #include <string_view>
+#include <vector>
 
 namespace Tesselor {
 
@@ -35,6 +37,22 @@ Toolkit::Rect BaseNode::Bounds() const {
 Toolkit::Point BaseNode::Middle() const {
   const Toolkit::Rect bounds = Bounds();
   return {bounds.x + bounds.width * 0.5f, bounds.y + bounds.height * 0.5f};
+}
+
+size_t BaseNode::EstimateBytes() const {
+  // Of a loaded document, with the elements' share of bindings, values and handlers.
+  constexpr size_t BytesPerElement = 450;
+  size_t elements = 0, texts = 0;
+  std::vector<const UIElement*> waiting{this};
+  while (!waiting.empty()) {
+    const UIElement* element = waiting.back();
+    waiting.pop_back();
+    ++elements;
+    if (const auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(element)) texts += box->GetText().size();
+    for (size_t i = 0; i < element->VisualChildCount(); ++i)
+      if (const UIElement* child = element->VisualChild(i)) waiting.push_back(child);
+  }
+  return elements * BytesPerElement + texts;
 }
 
 void BaseNode::Node_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {

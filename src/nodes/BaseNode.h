@@ -34,6 +34,9 @@ public:
   Toolkit::Rect Bounds() const;
   Toolkit::Point Middle() const;
 
+  /// Roughly how much memory the node takes with all that it shows. Walks all of that.
+  size_t EstimateBytes() const;
+
   bool IsSelected() const { return Get<bool>(IsSelectedProperty); }
   void SetSelected(bool value) { SetValue(IsSelectedProperty, value); }
 

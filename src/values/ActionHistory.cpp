@@ -18,7 +18,17 @@ void ActionHistory::Push(std::unique_ptr<IActionCommand> command) {
   commands.erase(commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(undoneCount));
   undoneCount = 0;
   commands.push_front(std::move(command));
-  while (commands.size() > capacity) commands.pop_back();
+  ForgetOldSteps();
+}
+
+void ActionHistory::ForgetOldSteps() {
+  size_t kept = 0, bytes = 0;
+  for (; kept < commands.size() && kept < capacity; ++kept) {
+    bytes += commands[kept]->HeldBytes();
+    if (kept > 0 && bytes > byteBudget) break;
+  }
+  // Without the oldest no older one could be undone.
+  while (commands.size() > kept) commands.pop_back();
 }
 
 void ActionHistory::Run(std::unique_ptr<IActionCommand> command) {

@@ -14,8 +14,9 @@ namespace Tesselor {
 /// them. It knows nothing of nodes or fields, and keeps no mark of what is saved.
 class ActionHistory {
 public:
-  /// Older steps are forgotten.
+  /// Older steps are forgotten, and so are those beyond what the newer ones may hold in all. The newest always stays.
   static constexpr size_t capacity = 512;
+  static constexpr size_t byteBudget = size_t(256) << 20;
 
   static ActionHistory& Instance();
   ActionHistory() = default;
@@ -41,6 +42,7 @@ public:
 
 private:
   void PushWaiting();
+  void ForgetOldSteps();
 
   /// Newest first. The first `undoneCount` commands are undone; the one behind them is the next to be undone.
   std::deque<std::unique_ptr<IActionCommand>> commands;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 namespace Tesselor {
 
 /// One undoable step. It holds all that it needs, with strong references to what it touches, so that it stays valid
@@ -11,6 +13,9 @@ public:
   virtual void Do() = 0;
   /// Reverts what `Do` did.
   virtual void Undo() = 0;
+  /// Roughly how much memory goes with the step as it stands now, because nothing else holds it. In bytes; what is less
+  /// than some kilobytes need not be told. Takes no time.
+  virtual size_t HeldBytes() const { return 0; }
 };
 
 } // namespace Tesselor

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -10,14 +11,17 @@ using Tesselor::ActionHistory;
 /// Writes down what is done to it.
 class Recorded final : public Tesselor::IActionCommand {
 public:
-  Recorded(std::string& journal, std::string name) : journal(journal), name(std::move(name)) {}
+  Recorded(std::string& journal, std::string name, size_t bytes = 0)
+      : journal(journal), name(std::move(name)), bytes(bytes) {}
   ~Recorded() override { journal += "-" + name + " "; }
   void Do() override { journal += "do" + name + " "; }
   void Undo() override { journal += "undo" + name + " "; }
+  size_t HeldBytes() const override { return bytes; }
 
 private:
   std::string& journal;
   std::string name;
+  size_t bytes;
 };
 
 std::string Take(std::string& journal) { return std::exchange(journal, {}); }
@@ -72,6 +76,27 @@ TEST(ActionHistory, KeepsTheNewest512Commands) {
   EXPECT_EQ(Take(journal), "-0 ");
   EXPECT_EQ(history.Size(), ActionHistory::capacity);
   history.Clear();
+}
+
+TEST(ActionHistory, KeepsWhatTheByteBudgetHoldsAndTheNewestStepInAnyCase) {
+  constexpr size_t budget = ActionHistory::byteBudget;
+  const struct {
+    std::vector<size_t> pushed;
+    size_t kept;
+  } cases[] = {
+      {{budget, 0}, 2},
+      {{budget, 1}, 1},
+      {{0, budget / 2, budget / 2}, 3},
+      {{0, budget / 2, budget / 2, 1}, 2},
+      {{0, 0, budget + 1}, 1},
+      {{0, budget + 1, 0, 0}, 2},
+  };
+  for (const auto& c : cases) {
+    std::string journal;
+    ActionHistory history;
+    for (const size_t bytes : c.pushed) history.Push(std::make_unique<Recorded>(journal, "A", bytes));
+    EXPECT_EQ(history.Size(), c.kept) << testing::PrintToString(c.pushed);
+  }
 }
 
 } // namespace
