@@ -1,8 +1,6 @@
 #include "editor/NodePanel.h"
 
 #include "editor/PanelBaseField.h"
-#include "fields/FieldFactory.h"
-#include "fields/FieldList.h"
 #include "nodes/ContentNode.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/markup/GUI.h"
@@ -34,7 +32,7 @@ void NodePanel::OpenNode(ContentNode* node) {
   SetValue(NodeNameProperty, schemaType ? *schemaType : node->TypeId());
   for (const auto& entry : blueprint.content)
     if (const auto found = node->contentFields.find(entry->Id); found != node->contentFields.end())
-      AddRow(found->second.Get(), *entry);
+      AddRow(*found->second);
 }
 
 void NodePanel::Close() {
@@ -42,19 +40,13 @@ void NodePanel::Close() {
   fieldsStack->ClearChildren();
 }
 
-void NodePanel::AddRow(BaseField* field, const NodeFieldBlueprint& blueprint) {
-  const Toolkit::Ptr<BaseField> copy = sCreateField(&blueprint, true);
-  if (!copy) return;
-  // From here on the copy's bindings read the properties and carriers of the node's own field.
-  copy->SetDataContext(field->GetDataContext());
-  if (const auto* list = Toolkit::DynamicCast<FieldList>(field))
-    if (auto* listCopy = Toolkit::DynamicCast<FieldList>(copy.Get())) listCopy->ShareRows(*list);
+void NodePanel::AddRow(BaseField& field) {
   auto row = Toolkit::MakePtr<PanelBaseField>();
-  row->SetNodeField(field);
-  row->GetFieldRow()->AddChild(copy.Get());
-  row->SetDataContext(field->GetDataContext());
+  row->SetNodeField(&field);
+  row->GetFieldRow()->AddChild(BaseField::MakeSecondControl(field).Get());
+  row->SetDataContext(&field);
   fieldsStack->AddChild(row.Get());
-  row->GetCheckBox()->SetIsChecked(field->GetVisibility() == Visibility::Visible);
+  row->GetCheckBox()->SetIsChecked(field.GetVisibility() == Visibility::Visible);
 }
 
 } // namespace Tesselor

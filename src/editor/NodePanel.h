@@ -7,7 +7,6 @@ namespace Tesselor {
 
 class BaseField;
 class ContentNode;
-struct NodeFieldBlueprint;
 
 /// A side panel with a second editor for each body field of one node, and a check box per field that shows or hides
 /// it on the node. The copies read the carriers of the node's own fields.
@@ -30,7 +29,7 @@ public:
   void Close();
 
 private:
-  void AddRow(BaseField* field, const NodeFieldBlueprint& blueprint);
+  void AddRow(BaseField& field);
 
   /// Held by the tree that the document describes.
   Toolkit::StackPanel* fieldsStack = nullptr;

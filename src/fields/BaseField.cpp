@@ -1,6 +1,7 @@
 #include "fields/BaseField.h"
 
 #include "fields/FieldOptions.h"
+#include "toolkit/base/Diagnostics.h"
 #include "toolkit/markup/GUI.h"
 
 namespace Tesselor {
@@ -17,6 +18,20 @@ void BaseField::DeserializeOptions(const cJSON* options, bool) {
   if (const auto description = common.SharedText(FieldOption::Description)) SetValue(DescriptionProperty, *description);
   active = common.Boolean(FieldOption::Active).value_or(active);
   required = common.Boolean(FieldOption::Required).value_or(required);
+}
+
+Toolkit::Ptr<BaseField> BaseField::MakeSecondControl(BaseField& field) {
+  const Toolkit::Ptr<Toolkit::Object> made = Toolkit::Ptr<Toolkit::Object>::Adopt(field.GetType().Create());
+  Toolkit::Ptr<BaseField> control(Toolkit::DynamicCast<BaseField>(made.Get()));
+  TOOLKIT_ASSERT(control);
+  control->ShowValueOf(field.Subject<BaseField>());
+  return control;
+}
+
+void BaseField::ShowValueOf(BaseField& field) {
+  subject = Toolkit::Ptr<BaseField>(&field);
+  // From here on the bindings of the control's document read the properties, carriers and collections of that one.
+  SetDataContext(&field);
 }
 
 void BaseField::BindToSelf() { SetDataContext(this); }

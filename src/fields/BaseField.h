@@ -44,6 +44,10 @@ public:
   /// The value came from a file, so it goes back into it even when it equals the default.
   void MarkLoaded() { hasLoadedValue = true; }
 
+  /// Makes a second control of a field: it shows the value of that one and hands on what is done to it. It has no value
+  /// and no options of its own, and keeps the field alive.
+  static Toolkit::Ptr<BaseField> MakeSecondControl(BaseField& field);
+
   /// The node that holds the field, which outlives this; null for a field nested in another and for a copy.
   FieldOwner* OwnerNode() const { return ownerNode; }
   void SetOwnerNode(FieldOwner* node) { ownerNode = node; }
@@ -58,12 +62,21 @@ protected:
   /// by now.
   void BindToSelf();
   void LoadDocument(std::string_view name);
+  /// This control, which is new, becomes a second one of `field`, which is of the same class.
+  virtual void ShowValueOf(BaseField& field);
+  /// The field whose value this control shows: itself, or the one that it is a second control of. What the user does to
+  /// the control is done to it.
+  template <class T> T& Subject() { return static_cast<T&>(subject ? *subject : *this); }
+  bool IsSecondControl() const { return subject != nullptr; }
 
   bool hasDefault = false;
   bool required = false;
   bool hasLoadedValue = false;
   bool active = true;
   FieldOwner* ownerNode = nullptr;
+
+private:
+  Toolkit::Ptr<BaseField> subject;
 };
 
 } // namespace Tesselor

@@ -4,7 +4,6 @@
 #include "fields/FieldOptions.h"
 #include "values/ActionHistory.h"
 
-#include <algorithm>
 #include <cjson/cJSON.h>
 
 namespace Tesselor {
@@ -65,12 +64,6 @@ FieldDictionary::Values FieldDictionary::GetValues() const {
   Values values;
   values.reserve(rows->Count());
   for (size_t i = 0; i < rows->Count(); ++i) values.emplace_back(rows->Get(i)->GetKey(), rows->Get(i)->GetValue());
-  // Stable, so that the first row of a key stays the first.
-  std::stable_sort(values.begin(), values.end(),
-                   [](const auto& a, const auto& b) { return a.first.View() < b.first.View(); });
-  const auto last =
-      std::unique(values.begin(), values.end(), [](const auto& a, const auto& b) { return a.first == b.first; });
-  values.erase(last, values.end());
   return values;
 }
 
@@ -100,7 +93,7 @@ void FieldDictionary::PushUndoIfChanged() {
 }
 
 void FieldDictionary::OnDictionaryLoaded(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  previousValues = GetValues();
+  if (!IsSecondControl()) previousValues = GetValues();
 }
 
 } // namespace Tesselor

@@ -10,13 +10,12 @@
 
 namespace Tesselor {
 
-/// A JSON object with scalar values as rows of a key and a value. Undo compares snapshots that are sorted by key: a
-/// moved row is no undo step, and an undo sorts the rows.
+/// A JSON object with scalar values as rows of a key and a value.
 class FieldDictionary : public FieldRows {
   TOOLKIT_TYPE(FieldDictionary)
 public:
   using Rows = Toolkit::ObservableCollection<FieldDictionaryStringData>;
-  /// Keys with their values, sorted by key bytewise, each key once. They share their bytes with the rows.
+  /// Keys with their values, in the order of the rows, with which they share their bytes.
   using Values = std::vector<std::pair<Toolkit::SharedString, Toolkit::SharedString>>;
   static inline const Toolkit::DependencyProperty* WidthProperty = nullptr;
 
@@ -29,7 +28,6 @@ public:
   void DeserializeOptions(const cJSON* options, bool applyDefaults) override;
   std::string GetValueAsString() const override;
 
-  /// Of rows with the same key the first counts.
   Values GetValues() const;
   /// Rebuilds all rows: for undo and redo.
   void SetValues(const Values& values);

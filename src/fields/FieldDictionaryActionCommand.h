@@ -5,7 +5,7 @@
 
 namespace Tesselor {
 
-/// A change of a dictionary: rows added, removed or edited. The order of the rows is not part of it.
+/// A change of a dictionary's rows: added, removed, moved or edited ones.
 class FieldDictionaryActionCommand final : public IActionCommand {
 public:
   FieldDictionaryActionCommand(Toolkit::Ptr<FieldDictionary> field, FieldDictionary::Values oldValues,

@@ -1,8 +1,10 @@
 #include "fields/FieldEnum.h"
 
+#include "fields/FieldEnumActionCommand.h"
 #include "fields/FieldOptions.h"
 #include "platform/MessageBoxes.h"
 #include "toolkit/controls/ComboBox.h"
+#include "values/ActionHistory.h"
 
 #include <cjson/cJSON.h>
 
@@ -14,6 +16,7 @@ TOOLKIT_TYPE_IMPL(FieldEnum, BaseField, "Tesselor.FieldEnum")
 void FieldEnum::Describe(Toolkit::TypeBuilder<FieldEnum>& type) {
   WidthProperty = type.Property<int32_t>("Width", 120);
   type.Member<&FieldEnum::ReflectedOptions>("EnumOptions");
+  type.Member<&FieldEnum::ReflectedSelection, &FieldEnum::ReflectedChoice>("SelectedOption");
 }
 
 FieldEnum::FieldEnum() : FieldEnum(WithoutDocument()) {
@@ -77,7 +80,7 @@ void FieldEnum::SetSelectedEnum(std::string_view value) {
   }
   for (size_t i = 0; i < enumOptions->Count(); ++i) {
     if (enumOptions->Get(i)->GetValue().View() == value) {
-      comboBox->SetSelectedIndex(static_cast<int32_t>(i));
+      Select(enumOptions->Get(i));
       return;
     }
   }
@@ -85,12 +88,23 @@ void FieldEnum::SetSelectedEnum(std::string_view value) {
   std::string text = "Default or imported value '" + std::string(value) + "' is not a valid enum option for field '" +
                      std::string(GetLabel()) + "'. Value '" + enumOptions->Get(0)->GetValue().ToString() +
                      "' will be used as a fallback option.";
-  comboBox->SetSelectedIndex(0);
+  Select(enumOptions->Get(0));
   ShowError(std::move(text), AttentionCaption);
 }
 
-EnumItemData* FieldEnum::SelectedOption() const {
-  return comboBox ? Toolkit::DynamicCast<EnumItemData>(comboBox->GetSelectedItem()) : nullptr;
+void FieldEnum::Select(EnumItemData* option) {
+  static const Toolkit::Symbol name("SelectedOption");
+  if (selectedOption == option) return;
+  selectedOption = Toolkit::Ptr<EnumItemData>(option);
+  NotifyObservers(name);
+}
+
+void FieldEnum::Choose(EnumItemData* option) {
+  if (!option || selectedOption == option) return;
+  const Toolkit::Ptr<EnumItemData> before = selectedOption;
+  Select(option);
+  ActionHistory::Instance().Push(
+      std::make_unique<FieldEnumActionCommand>(Toolkit::Ptr<FieldEnum>(this), before, selectedOption));
 }
 
 } // namespace Tesselor

@@ -12,7 +12,7 @@ class ComboBox;
 
 namespace Tesselor {
 
-/// One string out of a list that the schema gives. The value lives in the combo box's selection and nowhere else.
+/// One string out of a list that the schema gives.
 class FieldEnum : public BaseField {
   TOOLKIT_TYPE(FieldEnum)
 public:
@@ -40,15 +40,24 @@ protected:
   /// Selects the first option of that text, or else the first option at all, with a box. Without any option there is
   /// a box and a log line, and no selection.
   void SetSelectedEnum(std::string_view value);
-  EnumItemData* SelectedOption() const;
+  /// Null without a selection.
+  EnumItemData* SelectedOption() const { return selectedOption.Get(); }
 
   Toolkit::Ptr<Options> enumOptions;
   Toolkit::Ptr<Toolkit::ComboBox> comboBox;
 
 private:
+  friend class FieldEnumActionCommand;
   void InitializeComponent() override;
+  void Select(EnumItemData* option);
+  /// By the user: an undo step. A list that is being filtered has nothing selected for a moment, which counts for
+  /// nothing.
+  void Choose(EnumItemData* option);
+  Toolkit::Object* ReflectedSelection() const { return selectedOption.Get(); }
+  void ReflectedChoice(Toolkit::Object* option) { Choose(Toolkit::DynamicCast<EnumItemData>(option)); }
   Toolkit::ObservableCollectionBase* ReflectedOptions() const { return enumOptions.Get(); }
 
+  Toolkit::Ptr<EnumItemData> selectedOption;
   Toolkit::SharedString defaultText;
 };
 

@@ -82,6 +82,10 @@ void FieldFilePath::DeserializeOptions(const cJSON* options, bool applyDefaults)
 std::string FieldFilePath::GetValueAsString() const { return std::string(GetFileName()); }
 
 void FieldFilePath::SelectFile(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  Subject<FieldFilePath>().ChooseFile();
+}
+
+void FieldFilePath::ChooseFile() {
   const std::optional<std::string> path = FileDialogs::Open();
   if (!path) return;
   const SharedString oldName = GetValue(FileNameProperty).AsString();

@@ -27,11 +27,11 @@ public:
   void DeserializeOptions(const cJSON* options, bool applyDefaults) override;
   std::string GetValueAsString() const override;
 
-  /// Lets the user choose a file.
-  void SelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-
 private:
   void InitializeComponent() override;
+  void SelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  /// Lets the user choose a file.
+  void ChooseFile();
   bool UsesUUID() const;
   void FieldNameMouseDown(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args) {}
 

@@ -22,8 +22,6 @@ void FieldList::InitializeComponent() {
   LoadDocument("FieldList.xaml");
 }
 
-void FieldList::ShareRows(const FieldList& other) { rows = other.rows; }
-
 void FieldList::Serialize(cJSON* object, const std::string& key) {
   if (rows->Count() == 0 && !hasLoadedValue) return;
   cJSON* array = cJSON_CreateArray();
@@ -91,6 +89,8 @@ void FieldList::PushUndoIfChanged() {
   previousValues = std::move(current);
 }
 
-void FieldList::OnListLoaded(Toolkit::Object*, const Toolkit::RoutedEventArgs&) { previousValues = GetValues(); }
+void FieldList::OnListLoaded(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  if (!IsSecondControl()) previousValues = GetValues();
+}
 
 } // namespace Tesselor

@@ -20,8 +20,6 @@ public:
 
   FieldList();
   Rows* GetList() const { return rows.Get(); }
-  /// Works on another list's rows from now on.
-  void ShareRows(const FieldList& other);
 
   /// Writes nothing without rows, unless the value came from a file.
   void Serialize(cJSON* object, const std::string& key) override;

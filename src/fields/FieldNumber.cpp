@@ -62,12 +62,13 @@ bool FieldNumber::IsDefault() const { return hasDefault && IsSame(defaultValue, 
 std::string FieldNumber::GetValueAsString() const { return std::string(fieldTextData->GetValue()); }
 
 void FieldNumber::OnTextChanged(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  const auto filtered = Filter(inputText->GetText(), bounds);
+  const auto& field = Subject<FieldNumber>();
+  const auto filtered = Filter(inputText->GetText(), field.bounds);
   if (!filtered) return;
   // Setting the text comes back here, until the filter has nothing left to change.
   inputText->SetText(*filtered);
   // While the binding carries a text to the box, it does not carry the box's answer back.
-  fieldTextData->SetValue(inputText->GetText());
+  field.fieldTextData->SetValue(inputText->GetText());
 }
 
 } // namespace Tesselor

@@ -57,6 +57,16 @@ void FieldObject::AddField(const cJSON* description, bool applyDefaults) {
   fields[id->valuestring] = std::move(field);
 }
 
+void FieldObject::ShowValueOf(BaseField& field) {
+  BaseField::ShowValueOf(field);
+  if (!fieldsContainer) return;
+  // Each child in its place, also one that a later child of its id has taken the place of.
+  const auto* shown = static_cast<const FieldObject&>(field).fieldsContainer.Get();
+  for (size_t i = 0; shown && i < shown->ChildCount(); ++i)
+    if (auto* child = Toolkit::DynamicCast<BaseField>(shown->Child(i)))
+      fieldsContainer->AddChild(MakeSecondControl(*child).Get());
+}
+
 BaseField* FieldObject::FindField(const std::string& id) const {
   const auto found = fields.find(id);
   return found == fields.end() ? nullptr : found->second.Get();

@@ -29,6 +29,7 @@ public:
 
 private:
   void InitializeComponent() override;
+  void ShowValueOf(BaseField& field) override;
   void AddField(const cJSON* description, bool applyDefaults);
 
   std::map<std::string, Toolkit::Ptr<BaseField>> fields;

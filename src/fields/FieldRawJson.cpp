@@ -72,7 +72,7 @@ std::string FieldRawJson::GetValueAsString() const { return std::string(fieldTex
 void FieldRawJson::OnRoutedEvent(const Toolkit::RoutedEventArgs& args) {
   BaseField::OnRoutedEvent(args);
   // An editing session begins with what may have been undone to, and ends with what was typed.
-  if (args.event == &GotFocusEvent || args.event == &LostFocusEvent) RememberIfValid();
+  if (args.event == &GotFocusEvent || args.event == &LostFocusEvent) Subject<FieldRawJson>().RememberIfValid();
 }
 
 bool FieldRawJson::RememberIfValid() {

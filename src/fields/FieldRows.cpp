@@ -30,6 +30,14 @@ void FieldRows::FinishEdit() {
   PushUndoIfChanged();
 }
 
+void FieldRows::OnMoveUp(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
+  Subject<FieldRows>().MoveRow(sender, -1);
+}
+
+void FieldRows::OnMoveDown(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
+  Subject<FieldRows>().MoveRow(sender, 1);
+}
+
 void FieldRows::MoveRow(Toolkit::Object* sender, int step) {
   const int index = IndexOfSender(sender);
   if (index < 0) return;
@@ -41,19 +49,22 @@ void FieldRows::MoveRow(Toolkit::Object* sender, int step) {
 }
 
 void FieldRows::OnAddItem(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  AddEmptyRow();
-  FinishEdit();
+  auto& field = Subject<FieldRows>();
+  field.AddEmptyRow();
+  field.FinishEdit();
 }
 
 void FieldRows::OnRemoveItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
-  const int index = IndexOfSender(sender);
+  auto& field = Subject<FieldRows>();
+  const int index = field.IndexOfSender(sender);
   if (index < 0) return;
-  RowCollection().RemoveAt(static_cast<size_t>(index));
-  FinishEdit();
+  field.RowCollection().RemoveAt(static_cast<size_t>(index));
+  field.FinishEdit();
 }
 
 void FieldRows::OnInputLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  if (!isRestoring) PushUndoIfChanged();
+  auto& field = Subject<FieldRows>();
+  if (!field.isRestoring) field.PushUndoIfChanged();
 }
 
 void FieldRows::OnSelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {
@@ -62,6 +73,7 @@ void FieldRows::OnSelectFile(Toolkit::Object* sender, const Toolkit::RoutedEvent
   const std::optional<std::string> path = FileDialogs::Open();
   if (!path) return;
   if (const std::optional<std::string> id = ReadAssetId(*path)) row->SetValue(*id);
+  Subject<FieldRows>().PushUndoIfChanged();
 }
 
 } // namespace Tesselor

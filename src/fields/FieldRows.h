@@ -36,8 +36,8 @@ private:
 
   void OnAddItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnRemoveItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void OnMoveUp(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args) { MoveRow(sender, -1); }
-  void OnMoveDown(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args) { MoveRow(sender, 1); }
+  void OnMoveUp(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnMoveDown(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnInputLostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnSelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
 };

@@ -2,8 +2,10 @@
 
 #include "fields/FieldOptions.h"
 #include "fields/FieldOwner.h"
+#include "fields/TextBoxValueActionCommand.h"
 #include "platform/Uuid.h"
 #include "toolkit/controls/ButtonBase.h"
+#include "values/ActionHistory.h"
 
 #include <cjson/cJSON.h>
 
@@ -66,21 +68,29 @@ bool FieldSmallText::IsDefault() const { return hasDefault && fieldTextData->Get
 std::string FieldSmallText::GetValueAsString() const { return std::string(fieldTextData->GetValue()); }
 
 void FieldSmallText::GenerateUUIDEvent(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  fieldTextData->SetValue(GenerateSystemUuid());
+  Subject<FieldSmallText>().Replace(GenerateSystemUuid());
+}
+
+void FieldSmallText::Replace(const Toolkit::SharedString& text) {
+  const Toolkit::SharedString before = fieldTextData->GetText();
+  if (fieldTextData->SetValue(text))
+    ActionHistory::Instance().Push(std::make_unique<TextBoxValueActionCommand>(fieldTextData, before, text));
 }
 
 void FieldSmallText::GenerateNodeNameEvent(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  auto& field = Subject<FieldSmallText>();
   std::string name;
-  if (ownerNode) {
-    name = ownerNode->NodeName();
-    if (name.empty()) name = ownerNode->FindUpstreamName();
+  if (field.ownerNode) {
+    name = field.ownerNode->NodeName();
+    if (name.empty()) name = field.ownerNode->FindUpstreamName();
   }
-  fieldTextData->SetValue(name + "_inline");
+  field.Replace(name + "_inline");
 }
 
 void FieldSmallText::OnInputLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  if (ownerNode && Get<Visibility>(GenerateNodeNameVisibilityProperty) == Visibility::Visible)
-    ownerNode->SetNodeName(fieldTextData->GetValue());
+  const auto& field = Subject<FieldSmallText>();
+  if (field.ownerNode && field.Get<Visibility>(GenerateNodeNameVisibilityProperty) == Visibility::Visible)
+    field.ownerNode->SetNodeName(field.fieldTextData->GetValue());
 }
 
 } // namespace Tesselor

@@ -26,6 +26,8 @@ public:
 
 private:
   void InitializeComponent() override;
+  /// Takes a text that a button made, as an undo step.
+  void Replace(const Toolkit::SharedString& text);
   void GenerateUUIDEvent(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void GenerateNodeNameEvent(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnInputLostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);

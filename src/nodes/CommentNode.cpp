@@ -1,10 +1,12 @@
 #include "nodes/CommentNode.h"
 
+#include "nodes/CommentValueActionCommand.h"
 #include "nodes/NodeKeys.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/markup/GUI.h"
 #include "toolkit/visual/Input.h"
+#include "values/ActionHistory.h"
 
 #include <algorithm>
 
@@ -84,22 +86,34 @@ void CommentNode::Comment_MouseMove(Toolkit::Object*, const Toolkit::MouseEventA
 
 void CommentNode::CommentTextBox_GotFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   SetValue(FontControlsVisibilityProperty, Visibility::Visible);
+  textBefore = GetValue(CommentTextProperty).AsString();
 }
 
 void CommentNode::CommentTextBox_LostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   SetValue(FontControlsVisibilityProperty, Visibility::Collapsed);
+  const Toolkit::SharedString text = GetValue(CommentTextProperty).AsString();
+  if (text == textBefore) return;
+  ActionHistory::Instance().Push(std::make_unique<CommentTextActionCommand>(*this, textBefore, text));
+  textBefore = text;
+}
+
+void CommentNode::ChangeFontSize(float step) {
+  const float before = CommentFontSize();
+  SetCommentFontSize(before + step);
+  if (CommentFontSize() != before)
+    ActionHistory::Instance().Push(std::make_unique<CommentFontActionCommand>(*this, before, CommentFontSize()));
 }
 
 void CommentNode::IncreaseFontSize_Click(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  SetCommentFontSize(CommentFontSize() + FontStep);
+  ChangeFontSize(FontStep);
 }
 
 void CommentNode::IncreaseFontSizeBig_Click(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  SetCommentFontSize(CommentFontSize() + BigFontStep);
+  ChangeFontSize(BigFontStep);
 }
 
 void CommentNode::DecreaseFontSize_Click(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  SetCommentFontSize(CommentFontSize() - FontStep);
+  ChangeFontSize(-FontStep);
 }
 
 } // namespace Tesselor

@@ -37,9 +37,14 @@ private:
   void Comment_MouseMove(Toolkit::Object* sender, const Toolkit::MouseEventArgs& args);
   void CommentTextBox_GotFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void CommentTextBox_LostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  /// By the user: an undo step.
+  void ChangeFontSize(float step);
   void IncreaseFontSize_Click(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void IncreaseFontSizeBig_Click(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void DecreaseFontSize_Click(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+
+  /// When the focus came.
+  Toolkit::SharedString textBefore;
 };
 
 } // namespace Tesselor

@@ -84,8 +84,11 @@ TEST_F(NodePanelTest, SharesTextAndRowsWithTheNodesFields) {
   EXPECT_EQ(box.GetText(), "hello");
   stage.TypeInto(box, "changed");
   EXPECT_EQ(node->contentFields.at("Text")->GetValueAsString(), "changed");
-  const auto list = [](BaseField* field) { return static_cast<Tesselor::FieldList*>(field)->GetList(); };
-  EXPECT_EQ(list(Copy(2)), list(node->contentFields.at("List").Get()));
+  auto& list = static_cast<Tesselor::FieldList&>(*node->contentFields.at("List"));
+  stage.Click(*TestSupport::All<Toolkit::Button>(*Copy(2)).back());
+  EXPECT_EQ(list.GetList()->Count(), 1u);
+  Tesselor::ActionHistory::Instance().UndoLast();
+  EXPECT_EQ(list.GetList()->Count(), 0u);
 }
 
 } // namespace

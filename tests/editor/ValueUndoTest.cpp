@@ -23,11 +23,15 @@ constexpr const char* schema = R"({"id": "All", "title": "All", "color": "red", 
     {"Id": "slider", "Type": "IntSlider"}, {"Id": "check", "Type": "Checkbox"},
     {"Id": "file", "Type": "FilePath"}, {"Id": "uuid", "Type": "FilePath", "Options": {"UseUUID": true}},
     {"Id": "enum", "Type": "Enum", "Options": {"Values": ["A", "B"], "Default": "A"}},
+    {"Id": "filtered", "Type": "EnumFilterable", "Options": {"Values": ["A", "B"]}},
+    {"Id": "made", "Type": "SmallString", "Options": {"IsUUID": true, "IsNodeName": true, "Default": ""}},
+    {"Id": "files", "Type": "List", "Options": {"Type": "uuid"}},
     {"Id": "list", "Type": "List"}, {"Id": "dictionary", "Type": "Dictionary"},
     {"Id": "object", "Type": "Object", "Options": {"Fields": [
       {"Id": "text", "Type": "SmallString"}, {"Id": "list", "Type": "List"}]}}],
   "Schema": {"text": "text", "small": "small", "int": "int", "float": "float", "mixed": "mixed", "raw": "raw",
-    "slider": "slider", "check": "check", "file": "file", "uuid": "uuid", "enum": "enum", "list": "list",
+    "slider": "slider", "check": "check", "file": "file", "uuid": "uuid", "enum": "enum", "filtered": "filtered",
+    "made": "made", "files": "files", "list": "list",
     "dictionary": "dictionary", "object": "object"}})";
 
 /// The window with one node that has a field of each kind.
@@ -52,6 +56,11 @@ protected:
   void Click(const Toolkit::UIElement& element, float part = 0.5f) {
     const Toolkit::Rect box = window.BoxOf(element);
     window.Click({box.x + box.width * part, box.y + box.height / 2});
+  }
+  void Choose(const char* field, Key key) {
+    Click(Part<Toolkit::ComboBox>(field));
+    window.Press(key);
+    window.Press(Key::Return);
   }
   /// As a user who is done with a field does.
   void ClickOnCanvas() { window.Click(window.EmptySpot()); }
@@ -87,6 +96,15 @@ TEST_F(ValueUndo, WalksBackAndForthThroughTheEditsOfAllKinds) {
       {"new entry", [&] { Click(LastButton("dictionary")); }},
       {"key", [&] { Type("dictionary", "k"); }},
       {"value", [&] { Type("dictionary", "v", 1); }},
+      {"second entry", [&] { Click(LastButton("dictionary")); }},
+      {"entry moved down", [&] { Click(Part<Button>("dictionary", 1)); }},
+      {"option", [&] { Choose("enum", Key::Down); }},
+      {"first option", [&] { Choose("filtered", Key::Down); }},
+      {"other option", [&] { Choose("filtered", Key::Down); }},
+      {"made uuid", [&] { Click(Part<Button>("made", 0)); }},
+      {"made name", [&] { Click(Part<Button>("made", 1)); }},
+      {"row for a file", [&] { Click(LastButton("files")); }},
+      {"file for the row", [&] { Click(Part<Button>("files", 2)); }},
       {"nested text", [&] { Type("object", "inner"); }},
       {"nested row", [&] { Click(LastButton("object")); }},
   };
@@ -111,7 +129,7 @@ TEST_F(ValueUndo, WalksBackAndForthThroughTheEditsOfAllKinds) {
   EXPECT_TRUE(window.boxes.boxes.empty());
 }
 
-TEST_F(ValueUndo, MakesNoStepWithoutAChangeAndForSelections) {
+TEST_F(ValueUndo, MakesNoStepWithoutAChange) {
   const std::string before = State();
   const auto expectNothing = [&](const char* what) {
     ClickOnCanvas();
@@ -131,12 +149,39 @@ TEST_F(ValueUndo, MakesNoStepWithoutAChangeAndForSelections) {
   window.Press(Key::Home);
   expectNothing("a slider moved there and back");
   EXPECT_EQ(State(), before);
-  auto& combo = Part<Toolkit::ComboBox>("enum");
-  Click(combo);
-  window.Press(Key::Down);
-  window.Press(Key::Return);
-  EXPECT_EQ(window.Field(node, "enum").GetValueAsString(), "B");
-  expectNothing("a selection");
+  Choose("enum", Key::Up);
+  expectNothing("the option that was chosen before");
+}
+
+TEST_F(ValueUndo, TakesBackWhatIsDoneToAComment) {
+  Graph& graph = window.View().GetGraph();
+  CommentNode& comment = graph.AddCommentNode(node.Bounds().x, node.Bounds().Bottom() + 100);
+  comment.SetCommentText("old");
+  window.Settle();
+  auto& box = *comment.FindName<TextBox>("CommentTextBox");
+  const auto state = [&comment] { return PrintJson(comment.ToJson().get(), JsonForm::Compact); };
+  const std::string before = state();
+  window.TypeInto(box, "new");
+  const auto font = [&](const char* button) { Click(*comment.FindName<Button>(button)); };
+  font("IncreaseFontBigBtn");
+  ClickOnCanvas();
+  EXPECT_EQ(comment.CommentText(), "new");
+  EXPECT_EQ(comment.CommentFontSize(), 33);
+  ASSERT_EQ(window.History().Size(), 2u) << "the font while the text is being edited, then the text";
+  window.Undo();
+  EXPECT_EQ(comment.CommentText(), "old");
+  window.Undo();
+  EXPECT_EQ(state(), before);
+  window.Redo();
+  window.Redo();
+  EXPECT_EQ(comment.CommentText(), "new");
+  EXPECT_EQ(comment.CommentFontSize(), 33);
+  // At its bound nothing changes, which is no step.
+  comment.SetCommentFontSize(128);
+  window.Focus(&box);
+  font("IncreaseFontBtn");
+  ClickOnCanvas();
+  EXPECT_EQ(window.History().Size(), 2u);
 }
 
 } // namespace

@@ -129,7 +129,11 @@ TEST_F(FieldEditing, MakesNamesAndUuidsByButton) {
   stage.Click(buttons[1]);
   EXPECT_EQ(field->GetValueAsString(), "Own_inline");
   EXPECT_EQ(owner.name, "Own");
-  EXPECT_EQ(stage.History().Size(), 0u) << "the buttons make no steps";
+  EXPECT_EQ(stage.History().Size(), 4u);
+  for (int i = 0; i < 4; ++i) stage.Undo();
+  EXPECT_EQ(field->GetValueAsString(), uuid);
+  for (int i = 0; i < 4; ++i) stage.Redo();
+  EXPECT_EQ(field->GetValueAsString(), "Own_inline");
   stage.Type("Given");
   stage.FocusElsewhere();
   EXPECT_EQ(owner.name, "Given");

@@ -18,7 +18,7 @@ std::string Offered(const FieldEnum& field) {
   return offered;
 }
 
-TEST_F(FieldEnums, SelectTheFirstOfEqualOptionsWithoutAStep) {
+TEST_F(FieldEnums, SelectTheFirstOfEqualOptionsAndMakeAStepOfAChoice) {
   const auto field = Make<FieldEnum>("Enum", R"({"Values":["A","B","A"],"Default":"B"})");
   FieldStage stage(*field);
   auto* combo = stage.First<Toolkit::ComboBox>();
@@ -28,7 +28,11 @@ TEST_F(FieldEnums, SelectTheFirstOfEqualOptionsWithoutAStep) {
   EXPECT_EQ(Saved(*field), R"({"K":"A"})");
   combo->SetSelectedIndex(1);
   EXPECT_TRUE(field->IsDefault());
-  EXPECT_EQ(stage.History().Size(), 0u);
+  EXPECT_EQ(stage.History().Size(), 2u) << "none for what was loaded";
+  stage.Undo();
+  EXPECT_EQ(combo->GetSelectedIndex(), 2);
+  stage.Undo();
+  EXPECT_EQ(combo->GetSelectedIndex(), 0);
 }
 
 TEST_F(FieldEnums, NarrowTheListToWhatIsTyped) {
@@ -56,6 +60,9 @@ TEST_F(FieldEnums, NarrowTheListToWhatIsTyped) {
   stage.Wait(201);
   EXPECT_EQ(Offered(*field), "Dark Red Red green Blue");
   EXPECT_EQ(field->GetValueAsString(), "Dark Red");
+  EXPECT_EQ(stage.History().Size(), 1u) << "none for what the search does";
+  stage.Undo();
+  EXPECT_EQ(field->GetValueAsString(), "Blue");
 }
 
 TEST_F(FieldEnums, LeaveOnlyTheSelectionWhereNothingMatches) {

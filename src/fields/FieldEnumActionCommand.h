@@ -1,0 +1,22 @@
+#pragma once
+
+#include "fields/FieldEnum.h"
+#include "values/IActionCommand.h"
+
+namespace Tesselor {
+
+/// An option that was chosen. Without one before, undo leaves nothing chosen.
+class FieldEnumActionCommand final : public IActionCommand {
+public:
+  FieldEnumActionCommand(Toolkit::Ptr<FieldEnum> field, Toolkit::Ptr<EnumItemData> oldOption,
+                         Toolkit::Ptr<EnumItemData> newOption)
+      : field(std::move(field)), oldOption(std::move(oldOption)), newOption(std::move(newOption)) {}
+  void Do() override { field->Select(newOption.Get()); }
+  void Undo() override { field->Select(oldOption.Get()); }
+
+private:
+  Toolkit::Ptr<FieldEnum> field;
+  Toolkit::Ptr<EnumItemData> oldOption, newOption;
+};
+
+} // namespace Tesselor
