@@ -14,6 +14,7 @@
 #include "toolkit/visual/InputEvents.h"
 #include "workspace/Workspaces.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -116,6 +117,8 @@ private:
   void Undo();
   void Redo();
   void StepInHistory(void (*step)());
+  /// What is being typed comes to its end as a step of its own, for as long as `run` takes.
+  void WithFinishedTyping(const std::function<void()>& run);
 
   // What changes the selected nodes.
   void SelectAll();

@@ -135,9 +135,13 @@ bool MainView::Export() {
   // A root that was deleted is no root any more.
   ContentNode* root = graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr;
   const RootType& type = *workspaces.currentRoot;
-  return NodeImporterExporter::ExportNodeTree(filePath, root, graph->ContentNodes(), graph->GroupNodes(),
-                                              graph->CommentNodes(), type.MenuName,
-                                              type.workspace && type.workspace->ExportDefaults);
+  bool isWritten = false;
+  WithFinishedTyping([&] {
+    isWritten = NodeImporterExporter::ExportNodeTree(filePath, root, graph->ContentNodes(), graph->GroupNodes(),
+                                                     graph->CommentNodes(), type.MenuName,
+                                                     type.workspace && type.workspace->ExportDefaults);
+  });
+  return isWritten;
 }
 
 void MainView::LoadFileAndWorkspace() {

@@ -107,11 +107,15 @@ void MainView::Redo() {
 
 void MainView::StepInHistory(void (*step)()) {
   BeginEdit();
-  // What is being typed becomes a step of its own before, which it does when its box loses the focus.
+  WithFinishedTyping(step);
+}
+
+void MainView::WithFinishedTyping(const std::function<void()>& run) {
+  // A box makes the step when it loses the focus.
   Toolkit::InputState* input = Toolkit::InputState::Current();
   const Ptr<Toolkit::UIElement> focused(input ? input->Focused() : nullptr);
   if (focused) input->SetFocus(nullptr);
-  step();
+  run();
   if (focused && focused->IsAttached() && !input->Focused()) focused->Focus();
 }
 

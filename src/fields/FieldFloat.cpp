@@ -43,8 +43,12 @@ bool FieldFloat::IsSame(double number, std::string_view text) const {
   return shown && AreNear(number, *shown);
 }
 
-std::optional<std::string> FieldFloat::Filter(std::string_view text, Bounds bounds) const {
-  return FilterFloatText(text, bounds.min, bounds.max);
+std::optional<std::string> FieldFloat::Filter(std::string_view text, Bounds bounds, NumberEntry entry) const {
+  return FilterFloatText(text, bounds.min, bounds.max, entry);
+}
+
+std::optional<std::string> FieldFloat::Finish(std::string_view text, Bounds bounds) const {
+  return FinishFloatText(text, bounds.min, bounds.max);
 }
 
 } // namespace Tesselor

@@ -41,8 +41,12 @@ double FieldInt::WrittenNumber(std::string_view text) const { return WrittenInte
 
 bool FieldInt::IsSame(double number, std::string_view text) const { return ParseInteger(text) == number; }
 
-std::optional<std::string> FieldInt::Filter(std::string_view text, Bounds bounds) const {
-  return FilterIntegerText(text, static_cast<int32_t>(bounds.min), static_cast<int32_t>(bounds.max));
+std::optional<std::string> FieldInt::Filter(std::string_view text, Bounds bounds, NumberEntry entry) const {
+  return FilterIntegerText(text, static_cast<int32_t>(bounds.min), static_cast<int32_t>(bounds.max), entry);
+}
+
+std::optional<std::string> FieldInt::Finish(std::string_view text, Bounds bounds) const {
+  return FinishIntegerText(text, static_cast<int32_t>(bounds.min), static_cast<int32_t>(bounds.max));
 }
 
 } // namespace Tesselor

@@ -17,7 +17,8 @@ private:
   std::string TextOf(double number) const override;
   double WrittenNumber(std::string_view text) const override;
   bool IsSame(double number, std::string_view text) const override;
-  std::optional<std::string> Filter(std::string_view text, Bounds bounds) const override;
+  std::optional<std::string> Filter(std::string_view text, Bounds bounds, NumberEntry entry) const override;
+  std::optional<std::string> Finish(std::string_view text, Bounds bounds) const override;
 };
 
 } // namespace Tesselor

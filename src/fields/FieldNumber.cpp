@@ -13,6 +13,7 @@ TOOLKIT_TYPE_IMPL(FieldNumber, BaseField, "Tesselor.FieldNumber")
 void FieldNumber::Describe(Toolkit::TypeBuilder<FieldNumber>& type) {
   WidthProperty = type.Property<int32_t>("Width", 75);
   type.Member<&FieldNumber::GetFieldTextData>("FieldTextData");
+  type.Handler<&FieldNumber::OnInputLostFocus>("OnInputLostFocus", LostFocusEvent);
 }
 
 FieldNumber::FieldNumber(const Toolkit::SharedString& initialText, Bounds widest)
@@ -63,12 +64,19 @@ std::string FieldNumber::GetValueAsString() const { return std::string(fieldText
 
 void FieldNumber::OnTextChanged(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   const auto& field = Subject<FieldNumber>();
-  const auto filtered = Filter(inputText->GetText(), field.bounds);
-  if (!filtered) return;
-  // Setting the text comes back here, until the filter has nothing left to change.
-  inputText->SetText(*filtered);
+  const NumberEntry entry = inputText->IsFocused() ? NumberEntry::Growing : NumberEntry::Complete;
+  if (const auto filtered = Filter(inputText->GetText(), field.bounds, entry)) ReplaceText(*filtered);
+}
+
+void FieldNumber::ReplaceText(const std::string& text) {
+  // Setting the text filters it again, until there is nothing left to change.
+  inputText->SetText(text);
   // While the binding carries a text to the box, it does not carry the box's answer back.
-  field.fieldTextData->SetValue(inputText->GetText());
+  Subject<FieldNumber>().fieldTextData->SetValue(inputText->GetText());
+}
+
+void FieldNumber::OnInputLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  if (const auto finished = Finish(inputText->GetText(), Subject<FieldNumber>().bounds)) ReplaceText(*finished);
 }
 
 } // namespace Tesselor

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fields/BaseField.h"
+#include "fields/NumberFilter.h"
 #include "toolkit/base/RoutedEvent.h"
 #include "values/FieldTextData.h"
 
@@ -49,12 +50,17 @@ private:
   /// The number of a JSON item that is one.
   virtual double NumberOf(const cJSON& item) const = 0;
   virtual std::string TextOf(double number) const = 0;
-  /// The number that is written for a text.
+  /// The number that is written for a text; the user is told if the text has none.
   virtual double WrittenNumber(std::string_view text) const = 0;
   virtual bool IsSame(double number, std::string_view text) const = 0;
   /// One step toward a text that may be typed; nothing if it may stand.
-  virtual std::optional<std::string> Filter(std::string_view text, Bounds bounds) const = 0;
+  virtual std::optional<std::string> Filter(std::string_view text, Bounds bounds, NumberEntry entry) const = 0;
+  /// The text that is left when the editing ends; nothing if it may stay as it is.
+  virtual std::optional<std::string> Finish(std::string_view text, Bounds bounds) const = 0;
+  void ReplaceText(const std::string& text);
   void OnTextChanged(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  /// The box shows from now on what a save writes.
+  void OnInputLostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
 
   Toolkit::Ptr<FieldTextData> fieldTextData;
   Toolkit::Ptr<Toolkit::TextBox> inputText;

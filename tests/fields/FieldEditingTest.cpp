@@ -66,6 +66,33 @@ TEST_F(FieldEditing, MakesOneStepPerStayOfTheFocusAndPerClick) {
   ExpectText("FieldSteps", told);
 }
 
+TEST_F(FieldEditing, LetsTypingReachEveryNumberAndShowsWhatIsSaved) {
+  const auto field = Make<FieldInt>("Int", R"({"Min":10,"Max":999,"Default":50})");
+  FieldStage stage(*field);
+  auto& box = *stage.First<TextBox>();
+  stage.Type("");
+  stage.Type("2");
+  EXPECT_EQ(box.GetText(), "2");
+  stage.Focus(&box);
+  stage.Press(Toolkit::Key::End);
+  static_cast<Stage&>(stage).Type("5");
+  EXPECT_EQ(field->GetValueAsString(), "25");
+  stage.Type("125-3");
+  stage.FocusElsewhere();
+  EXPECT_EQ(box.GetText(), "125");
+  EXPECT_EQ(Saved(*field), R"({"K":125})");
+  stage.Type("2");
+  stage.FocusElsewhere();
+  EXPECT_EQ(Saved(*field), R"({"K":10})");
+  EXPECT_EQ(stage.History().Size(), 2u);
+  stage.Undo();
+  EXPECT_EQ(box.GetText(), "125") << "the step holds what was left, not what was typed";
+  stage.Redo();
+  EXPECT_EQ(box.GetText(), "10");
+  Load(*field, R"({"K":2})");
+  EXPECT_EQ(box.GetText(), "10") << "what comes from a file does not grow";
+}
+
 TEST_F(FieldEditing, RedoesWhatWasRecordedWhateverCameBetween) {
   const auto field = Make<Tesselor::FieldCheckbox>("Checkbox");
   FieldStage stage(*field);

@@ -72,7 +72,7 @@ TEST(NumberText, ReadsNumbersFromTheStartOfATextAndFiltersWhatIsTyped) {
   for (const std::string& text : texts) {
     const auto integer = Tesselor::ReadIntegerPrefix(text);
     const auto filtered = [&](auto filter, auto... bounds) {
-      const std::optional<std::string> result = filter(text, bounds...);
+      const std::optional<std::string> result = filter(text, bounds..., Tesselor::NumberEntry::Complete);
       return result ? Show(result) : "stays";
     };
     dump << Show(std::optional(text)) << ": integer " << Show(Tesselor::ParseInteger(text)) << " or " << integer.value
@@ -87,6 +87,63 @@ TEST(NumberText, ReadsNumbersFromTheStartOfATextAndFiltersWhatIsTyped) {
          << filtered(Tesselor::FilterFloatText, 10.0, 5.0) << "\n";
   }
   TestSupport::ExpectText("NumbersOfTexts", dump.str());
+}
+
+TEST(NumberText, LetsANumberGrowIntoItsBoundsAndShowsWhatIsSavedInTheEnd) {
+  struct Case {
+    const char* text;
+    double min, max;
+    /// What the text becomes while it is typed, and when the box is left.
+    const char *typed, *left;
+  };
+  const Case integers[] = {
+      {"2", 10, 99, "2", "10"},
+      {"25", 10, 99, "25", "25"},
+      {"1", 20, 99, "20", "20"},
+      {"0", 10, 99, "0", "10"},
+      {"", 10, 99, "", "10"},
+      {"100", 10, 99, "99", "99"},
+      {"3", 10, 25, "10", "10"},
+      {"3", 10, 29, "10", "10"},
+      {"3", 10, 30, "3", "10"},
+      {"9", 1000, 8000, "1000", "1000"},
+      {"7", 1000, 8000, "7", "1000"},
+      {"-5", -99, -10, "-5", "-10"},
+      {"-1", 10, 99, "10", "10"},
+      {"5", -99, -10, "-10", "-10"},
+      {"-", 10, 99, "-", "10"},
+      {"125-3", 0, 999, "125-3", "125"},
+      {"--5", 0, 9, "--5", "0"},
+      {"", -5, 5, "", "0"},
+      {"99999999999", lowest, highest, "99999999999", "2147483647"},
+      {"7", 9, 1, "7", "7"},
+  };
+  for (const Case& c : integers) {
+    const auto min = static_cast<int32_t>(c.min), max = static_cast<int32_t>(c.max);
+    const auto typed = Tesselor::FilterIntegerText(c.text, min, max, Tesselor::NumberEntry::Growing);
+    EXPECT_EQ(typed.value_or(c.text), c.typed) << c.text << " in " << min << " to " << max;
+    EXPECT_EQ(Tesselor::FinishIntegerText(c.text, min, max).value_or(c.text), c.left) << c.text;
+  }
+  const Case floats[] = {
+      {"1", 10, 99, "1", "10.000000"},
+      {"9.", 10, 99, "10.000000", "10.000000"},
+      {"1.", 1, 2, "1.", "1."},
+      {"0", 1, 2, "0", "1.000000"},
+      {"0.", 1, 2, "1.000000", "1.000000"},
+      {"2", 2.5, 2.75, "2", "2.500000"},
+      {"2.4", 2.5, 2.75, "2.500000", "2.500000"},
+      {"2.7", 2.71, 2.75, "2.7", "2.710000"},
+      {"-", -2, -1, "-", "-1.000000"},
+      {"1.50", 0, 9, "1.50", "1.50"},
+      {"1-2", 0, 9, "1-2", "1.0"},
+      {".", 0, 9, ".", "0.0"},
+      {"1e1", 20, 99, "20.000000", "20.000000"},
+  };
+  for (const Case& c : floats) {
+    const auto typed = Tesselor::FilterFloatText(c.text, c.min, c.max, Tesselor::NumberEntry::Growing);
+    EXPECT_EQ(typed.value_or(c.text), c.typed) << c.text << " in " << c.min << " to " << c.max;
+    EXPECT_EQ(Tesselor::FinishFloatText(c.text, c.min, c.max).value_or(c.text), c.left) << c.text;
+  }
 }
 
 TEST(NumberText, ShowsDoublesWithSixDecimals) {
