@@ -3,6 +3,9 @@
 #include "fields/AssetIdReader.h"
 #include "platform/FileDialogs.h"
 #include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/ListView.h"
+#include "toolkit/controls/TextBox.h"
+#include "toolkit/visual/Descendants.h"
 
 namespace Tesselor {
 
@@ -13,6 +16,7 @@ void FieldRows::Describe(Toolkit::TypeBuilder<FieldRows>& type) {
   type.Handler<&FieldRows::OnMoveUp>("OnMoveUp", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&FieldRows::OnMoveDown>("OnMoveDown", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&FieldRows::OnSelectFile>("OnSelectFile", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&FieldRows::OnInputKeyDown>("OnInputKeyDown", KeyDownEvent);
   type.Handler<&FieldRows::OnInputLostFocus>("OnInputLostFocus", LostFocusEvent);
 }
 
@@ -49,9 +53,39 @@ void FieldRows::MoveRow(Toolkit::Object* sender, int step) {
 }
 
 void FieldRows::OnAddItem(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  AddRowAt(Subject<FieldRows>().RowCollection().Count());
+}
+
+void FieldRows::OnInputKeyDown(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args) {
   auto& field = Subject<FieldRows>();
+  const auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(sender);
+  const auto* row = box ? Toolkit::DynamicCast<FieldRowData>(box->GetDataContext()) : nullptr;
+  const int index = row ? field.RowCollection().IndexOfItem(row) : -1;
+  if (args.key != Toolkit::Key::Return || args.isRepeat || index < 0) return;
+  args.handled = true;
+  // What was typed is a step of its own.
+  field.PushUndoIfChanged();
+  AddRowAt(static_cast<size_t>(index) + 1);
+}
+
+void FieldRows::AddRowAt(size_t index) {
+  auto& field = Subject<FieldRows>();
+  Toolkit::ObservableCollectionBase& rows = field.RowCollection();
   field.AddEmptyRow();
+  if (index + 1 < rows.Count()) rows.Move(rows.Count() - 1, index);
   field.FinishEdit();
+  FocusRow(index);
+}
+
+void FieldRows::FocusRow(size_t index) {
+  const auto* list = FindName<Toolkit::ListView>("ListView");
+  if (!list) return;
+  UpdateLayout();
+  const auto* row = list->GetItemContainerGenerator().ContainerFromIndex(index);
+  auto* box = row ? Toolkit::FirstDescendant<Toolkit::TextBox>(*row) : nullptr;
+  if (!box) return;
+  box->Focus();
+  box->BringIntoView();
 }
 
 void FieldRows::OnRemoveItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs&) {

@@ -5,6 +5,7 @@
 #include "fields/FieldRowData.h"
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/base/RoutedEvent.h"
+#include "toolkit/visual/InputEvents.h"
 
 namespace Tesselor {
 
@@ -34,10 +35,15 @@ private:
   void MoveRow(Toolkit::Object* sender, int step);
   void FinishEdit();
 
+  /// Puts an empty row at a place of this control's field, as an undo step, and the caret into it.
+  void AddRowAt(size_t index);
+  void FocusRow(size_t index);
+
   void OnAddItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnRemoveItem(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnMoveUp(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnMoveDown(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnInputKeyDown(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
   void OnInputLostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnSelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
 };

@@ -1,6 +1,8 @@
 // The part of ContentNode that answers the events of its document.
 
 #include "nodes/ContentNode.h"
+#include "toolkit/controls/TextBox.h"
+#include "toolkit/visual/Descendants.h"
 
 namespace Tesselor {
 
@@ -10,6 +12,13 @@ void ContentNode::Comment_MouseDown(Toolkit::Object*, const Toolkit::MouseButton
   if (args.clickCount != 2) return;
   SetValue(CommentTextVisibilityProperty, Visibility::Collapsed);
   SetValue(CommentInputVisibilityProperty, Visibility::Visible);
+  UpdateLayout();
+  const auto* block = FindName<Toolkit::UIElement>("CommentBlock");
+  if (auto* box = block ? Toolkit::FirstDescendant<Toolkit::TextBox>(*block) : nullptr) {
+    box->Focus();
+    box->SelectAll();
+  }
+  args.handled = true;
 }
 
 void ContentNode::CommentTextBox_KeyUp(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {

@@ -34,7 +34,7 @@ TEST_F(FieldRows, MakeOneStepOfEachButtonAndEachStayInARow) {
                           {"up0", "down2", "up2", "down0", "remove1", "add", "save", "undo", "undo", "undo", "undo",
                            "redo", "redo", "redo", "redo", "save"});
   told += Play("List", "", R"({"K":["a"]})", {"type x", "type xy", "away", "stay", "away", "undo"});
-  // Dictionaries are compared by key and not by order, and the second row of a key is not looked at.
+  // The steps of a dictionary keep its order, and all rows of one key.
   told += Play("Dictionary", "", R"({"K":{"b":"1","a":"2","b":"3"}})",
                {"up1", "save", "add", "type6 Z", "away", "type5 4", "away", "undo", "undo", "redo", "redo"});
   told += Play("Object", R"({"Fields":[{"Id":"L","Type":"List"},{"Id":"D","Type":"Dictionary"}]})",
@@ -61,6 +61,42 @@ TEST_F(FieldRows, ConvertWhatIsTypedByTheirType) {
       }
     }
   ExpectText("RowsByType", dump);
+}
+
+TEST_F(FieldRows, PutTheCaretIntoTheRowThatIsAdded) {
+  for (const char* type : {"List", "Dictionary"}) {
+    const auto field = MakeField(type);
+    // A second control does the same for itself.
+    const auto second = BaseField::MakeSecondControl(*field);
+    for (BaseField* control : {field.Get(), second.Get()}) {
+      FieldStage stage(*control);
+      const size_t boxesInRow = type == std::string("List") ? 1 : 2;
+      const size_t before = All<TextBox>(*control).size() / boxesInRow;
+      const auto focusedRow = [&] {
+        const auto rowBoxes = All<TextBox>(*control);
+        for (size_t i = 0; i < rowBoxes.size(); ++i)
+          if (rowBoxes[i]->IsFocused()) return static_cast<int>(i / boxesInRow);
+        return -1;
+      };
+      stage.Click(AddButton(*control));
+      EXPECT_EQ(focusedRow(), static_cast<int>(before));
+      static_cast<Stage&>(stage).Type("a");
+      stage.Press(Toolkit::Key::Return);
+      EXPECT_EQ(focusedRow(), static_cast<int>(before) + 1);
+      static_cast<Stage&>(stage).Type("c");
+      EXPECT_EQ(stage.History().Size(), 3u) << "a row, its text, the next row";
+      stage.Focus(All<TextBox>(*control).at(before * boxesInRow));
+      stage.Press(Toolkit::Key::Return);
+      EXPECT_EQ(focusedRow(), static_cast<int>(before) + 1) << "below the row in which it was pressed";
+      static_cast<Stage&>(stage).Type("b");
+      stage.FocusElsewhere();
+      EXPECT_NE(field->GetValueAsString().find(boxesInRow == 1 ? "a b c" : "a  b  c"), std::string::npos);
+      const size_t steps = stage.History().Size();
+      for (size_t i = 0; i < steps; ++i) stage.Undo();
+      EXPECT_EQ(All<TextBox>(*control).size() / boxesInRow, before);
+      for (size_t i = 0; i < steps; ++i) stage.Redo();
+    }
+  }
 }
 
 TEST_F(FieldRows, RefuseUnknownItemTypes) {

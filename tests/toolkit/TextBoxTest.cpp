@@ -202,13 +202,19 @@ TEST_F(TextBoxTest, KeepsTheCaretInSight) {
   Run("Ctrl+End");
   EXPECT_TRUE(isInSight());
   const float bottom = box->CaretRectangle().y;
-  // The wheel scrolls until the end of the way, then it is for those around.
+  // The wheel scrolls, and does not go on to those around at the end of the way.
   EXPECT_TRUE(Wheel(*box, 1));
   EXPECT_GT(box->CaretRectangle().y, bottom);
   for (int i = 0; i < 10; ++i) Wheel(*box, 1);
-  EXPECT_FALSE(Wheel(*box, 1));
+  EXPECT_TRUE(Wheel(*box, 1));
+  Run("Ctrl+End");
+  const float end = box->CaretRectangle().y;
   Focus(nullptr);
-  EXPECT_FALSE(Wheel(*box, -1));
+  EXPECT_GT(box->CaretRectangle().y, end + 20) << "a box that is left shows its beginning";
+  EXPECT_FALSE(Wheel(*box, -1)) << "without the focus the wheel is for those around";
+  Focus(box);
+  box->SetText("short");
+  EXPECT_FALSE(Wheel(*box, 1)) << "there is nothing to scroll";
 }
 
 TEST_F(TextBoxTest, LaysOutNoTextThatIsOnlySet) {

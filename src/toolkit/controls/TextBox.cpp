@@ -285,15 +285,21 @@ void TextBox::OnMouse(const RoutedEventArgs& args, InputState& input) {
     const float distance =
         -static_cast<const MouseWheelEventArgs&>(args).wheelRotation * WheelLines * Editor().Layout()->LineHeight();
     const Point from = Editor().ScrollOffset();
-    // At the end of its way the wheel goes on to what lies around.
-    args.handled = Editor().ScrollTo(sideways ? Point{from.x + distance, from.y} : Point{from.x, from.y + distance});
+    Editor().ScrollTo(sideways ? Point{from.x + distance, from.y} : Point{from.x, from.y + distance});
+    // A text that is at its end must not send the wheel on, where it would zoom.
+    const Rect content = ContentBox();
+    const TextSize size = Editor().Layout()->Size();
+    args.handled = sideways ? size.width > content.width : size.height > content.height;
   }
 }
 
 void TextBox::OnRoutedEvent(const RoutedEventArgs& args) {
   Control::OnRoutedEvent(args);
   // The box may lose the focus because it was disabled.
-  if (args.event == &LostFocusEvent) Editor().EndSession();
+  if (args.event == &LostFocusEvent) {
+    Editor().EndSession();
+    Editor().ScrollTo({});
+  }
   InputState* input = InputState::Current();
   if (!input || !IsEnabled()) return;
   if (args.event == &GotFocusEvent) {
