@@ -155,6 +155,8 @@ private:
   /// What is under way on the canvas ends before something else changes the document, and what was found in it is
   /// closed.
   void BeginEdit();
+  /// The inspector shows no node that has left.
+  void CloseInspectorOfGoneNode();
 
   // The document.
   std::unique_ptr<Graph> graph;

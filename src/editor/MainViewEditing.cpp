@@ -4,6 +4,7 @@
 
 #include "editor/CreateNodeButton.h"
 #include "editor/NodeEditorCanvas.h"
+#include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NodesMenu.h"
 #include "toolkit/visual/Input.h"
@@ -34,11 +35,17 @@ void MainView::BeginEdit() {
   nodeSearchPanel->Reset();
 }
 
+void MainView::CloseInspectorOfGoneNode() {
+  if (nodePanel->Node() && !graph->Contains(*nodePanel->Node())) nodePanel->Close();
+}
+
 void MainView::SelectAll() { SelectAllNodes(*graph); }
 
 void MainView::DeleteSelection() {
   BeginEdit();
-  if (DeleteSelected(*graph)) pendingPin.Clear();
+  if (!DeleteSelected(*graph)) return;
+  pendingPin.Clear();
+  CloseInspectorOfGoneNode();
 }
 
 void MainView::Nudge(Toolkit::Point direction) {

@@ -108,6 +108,7 @@ void MainView::Redo() {
 void MainView::StepInHistory(void (*step)()) {
   BeginEdit();
   WithFinishedTyping(step);
+  CloseInspectorOfGoneNode();
 }
 
 void MainView::WithFinishedTyping(const std::function<void()>& run) {

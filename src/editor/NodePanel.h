@@ -2,14 +2,15 @@
 
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/UserControl.h"
+#include "toolkit/visual/InputEvents.h"
 
 namespace Tesselor {
 
 class BaseField;
 class ContentNode;
 
-/// A side panel with a second editor for each body field of one node, and a check box per field that shows or hides
-/// it on the node. The copies read the carriers of the node's own fields.
+/// An inspector beside the canvas: a second control for each body field of one node, and a check box per field that
+/// shows or hides it on the node. The user may drag its left edge.
 class NodePanel : public Toolkit::UserControl {
   TOOLKIT_TYPE(NodePanel)
 public:
@@ -23,6 +24,8 @@ public:
   /// The parent of the rows, which are of the class `PanelBaseField`.
   Toolkit::StackPanel* GetFieldsStack() const { return fieldsStack; }
 
+  /// Null while the panel is closed.
+  ContentNode* Node() const { return node.Get(); }
   /// Fills the panel for the node. A type without body fields leaves it empty and collapsed.
   void OpenNode(ContentNode* node);
   /// Collapses the panel and removes the rows.
@@ -30,9 +33,17 @@ public:
 
 private:
   void AddRow(BaseField& field);
+  void OnCloseButtonClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnGripPressed(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
+  void OnGripMoved(Toolkit::Object* sender, const Toolkit::MouseEventArgs& args);
+  void OnGripReleased(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
 
-  /// Held by the tree that the document describes.
+  // Held by the tree that the document describes.
   Toolkit::StackPanel* fieldsStack = nullptr;
+  Toolkit::FrameworkElement* resizeGrip = nullptr;
+  Toolkit::Ptr<ContentNode> node;
+  /// Where on the grip it is held.
+  float heldAt = 0;
 };
 
 } // namespace Tesselor

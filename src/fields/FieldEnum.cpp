@@ -92,6 +92,12 @@ void FieldEnum::SetSelectedEnum(std::string_view value) {
   ShowError(std::move(text), AttentionCaption);
 }
 
+void FieldEnum::ShowValueOf(BaseField& field) {
+  BaseField::ShowValueOf(field);
+  // The selection may have come before the list that it stands in.
+  if (comboBox) comboBox->SetSelectedItem(static_cast<FieldEnum&>(field).SelectedOption());
+}
+
 void FieldEnum::Select(EnumItemData* option) {
   static const Toolkit::Symbol name("SelectedOption");
   if (selectedOption == option) return;

@@ -49,6 +49,7 @@ protected:
 private:
   friend class FieldEnumActionCommand;
   void InitializeComponent() override;
+  void ShowValueOf(BaseField& field) override;
   void Select(EnumItemData* option);
   /// By the user: an undo step. A list that is being filtered has nothing selected for a moment, which counts for
   /// nothing.

@@ -1,11 +1,14 @@
 // Values are edited in the real window by clicks and keys, and walked back and forth by Ctrl+Z.
 #include "WindowStage.h"
 #include "document/NodeWriter.h"
+#include "editor/PanelBaseField.h"
+#include "fields/EnumItemData.h"
 #include "platform/JsonFile.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/CheckBox.h"
 #include "toolkit/controls/ComboBox.h"
 #include "toolkit/controls/Slider.h"
+#include "toolkit/controls/TextBlock.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -46,10 +49,39 @@ protected:
     return PrintJson(json.get());
   }
 
-  template <class T> T& Part(const char* field, size_t index = 0) const {
-    return window.FieldPart<T>(node, field, index);
+  /// Where edits are made: in the node's own control, or in the inspector's.
+  BaseField& Control(const char* id) const {
+    BaseField& field = window.Field(node, id);
+    if (!isInInspector) return field;
+    for (PanelBaseField* row : TestSupport::All<PanelBaseField>(window.Root()))
+      if (row->GetNodeField() == &field) return *TestSupport::All<BaseField>(*row).front();
+    throw std::runtime_error("the inspector does not show the field");
   }
-  Button& LastButton(const char* field) const { return *TestSupport::All<Button>(window.Field(node, field)).back(); }
+  template <class T> T& Part(const char* field, size_t index = 0) const {
+    return *TestSupport::All<T>(Control(field)).at(index);
+  }
+  Button& LastButton(const char* field) const { return *TestSupport::All<Button>(Control(field)).back(); }
+  /// What the texts, boxes and lists of a field's control show.
+  static std::string Shown(BaseField& control) {
+    std::string shown;
+    for (TextBox* box : TestSupport::All<TextBox>(control)) shown += "[" + std::string(box->GetText()) + "]";
+    for (auto* box : TestSupport::All<Toolkit::CheckBox>(control)) shown += box->IsChecked() ? "x" : "-";
+    for (auto* slider : TestSupport::All<Toolkit::Slider>(control))
+      shown += std::to_string(slider->Get<float>(Toolkit::Slider::ValueProperty));
+    for (auto* combo : TestSupport::All<Toolkit::ComboBox>(control)) {
+      const auto* option = Toolkit::DynamicCast<EnumItemData>(combo->GetSelectedItem());
+      shown += option ? "<" + option->GetValue().ToString() + ">" : "<>";
+    }
+    for (auto* text : TestSupport::All<Toolkit::TextBlock>(control)) shown += "'" + std::string(text->GetText()) + "'";
+    return shown;
+  }
+  void ExpectBothControlsShowTheSame(const std::string& when) {
+    window.Settle();
+    for (const auto& [id, field] : node.contentFields) {
+      isInInspector = true;
+      EXPECT_EQ(Shown(Control(id.c_str())), Shown(*field)) << id << " " << when;
+    }
+  }
   void Type(const char* field, const std::string& text, size_t index = 0) {
     window.TypeInto(Part<TextBox>(field, index), text);
   }
@@ -64,13 +96,31 @@ protected:
   }
   /// As a user who is done with a field does.
   void ClickOnCanvas() { window.Click(window.EmptySpot()); }
+  /// A click on the canvas would close the inspector.
+  void FinishEdit() {
+    if (isInInspector)
+      window.Focus(window.Canvas().GetPanel());
+    else
+      ClickOnCanvas();
+  }
+  void OpenInspector() {
+    const Toolkit::Rect box = window.BoxOf(node);
+    window.DoubleClick({box.x + box.width / 2, box.Bottom() - 5});
+  }
 
+  bool isInInspector = false;
   TestSupport::TestWorkspace workspace{{schema}};
   TestSupport::WindowStage window{{.directory = workspace.Path(), .size = {2000, 3000}}};
   ContentNode& node;
 };
 
-TEST_F(ValueUndo, WalksBackAndForthThroughTheEditsOfAllKinds) {
+class ValueUndoInBothControls : public ValueUndo, public testing::WithParamInterface<bool> {};
+
+INSTANTIATE_TEST_SUITE_P(NodeAndInspector, ValueUndoInBothControls, testing::Bool());
+
+TEST_P(ValueUndoInBothControls, WalksBackAndForthThroughTheEditsOfAllKinds) {
+  isInInspector = GetParam();
+  if (isInInspector) OpenInspector();
   window.dialogs.path = workspace.Write("hero.json", R"({"Id": "hero-id"})");
   const struct {
     const char* what;
@@ -111,15 +161,17 @@ TEST_F(ValueUndo, WalksBackAndForthThroughTheEditsOfAllKinds) {
   std::vector<std::string> states{State()};
   for (const auto& edit : edits) {
     edit.edit();
-    ClickOnCanvas();
+    FinishEdit();
     EXPECT_EQ(window.History().Size(), states.size()) << edit.what;
     states.push_back(State());
     EXPECT_NE(states.back(), states[states.size() - 2]) << edit.what;
+    if (GetParam()) ExpectBothControlsShowTheSame(edit.what);
   }
   for (int round = 0; round < 2; ++round) {
     for (size_t i = states.size() - 1; i-- > 0;) {
       window.Undo();
       EXPECT_EQ(State(), states[i]) << "undo of: " << edits[i].what;
+      if (GetParam()) ExpectBothControlsShowTheSame("after the undo of: " + std::string(edits[i].what));
     }
     for (size_t i = 1; i < states.size(); ++i) {
       window.Redo();
