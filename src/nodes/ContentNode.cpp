@@ -6,10 +6,12 @@
 #include "nodes/NodePinControl.h"
 #include "nodes/TitleBrushes.h"
 #include "platform/Uuid.h"
+#include "toolkit/controls/Border.h"
 #include "toolkit/controls/ContentPresenter.h"
 #include "toolkit/controls/ItemsControl.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/markup/GUI.h"
+#include "toolkit/render/Painter.h"
 
 #include <cstdio>
 #include <utility>
@@ -19,6 +21,12 @@ namespace Tesselor {
 using Toolkit::Visibility;
 
 namespace {
+
+/// Pixels per canvas unit up to which a title is no text any more.
+constexpr float LargestDetailOfBoxes = 0.25f;
+constexpr Toolkit::CornerRadius BoxCorners{11, 11, 9, 9};
+/// Pixels.
+constexpr float BoxOutline = 2;
 
 NodePinControl* PinControlOf(Toolkit::Object* container) {
   const auto* presenter = Toolkit::DynamicCast<Toolkit::ContentPresenter>(container);
@@ -185,6 +193,20 @@ Toolkit::Point ContentNode::AnchorOf(const NodePinData& pin) const {
 void ContentNode::OnLayoutChanged(Toolkit::LayoutChange change) {
   areAnchorsDue |= change == Toolkit::LayoutChange::Inside;
   if (observer) observer->OnNodeLayoutChanged(*this);
+}
+
+void ContentNode::RenderChildren(Toolkit::Painter& painter) {
+  const auto* frame = Toolkit::DynamicCast<Toolkit::Border>(ContentElement());
+  if (!frame || painter.Detail() > LargestDetailOfBoxes) {
+    BaseNode::RenderChildren(painter);
+    return;
+  }
+  painter.LeaveOut();
+  const Toolkit::Rect box{0, 0, ActualWidth(), ActualHeight()};
+  painter.DrawRectangle(box, BoxCorners, Get<Toolkit::Brush*>(TitleColorProperty), nullptr, {});
+  // The frame tells that the node is selected, or a link that doesn't fit: as thick on the screen as near by.
+  painter.DrawRectangle(box, BoxCorners, nullptr, frame->Get<Toolkit::Brush*>(Toolkit::Border::BorderBrushProperty),
+                        Toolkit::Thickness::Uniform(BoxOutline / painter.Detail()));
 }
 
 void ContentNode::ReadAnchors() const {

@@ -165,6 +165,8 @@ protected:
   /// For a class with a document of its own, which its constructor loads.
   ContentNode(WithoutDocument, std::string typeId, const NodeBlueprint& blueprint);
   void InitializeComponent() override;
+  /// From so far away that no text can be read: a solid box in the title's colour, so that the shape of a graph can.
+  void RenderChildren(Toolkit::Painter& painter) override;
   void OnLayoutChanged(Toolkit::LayoutChange change) override;
   /// Looks up the named parts of the document that this class works with; those that it doesn't have stay empty.
   void FindParts();

@@ -30,6 +30,8 @@ public:
   float Detail() const;
   /// True if a box of this size would hardly make a pixel; the painter remembers that something was left out.
   bool IsTooSmall(const Size& size);
+  /// For who draws something simpler at this detail: the painter remembers that.
+  void LeaveOut() { leftOut = true; }
   bool HasLeftOut() const { return leftOut; }
   const ImageFinder* Images() const { return images; }
 
