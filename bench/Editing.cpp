@@ -68,6 +68,18 @@ private:
     Measure("undo of the paste", [this] { Chord(Key::Z); });
     Measure("redo of the paste", [this] { Chord(Key::Y); });
     Measure("second paste", [this] { Chord(Key::V); });
+    Measure("undo of the second paste", [this] { Chord(Key::Z); });
+    Measure("open the search", [this] { Chord(Key::F); });
+    // The panel reads ahead while nobody types.
+    for (int i = 0; i < 50; ++i) Measure("pause", [] {});
+    for (const char* letter : {"m", "a", "r", "r", "o", "w"})
+      Measure("key in the search", [this, letter] {
+        input->TextInput(letter);
+        // A search waits for a pause in typing; a key that steps through the results does not.
+        Press(Key::Down);
+      });
+    for (int i = 0; i < 10; ++i) Measure("step in the search", [this] { Press(Key::Down); });
+    Measure("result of the search", [this] { Press(Key::Return); });
     Add([this] { Report(); });
   }
 

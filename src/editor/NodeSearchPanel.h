@@ -8,6 +8,7 @@
 #include "toolkit/controls/UserControl.h"
 #include "toolkit/visual/InputEvents.h"
 
+#include <string>
 #include <vector>
 
 namespace Tesselor {
@@ -17,13 +18,15 @@ struct SearchResultSelectedEventArgs : Toolkit::RoutedEventArgs {
   Toolkit::Ptr<BaseNode> node;
 };
 
-/// Finds nodes by title and field text and tells which one the user clicked. It works on the document's lists as they
-/// were when it opened, and never follows the document.
+/// Finds nodes by what they hold and tells which one the user chose, by a click or with the keys in its text box. It
+/// works on the document's lists as they were when it opened, and never follows the document.
 class NodeSearchPanel : public Toolkit::UserControl {
   TOOLKIT_TYPE(NodeSearchPanel)
 public:
   static inline const Toolkit::DependencyProperty* PanelVisibilityProperty = nullptr;
   static inline const Toolkit::DependencyProperty* SearchTextProperty = nullptr;
+  /// "3 matches", or that there are none.
+  static inline const Toolkit::DependencyProperty* CountTextProperty = nullptr;
   static const Toolkit::RoutedEvent SearchResultSelectedEvent;
 
   /// The document's lists at one moment. Empty entries are skipped.
@@ -55,12 +58,29 @@ private:
   void OnClearButtonClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnResultClicked(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   Toolkit::ObservableCollectionBase* ReflectedResults() const { return results.Get(); }
-  void AddResult(BaseNode* node, const char* nodeType, std::string_view context = {});
-  void SearchFields(ContentNode& node, std::string_view upperText);
+  void OnSearchKeyDown(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
+  void OnListScrolled(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  Toolkit::ObservableCollectionBase* ReflectedShownResults() const { return shownResults.Get(); }
+  void ShowMore(size_t count);
+  void ShowCount();
+  /// What was typed last may wait for a pause in typing.
+  void SearchNow();
+  void Mark(NodeSearchResult* result);
+  void Step(int distance);
+  void Choose(NodeSearchResult& result);
 
   Toolkit::Ptr<Results> results;
+  /// The first of them, as far as the list was scrolled: a document has too many nodes to make a line for each.
+  Toolkit::Ptr<Results> shownResults;
   Toolkit::Ptr<NodeSearchResult> selectedResult;
+  void RefreshIndex();
+  void ReadAhead();
+
   Snapshot snapshot;
+  NodeSearchIndex index;
+  /// Of the history when the texts were read.
+  uint64_t indexedRevision = 0;
+  std::string searchedText;
 };
 
 } // namespace Tesselor

@@ -15,9 +15,19 @@ std::string LowerCase(std::string_view text) {
 }
 
 bool ContainsUpperCase(std::string_view text, std::string_view upperText) {
-  return std::search(text.begin(), text.end(), upperText.begin(), upperText.end(),
-                     [](char character, char upper) { return UpperCase(character) == upper; }) != text.end() ||
-         upperText.empty();
+  return FindUpperCase(text, upperText) != std::string_view::npos;
+}
+
+size_t FindUpperCase(std::string_view text, std::string_view upperText) {
+  if (upperText.empty()) return 0;
+  const char first = upperText.front(), lowerFirst = LowerCase(first);
+  for (size_t at = 0; at + upperText.size() <= text.size(); ++at) {
+    if (text[at] != first && text[at] != lowerFirst) continue;
+    size_t length = 1;
+    while (length < upperText.size() && UpperCase(text[at + length]) == upperText[length]) ++length;
+    if (length == upperText.size()) return at;
+  }
+  return std::string_view::npos;
 }
 
 } // namespace Tesselor

@@ -23,5 +23,7 @@ constexpr bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
 /// Whether the upper-case form of `text` contains `upperText`, which is in upper case already. An empty `upperText` is
 /// contained in everything.
 bool ContainsUpperCase(std::string_view text, std::string_view upperText);
+/// The byte at which `upperText` begins for the first time in the upper-case form of `text`; `npos` if it doesn't.
+size_t FindUpperCase(std::string_view text, std::string_view upperText);
 
 } // namespace Tesselor

@@ -5,6 +5,7 @@
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/ItemsControl.h"
+#include "toolkit/controls/ScrollViewer.h"
 #include "toolkit/render/Brush.h"
 
 namespace {
@@ -45,7 +46,7 @@ protected:
   }
 
   std::shared_ptr<Tesselor::Workspace> workspace =
-      TestSupport::MakeWorkspace({R"({"id": "A", "title": "A", "color": "red", "content": [
+      TestSupport::MakeWorkspace({R"({"id": "A", "title": "Kind", "color": "red", "content": [
           {"Id": "Zulu", "Type": "String", "Options": {"Label": "Z"}},
           {"Id": "Alpha", "Type": "String", "Options": {"Label": "A"}}]})"});
   NodeSearchPanel::Snapshot snapshot;
@@ -62,6 +63,8 @@ TEST_F(NodeSearchPanelTest, FindsTitlesThenFieldsInKeyOrder) {
   snapshot.commentNodes[0]->SetCommentText("hidden words");
   AddFrame(snapshot.groupNodes, "A group with text");
   AddFrame(snapshot.groupNodes, "Other");
+  snapshot.contentNodes[1]->SetComment("a remark");
+  snapshot.contentNodes[3]->mapKey = "key in a map";
   panel->Open(snapshot);
 
   const std::pair<const char*, const char*> cases[] = {
@@ -69,15 +72,26 @@ TEST_F(NodeSearchPanelTest, FindsTitlesThenFieldsInKeyOrder) {
            "Comment Text of a note; "},
       {"TEXT", "Content First node: alpha text; Content Second: text; Group A group with text; "
                "Comment Text of a note; "},
-      {"zULU", "Content First node: zulu text; "},
+      // Values come before keys, which count as a whole only.
+      {"zULU", "Content First node: zulu text; Content Second: Zulu; Content Third: Zulu; "},
+      {"zul", "Content First node: zulu text; "},
       // A title that matches hides a field that does too.
       {"th", "Content Third; Group A group with text; Group Other; "},
-      {"hidden", ""},
+      {"hidden", "Comment Text of a note: hidden words; "},
+      {"remark", "Content Second: a remark; "},
+      {"in a map", "Content Third: key in a map; "},
+      {"kind", "Content First node: Kind; Content Second: Kind; Content Third: Kind; "},
+      {"not there", ""},
   };
   for (const auto& [text, listed] : cases) {
     panel->Search(text);
     EXPECT_EQ(Listed(), listed) << text;
   }
+  EXPECT_EQ(panel->GetString(NodeSearchPanel::CountTextProperty), "No node matches");
+  panel->Search("third");
+  EXPECT_EQ(panel->GetString(NodeSearchPanel::CountTextProperty), "1 match");
+  panel->Search("th");
+  EXPECT_EQ(panel->GetString(NodeSearchPanel::CountTextProperty), "3 matches");
   panel->Search("");
   panel->Forget();
   EXPECT_EQ(Listed(), "");
@@ -163,6 +177,74 @@ TEST_F(NodeSearchPanelTest, SelectsTheClickedResultAlone) {
   panel->Reset();
   EXPECT_FALSE(second->IsSelected());
   EXPECT_FALSE(panel->GetSelectedResult());
+}
+
+TEST_F(NodeSearchPanelTest, IsWorkedByTheKeysOfItsTextBox) {
+  // More than there are lines at once.
+  for (int i = 0; i < 150; ++i) AddNode(("Apple " + std::to_string(i)).c_str(), "", "");
+  AddNode("Pear", "", "");
+  panel->Open(snapshot);
+  std::vector<std::string> chosen;
+  panel->AddHandler(NodeSearchPanel::SearchResultSelectedEvent,
+                    Toolkit::RoutedEventHandler::From([&](Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
+                      chosen.emplace_back(
+                          static_cast<const Tesselor::SearchResultSelectedEventArgs&>(args).node->Title());
+                    }));
+  stage.Settle();
+  const auto marked = [this] {
+    const NodeSearchResult* result = panel->GetSelectedResult();
+    return result ? result->GetTitle().ToString() : "none";
+  };
+  stage.Press(Toolkit::Key::Up);
+  EXPECT_EQ(marked(), "Pear") << "the last, which had no line before";
+  auto* viewer = panel->FindName<Toolkit::ScrollViewer>("ResultViewer");
+  EXPECT_GT(viewer->ScrollOffset().y, 1000) << "what is marked is in sight";
+  stage.Press(Toolkit::Key::Down);
+  EXPECT_EQ(marked(), "Pear");
+  stage.Press(Toolkit::Key::PageUp);
+  EXPECT_EQ(marked(), "Apple 145");
+  EXPECT_TRUE(chosen.empty()) << "the view stays until Enter";
+  // A key does not wait for the pause after which a search runs.
+  stage.Type("14");
+  stage.Press(Toolkit::Key::Down);
+  EXPECT_EQ(marked(), "Apple 14");
+  stage.Press(Toolkit::Key::Down);
+  stage.Press(Toolkit::Key::Return);
+  EXPECT_EQ(chosen, std::vector<std::string>{"Apple 114"});
+  EXPECT_TRUE(panel->IsOpen());
+  stage.Wait(200);
+  EXPECT_EQ(marked(), "Apple 114") << "the search that was due has run";
+  stage.Press(Toolkit::Key::Escape);
+  EXPECT_FALSE(panel->IsOpen());
+}
+
+TEST_F(NodeSearchPanelTest, MakesMoreLinesAsTheListIsScrolled) {
+  for (int i = 0; i < 300; ++i) AddNode(("Apple " + std::to_string(i)).c_str(), "", "");
+  panel->Open(snapshot);
+  stage.Settle();
+  auto* viewer = panel->FindName<Toolkit::ScrollViewer>("ResultViewer");
+  const float before = viewer->Extent().height;
+  for (int i = 0; i < 300; ++i) stage.Wheel(*viewer, -1);
+  EXPECT_GT(viewer->Extent().height, before * 3);
+  EXPECT_EQ(viewer->ScrollOffset().y + viewer->Viewport().height, viewer->Extent().height);
+  EXPECT_TRUE(stage.Shows("Apple 299"));
+}
+
+TEST_F(NodeSearchPanelTest, MarksWhatWasFoundAndTellsWhereTheNodeHangs) {
+  const std::string far = std::string(80, 'a') + " needle " + std::string(80, 'b');
+  AddNode("The needle in a title", "", "");
+  AddNode("Other", far, "");
+  panel->Open(snapshot);
+  panel->Search("NEEDLE");
+  const auto parts = [this](size_t index) {
+    const NodeSearchResult& result = *panel->GetSearchResults()->Get(index);
+    return result.TitleBefore().ToString() + "[" + result.TitleMatch().ToString() + "]" +
+           result.TitleAfter().ToString() + " | " + result.ContextHolder().ToString() +
+           result.ContextBefore().ToString() + "[" + result.ContextMatch().ToString() + "]" +
+           result.ContextAfter().ToString() + " | " + result.TypeTitle().ToString();
+  };
+  EXPECT_EQ(parts(0), "The [needle] in a title | [] | Kind");
+  EXPECT_EQ(parts(1), "Other[] | Z: ..." + std::string(14, 'a') + " [needle] " + std::string(25, 'b') + "... | Kind");
 }
 
 } // namespace
