@@ -84,6 +84,17 @@ TEST_F(CaptureTest, LeavesTheHitTestAsItIs) {
   EXPECT_EQ(Input().ElementAt({10, 300}), nullptr);
 }
 
+TEST_F(CaptureTest, GoesOnOutsideOfTheWindow) {
+  MoveTo({10, 10});
+  a->CaptureMouse();
+  Leave();
+  EXPECT_EQ(Input().MousePosition(), (Point{10, 10})) << "the next move tells where it is";
+  EXPECT_TRUE(a->Get<bool>(UIElement::IsMouseOverProperty));
+  a->ReleaseMouseCapture();
+  Leave();
+  EXPECT_FALSE(a->Get<bool>(UIElement::IsMouseOverProperty));
+}
+
 TEST_F(CaptureTest, ReleasesAButtonThatIsDisabledWhileItIsPressed) {
   auto& button = Find("Button");
   Press(button);

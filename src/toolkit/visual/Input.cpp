@@ -1,5 +1,6 @@
 #include "toolkit/visual/Input.h"
 
+#include "toolkit/visual/FrameworkElement.h"
 #include "toolkit/visual/LayoutQueue.h"
 
 #include <algorithm>
@@ -107,6 +108,18 @@ void InputState::UpdateHover() {
   if (!captured) SetHovered(mousePosition.x < 0 && mousePosition.y < 0 ? nullptr : ElementAt(mousePosition));
 }
 
+std::string InputState::Cursor() {
+  const Ptr<UIElement> element(captured ? captured.Get() : hovered.Get());
+  if (!element) return {};
+  const QueryCursorEventArgs query(UIElement::QueryCursorEvent, element.Get());
+  element->RaiseEvent(query);
+  if (query.handled) return query.cursor;
+  for (const UIElement* e = element.Get(); e; e = e->UIParent())
+    if (const std::string_view name = e->GetString(FrameworkElement::CursorProperty); !name.empty())
+      return std::string(name);
+  return {};
+}
+
 bool InputState::MouseMove(Point position) {
   mousePosition = position;
   UIElement* target = Target(position);
@@ -154,6 +167,8 @@ bool InputState::MouseWheel(Point position, float notches) {
 }
 
 void InputState::MouseLeave() {
+  // A drag goes on outside, from where the mouse is.
+  if (captured) return;
   mousePosition = {-1, -1};
   SetHovered(nullptr);
 }
