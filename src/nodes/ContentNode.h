@@ -166,6 +166,7 @@ protected:
   ContentNode(WithoutDocument, std::string typeId, const NodeBlueprint& blueprint);
   void InitializeComponent() override;
   void OnLayoutChanged() override;
+  std::string_view TitleBoxName() const override { return "TitleTextBlock"; }
   /// Looks up the named parts of the document that this class works with; those that it doesn't have stay empty.
   void FindParts();
 
