@@ -54,11 +54,9 @@ void BaseNode::BeginTitleEdit() {
 }
 
 void BaseNode::LeaveTitle() {
-  const Toolkit::TextBox* box = TitleBox();
-  if (!box || !box->IsFocused()) return;
-  for (UIElement* around = UIParent(); around; around = around->UIParent())
-    if (around->Focus()) return;
-  Toolkit::InputState::Current()->SetFocus(nullptr);
+  Toolkit::InputState* input = Toolkit::InputState::Current();
+  Toolkit::TextBox* box = TitleBox();
+  if (input && box) input->HandFocusOn(*box);
 }
 
 void BaseNode::Header_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {

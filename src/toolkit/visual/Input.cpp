@@ -225,6 +225,7 @@ bool InputState::SetFocus(UIElement* element, FocusCause cause) {
   }
   Ptr<UIElement> next(element);
   focused = WeakPtr<UIElement>(element);
+  tabOrigin.Reset();
   if (former) {
     former->SetValue(UIElement::IsFocusedProperty, false);
     former->SetValue(UIElement::IsFocusVisibleProperty, false);
@@ -239,6 +240,14 @@ bool InputState::SetFocus(UIElement* element, FocusCause cause) {
   return focused.Get() == element;
 }
 
+void InputState::HandFocusOn(UIElement& from) {
+  if (focused.Get() != &from) return;
+  UIElement* around = from.UIParent();
+  while (around && !CanFocus(*around)) around = around->UIParent();
+  SetFocus(around);
+  if (focused.Get() == around) tabOrigin = WeakPtr<UIElement>(&from);
+}
+
 bool InputState::MoveFocusByTab() { return MoveFocus(!IsKeyDown(Key::LeftShift) && !IsKeyDown(Key::RightShift)); }
 
 bool InputState::MoveFocus(bool forward) {
@@ -249,11 +258,12 @@ bool InputState::MoveFocus(bool forward) {
   if (order.empty()) return false;
   std::stable_sort(order.begin(), order.end(),
                    [](const UIElement* a, const UIElement* b) { return a->TabOrder() < b->TabOrder(); });
+  auto from = std::find(order.begin(), order.end(), tabOrigin.Get());
+  if (from == order.end()) from = std::find(order.begin(), order.end(), focused.Get());
   size_t index = forward ? 0 : order.size() - 1;
-  for (size_t i = 0; i < order.size(); ++i) {
-    if (order[i] != focused.Get()) continue;
-    index = forward ? (i + 1) % order.size() : (i + order.size() - 1) % order.size();
-    break;
+  if (from != order.end()) {
+    const auto at = static_cast<size_t>(from - order.begin());
+    index = (at + (forward ? 1 : order.size() - 1)) % order.size();
   }
   if (!SetFocus(order[index], FocusCause::Keyboard)) return false;
   order[index]->BringIntoView();

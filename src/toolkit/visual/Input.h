@@ -48,6 +48,9 @@ public:
   void Capture(UIElement* element);
   /// Null takes the focus away.
   bool SetFocus(UIElement* element) { return SetFocus(element, FocusCause::Other); }
+  /// Takes the focus from an element that is done with it to the nearest one around it that can have it. Tab goes on
+  /// from where the focus was.
+  void HandFocusOn(UIElement& from);
   /// Moves the focus to the next element that can take it, in tab order; backwards if `forward` is false.
   bool MoveFocus(bool forward);
   /// As the Tab key does: backwards while Shift is held.
@@ -79,6 +82,8 @@ private:
   MouseButtonState buttons[3] = {};
   std::bitset<static_cast<size_t>(Key::Count)> keys;
   WeakPtr<UIElement> focused, hovered, captured, tabScope;
+  /// What handed the focus on to the element that has it.
+  WeakPtr<UIElement> tabOrigin;
 };
 
 class Mouse {
