@@ -162,6 +162,28 @@ TEST_F(PanAndScroll, TheMenuClosesWhenThePanMovesTheView) {
   EXPECT_EQ(graph.Panel().ChildCount(), children);
 }
 
+TEST_F(PanAndScroll, EscapeTakesAGestureTheMenuAndADroppedCurveBack) {
+  ContentNode& node = NodeInSight("The nest", 0.5f);
+  const std::string before = window.Exported();
+  const Point start = Translation(), spot = window.EmptySpot(), beside{150, 600};
+  const size_t children = graph.Panel().ChildCount();
+  for (const MouseButton button : {MouseButton::Left, MouseButton::Middle, MouseButton::Right}) {
+    window.Drag(InputOf(node), spot);
+    EXPECT_TRUE(Menu().IsOpen());
+    window.Press(beside, button);
+    window.MoveTo(beside + Point{30, 30});
+    window.Press(Key::Escape);
+    EXPECT_FALSE(Menu().IsOpen());
+    window.Release(beside + Point{30, 30}, button);
+    EXPECT_FALSE(Menu().IsOpen());
+    EXPECT_EQ(graph.Panel().ChildCount(), children);
+    EXPECT_EQ(window.Canvas().GetSelectedArea()->GetWidth(), 0);
+    ExpectView(start);
+  }
+  EXPECT_EQ(window.History().Size(), 0u);
+  EXPECT_EQ(window.Exported(), before);
+}
+
 /// Each gesture that scrolls, begun in the middle of the window, and what of it follows the mouse.
 TEST_F(PanAndScroll, AGestureAtTheEdgeScrollsAndGoesOn) {
   ContentNode& node = NodeInSight("The nest", 0.5f);

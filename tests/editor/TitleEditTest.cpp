@@ -52,6 +52,19 @@ TEST_F(TitleEdit, ATitleIsPartOfItsNodeUntilItIsEdited) {
   }
 }
 
+TEST_F(TitleEdit, TheBigTitleOfAGroupIsAHandleToo) {
+  window.LookAt(BorderOf(Group()), 0.3f);
+  auto& bigTitle = *TestSupport::All<Toolkit::Border>(Group()).front();
+  ASSERT_TRUE(bigTitle.IsVisible());
+  const Rect start = Group().Bounds();
+  window.Drag(bigTitle, WindowStage::MiddleOf(bigTitle) + Point{30, 20});
+  EXPECT_NEAR(Group().Bounds().x, start.x + 30 / window.Canvas().GetZoom(), 0.3);
+  EXPECT_TRUE(Group().IsSelected());
+  EXPECT_EQ(Cursor(), "SizeAll");
+  window.DoubleClick(bigTitle);
+  EXPECT_TRUE(IsEdited(Group()));
+}
+
 TEST_F(TitleEdit, ADoubleClickOrF2EditsItAsOneStep) {
   const std::string before = window.Exported();
   auto* panel = window.View().FindName<NodePanel>("NodePanel");
@@ -173,6 +186,12 @@ TEST_F(TitleEdit, TheTextOfACommentIsNoHandle) {
   EXPECT_TRUE(text.IsFocused());
   EXPECT_EQ(Comment().Bounds(), bounds);
   EXPECT_TRUE(Selected().empty());
+  // The gap beside it is the comment's.
+  window.Drag({area.x - 2, area.y + 40}, {area.x + 8, area.y + 50});
+  EXPECT_EQ(Comment().Bounds(), Rect(bounds.x + 10, bounds.y + 10, bounds.width, bounds.height));
+  window.Undo();
+  window.Click(window.EmptySpot());
+  window.Click(text);
   window.Click(HeaderOf(Comment(), 1));
   EXPECT_FALSE(text.IsFocused());
   EXPECT_EQ(Selected(), std::vector<const BaseNode*>{&Comment()});

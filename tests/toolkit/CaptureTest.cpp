@@ -95,6 +95,16 @@ TEST_F(CaptureTest, GoesOnOutsideOfTheWindow) {
   EXPECT_FALSE(a->Get<bool>(UIElement::IsMouseOverProperty));
 }
 
+TEST_F(CaptureTest, LeavesTheMouseToWhatItIsOver) {
+  Listen(*a, UIElement::MouseLeftButtonUpEvent, [this](const RoutedEventArgs&) { a->ReleaseMouseCapture(); });
+  Press({10, 10});
+  a->CaptureMouse();
+  MoveTo({10, 30});
+  EXPECT_EQ(Input().Hovered(), a);
+  Release({10, 30});
+  EXPECT_EQ(Input().Hovered(), b);
+}
+
 TEST_F(CaptureTest, ReleasesAButtonThatIsDisabledWhileItIsPressed) {
   auto& button = Find("Button");
   Press(button);

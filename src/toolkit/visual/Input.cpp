@@ -153,6 +153,8 @@ bool InputState::ChangeButton(MouseButton button, MouseButtonState state, Point 
     args.event = event;
     if (event) target->RaiseEvent(args);
   }
+  // Who held the mouse was hovered wherever that went.
+  if (state == MouseButtonState::Released) UpdateHover();
   return args.handled;
 }
 
