@@ -86,7 +86,6 @@ void FrameNode::SetZoom(float zoom) { SetValue(properties->borderThickness, Bord
 void FrameNode::BeginTitleEdit() {
   SetValue(properties->titleTextVisibility, Visibility::Collapsed);
   SetValue(properties->titleInputVisibility, Visibility::Visible);
-  endsAtReturn = false;
   BaseNode::BeginTitleEdit();
 }
 

@@ -83,7 +83,7 @@ private:
   const Names* names;
   const Toolkit::RoutedEvent* resizing;
   float minimumHeight;
-  /// A Return that was pressed before the edit began, as on the button that made the frame, does not end it.
+  /// The Return that pressed the button that made the frame does not end the first edit when it is released.
   bool endsAtReturn = false;
 };
 

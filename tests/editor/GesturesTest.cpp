@@ -292,6 +292,12 @@ TEST_F(Gestures, AClickIsAClickWhateverMovesAreTold) {
   EXPECT_EQ(window.History().Size(), 0u);
   window.Drag(body, body + Point{1, 0});
   EXPECT_EQ(window.History().Size(), 1u);
+  // What a drag has just selected is not just selected for the next click.
+  window.Click(window.EmptySpot());
+  window.Drag(body, body + Point{1, 0});
+  window.Chord({Key::LeftCtrl, Key::A});
+  window.Click(body);
+  EXPECT_EQ(Selected(), std::vector<const BaseNode*>{&a});
 }
 
 TEST_F(Gestures, LeaveOtherButtonsAlone) {
@@ -345,12 +351,16 @@ TEST_F(Gestures, LeaveOtherButtonsAlone) {
   for (const auto& gesture : gestures) EXPECT_EQ(play(gesture, true), play(gesture, false)) << gesture.what;
 
   // What is left of a cancelled drag, a held button, does not turn another button's press into one of its own.
-  window.Press(body);
-  window.Press(Key::Escape);
-  window.Press(body, MouseButton::Right);
-  EXPECT_EQ(window.Input().Captured(), nullptr);
-  window.Release(body, MouseButton::Right);
-  window.Release(body);
+  const auto pressAfterEscape = [&](Point at) {
+    window.Press(at);
+    window.Press(Key::Escape);
+    window.Press(at, MouseButton::Right);
+    EXPECT_EQ(window.Input().Captured(), nullptr);
+    window.Release(at, MouseButton::Right);
+    window.Release(at);
+  };
+  pressAfterEscape(body);
+  pressAfterEscape(HeaderOf(Comment(), 0.5f));
 }
 
 TEST_F(Gestures, DoNothingByARightPressOnANodeOrAConnection) {

@@ -1,6 +1,7 @@
 // How the mouse moves the view: by panning, and by a gesture near the view's edge.
 #include "GestureTest.h"
 #include "editor/NodesMenu.h"
+#include "toolkit/base/Dispatcher.h"
 
 #include <cmath>
 #include <functional>
@@ -154,6 +155,10 @@ TEST_F(PanAndScroll, TheMenuClosesWhenThePanMovesTheView) {
   EXPECT_FALSE(Menu().IsOpen());
   EXPECT_EQ(graph.Panel().ChildCount(), children) << "the dropped curve goes with the menu";
   window.Drag(beside + Point{20, 20}, beside, {.button = MouseButton::Middle});
+  // Space is the left button's only.
+  window.Click(beside, {.button = MouseButton::Right, .held = {Key::Space}});
+  EXPECT_TRUE(Menu().IsOpen());
+  window.Press(Key::Escape);
   // A right click elsewhere asks for a menu of its own.
   drop();
   window.RightClick(beside);
@@ -328,7 +333,19 @@ TEST_F(PanAndScroll, APressAtTheEdgeDoesNotScroll) {
   window.MoveTo(press + Point{4, 0});
   window.Wait(300);
   EXPECT_LT(Translation().x, start.x) << "nearer again than it was meanwhile";
+  window.MoveTo({640, 400});
+  window.Wait(100);
+  EXPECT_FALSE(Toolkit::Dispatcher::Current().HasWork()) << "away from the edge nothing is due";
   window.Press(Key::Escape);
+  window.Release({640, 400});
+  // Nor does a pan, which moves the view itself.
+  const Point now = Translation();
+  window.Press({640, 400}, MouseButton::Middle);
+  window.MoveTo({1275, 400});
+  window.Wait(300);
+  ExpectView(now + Point{635, 0});
+  EXPECT_FALSE(Toolkit::Dispatcher::Current().HasWork());
+  window.Release({1275, 400}, MouseButton::Middle);
 }
 
 TEST_F(PanAndScroll, GoesOnOutsideOfTheWindow) {

@@ -2,6 +2,7 @@
 #include "GestureTest.h"
 #include "editor/NodePanel.h"
 #include "editor/NodesMenu.h"
+#include "nodes/ReferenceNode.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBlock.h"
 
@@ -31,7 +32,12 @@ protected:
     return WindowStage::MiddleOf(BoxOf(node));
   }
   /// A node of each kind.
-  std::vector<BaseNode*> Nodes() { return {&window.Node("The nest"), &Group(), &Comment()}; }
+  std::vector<BaseNode*> Nodes() {
+    BaseNode* reference = nullptr;
+    for (const auto& node : graph.ContentNodes())
+      if (Toolkit::DynamicCast<ReferenceNode>(node.Get())) reference = node.Get();
+    return {&window.Node("The nest"), reference, &Group(), &Comment()};
+  }
 };
 
 TEST_F(TitleEdit, ATitleIsPartOfItsNodeUntilItIsEdited) {
@@ -42,6 +48,16 @@ TEST_F(TitleEdit, ATitleIsPartOfItsNodeUntilItIsEdited) {
     const float zoom = window.Canvas().GetZoom();
     window.Click(title);
     EXPECT_EQ(Selected(), std::vector<const BaseNode*>{node});
+    EXPECT_EQ(Cursor(), "SizeAll");
+    window.Press(title);
+    window.Press(Key::F2);
+    EXPECT_FALSE(IsEdited(*node)) << "not while the mouse is at work";
+    window.Release(title);
+    // Only the second of two clicks of the left button begins an edit.
+    window.Press(title, Toolkit::MouseButton::Left, 3);
+    window.Release(title);
+    window.Press(title, Toolkit::MouseButton::Right, 2);
+    window.Release(title, Toolkit::MouseButton::Right);
     EXPECT_FALSE(IsEdited(*node));
     window.Drag(title, title + Point{30, 20});
     EXPECT_NEAR(node->Bounds().x, start.x + 30 / zoom, 0.3);
@@ -165,6 +181,19 @@ TEST_F(TitleEdit, TheMouseInItIsTheBoxs) {
   EXPECT_EQ(window.History().Size(), 0u);
 }
 
+TEST_F(TitleEdit, EscapeEndsNothingButTheEdit) {
+  ContentNode& node = NodeInSight();
+  window.RightClick(InputOf(node));
+  window.Click({InputOf(node).x + 20, InputOf(node).y + 15});
+  NodePinControl& pin = *node.FindPinControl(*node.FirstInput());
+  ASSERT_TRUE(pin.IsPendingConnection());
+  window.DoubleClick(TitleOf(node));
+  window.Press(Key::Escape);
+  EXPECT_TRUE(pin.IsPendingConnection());
+  window.Press(Key::Escape);
+  EXPECT_FALSE(pin.IsPendingConnection());
+}
+
 TEST_F(TitleEdit, OfAContentNodeIsReachedByTab) {
   ContentNode& node = NodeInSight();
   const std::string former(node.Title());
@@ -190,6 +219,9 @@ TEST_F(TitleEdit, TheTextOfACommentIsNoHandle) {
   window.Drag({area.x - 2, area.y + 40}, {area.x + 8, area.y + 50});
   EXPECT_EQ(Comment().Bounds(), Rect(bounds.x + 10, bounds.y + 10, bounds.width, bounds.height));
   window.Undo();
+  window.Click(text);
+  window.Click({WindowStage::BoxOf(BorderOf(Comment())).x + 3, area.y + 40});
+  EXPECT_FALSE(text.IsFocused()) << "a press on the edge gives the keys to the graph";
   window.Click(window.EmptySpot());
   window.Click(text);
   window.Click(HeaderOf(Comment(), 1));

@@ -27,6 +27,7 @@ TEST_F(CursorTest, IsThatOfTheNearestElementThatNamesOne) {
   EXPECT_EQ(Over("Beside"), "");
   // Who has the mouse keeps its cursor wherever that goes.
   Find("Own").CaptureMouse();
+  EXPECT_EQ(Input().Cursor(), "IBeam");
   EXPECT_EQ(Over("Beside"), "IBeam");
 }
 

@@ -151,10 +151,7 @@ void CanvasGestures::OnRelease(Toolkit::Object*, const Toolkit::MouseButtonEvent
   ended->End(canvas.MousePosition());
 }
 
-void CanvasGestures::OnLostMouse(Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
-  // What others on the canvas lose is none of ours.
-  if (args.source == canvas.GetPanel()) Cancel();
-}
+void CanvasGestures::OnLostMouse(Toolkit::Object*, const Toolkit::RoutedEventArgs&) { Cancel(); }
 
 void CanvasGestures::OnQueryCursor(Toolkit::Object*, const Toolkit::QueryCursorEventArgs& args) {
   const char* cursor = nullptr;

@@ -13,25 +13,21 @@ using Toolkit::Point;
 
 namespace {
 
-/// The strip along the edges, in view pixels, of a view that is large enough for it.
+/// The strip along the edges, in view pixels.
 constexpr float StripWidth = 40;
 /// View pixels per second for each pixel that the mouse is within the strip or beyond the edge, up to so many.
 constexpr float SpeedPerPixel = 15, GreatestDepth = 120;
 /// Milliseconds between two steps, and the longest time that one makes up for if the window was busy.
 constexpr double TurnTime = 16, LongestTurn = 50;
 
-float DepthOf(float distance, float viewLength) {
-  const float strip = std::min(StripWidth, viewLength / 4);
-  return std::clamp(strip - distance, 0.0f, GreatestDepth);
-}
+float DepthOf(float distance) { return std::clamp(StripWidth - distance, 0.0f, GreatestDepth); }
 
 } // namespace
 
 EdgeScroll::Depths EdgeScroll::DepthsNow() const {
   const Point mouse = Toolkit::Mouse::GetPosition(&canvas);
-  const float width = canvas.ActualWidth(), height = canvas.ActualHeight();
-  return {DepthOf(mouse.x, width), DepthOf(mouse.y, height), DepthOf(width - mouse.x, width),
-          DepthOf(height - mouse.y, height)};
+  return {DepthOf(mouse.x), DepthOf(mouse.y), DepthOf(canvas.ActualWidth() - mouse.x),
+          DepthOf(canvas.ActualHeight() - mouse.y)};
 }
 
 Point EdgeScroll::Speed() const {
