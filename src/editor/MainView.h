@@ -123,6 +123,8 @@ private:
   // What changes the selected nodes.
   void SelectAll();
   void DeleteSelection();
+  /// Of the one selected node.
+  void EditTitle();
   void NudgeLeft() { Nudge({-1, 0}); }
   void NudgeRight() { Nudge({1, 0}); }
   void NudgeUp() { Nudge({0, -1}); }

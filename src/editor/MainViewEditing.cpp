@@ -48,6 +48,11 @@ void MainView::DeleteSelection() {
   CloseInspectorOfGoneNode();
 }
 
+void MainView::EditTitle() {
+  const Selection::Nodes& selected = graph->Selected().GetNodes();
+  if (selected.size() == 1 && !gestures->IsUnderWay()) selected.front()->BeginTitleEdit();
+}
+
 void MainView::Nudge(Toolkit::Point direction) {
   if (gestures->IsUnderWay()) return;
   const bool isLong = Keyboard::IsKeyDown(Key::LeftShift) || Keyboard::IsKeyDown(Key::RightShift);

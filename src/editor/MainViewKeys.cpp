@@ -65,6 +65,7 @@ void MainView::RunKeyBindings(const Toolkit::KeyEventArgs& args) {
       {Held, B::Shift::Up, Key::X, B::Repeat::No, B::InText::No, &MainView::Cut},
       {Held, B::Shift::Up, Key::D, B::Repeat::No, B::InText::No, &MainView::Duplicate},
       {Held, B::Shift::Up, Key::A, B::Repeat::No, B::InText::No, &MainView::SelectAll},
+      {Free, B::Shift::Up, Key::F2, B::Repeat::No, B::InText::No, &MainView::EditTitle},
       {Any, B::Shift::Either, Key::Delete, B::Repeat::No, B::InText::No, &MainView::DeleteSelection},
       {Free, B::Shift::Either, Key::Left, B::Repeat::Yes, B::InText::No, &MainView::NudgeLeft},
       {Free, B::Shift::Either, Key::Right, B::Repeat::Yes, B::InText::No, &MainView::NudgeRight},

@@ -3,7 +3,9 @@
 #include "nodes/CommentNode.h"
 #include "nodes/GroupNode.h"
 #include "toolkit/base/Diagnostics.h"
+#include "toolkit/controls/Shapes.h"
 #include "toolkit/markup/GUI.h"
+#include "toolkit/render/Brush.h"
 #include "toolkit/visual/Input.h"
 
 #include <algorithm>
@@ -57,6 +59,11 @@ NodeEditorCanvas::NodeEditorCanvas()
   panel = FindName<Toolkit::Canvas>("ContainerCanvas");
   TOOLKIT_ASSERT(panel);
   panel->KeepDrawings();
+  for (const char* name : {"SelectionRectangle", "CutLine"}) {
+    auto* shape = FindName<Toolkit::Shape>(name);
+    TOOLKIT_ASSERT(shape);
+    marks.emplace_back(shape, shape->Get<float>(Toolkit::Shape::StrokeThicknessProperty));
+  }
   const auto* group = panel->Get<Toolkit::TransformGroup*>(RenderTransformProperty);
   TOOLKIT_ASSERT(group && group->ChildCount() == 2);
   scale = Toolkit::Ptr(Toolkit::DynamicCast<Toolkit::ScaleTransform>(group->Child(0)));
@@ -115,6 +122,8 @@ void NodeEditorCanvas::SetZoom(float zoom) {
   scale->SetScaleY(zoom);
   nodesMenu->GetScaleTransform()->SetScaleX(1 / zoom);
   nodesMenu->GetScaleTransform()->SetScaleY(1 / zoom);
+  for (const auto& [shape, thickness] : marks)
+    shape->SetValue(Toolkit::Shape::StrokeThicknessProperty, thickness / zoom);
 }
 
 void NodeEditorCanvas::TellZoomToFrames() {

@@ -9,6 +9,13 @@
 #include "toolkit/visual/InputEvents.h"
 #include "toolkit/visual/Transform.h"
 
+#include <utility>
+#include <vector>
+
+namespace Toolkit {
+class Shape;
+}
+
 namespace Tesselor {
 
 /// The surface on which the graph lives: a very large panel behind a pan and a zoom transform, with the rubber-band
@@ -61,6 +68,8 @@ private:
   Toolkit::Ptr<BasicLine> cutLine;
   /// Held by the tree that the document describes.
   Toolkit::Canvas* panel = nullptr;
+  /// What gestures draw, likewise, and how thick its stroke is on the screen.
+  std::vector<std::pair<Toolkit::Shape*, float>> marks;
   Toolkit::Ptr<NodesMenu> nodesMenu;
   Toolkit::Ptr<Toolkit::ScaleTransform> scale;
   Toolkit::Ptr<Toolkit::TranslateTransform> translation;

@@ -2,6 +2,7 @@
 
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/TextBox.h"
+#include "toolkit/visual/Input.h"
 
 #include <string_view>
 #include <vector>
@@ -19,6 +20,9 @@ void BaseNode::Describe(Toolkit::TypeBuilder<BaseNode>& type) {
   type.Event(&NodeMouseUpEvent);
   type.Handler<&BaseNode::Node_MouseDown>("Node_MouseDown", MouseDownEvent);
   type.Handler<&BaseNode::Node_MouseUp>("Node_MouseUp", MouseUpEvent);
+  type.Handler<&BaseNode::Header_MouseDown>("Header_MouseDown", PreviewMouseDownEvent);
+  type.Handler<&BaseNode::TitleTextBox_KeyDown>("TitleTextBox_KeyDown", PreviewKeyDownEvent);
+  type.Handler<&BaseNode::TitleTextBox_GotFocus>("TitleTextBox_GotFocus", GotFocusEvent);
 }
 
 BaseNode::BaseNode() : titleData(Toolkit::MakePtr<FieldTextData>()) {}
@@ -55,8 +59,51 @@ size_t BaseNode::EstimateBytes() const {
   return elements * BytesPerElement + texts;
 }
 
+Toolkit::TextBox* BaseNode::TitleBox() const { return FindName<Toolkit::TextBox>(TitleBoxName()); }
+
+void BaseNode::BeginTitleEdit() {
+  Toolkit::TextBox* box = TitleBox();
+  if (!box) return;
+  // A box that has only just been shown has its place before the caret is brought into sight.
+  UpdateLayout();
+  box->Focus();
+  box->Select(0, box->LineLength(0));
+}
+
+void BaseNode::LeaveTitle() {
+  Toolkit::InputState* input = Toolkit::InputState::Current();
+  Toolkit::TextBox* box = TitleBox();
+  if (input && box) input->HandFocusOn(*box);
+}
+
+void BaseNode::Header_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
+  const Toolkit::TextBox* box = TitleBox();
+  if (!box || args.source == box || args.clickCount != 2 || args.changedButton != Toolkit::MouseButton::Left) return;
+  // A box that shows only while it is edited leaves the whole header to the title.
+  const Toolkit::Rect area{0, 0, box->ActualWidth(), box->ActualHeight()};
+  if (box->IsVisible() && !area.Contains(Toolkit::Mouse::GetPosition(box))) return;
+  BeginTitleEdit();
+  // The press that begins an edit is not one on the node, which would take the focus again.
+  args.handled = true;
+}
+
+void BaseNode::TitleTextBox_KeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {
+  if (args.key == Toolkit::Key::Return) {
+    OnTitleReturn();
+  } else if (args.key == Toolkit::Key::Escape) {
+    titleData->SetValue(titleBefore);
+    LeaveTitle();
+    args.handled = true;
+  }
+}
+
+void BaseNode::TitleTextBox_GotFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  titleBefore = titleData->GetText();
+}
+
 void BaseNode::Node_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
-  if (args.leftButton == Toolkit::MouseButtonState::Pressed)
+  // A second button while the left one is held is no press of that one.
+  if (args.changedButton == Toolkit::MouseButton::Left)
     RaiseEvent(NodeMouseDownEventArgs(NodeMouseDownEvent, this, static_cast<int32_t>(args.clickCount)));
 }
 

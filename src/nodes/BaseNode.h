@@ -8,6 +8,10 @@
 #include <cstdint>
 #include <string_view>
 
+namespace Toolkit {
+class TextBox;
+}
+
 namespace Tesselor {
 
 /// What stands on the canvas: content nodes, groups and comments. Owns the title and the selected state, and tells
@@ -40,6 +44,10 @@ public:
   bool IsSelected() const { return Get<bool>(IsSelectedProperty); }
   void SetSelected(bool value) { SetValue(IsSelectedProperty, value); }
 
+  /// Puts the focus into the title's box, with the whole title selected. A press elsewhere and Return end the edit;
+  /// Escape gives the title back that it had.
+  virtual void BeginTitleEdit();
+
   virtual void Node_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   virtual void Node_MouseUp(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
 
@@ -47,12 +55,25 @@ protected:
   BaseNode();
   /// The node's own size, whatever else its document draws around it.
   virtual Toolkit::Size OwnSize() const { return RenderSize(); }
+  /// The name of the box in the class's document in which the title is edited.
+  virtual std::string_view TitleBoxName() const = 0;
+  /// Null in a document without one.
+  Toolkit::TextBox* TitleBox() const;
+  /// Hands the focus on from the title's box, if it has it, to what lies around the node.
+  void LeaveTitle();
+  /// Return went down in the title's box.
+  virtual void OnTitleReturn() { LeaveTitle(); }
 
 private:
+  void Header_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
+  void TitleTextBox_KeyDown(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
+  void TitleTextBox_GotFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   /// Loads the class's document; called once, from the constructor.
   virtual void InitializeComponent() = 0;
 
   Toolkit::Ptr<FieldTextData> titleData;
+  /// When its box last got the focus.
+  Toolkit::SharedString titleBefore;
   uint64_t documentOrder = 0;
 };
 

@@ -168,6 +168,7 @@ protected:
   /// From so far away that no text can be read: a solid box in the title's colour, so that the shape of a graph can.
   void RenderChildren(Toolkit::Painter& painter) override;
   void OnLayoutChanged(Toolkit::LayoutChange change) override;
+  std::string_view TitleBoxName() const override { return "TitleTextBlock"; }
   /// Looks up the named parts of the document that this class works with; those that it doesn't have stay empty.
   void FindParts();
 

@@ -4,7 +4,6 @@
 #include "nodes/NodePosition.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/Canvas.h"
-#include "toolkit/controls/TextBox.h"
 #include "toolkit/visual/Input.h"
 
 #include <algorithm>
@@ -25,7 +24,6 @@ constexpr int32_t NearestZIndex = -15;
 
 TOOLKIT_TYPE_IMPL(FrameNode, BaseNode, "Tesselor.FrameNode")
 void FrameNode::Describe(Toolkit::TypeBuilder<FrameNode>& type) {
-  type.Handler<&FrameNode::Header_MouseDown>("Header_MouseDown", PreviewMouseDownEvent);
   type.Handler<&FrameNode::TitleTextBox_KeyUp>("TitleTextBox_KeyUp", PreviewKeyUpEvent);
   type.Handler<&FrameNode::TitleTextBox_LostFocus>("TitleTextBox_LostFocus", LostFocusEvent);
 }
@@ -88,13 +86,11 @@ void FrameNode::SetZoom(float zoom) { SetValue(properties->borderThickness, Bord
 void FrameNode::BeginTitleEdit() {
   SetValue(properties->titleTextVisibility, Visibility::Collapsed);
   SetValue(properties->titleInputVisibility, Visibility::Visible);
-  if (auto* box = FindName<Toolkit::TextBox>(names->titleBox)) {
-    box->Focus();
-    box->Select(0, box->LineLength(0));
-  }
+  BaseNode::BeginTitleEdit();
 }
 
 void FrameNode::EndTitleEdit() {
+  LeaveTitle();
   SetValue(properties->titleTextVisibility, Visibility::Visible);
   SetValue(properties->titleInputVisibility, Visibility::Collapsed);
 }
@@ -109,7 +105,7 @@ JsonPtr FrameNode::ToJson() const {
 }
 
 void FrameNode::Node_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
-  if (args.leftButton != Toolkit::MouseButtonState::Pressed) return;
+  if (args.changedButton != Toolkit::MouseButton::Left) return;
   if (const Toolkit::Border* frame = SourceFrame(args))
     RaiseEvent(GroupResizingEventArgs(*resizing, this, HitTestEdge(*frame)));
   else
@@ -121,12 +117,8 @@ void FrameNode::Node_MouseUp(Toolkit::Object*, const Toolkit::MouseButtonEventAr
   if (args.leftButton == Toolkit::MouseButtonState::Pressed) RaiseEvent(NodeMouseUpEventArgs(NodeMouseUpEvent, this));
 }
 
-void FrameNode::Header_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
-  if (args.clickCount == 2) BeginTitleEdit();
-}
-
 void FrameNode::TitleTextBox_KeyUp(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {
-  if (args.key == Toolkit::Key::Return) EndTitleEdit();
+  if (args.key == Toolkit::Key::Return && endsAtReturn) EndTitleEdit();
 }
 
 void FrameNode::TitleTextBox_LostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) { EndTitleEdit(); }

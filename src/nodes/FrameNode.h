@@ -50,7 +50,8 @@ public:
   /// Keeps the border's width on screen; called with the canvas's scale.
   virtual void SetZoom(float zoom);
 
-  void BeginTitleEdit();
+  /// Shows the title's box instead of the title.
+  void BeginTitleEdit() override;
   void EndTitleEdit();
 
   /// The frame's object for a file or the clipboard.
@@ -66,13 +67,15 @@ protected:
       : properties(&properties), names(&names), resizing(&resizing), minimumHeight(minimumHeight) {}
 
   Toolkit::Size OwnSize() const override { return {FrameWidth(), FrameHeight()}; }
+  std::string_view TitleBoxName() const override { return names->titleBox; }
+  /// The edit ends when the key is released.
+  void OnTitleReturn() override { endsAtReturn = true; }
   float FrameBorder() const { return Get<float>(properties->borderThickness); }
   void SetCursor(const char* name) { SetValue(properties->cursorType, name); }
   /// The frame itself if the event came from it, not from what it holds.
   const Toolkit::Border* SourceFrame(const Toolkit::RoutedEventArgs& args) const;
 
 private:
-  void Header_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   void TitleTextBox_KeyUp(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
   void TitleTextBox_LostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
 
@@ -80,6 +83,8 @@ private:
   const Names* names;
   const Toolkit::RoutedEvent* resizing;
   float minimumHeight;
+  /// The Return that pressed the button that made the frame does not end the first edit when it is released.
+  bool endsAtReturn = false;
 };
 
 } // namespace Tesselor

@@ -41,8 +41,8 @@ TEST(DocumentLifetime, SavesWhatIsTypedAndOpensItAgain) {
   WindowStage window("quest");
   ContentNode& node = window.Node("The nest");
   window.LookAt(node);
-  auto& box = TestSupport::First<Toolkit::TextBox>(node);
-  window.TypeInto(box, "A text of its own");
+  window.DoubleClick(TestSupport::Named(node, "TitleTextBlock"));
+  window.Type("A text of its own");
   const std::string changed = window.Exported();
   EXPECT_NE(changed.find("A text of its own"), std::string::npos);
   window.dialogs.path = directory / "other.first.name";

@@ -1,13 +1,8 @@
 // What the mouse does on the canvas of the whole window.
-#include "WindowStage.h"
+#include "GestureTest.h"
 #include "editor/NodePanel.h"
-#include "nodes/NodePinControl.h"
-#include "toolkit/controls/Border.h"
-#include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/MenuItem.h"
 #include "workspace/Workspace.h"
-
-#include <gtest/gtest.h>
 
 #include <functional>
 
@@ -22,30 +17,7 @@ using Toolkit::Point;
 using Toolkit::Ptr;
 using Toolkit::Rect;
 
-class Gestures : public testing::Test {
-protected:
-  Gestures() : window("quest"), graph(window.View().GetGraph()) {}
-
-  /// A node of the tree with siblings, and in the middle of the window.
-  ContentNode& NodeInSight(const char* title) {
-    ContentNode& node = window.Node(title);
-    window.LookAt(node);
-    return node;
-  }
-  /// On the frame of a node's body, where nothing else takes a press.
-  Point BodyOf(const BaseNode& node) {
-    const Rect box = WindowStage::BoxOf(node);
-    return {box.x + box.width / 2, box.Bottom() - 5};
-  }
-  std::vector<const BaseNode*> Selected() const {
-    std::vector<const BaseNode*> nodes;
-    for (const auto& node : graph.Selected().GetNodes()) nodes.push_back(node.Get());
-    return nodes;
-  }
-
-  WindowStage window;
-  Graph& graph;
-};
+class Gestures : public TestSupport::GestureTest {};
 
 TEST_F(Gestures, DragANodeAsOneStep) {
   ContentNode& node = NodeInSight("The nest");
@@ -233,21 +205,266 @@ TEST_F(Gestures, DragAGroupWithWhatLiesInIt) {
   EXPECT_EQ(window.Exported(), before);
 }
 
-TEST_F(Gestures, ResizeAFrameAsOneStep) {
-  GroupNode& group = *graph.GroupNodes()[0];
-  window.LookAt(group, 0.3f);
-  const std::string before = window.Exported();
-  const Rect frame = group.Bounds();
-  const Rect box = WindowStage::BoxOf(*group.FindName<Toolkit::Border>("GroupBorder"));
-  window.Click({box.x + 2, box.y + box.height / 2});
-  EXPECT_EQ(window.History().Size(), 0u) << "a press on the frame without a move";
-  window.Drag({box.x + 2, box.y + 2}, {box.x - 18, box.y + 12});
+TEST_F(Gestures, ClickFramesByTheirOwnRules) {
+  GroupNode &a = *graph.GroupNodes()[0], &b = *graph.GroupNodes()[1];
+  CommentNode& comment = *graph.CommentNodes()[1];
+  const Point header = HeaderOf(a, 0.1f);
   const float zoom = window.Canvas().GetZoom();
-  EXPECT_NEAR(group.Bounds().x, frame.x - 20 / zoom, 0.2);
-  EXPECT_NEAR(group.Bounds().Bottom(), frame.Bottom(), 0.2);
+  const Rect note = WindowStage::BoxOf(BorderOf(comment));
+  const Point commentHeader{note.x + note.width / 2, note.y + 7.5f + 20 * zoom};
+  using Nodes = std::vector<const BaseNode*>;
+  struct Case {
+    const char* what;
+    Point at;
+    std::vector<Key> held;
+    Nodes selected;
+  };
+  const Case cases[] = {
+      {"a group", InsideOf(a), {}, {&a}},
+      {"another one", InsideOf(b), {}, {&b}},
+      {"the first as well", InsideOf(a), {Key::LeftCtrl}, {&b, &a}},
+      {"it again", InsideOf(a), {Key::LeftCtrl}, {&b, &a}},
+      {"it without Ctrl", InsideOf(a), {}, {&b, &a}},
+      {"a comment as well", commentHeader, {Key::LeftCtrl}, {&b, &a, &comment}},
+      {"the bare canvas", window.EmptySpot(), {}, {}},
+      {"the other Ctrl adds nothing", InsideOf(a), {Key::RightCtrl}, {&a}},
+      {"nor does it take out", InsideOf(b), {Key::RightCtrl}, {&b}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    window.Click(c.at, {.held = c.held});
+    EXPECT_EQ(Selected(), c.selected);
+  }
+  // Two groups move with what lies in both, each node once.
+  window.Click(InsideOf(a), {.held = {Key::LeftCtrl}});
+  const std::string before = window.Exported();
+  std::vector<std::pair<BaseNode*, Rect>> inGroups;
+  for (const auto& node : graph.ContentNodes())
+    for (const GroupNode* group : {&a, &b}) {
+      const Rect frame = group->Bounds(), box = node->Bounds();
+      if (box.x <= frame.x || box.y <= frame.y || box.Right() >= frame.Right() || box.Bottom() >= frame.Bottom())
+        continue;
+      inGroups.emplace_back(node.Get(), box);
+      break;
+    }
+  ASSERT_GT(inGroups.size(), 8u);
+  window.Drag(header, header + Point{-20, 30});
+  for (const auto& [node, box] : inGroups) {
+    EXPECT_NEAR(node->Bounds().x, box.x - 20 / zoom, 1);
+    EXPECT_NEAR(node->Bounds().y, box.y + 30 / zoom, 1);
+  }
   EXPECT_EQ(window.History().Size(), 1u);
   window.Undo();
   EXPECT_EQ(window.Exported(), before);
+}
+
+TEST_F(Gestures, AClickOnAMixedNodeDoesNothing) {
+  ContentNode& node = NodeInSight("The nest", 0.5f);
+  GroupNode& group = *graph.GroupNodes()[1];
+  auto* panel = window.View().FindName<NodePanel>("NodePanel");
+  window.Click(InsideOf(group));
+  ASSERT_EQ(Selected(), std::vector<const BaseNode*>{&group});
+  window.Click(BodyOf(node), {.count = 2, .held = {Key::LeftCtrl}});
+  EXPECT_EQ(Selected(), std::vector<const BaseNode*>{&group});
+  EXPECT_EQ(panel->GetFieldsStack()->ChildCount(), 0u);
+}
+
+TEST_F(Gestures, AClickIsAClickWhateverMovesAreTold) {
+  ContentNode &a = NodeInSight("The nest", 0.5f), &b = window.Node("Spawn");
+  const Rect start = a.Bounds();
+  window.Click(BodyOf(a));
+  window.Click(BodyOf(b), {.held = {Key::LeftCtrl}});
+  const Point body = BodyOf(a);
+  window.Press(body);
+  for (int i = 0; i < 3; ++i) window.Input().MouseMove(body);
+  window.Release(body);
+  EXPECT_EQ(Selected(), std::vector<const BaseNode*>{&a});
+  EXPECT_EQ(window.History().Size(), 0u);
+  // The least move is a drag; one that ends where it began changes nothing, and is no click either.
+  window.Click(BodyOf(b), {.held = {Key::LeftCtrl}});
+  window.Press(body);
+  window.MoveTo(body + Point{1, 0});
+  EXPECT_NEAR(a.Bounds().x, start.x + 1 / window.Canvas().GetZoom(), 0.1);
+  window.MoveTo(body);
+  window.Release(body);
+  EXPECT_EQ(a.Bounds(), start);
+  EXPECT_EQ(Selected().size(), 2u);
+  EXPECT_EQ(window.History().Size(), 0u);
+  window.Drag(body, body + Point{1, 0});
+  EXPECT_EQ(window.History().Size(), 1u);
+  // What a drag has just selected is not just selected for the next click.
+  window.Click(window.EmptySpot());
+  window.Drag(body, body + Point{1, 0});
+  window.Chord({Key::LeftCtrl, Key::A});
+  window.Click(body);
+  EXPECT_EQ(Selected(), std::vector<const BaseNode*>{&a});
+}
+
+TEST_F(Gestures, LeaveOtherButtonsAlone) {
+  ContentNode& node = NodeInSight("The nest", 0.5f);
+  const Point body = BodyOf(node), empty = window.EmptySpot(), way{-30, -20};
+  const Rect frame = WindowStage::BoxOf(BorderOf(*graph.GroupNodes()[1]));
+  const struct {
+    const char* what;
+    Point from;
+    MouseButton button;
+    std::vector<Key> held;
+  } gestures[] = {
+      {"a drag", body, MouseButton::Left, {}},
+      {"a rectangle", empty, MouseButton::Left, {}},
+      {"a cut", empty, MouseButton::Left, {Key::LeftShift}},
+      {"a connection", InputOf(node), MouseButton::Left, {}},
+      {"a resize", {frame.x + 3, frame.y + 300}, MouseButton::Left, {}},
+      {"a pan", empty, MouseButton::Right, {}},
+      {"a pan by the middle button", empty, MouseButton::Middle, {}},
+  };
+  const Point view = window.Canvas().GetTranslation();
+  const auto play = [&](const auto& gesture, bool disturbed) {
+    for (const Key key : gesture.held) window.KeyDown(key);
+    window.Press(gesture.from, gesture.button);
+    for (int step = 1; step <= 2; ++step) {
+      const Point at{gesture.from.x + way.x * static_cast<float>(step),
+                     gesture.from.y + way.y * static_cast<float>(step)};
+      window.MoveTo(at);
+      for (const MouseButton other : {MouseButton::Left, MouseButton::Middle, MouseButton::Right}) {
+        if (!disturbed || other == gesture.button) continue;
+        window.Press(at, other);
+        window.Release(at, other);
+      }
+    }
+    window.Release(gesture.from + way + way, gesture.button);
+    for (const Key key : gesture.held) window.KeyUp(key);
+    const std::string story = window.Exported() + std::to_string(window.History().Size()) + " " +
+                              std::to_string(Selected().size()) + " " +
+                              std::to_string(graph.Connections().Selected().size()) + " " +
+                              std::to_string(window.Canvas().GetTranslation().x) + " " +
+                              (window.Canvas().GetNodesMenu()->IsOpen() ? "menu" : "");
+    EXPECT_EQ(window.Input().Captured(), nullptr);
+    while (window.History().Size() > window.History().UndoneCount()) window.Undo();
+    window.History().Clear();
+    window.Press(Key::Escape);
+    window.Click(window.EmptySpot());
+    window.Canvas().SetTranslationClamped(view.x, view.y);
+    window.Settle();
+    return story;
+  };
+  for (const auto& gesture : gestures) EXPECT_EQ(play(gesture, true), play(gesture, false)) << gesture.what;
+
+  // What is left of a cancelled drag, a held button, does not turn another button's press into one of its own.
+  const auto pressAfterEscape = [&](Point at) {
+    window.Press(at);
+    window.Press(Key::Escape);
+    window.Press(at, MouseButton::Right);
+    EXPECT_EQ(window.Input().Captured(), nullptr);
+    window.Release(at, MouseButton::Right);
+    window.Release(at);
+  };
+  pressAfterEscape(body);
+  pressAfterEscape(HeaderOf(Comment(), 0.5f));
+}
+
+TEST_F(Gestures, DoNothingByARightPressOnANodeOrAConnection) {
+  ContentNode& node = NodeInSight("The nest", 0.5f);
+  const std::string before = window.Exported();
+  const Point view = window.Canvas().GetTranslation();
+  for (const Point at : {BodyOf(node), WindowStage::MiddleOf(TitleOf(node)), CurveTo(node)}) {
+    window.Drag(at, at + Point{20, 20}, {.button = MouseButton::Right});
+    window.RightClick(at);
+    EXPECT_EQ(window.Canvas().GetTranslation(), view);
+    EXPECT_FALSE(window.Canvas().GetNodesMenu()->IsOpen());
+    EXPECT_TRUE(Selected().empty());
+  }
+  EXPECT_EQ(window.Exported(), before);
+}
+
+TEST_F(Gestures, ResizeAFrameByEachEdgeAsOneStep) {
+  for (FrameNode* frame : std::initializer_list<FrameNode*>{&Group(), &Comment()}) {
+    const bool isGroup = Toolkit::DynamicCast<GroupNode>(frame) != nullptr;
+    HeaderOf(*frame, isGroup ? 0.2f : 1);
+    const float zoom = window.Canvas().GetZoom();
+    const std::string before = window.Exported();
+    const Rect start = frame->Bounds(), box = WindowStage::BoxOf(BorderOf(*frame));
+    const float left = box.x + 3, top = box.y + 3, right = box.Right() - 3, bottom = box.Bottom() - 3;
+    const float x = box.x + box.width / 2, y = box.y + box.height / 2;
+    // How much of a move goes into the place and the size.
+    const std::pair<Point, Rect> cases[] = {
+        {{left, y}, {1, 0, -1, 0}},      {{right, y}, {0, 0, 1, 0}},      {{x, top}, {0, 1, 0, -1}},
+        {{x, bottom}, {0, 0, 0, 1}},     {{left, top}, {1, 1, -1, -1}},   {{right, top}, {0, 1, 1, -1}},
+        {{left, bottom}, {1, 0, -1, 1}}, {{right, bottom}, {0, 0, 1, 1}},
+    };
+    for (const auto& [at, share] : cases) {
+      SCOPED_TRACE(std::string(frame->Title()) + " " + std::to_string(at.x) + " " + std::to_string(at.y));
+      window.Click(at);
+      EXPECT_EQ(window.History().Size(), 0u) << "a press without a move";
+      window.Drag(at, at + Point{8, -6});
+      const Point moved{8 / zoom, -6 / zoom};
+      const Rect now = frame->Bounds();
+      EXPECT_NEAR(now.x, start.x + share.x * moved.x, 0.3);
+      EXPECT_NEAR(now.y, start.y + share.y * moved.y, 0.3);
+      EXPECT_NEAR(now.width, start.width + share.width * moved.x, 0.3);
+      EXPECT_NEAR(now.height, start.height + share.height * moved.y, 0.3);
+      EXPECT_EQ(window.History().Size(), 1u);
+      window.Undo();
+      EXPECT_EQ(window.Exported(), before);
+      window.History().Clear();
+    }
+    EXPECT_FALSE(frame->IsSelected());
+  }
+}
+
+TEST_F(Gestures, DragAGroupFromItsInside) {
+  GroupNode& group = *graph.GroupNodes()[1];
+  NodeInSight("The nest", 0.5f);
+  const Rect start = group.Bounds();
+  const Point inside = InsideOf(group);
+  window.Drag(inside, inside + Point{25, -15});
+  EXPECT_NEAR(group.Bounds().x, start.x + 25 / window.Canvas().GetZoom(), 0.2);
+  EXPECT_NEAR(group.Bounds().y, start.y - 15 / window.Canvas().GetZoom(), 0.2);
+  EXPECT_EQ(window.History().Size(), 1u);
+}
+
+TEST(GesturesInPictures, DrawTheirMarksAboveTheNodesAtOneWidth) {
+  WindowStage window({.document = "quest", .frames = TestSupport::Stage::Frames::Drawn});
+  const ContentNode* node = nullptr;
+  for (const auto& each : window.View().ContentNodes())
+    if (each->TypeId() == "ReputationCondition") node = each.Get();
+  ASSERT_TRUE(node);
+  // Of the pixels across a line at a point of it, how many have the line's colour.
+  const auto thickness = [&](Point at, Point across, int red, int green, int blue) {
+    const TestSupport::Picture& shown = window.Shown();
+    int pixels = 0;
+    for (float step = -8; step <= 8; ++step) {
+      const int x = static_cast<int>(at.x + across.x * step), y = static_cast<int>(at.y + across.y * step);
+      pixels +=
+          std::abs(shown.Red(x, y) - red) + std::abs(shown.Green(x, y) - green) + std::abs(shown.Blue(x, y) - blue) <
+          60;
+    }
+    return pixels;
+  };
+  for (const int notches : {4, 0, -20}) {
+    SCOPED_TRACE(notches);
+    window.LookAt(*node);
+    for (int i = 0; i < std::abs(notches); ++i) window.Wheel(window.Canvas(), notches > 0 ? 1.0f : -1.0f);
+    const Point empty = window.EmptySpot(), middle = WindowStage::MiddleOf(*node);
+    window.Press(empty);
+    window.MoveTo(middle);
+    const int edge = thickness({middle.x, middle.y + 9}, {1, 0}, 0x1e, 0x90, 0xff);
+    EXPECT_GE(edge, 1);
+    EXPECT_LE(edge, 3);
+    window.Press(Key::Escape);
+    window.Release(middle);
+    // A level line, through the node from its middle on. It is dashed.
+    window.KeyDown(Key::LeftShift);
+    window.Press({1270, middle.y});
+    window.KeyUp(Key::LeftShift);
+    window.MoveTo(middle);
+    int line = 0;
+    for (float x = 0; x < 30; ++x) line = std::max(line, thickness({middle.x + x, middle.y}, {0, 1}, 0xff, 0x45, 0x00));
+    EXPECT_GE(line, 2);
+    EXPECT_LE(line, 4);
+    window.Press(Key::Escape);
+    window.Release(middle);
+  }
 }
 
 TEST(GesturesOfPins, ConnectAndCut) {

@@ -84,6 +84,27 @@ TEST_F(CaptureTest, LeavesTheHitTestAsItIs) {
   EXPECT_EQ(Input().ElementAt({10, 300}), nullptr);
 }
 
+TEST_F(CaptureTest, GoesOnOutsideOfTheWindow) {
+  MoveTo({10, 10});
+  a->CaptureMouse();
+  Leave();
+  EXPECT_EQ(Input().MousePosition(), (Point{10, 10})) << "the next move tells where it is";
+  EXPECT_TRUE(a->Get<bool>(UIElement::IsMouseOverProperty));
+  a->ReleaseMouseCapture();
+  Leave();
+  EXPECT_FALSE(a->Get<bool>(UIElement::IsMouseOverProperty));
+}
+
+TEST_F(CaptureTest, LeavesTheMouseToWhatItIsOver) {
+  Listen(*a, UIElement::MouseLeftButtonUpEvent, [this](const RoutedEventArgs&) { a->ReleaseMouseCapture(); });
+  Press({10, 10});
+  a->CaptureMouse();
+  MoveTo({10, 30});
+  EXPECT_EQ(Input().Hovered(), a);
+  Release({10, 30});
+  EXPECT_EQ(Input().Hovered(), b);
+}
+
 TEST_F(CaptureTest, ReleasesAButtonThatIsDisabledWhileItIsPressed) {
   auto& button = Find("Button");
   Press(button);

@@ -66,6 +66,33 @@ TEST_F(FocusTest, MovesOnIfAHandlerOfTheLossMovesIt) {
   EXPECT_EQ(Input().Focused(), other);
 }
 
+TEST_F(FocusTest, IsHandedOnWithItsPlaceForTab) {
+  Show("<StackPanel><StackPanel x:Name=\"Panel\" Focusable=\"True\"><TextBox x:Name=\"A\" Height=\"20\"/>"
+       "<TextBox x:Name=\"B\" Height=\"20\"/></StackPanel><TextBox x:Name=\"C\" Height=\"20\"/></StackPanel>");
+  const auto focused = [this] { return DynamicCast<FrameworkElement>(Input().Focused())->GetName(); };
+  for (const bool forward : {true, false}) {
+    Click(Find("B"));
+    Input().HandFocusOn(Find("A"));
+    EXPECT_EQ(focused(), "B") << "it is not A's to give";
+    Input().HandFocusOn(Find("B"));
+    EXPECT_EQ(focused(), "Panel");
+    Input().MoveFocus(forward);
+    EXPECT_EQ(focused(), forward ? "C" : "A");
+  }
+  // Once it has been elsewhere, or where the former place is gone, Tab goes on from where it is.
+  Click(Find("B"));
+  Input().HandFocusOn(Find("B"));
+  Focus(&Find("C"));
+  Focus(&Find("Panel"));
+  Press(Key::Tab);
+  EXPECT_EQ(focused(), "A");
+  Click(Find("B"));
+  Input().HandFocusOn(Find("B"));
+  Find("B").SetVisibility(Visibility::Collapsed);
+  Press(Key::Tab);
+  EXPECT_EQ(focused(), "A");
+}
+
 TEST_F(FocusTest, EndsTheSessionOfATextBoxThatIsDisabled) {
   Input().Composition("x", 1);
   ASSERT_GT(Input().CaretRectangle().height, 0);

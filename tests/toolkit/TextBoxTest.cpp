@@ -217,6 +217,13 @@ TEST_F(TextBoxTest, KeepsTheCaretInSight) {
   EXPECT_FALSE(Wheel(*box, 1)) << "there is nothing to scroll";
 }
 
+TEST_F(TextBoxTest, ShowsAllOfATextThatItHasGrownFor) {
+  ShowBox("HorizontalAlignment=\"Left\"", "ab|");
+  Type("cdefghi");
+  Click({6, 10});
+  EXPECT_EQ(Marked(), "|abcdefghi");
+}
+
 TEST_F(TextBoxTest, LaysOutNoTextThatIsOnlySet) {
   ShowBox("", "|");
   const auto notes =

@@ -2,6 +2,7 @@
 
 #include "editor/ClickSelection.h"
 #include "editor/gestures/ConnectionDragGesture.h"
+#include "editor/gestures/EdgeScroll.h"
 #include "toolkit/visual/InputEvents.h"
 
 #include <functional>
@@ -38,6 +39,10 @@ private:
   /// In place of one that is under way, which is cancelled.
   void Begin(std::unique_ptr<Gesture> begun, Toolkit::MouseButton button);
   std::unique_ptr<Gesture> TakeGesture();
+  /// Whether a press on `source` may begin a gesture at all.
+  bool MayBegin(const Toolkit::Object* source) const;
+  /// From a text box, so that the keys are the graph's again.
+  void TakeFocus();
 
   void OnPress(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   void OnNodePress(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
@@ -46,6 +51,7 @@ private:
   void OnMove(Toolkit::Object* sender, const Toolkit::MouseEventArgs& args);
   void OnRelease(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   void OnLostMouse(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnQueryCursor(Toolkit::Object* sender, const Toolkit::QueryCursorEventArgs& args);
   template <class Visit> void ForEachHandler(Visit visit);
 
   NodeEditorCanvas& canvas;
@@ -55,6 +61,9 @@ private:
   std::unique_ptr<Gesture> gesture;
   /// Ends the gesture.
   Toolkit::MouseButton heldButton = Toolkit::MouseButton::Left;
+  /// In the root's coordinates, when the mouse last moved during the gesture.
+  Toolkit::Point lastPosition;
+  EdgeScroll edgeScroll;
 };
 
 } // namespace Tesselor

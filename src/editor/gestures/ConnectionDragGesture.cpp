@@ -49,4 +49,9 @@ void ConnectionDragGesture::End(Point mouse) {
 
 void ConnectionDragGesture::Cancel() { connection.Reset(); }
 
+const char* ConnectionDragGesture::Cursor() const {
+  const NodePinData* target = PinUnderMouse();
+  return !target || target == &source || NodePinData::CanConnect(*target, source) ? "Cross" : "No";
+}
+
 } // namespace Tesselor

@@ -23,6 +23,8 @@ public:
   void Move(Toolkit::Point mouse) override;
   void End(Toolkit::Point mouse) override;
   void Cancel() override;
+  /// Tells whether the pin under the mouse refuses the connection.
+  const char* Cursor() const override;
 
 private:
   NodeEditorCanvas& canvas;

@@ -13,6 +13,7 @@ public:
   void Move(Toolkit::Point mouse) override;
   void End(Toolkit::Point mouse) override;
   void Cancel() override;
+  const char* Cursor() const override { return "Cross"; }
 
 private:
   NodeEditorCanvas& canvas;

@@ -12,6 +12,7 @@ public:
   void Move(Toolkit::Point mouse) override;
   void End(Toolkit::Point mouse) override;
   void Cancel() override;
+  const char* Cursor() const override { return CursorOf(edge); }
 
 private:
   Toolkit::Ptr<FrameNode> frame;

@@ -3,6 +3,8 @@
 #include "graph/Graph.h"
 #include "values/ActionHistory.h"
 
+#include <algorithm>
+
 namespace Tesselor {
 
 using Toolkit::Point;
@@ -19,7 +21,8 @@ void NodeDragGesture::End(Point) {
     onClick();
     return;
   }
-  if (move->Records().empty()) return;
+  const auto stays = [](const MoveRecord& r) { return r.oldLeft == r.newLeft && r.oldTop == r.newTop; };
+  if (std::all_of(move->Records().begin(), move->Records().end(), stays)) return;
   move->Settle();
   ActionHistory::Instance().Push(std::move(move));
 }

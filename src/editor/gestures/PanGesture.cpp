@@ -7,9 +7,10 @@ namespace Tesselor {
 using Toolkit::Point;
 
 PanGesture::PanGesture(NodeEditorCanvas& canvas, Point mouse, Click click)
-    : canvas(canvas), click(click), start(canvas.GetTranslation()), held(mouse) {}
+    : canvas(canvas), click(click), start(canvas.GetTranslation()), startZoom(canvas.GetZoom()), held(mouse) {}
 
 void PanGesture::Move(Point mouse) {
+  hasMoved = true;
   canvas.GetNodesMenu()->Hide();
   const Point moved = mouse - held;
   if (moved.x != 0 && moved.y != 0) hasPanned = true;
@@ -20,9 +21,15 @@ void PanGesture::Move(Point mouse) {
 }
 
 void PanGesture::End(Point mouse) {
-  if (click == Click::OpensMenu && !hasPanned) canvas.RaiseShowNodesMenu(mouse);
+  if (click != Click::OpensMenu || hasPanned) return;
+  // A menu that is open already is closed with what belongs to it, such as a connection that was dropped there.
+  canvas.GetNodesMenu()->Hide();
+  canvas.RaiseShowNodesMenu(mouse);
 }
 
-void PanGesture::Cancel() { canvas.SetTranslationClamped(start.x, start.y); }
+void PanGesture::Cancel() {
+  // At another zoom the same translation shows quite another part of the panel.
+  if (canvas.GetZoom() == startZoom) canvas.SetTranslationClamped(start.x, start.y);
+}
 
 } // namespace Tesselor

@@ -14,19 +14,6 @@
 
 namespace Toolkit {
 
-namespace {
-
-/// The cursor of the element under the mouse, or of the nearest one around it that names one.
-std::string_view CursorAt(const InputState& input) {
-  for (const UIElement* e = input.Captured() ? input.Captured() : input.Hovered(); e; e = e->UIParent()) {
-    const std::string_view name = e->GetString(FrameworkElement::CursorProperty);
-    if (!name.empty()) return name;
-  }
-  return {};
-}
-
-} // namespace
-
 std::unique_ptr<Display> Launcher::CreateDisplay() {
   if (SdlDisplay::IsAvailable()) return std::make_unique<SdlDisplay>();
   return std::make_unique<HeadlessDisplay>();
@@ -79,7 +66,7 @@ int Launcher::RunWindow(Window& window) {
       layout.TakeVisualChange();
       if (display->ShowsFrames()) display->Present(frames.Record(window, display->ClientSize(), display->Scale()));
     }
-    display->SetCursor(CursorAt(input));
+    display->SetCursor(input.Cursor());
     display->SetTextInput(input.CaretRectangle());
     if (window.GetTitle() != title) {
       title = std::string(window.GetTitle());

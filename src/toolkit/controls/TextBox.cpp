@@ -140,7 +140,13 @@ Size TextBox::MeasureOverride(Size available) {
   return {size.width + surround.Horizontal(), size.height + surround.Vertical()};
 }
 
-Size TextBox::ArrangeOverride(Size finalSize) { return finalSize; }
+Size TextBox::ArrangeOverride(Size finalSize) {
+  if (!editor) return finalSize;
+  // A box that grows with its text has room again for what was scrolled out of sight.
+  SetRenderSize(finalSize, Offset());
+  editor->ScrollTo(editor->ScrollOffset());
+  return finalSize;
+}
 
 Rect TextBox::CaretRectangle() const {
   if (!editor || Get<bool>(IsReadOnlyProperty)) return {};

@@ -1,5 +1,6 @@
 #include "toolkit/visual/Input.h"
 
+#include "toolkit/visual/FrameworkElement.h"
 #include "toolkit/visual/LayoutQueue.h"
 
 #include <algorithm>
@@ -107,6 +108,18 @@ void InputState::UpdateHover() {
   if (!captured) SetHovered(mousePosition.x < 0 && mousePosition.y < 0 ? nullptr : ElementAt(mousePosition));
 }
 
+std::string InputState::Cursor() {
+  const Ptr<UIElement> element(captured ? captured.Get() : hovered.Get());
+  if (!element) return {};
+  const QueryCursorEventArgs query(UIElement::QueryCursorEvent, element.Get());
+  element->RaiseEvent(query);
+  if (query.handled) return query.cursor;
+  for (const UIElement* e = element.Get(); e; e = e->UIParent())
+    if (const std::string_view name = e->GetString(FrameworkElement::CursorProperty); !name.empty())
+      return std::string(name);
+  return {};
+}
+
 bool InputState::MouseMove(Point position) {
   mousePosition = position;
   UIElement* target = Target(position);
@@ -140,6 +153,8 @@ bool InputState::ChangeButton(MouseButton button, MouseButtonState state, Point 
     args.event = event;
     if (event) target->RaiseEvent(args);
   }
+  // Who held the mouse was hovered wherever that went.
+  if (state == MouseButtonState::Released) UpdateHover();
   return args.handled;
 }
 
@@ -154,6 +169,8 @@ bool InputState::MouseWheel(Point position, float notches) {
 }
 
 void InputState::MouseLeave() {
+  // A drag goes on outside, from where the mouse is.
+  if (captured) return;
   mousePosition = {-1, -1};
   SetHovered(nullptr);
 }
@@ -210,6 +227,7 @@ bool InputState::SetFocus(UIElement* element, FocusCause cause) {
   }
   Ptr<UIElement> next(element);
   focused = WeakPtr<UIElement>(element);
+  tabOrigin.Reset();
   if (former) {
     former->SetValue(UIElement::IsFocusedProperty, false);
     former->SetValue(UIElement::IsFocusVisibleProperty, false);
@@ -224,6 +242,14 @@ bool InputState::SetFocus(UIElement* element, FocusCause cause) {
   return focused.Get() == element;
 }
 
+void InputState::HandFocusOn(UIElement& from) {
+  if (focused.Get() != &from) return;
+  UIElement* around = from.UIParent();
+  while (around && !CanFocus(*around)) around = around->UIParent();
+  SetFocus(around);
+  if (focused.Get() == around) tabOrigin = WeakPtr<UIElement>(&from);
+}
+
 bool InputState::MoveFocusByTab() { return MoveFocus(!IsKeyDown(Key::LeftShift) && !IsKeyDown(Key::RightShift)); }
 
 bool InputState::MoveFocus(bool forward) {
@@ -234,11 +260,12 @@ bool InputState::MoveFocus(bool forward) {
   if (order.empty()) return false;
   std::stable_sort(order.begin(), order.end(),
                    [](const UIElement* a, const UIElement* b) { return a->TabOrder() < b->TabOrder(); });
+  auto from = std::find(order.begin(), order.end(), tabOrigin.Get());
+  if (from == order.end()) from = std::find(order.begin(), order.end(), focused.Get());
   size_t index = forward ? 0 : order.size() - 1;
-  for (size_t i = 0; i < order.size(); ++i) {
-    if (order[i] != focused.Get()) continue;
-    index = forward ? (i + 1) % order.size() : (i + order.size() - 1) % order.size();
-    break;
+  if (from != order.end()) {
+    const auto at = static_cast<size_t>(from - order.begin());
+    index = (at + (forward ? 1 : order.size() - 1)) % order.size();
   }
   if (!SetFocus(order[index], FocusCause::Keyboard)) return false;
   order[index]->BringIntoView();

@@ -4,6 +4,7 @@
 #include "toolkit/visual/UIElement.h"
 
 #include <bitset>
+#include <string>
 
 namespace Toolkit {
 
@@ -22,6 +23,7 @@ public:
   bool MouseDown(MouseButton button, Point position, uint32_t clickCount);
   bool MouseUp(MouseButton button, Point position);
   bool MouseWheel(Point position, float notches);
+  /// The mouse is no longer over the window. Whoever has captured it goes on to be told of its moves.
   void MouseLeave();
   bool KeyDown(Key key, bool isRepeat = false);
   bool KeyUp(Key key);
@@ -37,12 +39,18 @@ public:
   UIElement* Focused() const { return focused.Get(); }
   UIElement* Hovered() const { return hovered.Get(); }
   UIElement* Captured() const { return captured.Get(); }
+  /// The name of the cursor to show: that which `UIElement::QueryCursorEvent` finds, or else that of the element that
+  /// has the mouse, or of the nearest one around it that names one. Empty if there is none.
+  std::string Cursor();
   /// The topmost element at a point of the root's coordinates, whatever has the mouse; null if there is none.
   UIElement* ElementAt(Point rootPoint) const { return root.HitTest(rootPoint); }
   /// All mouse input goes to `element` until it is released with null. Who had it before is told that it is lost.
   void Capture(UIElement* element);
   /// Null takes the focus away.
   bool SetFocus(UIElement* element) { return SetFocus(element, FocusCause::Other); }
+  /// Takes the focus from an element that is done with it to the nearest one around it that can have it. Tab goes on
+  /// from where the focus was.
+  void HandFocusOn(UIElement& from);
   /// Moves the focus to the next element that can take it, in tab order; backwards if `forward` is false.
   bool MoveFocus(bool forward);
   /// As the Tab key does: backwards while Shift is held.
@@ -74,6 +82,8 @@ private:
   MouseButtonState buttons[3] = {};
   std::bitset<static_cast<size_t>(Key::Count)> keys;
   WeakPtr<UIElement> focused, hovered, captured, tabScope;
+  /// What handed the focus on to the element that has it.
+  WeakPtr<UIElement> tabOrigin;
 };
 
 class Mouse {

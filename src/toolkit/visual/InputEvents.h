@@ -110,6 +110,13 @@ struct MouseWheelEventArgs : MouseEventArgs {
   float wheelRotation = 0;
 };
 
+/// Asks those around the element that the mouse is over which cursor to show, from the outermost inwards. Who wants one
+/// whatever lies inside names it and marks the event as handled; else the elements' own `Cursor` counts.
+struct QueryCursorEventArgs : RoutedEventArgs {
+  using RoutedEventArgs::RoutedEventArgs;
+  mutable std::string cursor;
+};
+
 struct KeyEventArgs : RoutedEventArgs {
   using RoutedEventArgs::RoutedEventArgs;
   Key key = Key::None;

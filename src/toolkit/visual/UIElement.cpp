@@ -32,6 +32,7 @@ const RoutedEvent UIElement::MouseEnterEvent("MouseEnter", RoutingStrategy::Dire
 const RoutedEvent UIElement::MouseLeaveEvent("MouseLeave", RoutingStrategy::Direct);
 const RoutedEvent UIElement::PreviewMouseWheelEvent("PreviewMouseWheel", RoutingStrategy::Tunnel);
 const RoutedEvent UIElement::MouseWheelEvent("MouseWheel", RoutingStrategy::Bubble);
+const RoutedEvent UIElement::QueryCursorEvent("QueryCursor", RoutingStrategy::Tunnel);
 const RoutedEvent UIElement::PreviewKeyDownEvent("PreviewKeyDown", RoutingStrategy::Tunnel);
 const RoutedEvent UIElement::KeyDownEvent("KeyDown", RoutingStrategy::Bubble);
 const RoutedEvent UIElement::PreviewKeyUpEvent("PreviewKeyUp", RoutingStrategy::Tunnel);
@@ -75,6 +76,7 @@ void UIElement::Describe(TypeBuilder<UIElement>& type) {
                                    &MouseLeaveEvent,
                                    &PreviewMouseWheelEvent,
                                    &MouseWheelEvent,
+                                   &QueryCursorEvent,
                                    &PreviewKeyDownEvent,
                                    &KeyDownEvent,
                                    &PreviewKeyUpEvent,

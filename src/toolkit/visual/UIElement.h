@@ -45,6 +45,8 @@ public:
   static const RoutedEvent PreviewMouseRightButtonUpEvent, MouseRightButtonUpEvent;
   static const RoutedEvent PreviewMouseMoveEvent, MouseMoveEvent, MouseEnterEvent, MouseLeaveEvent;
   static const RoutedEvent PreviewMouseWheelEvent, MouseWheelEvent;
+  /// Tunnelling, with `QueryCursorEventArgs`, whenever the display wants to know the cursor.
+  static const RoutedEvent QueryCursorEvent;
   static const RoutedEvent PreviewKeyDownEvent, KeyDownEvent, PreviewKeyUpEvent, KeyUpEvent;
   static const RoutedEvent PreviewTextInputEvent, TextInputEvent;
   static const RoutedEvent GotFocusEvent, LostFocusEvent;
