@@ -4,6 +4,8 @@
 #include "platform/JsonFile.h"
 #include "platform/MessageBoxes.h"
 
+#include <algorithm>
+
 namespace Tesselor {
 
 namespace {
@@ -72,15 +74,28 @@ std::string FieldRawJson::GetValueAsString() const { return std::string(fieldTex
 void FieldRawJson::OnRoutedEvent(const Toolkit::RoutedEventArgs& args) {
   BaseField::OnRoutedEvent(args);
   // An editing session begins with what may have been undone to, and ends with what was typed.
-  if (args.event == &GotFocusEvent || args.event == &LostFocusEvent) Subject<FieldRawJson>().RememberIfValid();
+  auto& field = Subject<FieldRawJson>();
+  if (args.event == &GotFocusEvent) field.RememberIfValid();
+  if (args.event == &LostFocusEvent && !field.RememberIfValid()) field.NoteLeftText();
 }
 
 bool FieldRawJson::RememberIfValid() {
   const Toolkit::SharedString& text = fieldTextData->GetText();
   if (text == lastValidText) return true;
-  if (!IsCompleteJson(text.CString())) return false;
-  lastValidText = text;
-  return true;
+  if (IsCompleteJson(text.CString())) {
+    lastValidText = text;
+    return true;
+  }
+  for (const auto& [left, valid] : leftTexts)
+    if (left.CString() == text.CString()) lastValidText = valid;
+  return false;
+}
+
+void FieldRawJson::NoteLeftText() {
+  const Toolkit::SharedString& text = fieldTextData->GetText();
+  // Each time that it was typed is a text of its own, which its undo step shares.
+  const auto isNoted = [&text](const auto& noted) { return noted.first.CString() == text.CString(); };
+  if (std::none_of(leftTexts.begin(), leftTexts.end(), isNoted)) leftTexts.emplace_back(text, lastValidText);
 }
 
 } // namespace Tesselor

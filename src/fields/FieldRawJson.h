@@ -3,6 +3,9 @@
 #include "fields/BaseField.h"
 #include "values/FieldTextData.h"
 
+#include <utility>
+#include <vector>
+
 namespace Tesselor {
 
 /// JSON source as text, written as it stands. A text that is no JSON would make the whole file unreadable, so the
@@ -29,11 +32,15 @@ protected:
 
 private:
   void InitializeComponent() override;
+  void NoteLeftText();
   /// Returns whether the text is JSON; then it is the last valid one from now on.
   bool RememberIfValid();
 
   Toolkit::Ptr<FieldTextData> fieldTextData;
   Toolkit::SharedString lastValidText;
+  /// Texts that were left though they are no JSON, each with the valid one of then: undo brings back the very same
+  /// text, and then what is written in its place has to be the same again.
+  std::vector<std::pair<Toolkit::SharedString, Toolkit::SharedString>> leftTexts;
 };
 
 } // namespace Tesselor
