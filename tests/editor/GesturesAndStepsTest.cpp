@@ -4,7 +4,9 @@
 #include "commands/CreateNodeActionCommand.h"
 #include "graph/NodeBundle.h"
 #include "graph/StructureChange.h"
+#include "nodes/NodePinControl.h"
 #include "toolkit/controls/Canvas.h"
+#include "toolkit/controls/MenuItem.h"
 #include "workspace/Workspace.h"
 
 #include <gtest/gtest.h>
@@ -106,6 +108,24 @@ TEST_F(GesturesAndSteps, UndoTakesTheNodeOfADraggedConnection) {
   window.MoveTo(PinOf(parent, "Out"));
   window.Release(PinOf(parent, "Out"));
   EXPECT_TRUE(graph.Connections().GetConnections().empty());
+}
+
+TEST_F(GesturesAndSteps, UndoTakesThePinOfABegunConnection) {
+  const auto child = window.View().CurrentRoot()->workspace->nodeDictionary->CreateNode("A", true);
+  window.History().Run(std::make_unique<CreateNodeActionCommand>(
+      graph, *child, Point{parent.Bounds().x + 500, parent.Bounds().y + 100}));
+  window.LookAt(parent);
+  window.RightClick(window.Pin(*child, "In"));
+  window.Click(*TestSupport::Find<Toolkit::MenuItem>(window.Root(), [](const Toolkit::MenuItem& item) {
+    return item.GetHeader().AsStringView() == "Start Connection";
+  }));
+  window.Undo();
+  window.RightClick(window.Pin(parent, "Out"));
+  EXPECT_TRUE(window.Shows("Start Connection"));
+  EXPECT_FALSE(window.Shows("Complete Connection"));
+  window.Press(Toolkit::Key::Escape);
+  window.Redo();
+  EXPECT_FALSE(child->FindPinControl(*child->FirstInput())->IsPendingConnection());
 }
 
 TEST_F(GesturesAndSteps, AnotherDocumentEndsADrag) {
