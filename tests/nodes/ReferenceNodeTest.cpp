@@ -1,8 +1,8 @@
 #include "NodeTest.h"
 
+#include "ChosenFile.h"
 #include "TemporaryDirectory.h"
 #include "nodes/ReferenceNode.h"
-#include "platform/FileDialogs.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"
@@ -12,6 +12,8 @@
 #include <vector>
 
 namespace Tesselor {
+
+using TestSupport::ChosenFile;
 
 class ReferenceNodes : public TestSupport::NodeTest {
 protected:
@@ -63,24 +65,12 @@ protected:
   Toolkit::InputState input{*view.canvas};
 };
 
-/// Answers file dialogs with a path.
-class ChosenFile final : public FileDialogBackend {
-public:
-  explicit ChosenFile(std::optional<std::string> path) : path(std::move(path)), former(FileDialogs::SetBackend(this)) {}
-  ~ChosenFile() override { FileDialogs::SetBackend(former); }
-  std::optional<std::string> Open(const std::string&) override { return path; }
-  std::optional<std::string> Save(const std::string&) override { return {}; }
-
-private:
-  std::optional<std::string> path;
-  FileDialogBackend* former;
-};
-
 TEST_F(ReferenceNodes, KeepTheValuesOfTheAsset) {
   ReferenceNode& node = AddReference();
   const std::string body = "'$FileName':'plot','Plot':'id-1','Values':{'B':true,'Name':'n','b':2,'big':12345678901,"
                            "'d':0.5,'digits':1234.56789,'o':{'k':[1]}}}";
-  Read(node, "{'$Comment':'c','$NodeId':'Ref-9'," + body);
+  Read(node, "{'$Comment':'c','$NodeId':'Ref-9','$Title':'t'," + body);
+  EXPECT_EQ(node.Title(), "t");
   view.Layout();
   EXPECT_EQ(Saved(node), "{'$Comment':'c','$NodeId':'Ref'," + body);
 }
@@ -131,6 +121,7 @@ TEST_F(ReferenceNodes, TakeParametersFromAFile) {
   EXPECT_TRUE(boxes.boxes.empty());
 
   node.LoadFileParameters(WriteFile("plot.json", "'new':{" + ov + "IntParameterDefinition','Value':7}"), "plot");
+  EXPECT_EQ(Shown(node, "NodeReference"), "Plot=id-1 ") << "once, as before";
   EXPECT_EQ(Shown(node, "NodeParameters"), "new=7 ");
   EXPECT_EQ(Saved(node), "{'$NodeId':'Ref','$FileName':'File','Plot':'id-1','Values':{}}");
   EXPECT_EQ(Saved(node, FieldsToWrite::All), "{'$NodeId':'Ref','$FileName':'File','Plot':'id-1','Values':{'new':7}}");
@@ -179,7 +170,7 @@ TEST_F(ReferenceNodes, TellOfFilesThatDoNotFit) {
 
 TEST_F(ReferenceNodes, LeaveAllAsItIsWhenNoFileIsChosen) {
   ReferenceNode& node = AddReference();
-  const ChosenFile cancelled({});
+  const ChosenFile cancelled;
   Click(*First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
   EXPECT_EQ(Saved(node), "{'$NodeId':'Ref','$FileName':'File','Plot':'','Values':{}}");
   EXPECT_TRUE(boxes.boxes.empty());
