@@ -96,7 +96,7 @@ TEST_F(DocumentMetadata, KeepsLinksAndTheOrderOfTheirChildren) {
                    "'L2':{'$Title':'second','inputConnections':['link:L1'],'outputConnections':['Item-b:in'],"
                    "'sourceEndpoint':'Doc-1:items'},"
                    "'L3':{'inputConnections':['Doc-1:one'],'outputConnections':['Item-e:in'],"
-                   "'sourceEndpoint':'Doc-1:one'},'L4':{}}}}");
+                   "'sourceEndpoint':'Doc-1:one'},'L4':{'inputConnections':{'a':'Doc-1:items'}}}}}");
   EXPECT_NE(written.find(Quoted("'Items':[{'$NodeId':'Item-a'},{'$NodeId':'Item-b'},{'$NodeId':'Item-c'},"
                                 "{'$NodeId':'Item-d'}],'One':{'$NodeId':'Item-e'}")),
             std::string::npos)
@@ -120,6 +120,13 @@ TEST_F(DocumentMetadata, ALinkWithTwoParentsReplacesBothConnections) {
       "'outputConnections':['Item-9:in'],'sourceEndpoint':'Item-3:items'}}}}");
   EXPECT_NE(written.find(Quoted("{'$NodeId':'Item-2','Items':[" + item + "]}")), std::string::npos) << written;
   EXPECT_NE(written.find(Quoted("'inputConnections':['Item-3:items','Item-2:items']")), std::string::npos) << written;
+}
+
+TEST_F(DocumentMetadata, ALinkTakesTheChildFromTheSourceThatItNames) {
+  ASSERT_TRUE(Import("{'$NodeId':'Doc-1','One':{'$NodeId':'Item-2'},'$NodeEditorMetadata':{'$Links':{'L':{"
+                     "'outputConnections':['Item-2:in'],'sourceEndpoint':'Doc-1:one'}}}}"));
+  EXPECT_TRUE((*view)->Root()->FindPin("one")->connections.empty());
+  EXPECT_EQ((*view)->ContentNodes()[1]->FirstInput()->connections[0]->owner, view->Find("Link"));
 }
 
 TEST_F(DocumentMetadata, KeepsWhatTheRootDoesNotReach) {
@@ -157,6 +164,11 @@ TEST_F(DocumentMetadata, FindsFloatingNodesAndTheirTypes) {
     ASSERT_EQ((*view)->ContentNodes().size(), 2u);
     EXPECT_EQ((*view)->ContentNodes()[1]->Title(), title);
   }
+  AddSchema("{'id':'Preset','title':'Preset','color':'red','content':[{'Id':'f','Type':'SmallString',"
+            "'Options':{'Default':'d'}}],'Schema':{'Type':'$Const:preset','f':'f'}}");
+  StartView("Doc");
+  ASSERT_TRUE(Import("{'$FloatingNodes':[{'$NodeId':'Preset'},{'Type':'$Const:preset'}]}"));
+  for (size_t i : {1, 2}) EXPECT_EQ((*view)->ContentNodes().at(i)->FindField("f")->GetValueAsString(), "d");
 }
 
 TEST_F(DocumentMetadata, KeepsFrames) {
@@ -170,6 +182,9 @@ TEST_F(DocumentMetadata, KeepsFrames) {
             Quoted("[{'$Position':{'$x':1,'$y':2},'$width':300,'$height':60,'$name':'Comment','$text':'t',"
                    "'$fontSize':128}]"));
   EXPECT_EQ(Toolkit::Canvas::GetZIndex((*view)->GroupNodes()[0].Get()), -20000);
+  StartView("Doc");
+  ASSERT_TRUE(Import("{'$NodeEditorMetadata':{'$Groups':{'a':{}},'$Comments':{'a':{'$text':'t'}}}}"));
+  EXPECT_TRUE((*view)->GroupNodes().empty() && (*view)->CommentNodes().empty()) << "only arrays hold frames";
 }
 
 TEST_F(DocumentMetadata, ShowsOnlyUsedPinsOfANodeWithVeryMany) {
