@@ -49,6 +49,9 @@ TEST_F(WorkspaceChoice, LoadsTheFileAsItWasOpened) {
   EXPECT_TRUE(window.log.Contains("Unknown workspace ID 'Nobody' in file, showing workspace selection modal"));
   ASSERT_TRUE(IsAsked());
   EXPECT_EQ(window.Exported(), "");
+  Press("Load Workspace");
+  EXPECT_EQ(window.boxes.Texts(),
+            std::vector<std::string>{"No Workspace Selected: Please select a workspace from the dropdown."});
   std::filesystem::remove(path);
   Choose("Quest");
   EXPECT_FALSE(IsAsked());
