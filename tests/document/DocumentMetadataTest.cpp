@@ -148,6 +148,13 @@ TEST_F(DocumentMetadata, PlacesANewFloatingNodeByItsFirstSave) {
   EXPECT_NE(places.find("\"Item-" + node->NodeId() + "\":{\"$Position\":{\"$x\":70,\"$y\":80}"), std::string::npos)
       << places;
   EXPECT_EQ(ExportMetadata("$Nodes"), places);
+  // A tree is written from its top, whichever of its nodes came first.
+  const auto top = workspace->nodeDictionary->CreateNode("Item", true);
+  node->SetNodeId("low");
+  top->SetNodeId("top");
+  (*view)->AddNode(*top, 0, 0, false);
+  (*view)->Attach(*Toolkit::MakePtr<Connection>(*top->FindPin("items"), *node->FirstInput()));
+  EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted("[{'$NodeId':'Item-top','Items':[{'$NodeId':'Item-low'}]}]"));
 }
 
 TEST_F(DocumentMetadata, FindsFloatingNodesAndTheirTypes) {

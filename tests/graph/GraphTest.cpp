@@ -190,6 +190,7 @@ TEST_F(GraphStructure, LinksTakeOverTheNearestRecord) {
     EXPECT_TRUE(link->Get<bool>(ContentNode::IsLinkValidProperty));
   }
   EXPECT_EQ(links[3]->FirstInput()->BorderColor()->GetColor(), t.FirstOutput()->blueprint->color);
+  EXPECT_TRUE(t.ComputeLinkValidity()) << "other nodes have nothing to agree on";
   // A mismatch shows where the types meet, and goes with its cause.
   const Ptr<Connection> tail = Connect(*links[3], Add("B"));
   EXPECT_EQ(typeOf(*links[1]), "T");
