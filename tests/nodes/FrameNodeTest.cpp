@@ -4,7 +4,6 @@
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/TextBox.h"
-#include "toolkit/visual/Input.h"
 
 #include <utility>
 #include <vector>
@@ -118,13 +117,7 @@ TEST_F(Frames, GiveTheTextOfACommentItsSize) {
                                      {"DecreaseFontBtn", 8.0f},
                                      {"IncreaseFontBtn", 12.0f},
                                      {"IncreaseFontBigBtn", 32.0f}}) {
-    const auto& element = *comment.FindName<Toolkit::Button>(button);
-    const Toolkit::Point middle =
-        element.TransformToAncestor(nullptr).Map({element.ActualWidth() / 2, element.ActualHeight() / 2});
-    input.MouseMove(middle);
-    input.MouseDown(Toolkit::MouseButton::Left, middle, 1);
-    input.MouseUp(Toolkit::MouseButton::Left, middle);
-    view.Layout();
+    Click(input, *comment.FindName<Toolkit::Button>(button));
     EXPECT_EQ(comment.CommentFontSize(), size) << button;
     EXPECT_TRUE(areButtonsShown()) << "a click leaves the focus in the text";
   }

@@ -6,7 +6,6 @@
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"
-#include "toolkit/visual/Input.h"
 
 #include <optional>
 #include <vector>
@@ -33,15 +32,6 @@ protected:
   std::string WriteText(const std::string& name, std::string text) {
     std::replace(text.begin(), text.end(), '\'', '"');
     return directory.Write(name, text);
-  }
-  void Click(const Toolkit::UIElement& element) {
-    view.Layout();
-    const Toolkit::Point middle =
-        element.TransformToAncestor(nullptr).Map({element.ActualWidth() / 2, element.ActualHeight() / 2});
-    input.MouseMove(middle);
-    input.MouseDown(Toolkit::MouseButton::Left, middle, 1);
-    input.MouseUp(Toolkit::MouseButton::Left, middle);
-    view.Layout();
   }
   template <class T> static T* First(Toolkit::UIElement* root) {
     if (T* element = Toolkit::DynamicCast<T>(root)) return element;
@@ -157,7 +147,7 @@ TEST_F(ReferenceNodes, TellOfFilesThatDoNotFit) {
     boxes.boxes.clear();
     log.lines.clear();
     const ChosenFile chosen(c.text ? WriteText("b.x.json", c.text) : directory / "b.missing");
-    Click(*First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
+    Click(input, *First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
     EXPECT_EQ(boxes.Texts(), c.box.empty() ? std::vector<std::string>() : std::vector<std::string>{c.box});
     if (!c.box.empty()) {
       EXPECT_EQ(boxes.boxes[0].image, Toolkit::MessageBoxImage::Error);
@@ -171,7 +161,7 @@ TEST_F(ReferenceNodes, TellOfFilesThatDoNotFit) {
 TEST_F(ReferenceNodes, LeaveAllAsItIsWhenNoFileIsChosen) {
   ReferenceNode& node = AddReference();
   const ChosenFile cancelled;
-  Click(*First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
+  Click(input, *First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
   EXPECT_EQ(Saved(node), "{'$NodeId':'Ref','$FileName':'File','Plot':'','Values':{}}");
   EXPECT_TRUE(boxes.boxes.empty());
 }
@@ -179,10 +169,10 @@ TEST_F(ReferenceNodes, LeaveAllAsItIsWhenNoFileIsChosen) {
 TEST_F(ReferenceNodes, TakeWhatIsTypedIntoParametersOnly) {
   ReferenceNode& node = AddReference();
   const ChosenFile chosen(WriteFile("quest.first.json", "'P':{'$Type':'x','Value':'old'}"));
-  Click(*First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
+  Click(input, *First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
   for (const char* panel : {"NodeReference", "NodeParameters"}) {
     auto* box = First<Toolkit::TextBox>(node.FindName<Toolkit::StackPanel>(panel));
-    Click(*box);
+    Click(input, *box);
     EXPECT_TRUE(box->IsFocused()) << "a text that is only shown can be selected and copied";
     box->SelectAll();
     input.TextInput("typed");
@@ -222,7 +212,7 @@ TEST_F(ReferenceNodes, ReadTheKindOfAParameterFromItsValue) {
   // A value of which the field does not show all goes when the user enters something in its place.
   const auto type = [&](const char* name, const char* text) {
     auto* box = First<Toolkit::TextBox>(node.FindField(name));
-    Click(*box);
+    Click(input, *box);
     box->SelectAll();
     input.TextInput(text);
   };
