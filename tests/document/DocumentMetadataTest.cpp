@@ -122,6 +122,19 @@ TEST_F(DocumentMetadata, ALinkWithTwoParentsReplacesBothConnections) {
   EXPECT_NE(written.find(Quoted("'inputConnections':['Item-3:items','Item-2:items']")), std::string::npos) << written;
 }
 
+TEST_F(DocumentMetadata, ALinkIsNumberedByTheLastOfItsParentsInTheFile) {
+  for (const auto& [parents, index] :
+       {std::pair("'Item-3:items','Item-2:items'", 1), {"'Item-2:items','Item-3:items'", 0}}) {
+    StartView("Doc");
+    ASSERT_TRUE(Import("{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-2','Items':[{'$NodeId':'Item-4'},"
+                       "{'$NodeId':'Item-9'}]},{'$NodeId':'Item-3','Items':[{'$NodeId':'Item-9'}]}],"
+                       "'$NodeEditorMetadata':{'$Links':{'L':{'inputConnections':[" +
+                       std::string(parents) +
+                       "],'outputConnections':['Item-9:in'],'sourceEndpoint':'Item-2:items'}}}}"));
+    EXPECT_EQ(view->Find("Link")->arrayIndex, index) << parents;
+  }
+}
+
 TEST_F(DocumentMetadata, ALinkTakesTheChildFromTheSourceThatItNames) {
   ASSERT_TRUE(Import("{'$NodeId':'Doc-1','One':{'$NodeId':'Item-2'},'$NodeEditorMetadata':{'$Links':{'L':{"
                      "'outputConnections':['Item-2:in'],'sourceEndpoint':'Doc-1:one'}}}}"));
