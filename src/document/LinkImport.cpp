@@ -78,6 +78,7 @@ void LinkImport::SpliceIntoPendingConnections() {
 }
 
 void LinkImport::Finish() {
+  ChildOrder order;
   for (const Record& record : records) {
     LoadPosition(*record.node, record.json);
     NodePinData* in = record.node->FirstInput();
@@ -93,9 +94,12 @@ void LinkImport::Finish() {
       const auto found = ranks.find(pin);
       return found == ranks.end() ? NoPlace : found->second;
     };
-    std::stable_sort(in->connections.begin(), in->connections.end(),
+    std::vector<NodePinData*> parents = in->connections;
+    std::stable_sort(parents.begin(), parents.end(),
                      [&rankOf](const NodePinData* a, const NodePinData* b) { return rankOf(a) < rankOf(b); });
+    order.Note(*in, std::move(parents));
   }
+  view.RestoreOrder(order);
 }
 
 LinkImport::Endpoint LinkImport::Resolve(std::string_view text) const {

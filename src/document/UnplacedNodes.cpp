@@ -1,6 +1,7 @@
 #include "document/UnplacedNodes.h"
 
 #include "graph/Graph.h"
+#include "graph/TreeLayout.h"
 #include "nodes/ContentNode.h"
 #include "toolkit/controls/Canvas.h"
 
@@ -14,8 +15,7 @@ namespace {
 
 using Toolkit::Canvas;
 
-/// As the automatic layout has them.
-constexpr float ColumnGap = 300, RowGap = 80;
+constexpr float ColumnGap = TreeLayout::ColumnGap, RowGap = TreeLayout::RowGap;
 
 /// Where the next child of a node goes: below those that stand to its right, else at its own height.
 Toolkit::Point FirstPlace(const ContentNode& parent, const std::unordered_set<const ContentNode*>& placed) {

@@ -20,6 +20,9 @@ void MainView::OnConnectionClicked(Toolkit::Object*, const Toolkit::RoutedEventA
 }
 
 void MainView::OnNodePinMenu(Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
+  // A pin whose node has left can't be connected.
+  if (const NodePinControl* begun = pendingPin.Get(); begun && !graph->Contains(*begun->PinData()->owner))
+    pendingPin.Clear();
   if (auto* pin = Toolkit::DynamicCast<NodePinControl>(args.source))
     ShowPinMenu(*pin, pendingPin,
                 [this](NodePinData& target, NodePinData& source) { TryCreateConnection(target, source); });

@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 namespace Tesselor {
 
-void ChildOrder::Note(NodePinData& pin) {
-  if (noted.insert(&pin).second) lists.push_back({Toolkit::Ptr<ContentNode>(pin.owner), &pin, pin.connections});
+void ChildOrder::Note(NodePinData& pin, std::vector<NodePinData*> connections) {
+  if (noted.insert(&pin).second) lists.push_back({Toolkit::Ptr<ContentNode>(pin.owner), &pin, std::move(connections)});
 }
 
 void ChildOrder::NoteParentsOf(const ContentNode& node) {

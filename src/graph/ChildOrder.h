@@ -8,12 +8,17 @@
 namespace Tesselor {
 
 /// What the connection lists of some pins hold, in their order, at one moment: an undone step gives them back as they
-/// were, since nodes at the same height may stand in either order and a list of parents has no order of its own. Keeps
-/// the nodes of the pins alive.
+/// were, and a load as the file has them, since nodes at the same height may stand in either order and a list of
+/// parents has no order of its own. Keeps the nodes of the pins alive.
 class ChildOrder {
 public:
   /// Notes the list of the pin as it is now, unless it is noted already.
-  void Note(NodePinData& pin);
+  void Note(NodePinData& pin) {
+    // Many children lead to the same list, which is long then.
+    if (!noted.contains(&pin)) Note(pin, pin.connections);
+  }
+  /// Notes the order that the list of the pin is to have.
+  void Note(NodePinData& pin, std::vector<NodePinData*> connections);
   /// Notes the lists of all output pins that the node hangs on.
   void NoteParentsOf(const ContentNode& node);
   bool IsEmpty() const { return lists.empty(); }

@@ -7,11 +7,6 @@
 
 namespace Tesselor {
 
-namespace {
-constexpr float ColumnGap = 300.0f;
-constexpr float RowGap = 80.0f;
-} // namespace
-
 TreeLayout::Children TreeLayout::ChildrenOf(const ContentNode& node) const {
   Children children;
   const ContentNode::Pins& output = node.Output();

@@ -13,6 +13,8 @@ class ContentNode;
 /// node, the children of a node are centred on its middle, and no two nodes of a column overlap. One object per run.
 class TreeLayout {
 public:
+  /// Between columns, and between nodes above each other, in canvas units.
+  static constexpr float ColumnGap = 300, RowGap = 80;
   /// What orders the children of a node: their height on the canvas, or their place in the file's array.
   enum class Order { ByHeight, AsImported };
   explicit TreeLayout(Order childOrder) : childOrder(childOrder) {}

@@ -96,7 +96,7 @@ TEST_F(DocumentMetadata, KeepsLinksAndTheOrderOfTheirChildren) {
                    "'L2':{'$Title':'second','inputConnections':['link:L1'],'outputConnections':['Item-b:in'],"
                    "'sourceEndpoint':'Doc-1:items'},"
                    "'L3':{'inputConnections':['Doc-1:one'],'outputConnections':['Item-e:in'],"
-                   "'sourceEndpoint':'Doc-1:one'},'L4':{}}}}");
+                   "'sourceEndpoint':'Doc-1:one'},'L4':{'inputConnections':{'a':'Doc-1:items'}}}}}");
   EXPECT_NE(written.find(Quoted("'Items':[{'$NodeId':'Item-a'},{'$NodeId':'Item-b'},{'$NodeId':'Item-c'},"
                                 "{'$NodeId':'Item-d'}],'One':{'$NodeId':'Item-e'}")),
             std::string::npos)
@@ -122,6 +122,26 @@ TEST_F(DocumentMetadata, ALinkWithTwoParentsReplacesBothConnections) {
   EXPECT_NE(written.find(Quoted("'inputConnections':['Item-3:items','Item-2:items']")), std::string::npos) << written;
 }
 
+TEST_F(DocumentMetadata, ALinkIsNumberedByTheLastOfItsParentsInTheFile) {
+  for (const auto& [parents, index] :
+       {std::pair("'Item-3:items','Item-2:items'", 1), {"'Item-2:items','Item-3:items'", 0}}) {
+    StartView("Doc");
+    ASSERT_TRUE(Import("{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-2','Items':[{'$NodeId':'Item-4'},"
+                       "{'$NodeId':'Item-9'}]},{'$NodeId':'Item-3','Items':[{'$NodeId':'Item-9'}]}],"
+                       "'$NodeEditorMetadata':{'$Links':{'L':{'inputConnections':[" +
+                       std::string(parents) +
+                       "],'outputConnections':['Item-9:in'],'sourceEndpoint':'Item-2:items'}}}}"));
+    EXPECT_EQ(view->Find("Link")->arrayIndex, index) << parents;
+  }
+}
+
+TEST_F(DocumentMetadata, ALinkTakesTheChildFromTheSourceThatItNames) {
+  ASSERT_TRUE(Import("{'$NodeId':'Doc-1','One':{'$NodeId':'Item-2'},'$NodeEditorMetadata':{'$Links':{'L':{"
+                     "'outputConnections':['Item-2:in'],'sourceEndpoint':'Doc-1:one'}}}}"));
+  EXPECT_TRUE((*view)->Root()->FindPin("one")->connections.empty());
+  EXPECT_EQ((*view)->ContentNodes()[1]->FirstInput()->connections[0]->owner, view->Find("Link"));
+}
+
 TEST_F(DocumentMetadata, KeepsWhatTheRootDoesNotReach) {
   // A tree, two trees that share a child, a node behind a free link, and a ring.
   const std::string floating = "[{'$NodeId':'Item-2','Items':[{'$NodeId':'Item-3'}]},"
@@ -141,6 +161,13 @@ TEST_F(DocumentMetadata, PlacesANewFloatingNodeByItsFirstSave) {
   EXPECT_NE(places.find("\"Item-" + node->NodeId() + "\":{\"$Position\":{\"$x\":70,\"$y\":80}"), std::string::npos)
       << places;
   EXPECT_EQ(ExportMetadata("$Nodes"), places);
+  // A tree is written from its top, whichever of its nodes came first.
+  const auto top = workspace->nodeDictionary->CreateNode("Item", true);
+  node->SetNodeId("low");
+  top->SetNodeId("top");
+  (*view)->AddNode(*top, 0, 0, false);
+  (*view)->Attach(*Toolkit::MakePtr<Connection>(*top->FindPin("items"), *node->FirstInput()));
+  EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted("[{'$NodeId':'Item-top','Items':[{'$NodeId':'Item-low'}]}]"));
 }
 
 TEST_F(DocumentMetadata, FindsFloatingNodesAndTheirTypes) {
@@ -157,6 +184,11 @@ TEST_F(DocumentMetadata, FindsFloatingNodesAndTheirTypes) {
     ASSERT_EQ((*view)->ContentNodes().size(), 2u);
     EXPECT_EQ((*view)->ContentNodes()[1]->Title(), title);
   }
+  AddSchema("{'id':'Preset','title':'Preset','color':'red','content':[{'Id':'f','Type':'SmallString',"
+            "'Options':{'Default':'d'}}],'Schema':{'Type':'$Const:preset','f':'f'}}");
+  StartView("Doc");
+  ASSERT_TRUE(Import("{'$FloatingNodes':[{'$NodeId':'Preset'},{'Type':'$Const:preset'}]}"));
+  for (size_t i : {1, 2}) EXPECT_EQ((*view)->ContentNodes().at(i)->FindField("f")->GetValueAsString(), "d");
 }
 
 TEST_F(DocumentMetadata, KeepsFrames) {
@@ -170,6 +202,9 @@ TEST_F(DocumentMetadata, KeepsFrames) {
             Quoted("[{'$Position':{'$x':1,'$y':2},'$width':300,'$height':60,'$name':'Comment','$text':'t',"
                    "'$fontSize':128}]"));
   EXPECT_EQ(Toolkit::Canvas::GetZIndex((*view)->GroupNodes()[0].Get()), -20000);
+  StartView("Doc");
+  ASSERT_TRUE(Import("{'$NodeEditorMetadata':{'$Groups':{'a':{}},'$Comments':{'a':{'$text':'t'}}}}"));
+  EXPECT_TRUE((*view)->GroupNodes().empty() && (*view)->CommentNodes().empty()) << "only arrays hold frames";
 }
 
 TEST_F(DocumentMetadata, ShowsOnlyUsedPinsOfANodeWithVeryMany) {

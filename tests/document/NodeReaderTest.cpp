@@ -60,6 +60,9 @@ TEST_F(NodeReading, KeepsTheFractionsOfAGenericNodesOwnPlace) {
   node->Deserialize(json.get(), reader);
   EXPECT_FLOAT_EQ(Toolkit::Canvas::GetLeft(node.Get()), TestSupport::TestGraph::Width / 2 + 7.8f);
   EXPECT_FLOAT_EQ(Toolkit::Canvas::GetTop(node.Get()), TestSupport::TestGraph::Height / 2 - 7.8f);
+  // Without a place in the file it stays where it is.
+  node->Deserialize(JsonPtr(cJSON_Parse("{}")).get(), reader);
+  EXPECT_FLOAT_EQ(Toolkit::Canvas::GetLeft(node.Get()), TestSupport::TestGraph::Width / 2 + 7.8f);
 }
 
 } // namespace Tesselor

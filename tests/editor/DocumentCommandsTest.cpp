@@ -1,5 +1,11 @@
 // The commands of the menu bar and the keys, in the whole window.
 #include "WindowStage.h"
+#include "editor/NodePanel.h"
+#include "editor/NodeSearchPanel.h"
+#include "editor/PanelBaseField.h"
+#include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/CheckBox.h"
+#include "toolkit/controls/ItemsControl.h"
 #include "toolkit/controls/MenuItem.h"
 #include "toolkit/controls/Slider.h"
 #include "toolkit/controls/TextBox.h"
@@ -28,6 +34,11 @@ protected:
         return;
       }
     FAIL() << "no menu item " << header;
+  }
+  /// How far an element's middle is from that of the canvas, in pixels.
+  float DistanceFromTheMiddle(const Toolkit::UIElement& element) const {
+    const Point away = WindowStage::MiddleOf(element) - WindowStage::MiddleOf(window.Canvas());
+    return std::max(std::abs(away.x), std::abs(away.y));
   }
   std::map<const BaseNode*, Point> Places() const {
     std::map<const BaseNode*, Point> places;
@@ -78,13 +89,23 @@ TEST_F(DocumentCommands, MirrorLeftEdgesAtTheMiddleOfThePanel) {
 TEST_F(DocumentCommands, HideAndShowTheFieldsOfAllNodes) {
   const ContentNode& node = window.Node("The nest");
   const float height = node.ActualHeight();
+  window.LookAt(node);
+  const Rect box = WindowStage::BoxOf(node);
+  window.DoubleClick({box.x + box.width / 2, box.Bottom() - 5});
+  const auto expectRows = [this](bool areShown) {
+    const auto rows = TestSupport::All<PanelBaseField>(window.Root());
+    ASSERT_FALSE(rows.empty());
+    for (const PanelBaseField* row : rows) EXPECT_EQ(row->GetCheckBox()->IsChecked(), areShown);
+  };
   Choose("Toggle Compact Mode");
+  expectRows(false);
   EXPECT_LT(node.ActualHeight(), height);
   for (const auto& each : graph.ContentNodes())
     for (const auto& [id, field] : each->contentFields) EXPECT_EQ(field->GetVisibility(), Visibility::Collapsed) << id;
   EXPECT_EQ(window.History().Size(), 0u);
   Choose("Toggle Compact Mode");
   for (const auto& each : graph.ContentNodes()) EXPECT_TRUE(each->IsShownInFull());
+  expectRows(true);
 }
 
 TEST_F(DocumentCommands, MakeTheOneSelectedNodeTheRoot) {
@@ -108,6 +129,71 @@ TEST_F(DocumentCommands, MakeTheOneSelectedNodeTheRoot) {
   EXPECT_EQ(window.Exported(), before);
 }
 
+TEST_F(DocumentCommands, MakeADocumentOfAnotherKindIfTheUserAgrees) {
+  const std::string before = window.Exported(), path = window.View().FilePath();
+  auto& menu = TestSupport::Named<Toolkit::MenuItem>(window.View(), "WorkspaceMenu");
+  const auto expectRoot = [&](std::string_view name) {
+    EXPECT_EQ(menu.GetHeader().AsStringView(), "Root Node: " + std::string(name));
+    for (size_t i = 0; i < menu.ItemCount(); ++i) {
+      const auto& item = static_cast<const Toolkit::MenuItem&>(*menu.ItemAt(i));
+      EXPECT_EQ(item.IsChecked(), item.GetName() == name) << item.GetName();
+    }
+    EXPECT_EQ(window.View().CurrentRoot()->MenuName, name);
+  };
+  const auto choose = [&](const char* name, Toolkit::MessageBoxResult answer) {
+    window.boxes.answer = answer;
+    window.Click(menu);
+    Choose(name);
+    EXPECT_EQ(window.boxes.Texts().back(), "Attention!: All unsaved changes will be lost. Do you want to continue?");
+  };
+  expectRoot("Quest");
+  choose("Dialogue", Toolkit::MessageBoxResult::Cancel);
+  expectRoot("Quest");
+  EXPECT_EQ(window.Exported(), before);
+  graph.Selected().Add(*graph.ContentNodes()[1]);
+  Choose("Set Selected Node As Root");
+  for (const auto& [name, title] : {std::pair("Dialogue", "[ROOT] Dialogue"), {"Quest", "[ROOT] Quest"}}) {
+    choose(name, Toolkit::MessageBoxResult::OK);
+    expectRoot(name);
+    ASSERT_EQ(graph.ContentNodes().size(), 1u);
+    EXPECT_EQ(graph.Root(), graph.ContentNodes()[0].Get());
+    EXPECT_EQ(graph.Root()->Title(), title);
+    EXPECT_EQ(window.History().Size(), 0u);
+    EXPECT_EQ(window.View().FilePath(), path) << "a save goes over the old file";
+  }
+}
+
+TEST_F(DocumentCommands, FindANodeAndTheRoot) {
+  auto& panel = TestSupport::Named<NodeSearchPanel>(window.View(), "NodeSearchPanel");
+  ContentNode& node = window.Node("The nest");
+  graph.Selected().Add(*graph.Root());
+  Choose("Find Node");
+  EXPECT_TRUE(panel.IsOpen());
+  window.Chord({Key::LeftCtrl, Key::F});
+  EXPECT_FALSE(panel.IsOpen());
+  window.Chord({Key::LeftCtrl, Key::F});
+  window.Type("the nest");
+  window.Wait(200);
+  auto& list = TestSupport::Named<Toolkit::ItemsControl>(panel, "ResultList");
+  window.Click(*static_cast<Toolkit::UIElement*>(list.GetItemContainerGenerator().ContainerFromIndex(0)));
+  ASSERT_EQ(graph.Selected().GetNodes().size(), 1u);
+  EXPECT_TRUE(graph.Selected().Contains(node));
+  EXPECT_LT(DistanceFromTheMiddle(node), 2);
+  Choose("Go To Root");
+  EXPECT_LT(DistanceFromTheMiddle(*graph.Root()), 2);
+  // An undo closes the panel, unless its box takes the keys, and so does another document.
+  window.Undo();
+  EXPECT_TRUE(panel.IsOpen());
+  window.Focus(nullptr);
+  window.Undo();
+  EXPECT_FALSE(panel.IsOpen());
+  Choose("Find Node");
+  EXPECT_TRUE(panel.IsOpen());
+  window.Open(TESSELOR_DATA_DIR "/samples/dialogue.json");
+  EXPECT_FALSE(panel.IsOpen());
+  EXPECT_LT(DistanceFromTheMiddle(*graph.Root()), 2);
+}
+
 TEST_F(DocumentCommands, OfAKeyRunOncePerPressWhateverElseIsHeld) {
   const auto hotkeys = [this] {
     return window.View().Get<Visibility>(MainView::HotkeysModalVisibilityProperty) == Visibility::Visible;
@@ -117,6 +203,12 @@ TEST_F(DocumentCommands, OfAKeyRunOncePerPressWhateverElseIsHeld) {
   window.KeyUp(Key::H);
   EXPECT_TRUE(hotkeys());
   window.Press(Key::H);
+  EXPECT_FALSE(hotkeys());
+  Choose("Hotkeys");
+  EXPECT_TRUE(hotkeys());
+  window.Click(*TestSupport::Find<Toolkit::Button>(window.Root(), [](const Toolkit::Button& button) {
+    return button.IsVisible() && button.GetContent().AsStringView() == "Close";
+  }));
   EXPECT_FALSE(hotkeys());
   // Undo goes on while the keys are held, and nothing else does.
   ContentNode& node = window.Node("The nest");

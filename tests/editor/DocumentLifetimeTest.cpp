@@ -57,5 +57,81 @@ TEST(DocumentLifetime, SavesWhatIsTypedAndOpensItAgain) {
   EXPECT_EQ(window.boxes.Texts(), std::vector<std::string>());
 }
 
+TEST(DocumentLifetime, NamesAFileInTheFormOfItsWorkspace) {
+  const TemporaryDirectory directory;
+  directory.Write("v1.2/other", "");
+  WindowStage window("quest");
+  const std::string text = window.Exported();
+  const auto saveAs = [&window] { window.Chord({Toolkit::Key::LeftCtrl, Toolkit::Key::LeftShift, Toolkit::Key::S}); };
+  const struct {
+    const char *chosen, *written, *title;
+  } cases[] = {{"x.txt", "x.json", "x"},
+               {"plain", "plain.json", "plain"},
+               {"a.b.json", "a.b.json", "a"},
+               {"v1.2/name", "v1.2/name.json", "name"}};
+  for (const auto& c : cases) {
+    window.dialogs.path = directory / c.chosen;
+    saveAs();
+    EXPECT_EQ(TemporaryDirectory::Read(directory / c.written), text) << c.chosen;
+    EXPECT_EQ(window.View().FilePath(), directory / c.written);
+    EXPECT_EQ(window.View().GetTitle(), c.title);
+  }
+  // A save follows also when the dialog was cancelled: it goes to the file as it was.
+  window.dialogs.path.reset();
+  directory.Write("v1.2/name.json", "old");
+  saveAs();
+  EXPECT_EQ(TemporaryDirectory::Read(directory / "v1.2/name.json"), text);
+}
+
+TEST(DocumentLifetime, LeavesAnEmptyDocumentWhereALoadFails) {
+  const TemporaryDirectory directory;
+  const struct {
+    const char *name, *text, *box;
+  } cases[] = {
+      {"broken", "{", "Error Parsing File: Invalid JSON in file:\n"},
+      {"family", R"({"$WorkspaceID": "Doc"})",
+       "Error Importing: Cannot import node tree: Missing variant field 'Kind' in file."},
+  };
+  TestSupport::TestWorkspace workspace({R"({"id": "Doc", "title": "Doc", "color": "red"})"});
+  workspace.Write("Workspaces/Test/_Workspace.json",
+                  R"({"WorkspaceName": "Test", "FileFormat": "json",
+                      "Roots": {"Plain": {"RootNodeType": "Doc", "MenuName": "Plain"},
+                                "Doc": {"RootNodeType": "Family", "MenuName": "Doc"}},
+                      "Variants": {"Family": {"VariantFieldName": "Kind", "Variants": {"a": "Doc"}}}})");
+  WindowStage window({.directory = workspace.Path()});
+  const Graph& graph = window.View().GetGraph();
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    window.Open(directory.Write("good.json", R"({"$WorkspaceID": "Plain"})"));
+    EXPECT_EQ(graph.ContentNodes().size(), 1u);
+    window.boxes.boxes.clear();
+    window.Open(directory.Write(c.name, c.text));
+    ASSERT_EQ(window.boxes.boxes.size(), 1u);
+    EXPECT_TRUE(window.boxes.Texts()[0].starts_with(c.box)) << window.boxes.Texts()[0];
+    EXPECT_TRUE(graph.ContentNodes().empty());
+    EXPECT_EQ(window.View().FilePath(), "");
+    EXPECT_EQ(window.View().GetTitle(), "");
+  }
+  // A new document of a family has no root, since its type depends on a value.
+  window.View().CreateDefaultRoot();
+  EXPECT_TRUE(graph.ContentNodes().empty());
+}
+
+TEST(DocumentLifetime, IsNoneWithoutAWorkspace) {
+  const TemporaryDirectory directory;
+  directory.Write("Workspaces/Empty/note.txt", "");
+  WindowStage window({.directory = directory.Path(),
+                      .complaints = {"Error Loading Workspaces: No valid workspaces were found in:\nWorkspaces/"}});
+  window.dialogs.path = directory / "a.json";
+  for (const auto& [key, box] :
+       {std::pair(Toolkit::Key::O, "Cannot Open File: No workspace selected. Please select a workspace first."),
+        {Toolkit::Key::S, "Cannot Save: No workspace selected. Cannot save file."}}) {
+    window.Chord({Toolkit::Key::LeftCtrl, key});
+    ASSERT_FALSE(window.boxes.boxes.empty());
+    EXPECT_EQ(window.boxes.Texts().back(), box);
+  }
+  EXPECT_FALSE(window.dialogs.filter) << "no file was asked for";
+}
+
 } // namespace
 } // namespace Tesselor

@@ -4,9 +4,12 @@
 #include "commands/CreateNodeActionCommand.h"
 #include "graph/NodeBundle.h"
 #include "graph/StructureChange.h"
+#include "nodes/NodePinControl.h"
 #include "toolkit/controls/Canvas.h"
+#include "toolkit/controls/MenuItem.h"
 #include "workspace/Workspace.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace Tesselor {
@@ -44,6 +47,12 @@ protected:
     return {box.x + box.width / 2, box.Bottom() - 5};
   }
   Point PinOf(const ContentNode& node, const char* id) { return WindowStage::MiddleOf(window.Pin(node, id)); }
+  void Choose(std::string_view header) {
+    auto* item = TestSupport::Find<Toolkit::MenuItem>(
+        window.Root(), [&](const Toolkit::MenuItem& each) { return each.GetHeader().AsStringView() == header; });
+    ASSERT_TRUE(item) << header;
+    window.Click(*item);
+  }
   void UndoAll() {
     while (window.History().Size() > window.History().UndoneCount()) window.Undo();
   }
@@ -66,6 +75,23 @@ TEST_F(GesturesAndSteps, PinsAreJoinedOnce) {
   Join(parent, *child);
   EXPECT_EQ(graph.Connections().GetConnections().size(), 1u);
   EXPECT_EQ(window.Exported(), connected);
+}
+
+TEST_F(GesturesAndSteps, TheFreeEndOfACurveFollowsTheMouse) {
+  window.LookAt(parent);
+  for (const auto& [id, freeEnd] : {std::pair("Out", size_t{0}), {"In", size_t{3}}}) {
+    const Point pin = PinOf(parent, id);
+    window.Press(pin);
+    for (const Point mouse : {Point{pin.x + 50, pin.y + 90}, {pin.x - 30, pin.y - 60}}) {
+      window.MoveTo(mouse);
+      const auto* path = Toolkit::DynamicCast<ConnectionPath>(graph.Panel().Child(graph.Panel().ChildCount() - 1));
+      ASSERT_TRUE(path);
+      EXPECT_EQ(path->GetCurve()[freeEnd], window.ToPanel(mouse));
+      EXPECT_EQ(path->GetCurve()[3 - freeEnd], window.ToPanel(pin));
+    }
+    window.Press(Toolkit::Key::Escape);
+    window.Release(pin);
+  }
 }
 
 TEST_F(GesturesAndSteps, TheMiddleButtonDragsNoConnection) {
@@ -106,6 +132,44 @@ TEST_F(GesturesAndSteps, UndoTakesTheNodeOfADraggedConnection) {
   window.MoveTo(PinOf(parent, "Out"));
   window.Release(PinOf(parent, "Out"));
   EXPECT_TRUE(graph.Connections().GetConnections().empty());
+}
+
+TEST_F(GesturesAndSteps, UndoTakesThePinOfABegunConnection) {
+  const auto child = window.View().CurrentRoot()->workspace->nodeDictionary->CreateNode("A", true);
+  window.History().Run(std::make_unique<CreateNodeActionCommand>(
+      graph, *child, Point{parent.Bounds().x + 500, parent.Bounds().y + 100}));
+  window.LookAt(parent);
+  window.RightClick(window.Pin(*child, "In"));
+  Choose("Start Connection");
+  window.Undo();
+  window.RightClick(window.Pin(parent, "Out"));
+  EXPECT_TRUE(window.Shows("Start Connection"));
+  EXPECT_FALSE(window.Shows("Complete Connection"));
+  window.Press(Toolkit::Key::Escape);
+  window.Redo();
+  EXPECT_FALSE(child->FindPinControl(*child->FirstInput())->IsPendingConnection());
+}
+
+TEST_F(GesturesAndSteps, EscapeAndAnotherDocumentForgetABegunConnection) {
+  const std::function<void()> ends[] = {[this] { window.Press(Toolkit::Key::Escape); },
+                                        [this] {
+                                          window.View().ClearDocument();
+                                          window.View().CreateDefaultRoot();
+                                        }};
+  for (const auto& end : ends) {
+    const auto openMenu = [this] {
+      const ContentNode& node = *graph.ContentNodes().at(0);
+      window.LookAt(node);
+      window.RightClick(PinOf(node, "Out"));
+    };
+    openMenu();
+    Choose("Start Connection");
+    end();
+    openMenu();
+    EXPECT_TRUE(window.Shows("Start Connection"));
+    EXPECT_FALSE(window.Shows("Cancel Connection"));
+    window.Press(Toolkit::Key::Escape);
+  }
 }
 
 TEST_F(GesturesAndSteps, AnotherDocumentEndsADrag) {

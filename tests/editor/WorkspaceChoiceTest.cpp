@@ -9,13 +9,13 @@
 namespace Tesselor {
 namespace {
 
-const std::string quest = TESSELOR_DATA_DIR "/samples/quest.json";
+const std::string dialogue = TESSELOR_DATA_DIR "/samples/dialogue.json";
 
 class WorkspaceChoice : public testing::Test {
 protected:
   WorkspaceChoice() {
-    std::string text = TestSupport::TemporaryDirectory::Read(quest);
-    const std::string named = "\"$WorkspaceID\":\t\"Quest\"";
+    std::string text = TestSupport::TemporaryDirectory::Read(dialogue);
+    const std::string named = "\"$WorkspaceID\":\t\"Dialogue\"";
     text.replace(text.rfind(named), named.size(), "\"$WorkspaceID\":\t\"Nobody\"");
     path = directory.Write("unknown.json", text);
     window.Open(path);
@@ -49,10 +49,14 @@ TEST_F(WorkspaceChoice, LoadsTheFileAsItWasOpened) {
   EXPECT_TRUE(window.log.Contains("Unknown workspace ID 'Nobody' in file, showing workspace selection modal"));
   ASSERT_TRUE(IsAsked());
   EXPECT_EQ(window.Exported(), "");
+  Press("Load Workspace");
+  EXPECT_EQ(window.boxes.Texts(),
+            std::vector<std::string>{"No Workspace Selected: Please select a workspace from the dropdown."});
   std::filesystem::remove(path);
-  Choose("Quest");
+  ASSERT_NE(window.View().CurrentRoot()->MenuName, "Dialogue");
+  Choose("Dialogue");
   EXPECT_FALSE(IsAsked());
-  EXPECT_EQ(window.Exported(), TestSupport::TemporaryDirectory::Read(quest));
+  EXPECT_EQ(window.Exported(), TestSupport::TemporaryDirectory::Read(dialogue));
   EXPECT_EQ(window.View().FilePath(), path);
 }
 
@@ -64,11 +68,11 @@ TEST_F(WorkspaceChoice, IsForgottenWhenItIsCancelled) {
 }
 
 TEST_F(WorkspaceChoice, ConcernsTheFileThatWasOpenedLast) {
-  const std::string dialogue = TESSELOR_DATA_DIR "/samples/dialogue.json";
-  window.Open(dialogue);
-  Choose("Dialogue");
-  EXPECT_EQ(window.View().FilePath(), dialogue);
-  EXPECT_EQ(window.Exported(), TestSupport::TemporaryDirectory::Read(dialogue));
+  const std::string quest = TESSELOR_DATA_DIR "/samples/quest.json";
+  window.Open(quest);
+  Choose("Quest");
+  EXPECT_EQ(window.View().FilePath(), quest);
+  EXPECT_EQ(window.Exported(), TestSupport::TemporaryDirectory::Read(quest));
 }
 
 } // namespace

@@ -1,8 +1,11 @@
+#include "fields/FieldEnum.h"
+#include "fields/FieldList.h"
 #include "graph/GraphTest.h"
 #include "nodes/NodePinControl.h"
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <random>
 
 namespace Tesselor {
@@ -52,31 +55,58 @@ TEST_F(Connections, BendByTheDistanceOfThePins) {
 }
 
 TEST_F(Connections, FollowWhateverMovesTheirPins) {
-  ContentNode& parent = AddAt("A", 100, 100);
-  ContentNode& child = AddAt("A", 600, 300);
-  const Ptr<Connection> connection = Connect(parent, child);
+  AddSchema("{'id':'F','title':'F','color':'red','inputs':[{'id':'In','Type':'T','color':'red'}],'outputs':[{'id':"
+            "'Unused','Type':'T','color':'red'},{'id':'Out','Type':'T','color':'red'}],'content':[{'Id':'list','Type':"
+            "'List'},{'Id':'enum','Type':'Enum','Options':{'Enum':['a','b']}}]}");
+  ContentNode& node = AddAt("F", 600, 300);
+  const Ptr<Connection> in = Connect(AddAt("A", 100, 100), node);
+  const auto out = Toolkit::MakePtr<Connection>(*node.FindPin("Out"), *AddAt("A", 1800, 100).FirstInput());
+  view->Attach(*out);
   view.Layout();
-  ExpectEnds(*connection);
-  const Point before = connection->GetInputSource();
-
-  Toolkit::Canvas::SetLeft(&child, 700);
-  view.canvas->UpdateLayout();
-  ExpectEnds(*connection);
-  EXPECT_FLOAT_EQ(connection->GetInputSource().x, before.x + 100);
-
-  // A comment that shows moves the pins down; a longer title and hidden fields move the outputs.
-  const Point out = connection->GetOutputSource();
-  child.SetComment("a comment");
-  view.canvas->UpdateLayout();
-  ExpectEnds(*connection);
-  EXPECT_GT(connection->GetInputSource().y, before.y);
-  parent.SetTitle("a title that is much longer than the node was wide before it");
-  view.canvas->UpdateLayout();
-  ExpectEnds(*connection);
-  EXPECT_GT(connection->GetOutputSource().x, out.x);
-  parent.ShowInFull(false);
-  view.canvas->UpdateLayout();
-  ExpectEnds(*connection);
+  auto& list = static_cast<FieldList&>(*node.FindField("list"));
+  struct Case {
+    const char* what;
+    std::function<void()> change;
+    /// Which way the ends at the node go: those at its left side, and those at its right side.
+    Point inputWay, outputWay;
+  };
+  const Case cases[] = {
+      {"the node is moved", [&] { Toolkit::Canvas::SetLeft(&node, 700); }, {1, 0}, {1, 0}},
+      {"a comment is shown", [&] { node.SetComment("a comment"); }, {0, 1}, {0, 1}},
+      {"a comment is typed", [&] { node.GetFieldCommentData()->SetValue("one\ntwo"); }, {0, 1}, {0, 1}},
+      {"a comment is hidden",
+       [&] { node.SetValue(ContentNode::CommentBlockVisibilityProperty, Toolkit::Visibility::Collapsed); },
+       {0, -1},
+       {0, -1}},
+      {"a title is typed", [&] { node.SetTitle(std::string(200, 'm')); }, {0, 0}, {1, 0}},
+      {"a title is taken back", [&] { node.SetTitle("F"); }, {0, 0}, {-1, 0}},
+      {"rows are added",
+       [&] {
+         list.SetValues({"a", "b", "c"});
+       },
+       {0, 0},
+       {0, 0}},
+      {"a box of choices grows",
+       [&] { node.FindField("enum")->SetValue(FieldEnum::WidthProperty, 600); },
+       {0, 0},
+       {1, 0}},
+      {"unused pins are hidden", [&] { node.ToggleUnusedOutputPins(); }, {0, 0}, {0, -1}},
+      {"the compact view", [&] { node.ShowInFull(false); }, {0, 0}, {-1, 0}},
+  };
+  const auto wayFrom = [](Point before, Point after) {
+    const auto sign = [](float way) { return static_cast<float>((way > 0.01f) - (way < -0.01f)); };
+    return Point{sign(after.x - before.x), sign(after.y - before.y)};
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    const Point input = in->GetInputSource(), output = out->GetOutputSource();
+    c.change();
+    view.canvas->UpdateLayout();
+    EXPECT_EQ(wayFrom(input, in->GetInputSource()), c.inputWay);
+    EXPECT_EQ(wayFrom(output, out->GetOutputSource()), c.outputWay);
+    ExpectEnds(*in);
+    ExpectEnds(*out);
+  }
 }
 
 TEST_F(Connections, FollowAClickAndTheMouse) {

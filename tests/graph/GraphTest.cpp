@@ -67,6 +67,7 @@ TEST_F(GraphStructure, TakesANodeOutOfEverything) {
   EXPECT_EQ(view->ContentNodes().size(), 1u);
   EXPECT_EQ(view->Selected().GetNodes(), (Selection::Nodes{Ptr<BaseNode>(&group)}));
   EXPECT_FALSE(child->IsSelected());
+  EXPECT_TRUE(group.IsSelected());
   EXPECT_TRUE(view->Selected().GroupContents().empty());
   EXPECT_TRUE(view->Connections().Selected().empty());
   EXPECT_TRUE(view->Connections().GetConnections().empty());
@@ -88,6 +89,51 @@ TEST_F(GraphStructure, TakesANodeOutOfEverything) {
   EXPECT_EQ(view->Connections().GetConnections().size(), 1u);
   EXPECT_EQ(view.canvas->ChildCount(), elements + 1);
   EXPECT_EQ(Toolkit::Canvas::GetZIndex(&connection->GetPath()), -10);
+
+  // So does all that an emptied graph had, and it is not followed any more.
+  view->Clear();
+  EXPECT_EQ(view.canvas->ChildCount(), 0u);
+  EXPECT_TRUE(child->FirstInput()->connections.empty());
+  child->SetNodeId("third");
+  EXPECT_EQ(view->FindNodeById("third"), nullptr);
+  EXPECT_EQ(view->FindNodeById("other"), nullptr);
+}
+
+TEST_F(GraphStructure, GroupsHoldWhatLiesStrictlyInside) {
+  ContentNode& node = AddAt("A", 400, 300);
+  node.SetComment("a group is never smaller than a node with a comment");
+  GroupNode& inner = view->AddGroupNode(1200, 300);
+  CommentNode& comment = view->AddCommentNode(1250, 350);
+  GroupNode& group = view->AddGroupNode(0, 0);
+  GroupNode& other = view->AddGroupNode(0, 0);
+  view.Layout();
+  Selection& selected = view->Selected();
+  for (BaseNode* held : {static_cast<BaseNode*>(&node), static_cast<BaseNode*>(&inner)}) {
+    const Toolkit::Rect box = held->Bounds();
+    const struct {
+      float left, top, right, bottom;
+      bool isInside;
+    } cases[] = {
+        {1, 1, 1, 1, true}, {0, 1, 1, 1, false}, {1, 0, 1, 1, false}, {1, 1, 0, 1, false}, {1, 1, 1, 0, false}};
+    for (const auto& c : cases) {
+      group.SetBounds({box.x - c.left, box.y - c.top, box.width + c.left + c.right, box.height + c.top + c.bottom});
+      selected.AddContentsOf(group, *view);
+      EXPECT_EQ(selected.GroupContents().size(), c.isInside ? 1u : 0u) << c.left << c.top << c.right << c.bottom;
+      selected.Clear();
+    }
+  }
+  // What lies in two selected groups stays with one of them when the other one goes.
+  group.SetBounds({0, 0, 1600, 900});
+  other.SetBounds({350, 250, 600, 600});
+  selected.AddContentsOf(group, *view);
+  selected.AddContentsOf(other, *view);
+  const Selection::Nodes both{Ptr<BaseNode>(&node), Ptr<BaseNode>(&inner), Ptr<BaseNode>(&other), Ptr<BaseNode>(&node)};
+  EXPECT_EQ(selected.GroupContents(), both) << "comments are in no group";
+  EXPECT_FALSE(selected.Contains(comment));
+  selected.RemoveContentsOf(other, *view);
+  EXPECT_EQ(selected.GroupContents(), (Selection::Nodes{both[1], both[2], both[3]}));
+  selected.RemoveContentsOf(group, *view);
+  EXPECT_TRUE(selected.GroupContents().empty());
 }
 
 TEST_F(GraphStructure, ChangesInBulkAsOneByOne) {
@@ -144,6 +190,7 @@ TEST_F(GraphStructure, LinksTakeOverTheNearestRecord) {
     EXPECT_TRUE(link->Get<bool>(ContentNode::IsLinkValidProperty));
   }
   EXPECT_EQ(links[3]->FirstInput()->BorderColor()->GetColor(), t.FirstOutput()->blueprint->color);
+  EXPECT_TRUE(t.ComputeLinkValidity()) << "other nodes have nothing to agree on";
   // A mismatch shows where the types meet, and goes with its cause.
   const Ptr<Connection> tail = Connect(*links[3], Add("B"));
   EXPECT_EQ(typeOf(*links[1]), "T");
@@ -175,14 +222,19 @@ TEST_F(GraphStructure, OrderOfEqualHeightsComesBack) {
   EXPECT_EQ(Children(parent).front(), children[0]->FirstInput());
 }
 
-TEST_F(GraphStructure, WhatLeavesGivesUpTheFocus) {
+TEST_F(GraphStructure, WhatLeavesGivesUpTheFocusAndIsHeldNoLonger) {
   ContentNode& node = AddAt("A", 0, 0);
-  const Ptr<BaseNode> kept(&node);
+  Ptr<BaseNode> kept(&node);
+  const Toolkit::WeakPtr<BaseNode> observed(kept);
   view.Layout();
   Toolkit::InputState input(*view.canvas);
   ASSERT_TRUE(node.FindName<Toolkit::TextBox>("TitleTextBlock")->Focus());
+  Connect(node, Add("A"));
   view->Remove(node);
   EXPECT_EQ(input.Focused(), nullptr);
+  kept.Reset();
+  view.canvas->UpdateLayout();
+  EXPECT_FALSE(observed);
 }
 
 } // namespace Tesselor

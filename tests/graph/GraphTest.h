@@ -1,7 +1,6 @@
 #pragma once
 
 #include "nodes/NodeTest.h"
-#include "toolkit/visual/Input.h"
 
 namespace TestSupport {
 

@@ -65,15 +65,15 @@ TEST_F(TreeLayouts, KeepsColumnsAsWideAsTheirWidestNodeAndBranchesApart) {
 TEST_F(TreeLayouts, OrdersChildrenByHeightOrByTheFile) {
   ContentNode& root = AddAt("A", 0, 0);
   std::vector<ContentNode*> children;
-  const int indices[] = {1, -1, 0};
-  for (int i = 0; i < 3; ++i) {
+  const int indices[] = {1, -1, 0, -1};
+  for (int i = 0; i < 4; ++i) {
     Connect(root, *children.emplace_back(&AddAt("A", 0, static_cast<float>(i))));
     children.back()->importIndex = indices[i];
   }
-  EXPECT_EQ(NodesOf(Run(root, TreeLayout::Order::AsImported)),
-            (std::vector<ContentNode*>{&root, children[2], children[0], children[1]}));
+  const std::vector<ContentNode*> expected{&root, children[2], children[0], children[1], children[3]};
+  EXPECT_EQ(NodesOf(Run(root, TreeLayout::Order::AsImported)), expected);
   // The layout has turned the heights around, and goes by them now.
-  EXPECT_EQ(NodesOf(Run(root)), (std::vector<ContentNode*>{&root, children[2], children[0], children[1]}));
+  EXPECT_EQ(NodesOf(Run(root)), expected);
 }
 
 TEST_F(TreeLayouts, PlaceEachNodeOnceWhateverLeadsToIt) {

@@ -2,7 +2,8 @@
 
 #include "nodes/ResizeEdge.h"
 #include "toolkit/controls/Border.h"
-#include "toolkit/visual/Input.h"
+#include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/TextBox.h"
 
 #include <utility>
 #include <vector>
@@ -12,12 +13,19 @@ namespace Tesselor {
 class Frames : public TestSupport::NodeTest {};
 
 TEST_F(Frames, HaveEightZones) {
-  const std::vector<std::pair<Toolkit::Point, ResizeEdge>> cases = {
-      {{5, 5}, ResizeEdge::TopLeft},       {{95, 5}, ResizeEdge::TopRight}, {{5, 45}, ResizeEdge::BottomLeft},
-      {{95, 45}, ResizeEdge::BottomRight}, {{50, 5}, ResizeEdge::Top},      {{50, 45}, ResizeEdge::Bottom},
-      {{5, 25}, ResizeEdge::Left},         {{95, 25}, ResizeEdge::Right},   {{50, 25}, ResizeEdge::Right}};
-  for (const auto& [point, edge] : cases) EXPECT_EQ(EdgeAt(point, {100, 50}, 15), edge) << point.x << "," << point.y;
-  EXPECT_STREQ(CursorOf(ResizeEdge::TopRight), "SizeNESW");
+  const struct {
+    Toolkit::Point point;
+    ResizeEdge edge;
+    const char* cursor;
+  } cases[] = {{{5, 5}, ResizeEdge::TopLeft, "SizeNWSE"},     {{95, 5}, ResizeEdge::TopRight, "SizeNESW"},
+               {{5, 45}, ResizeEdge::BottomLeft, "SizeNESW"}, {{95, 45}, ResizeEdge::BottomRight, "SizeNWSE"},
+               {{50, 5}, ResizeEdge::Top, "SizeNS"},          {{50, 45}, ResizeEdge::Bottom, "SizeNS"},
+               {{5, 25}, ResizeEdge::Left, "SizeWE"},         {{95, 25}, ResizeEdge::Right, "SizeWE"},
+               {{50, 25}, ResizeEdge::Right, "SizeWE"}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(EdgeAt(c.point, {100, 50}, 15), c.edge) << c.point.x << "," << c.point.y;
+    EXPECT_STREQ(CursorOf(c.edge), c.cursor) << c.point.x << "," << c.point.y;
+  }
 }
 
 TEST_F(Frames, AreResizedByTheirEdges) {
@@ -40,7 +48,7 @@ TEST_F(Frames, AreResizedByTheirEdges) {
 
 TEST_F(Frames, RaiseTheirOwnEvents) {
   GroupNode& group = view->AddGroupNode(400, 300);
-  CommentNode& comment = view->AddCommentNode(1000, 300);
+  view->AddCommentNode(1000, 300);
   view.Layout();
   std::vector<std::string> events;
   const auto listen = [&events, this](const Toolkit::RoutedEvent& event, const char* name) {
@@ -61,14 +69,62 @@ TEST_F(Frames, RaiseTheirOwnEvents) {
   click({1003, 400}, 1);
   click({550, 500}, 1);
   EXPECT_EQ(events, (std::vector<std::string>{"group edge", "comment edge", "down"}));
-  EXPECT_EQ(group.GetString(GroupNode::CursorTypeProperty), "SizeWE");
 
   click({550, 322}, 2);
   EXPECT_EQ(group.Get<Toolkit::Visibility>(GroupNode::TitleInputVisibilityProperty), Toolkit::Visibility::Visible);
   group.SetZoom(0.4f);
   EXPECT_EQ(group.Get<Toolkit::Visibility>(GroupNode::BigTitleVisibilityProperty), Toolkit::Visibility::Visible);
+}
+
+TEST_F(Frames, TellByTheCursorWhatAPressWouldDo) {
+  GroupNode& group = view->AddGroupNode(400, 300);
+  CommentNode& comment = view->AddCommentNode(1000, 300);
+  view.Layout();
+  Toolkit::InputState input(*view.canvas);
+  // Over what it holds a group keeps its last cursor; the element there has one of its own.
+  for (const auto& [point, cursor] : {std::pair(Toolkit::Point{403, 450}, "SizeWE"),
+                                      {{697, 597}, "SizeNWSE"},
+                                      {{550, 303}, "SizeNS"},
+                                      {{550, 500}, "SizeNS"}}) {
+    input.MouseMove(point);
+    EXPECT_EQ(group.GetString(GroupNode::CursorTypeProperty), cursor) << point.x;
+  }
+  for (const auto& [point, cursor] : {std::pair(Toolkit::Point{1003, 400}, "SizeWE"),
+                                      {{1125, 375}, "Arrow"},
+                                      {{1125, 447}, "SizeNS"},
+                                      {{1247, 447}, "SizeNWSE"},
+                                      {{1016, 316}, "Arrow"}}) {
+    input.MouseMove(point);
+    EXPECT_EQ(comment.GetString(CommentNode::CursorTypeProperty), cursor) << point.x;
+  }
+}
+
+TEST_F(Frames, GiveTheTextOfACommentItsSize) {
+  CommentNode& comment = view->AddCommentNode(1000, 300);
+  view.Layout();
+  Toolkit::InputState input(*view.canvas);
+  const auto areButtonsShown = [&comment] {
+    return comment.Get<Toolkit::Visibility>(CommentNode::FontControlsVisibilityProperty) ==
+           Toolkit::Visibility::Visible;
+  };
+  EXPECT_FALSE(areButtonsShown());
+  comment.FindName<Toolkit::TextBox>("CommentTextBox")->Focus();
+  view.Layout();
+  EXPECT_TRUE(areButtonsShown());
+  EXPECT_EQ(comment.CommentFontSize(), 13);
+  for (const auto& [button, size] : {std::pair("DecreaseFontBtn", 9.0f),
+                                     {"DecreaseFontBtn", 8.0f},
+                                     {"DecreaseFontBtn", 8.0f},
+                                     {"IncreaseFontBtn", 12.0f},
+                                     {"IncreaseFontBigBtn", 32.0f}}) {
+    Click(input, *comment.FindName<Toolkit::Button>(button));
+    EXPECT_EQ(comment.CommentFontSize(), size) << button;
+    EXPECT_TRUE(areButtonsShown()) << "a click leaves the focus in the text";
+  }
   comment.SetCommentFontSize(126 + 4);
   EXPECT_EQ(comment.CommentFontSize(), 128);
+  input.SetFocus(nullptr);
+  EXPECT_FALSE(areButtonsShown());
 }
 
 } // namespace Tesselor

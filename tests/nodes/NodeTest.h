@@ -9,6 +9,7 @@
 #include "fields/FieldRegistration.h"
 #include "nodes/NodeRegistration.h"
 #include "toolkit/base/Diagnostics.h"
+#include "toolkit/visual/Input.h"
 #include "workspace/Workspace.h"
 
 #include <algorithm>
@@ -52,6 +53,16 @@ protected:
     Tesselor::NodeWriter writer(fields);
     node.Serialize(json.get(), writer, nodeId);
     return Print(json.get());
+  }
+  /// Clicks with the left button into the middle of an element of the canvas.
+  void Click(Toolkit::InputState& input, const Toolkit::UIElement& element, uint32_t count = 1) {
+    view.Layout();
+    const Toolkit::Point middle =
+        element.TransformToAncestor(nullptr).Map({element.ActualWidth() / 2, element.ActualHeight() / 2});
+    input.MouseMove(middle);
+    input.MouseDown(Toolkit::MouseButton::Left, middle, count);
+    input.MouseUp(Toolkit::MouseButton::Left, middle);
+    view.Layout();
   }
   /// JSON in which single quotes stand for double ones.
   static Tesselor::JsonPtr Parse(std::string quoted) {

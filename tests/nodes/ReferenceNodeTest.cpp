@@ -1,17 +1,18 @@
 #include "NodeTest.h"
 
+#include "ChosenFile.h"
 #include "TemporaryDirectory.h"
 #include "nodes/ReferenceNode.h"
-#include "platform/FileDialogs.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/controls/TextBox.h"
-#include "toolkit/visual/Input.h"
 
 #include <optional>
 #include <vector>
 
 namespace Tesselor {
+
+using TestSupport::ChosenFile;
 
 class ReferenceNodes : public TestSupport::NodeTest {
 protected:
@@ -31,15 +32,6 @@ protected:
   std::string WriteText(const std::string& name, std::string text) {
     std::replace(text.begin(), text.end(), '\'', '"');
     return directory.Write(name, text);
-  }
-  void Click(const Toolkit::UIElement& element) {
-    view.Layout();
-    const Toolkit::Point middle =
-        element.TransformToAncestor(nullptr).Map({element.ActualWidth() / 2, element.ActualHeight() / 2});
-    input.MouseMove(middle);
-    input.MouseDown(Toolkit::MouseButton::Left, middle, 1);
-    input.MouseUp(Toolkit::MouseButton::Left, middle);
-    view.Layout();
   }
   template <class T> static T* First(Toolkit::UIElement* root) {
     if (T* element = Toolkit::DynamicCast<T>(root)) return element;
@@ -63,24 +55,12 @@ protected:
   Toolkit::InputState input{*view.canvas};
 };
 
-/// Answers file dialogs with a path.
-class ChosenFile final : public FileDialogBackend {
-public:
-  explicit ChosenFile(std::optional<std::string> path) : path(std::move(path)), former(FileDialogs::SetBackend(this)) {}
-  ~ChosenFile() override { FileDialogs::SetBackend(former); }
-  std::optional<std::string> Open(const std::string&) override { return path; }
-  std::optional<std::string> Save(const std::string&) override { return {}; }
-
-private:
-  std::optional<std::string> path;
-  FileDialogBackend* former;
-};
-
 TEST_F(ReferenceNodes, KeepTheValuesOfTheAsset) {
   ReferenceNode& node = AddReference();
   const std::string body = "'$FileName':'plot','Plot':'id-1','Values':{'B':true,'Name':'n','b':2,'big':12345678901,"
                            "'d':0.5,'digits':1234.56789,'o':{'k':[1]}}}";
-  Read(node, "{'$Comment':'c','$NodeId':'Ref-9'," + body);
+  Read(node, "{'$Comment':'c','$NodeId':'Ref-9','$Title':'t'," + body);
+  EXPECT_EQ(node.Title(), "t");
   view.Layout();
   EXPECT_EQ(Saved(node), "{'$Comment':'c','$NodeId':'Ref'," + body);
 }
@@ -131,6 +111,7 @@ TEST_F(ReferenceNodes, TakeParametersFromAFile) {
   EXPECT_TRUE(boxes.boxes.empty());
 
   node.LoadFileParameters(WriteFile("plot.json", "'new':{" + ov + "IntParameterDefinition','Value':7}"), "plot");
+  EXPECT_EQ(Shown(node, "NodeReference"), "Plot=id-1 ") << "once, as before";
   EXPECT_EQ(Shown(node, "NodeParameters"), "new=7 ");
   EXPECT_EQ(Saved(node), "{'$NodeId':'Ref','$FileName':'File','Plot':'id-1','Values':{}}");
   EXPECT_EQ(Saved(node, FieldsToWrite::All), "{'$NodeId':'Ref','$FileName':'File','Plot':'id-1','Values':{'new':7}}");
@@ -166,7 +147,7 @@ TEST_F(ReferenceNodes, TellOfFilesThatDoNotFit) {
     boxes.boxes.clear();
     log.lines.clear();
     const ChosenFile chosen(c.text ? WriteText("b.x.json", c.text) : directory / "b.missing");
-    Click(*First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
+    Click(input, *First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
     EXPECT_EQ(boxes.Texts(), c.box.empty() ? std::vector<std::string>() : std::vector<std::string>{c.box});
     if (!c.box.empty()) {
       EXPECT_EQ(boxes.boxes[0].image, Toolkit::MessageBoxImage::Error);
@@ -179,8 +160,8 @@ TEST_F(ReferenceNodes, TellOfFilesThatDoNotFit) {
 
 TEST_F(ReferenceNodes, LeaveAllAsItIsWhenNoFileIsChosen) {
   ReferenceNode& node = AddReference();
-  const ChosenFile cancelled({});
-  Click(*First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
+  const ChosenFile cancelled;
+  Click(input, *First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
   EXPECT_EQ(Saved(node), "{'$NodeId':'Ref','$FileName':'File','Plot':'','Values':{}}");
   EXPECT_TRUE(boxes.boxes.empty());
 }
@@ -188,10 +169,10 @@ TEST_F(ReferenceNodes, LeaveAllAsItIsWhenNoFileIsChosen) {
 TEST_F(ReferenceNodes, TakeWhatIsTypedIntoParametersOnly) {
   ReferenceNode& node = AddReference();
   const ChosenFile chosen(WriteFile("quest.first.json", "'P':{'$Type':'x','Value':'old'}"));
-  Click(*First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
+  Click(input, *First<Toolkit::Button>(node.FindName<Toolkit::StackPanel>("NodeReference")->VisualParent()));
   for (const char* panel : {"NodeReference", "NodeParameters"}) {
     auto* box = First<Toolkit::TextBox>(node.FindName<Toolkit::StackPanel>(panel));
-    Click(*box);
+    Click(input, *box);
     EXPECT_TRUE(box->IsFocused()) << "a text that is only shown can be selected and copied";
     box->SelectAll();
     input.TextInput("typed");
@@ -231,7 +212,7 @@ TEST_F(ReferenceNodes, ReadTheKindOfAParameterFromItsValue) {
   // A value of which the field does not show all goes when the user enters something in its place.
   const auto type = [&](const char* name, const char* text) {
     auto* box = First<Toolkit::TextBox>(node.FindField(name));
-    Click(*box);
+    Click(input, *box);
     box->SelectAll();
     input.TextInput(text);
   };

@@ -78,6 +78,8 @@ TEST_F(UnattendedRun, TakesARootForAFileThatNamesNone) {
   EXPECT_EQ(forced.exitCode, 0) << forced.log.substr(0, 2000);
   EXPECT_TRUE(forced.Logged("Using CLI workspace override: Quest"));
   EXPECT_NE(Read("out.json").find("\"$WorkspaceID\":\t\"Quest\""), std::string::npos);
+  EXPECT_EQ(RoundTrip("out.json", "second.json").exitCode, 0);
+  EXPECT_EQ(Read("second.json"), Read("out.json")) << "values that the first pass added come back as they are";
 }
 
 TEST_F(UnattendedRun, TellsEveryFailureByItsExitCodeAndLeavesTheOutputAlone) {

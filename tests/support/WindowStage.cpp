@@ -39,7 +39,8 @@ WindowStage::WindowStage(const WindowSetup& setup) : Stage(setup.frames), direct
   view = Toolkit::MakePtr<Tesselor::MainView>();
   Put(*view, setup.size);
   asset.clear();
-  EXPECT_EQ(boxes.Texts(), std::vector<std::string>());
+  EXPECT_EQ(boxes.Texts(), setup.complaints);
+  boxes.boxes.clear();
 }
 
 WindowStage::~WindowStage() {

@@ -35,11 +35,13 @@ struct WindowSetup {
   std::filesystem::path directory = TESSELOR_DATA_DIR;
   Toolkit::Size size = {1280, 800};
   Stage::Frames frames = Stage::Frames::Recorded;
+  /// What is told in boxes while the window comes up.
+  std::vector<std::string> complaints = {};
 };
 
 /// The editor's whole window on a stage, with a document in it. Message boxes, log lines, warnings, file dialogs and
-/// the clipboard are kept from the desktop. A box or a warning while the document opens fails the test, and so does a
-/// window that outlives its stage.
+/// the clipboard are kept from the desktop. A warning, or a box that is not expected, while the document opens fails
+/// the test, and so does a window that outlives its stage.
 ///
 ///   WindowStage window("quest");
 ///   ContentNode& node = window.Node("The nest");

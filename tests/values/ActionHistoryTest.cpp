@@ -63,6 +63,52 @@ TEST(ActionHistory, ForgetsWhatWasUndoneWhenSomethingNewIsPushed) {
   EXPECT_EQ(history.UndoneCount(), 0u);
 }
 
+TEST(ActionHistory, LetsWhatAStepPushesFollowIt) {
+  // As a box does whose text was being edited when its node comes or goes.
+  class Pushing final : public Tesselor::IActionCommand {
+  public:
+    Pushing(ActionHistory& history, std::string& journal, std::string pusher)
+        : history(history), journal(journal), pusher(std::move(pusher)) {}
+    void Do() override { Step("do"); }
+    void Undo() override { Step("undo"); }
+
+  private:
+    void Step(const std::string& name) {
+      journal += name + "( ";
+      if (name == pusher) history.Push(std::make_unique<Recorded>(journal, "B"));
+      history.UndoLast();
+      history.RedoLast();
+      journal += ") ";
+    }
+    ActionHistory& history;
+    std::string& journal;
+    std::string pusher;
+  };
+  std::string journal;
+  for (const auto& [pusher, expected] :
+       {std::pair("undo", "undo( ) undoB undoA "), {"do", "undo( ) do( ) undoB undo( ) undoA "}}) {
+    ActionHistory history;
+    history.Push(std::make_unique<Recorded>(journal, "A"));
+    history.Push(std::make_unique<Pushing>(history, journal, pusher));
+    history.UndoLast();
+    // What was undone can't be redone after what was pushed.
+    history.RedoLast();
+    EXPECT_EQ(history.UndoneCount(), 0u) << pusher;
+    for (int i = 0; i < 3; ++i) history.UndoLast();
+    EXPECT_EQ(Take(journal), expected);
+    history.Clear();
+    Take(journal);
+  }
+  // What a step pushes while it is run for the first time comes before it.
+  ActionHistory history;
+  history.Push(std::make_unique<Recorded>(journal, "A"));
+  history.Run(std::make_unique<Pushing>(history, journal, "do"));
+  EXPECT_EQ(history.Size(), 3u);
+  Take(journal);
+  for (int i = 0; i < 3; ++i) history.UndoLast();
+  EXPECT_EQ(Take(journal), "undo( ) undoB undoA ");
+}
+
 TEST(ActionHistory, KeepsTheNewest512Commands) {
   std::string journal;
   ActionHistory history;

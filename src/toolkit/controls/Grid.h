@@ -64,7 +64,6 @@ public:
   size_t RowCount() const { return rows.size(); }
   void ClearRows();
   static void SetRow(UIElement* element, int32_t row) { element->SetValue(RowProperty, row); }
-  static void SetColumn(UIElement* element, int32_t column) { element->SetValue(ColumnProperty, column); }
 
 protected:
   Size MeasureOverride(Size available) override;
