@@ -81,9 +81,7 @@ Toolkit::Ptr<ContentNode> ChildType::Create(const NodeDictionary& dictionary) co
   else
     LogFile::Write("Creating child node: '" + type + "'.");
   const std::string id = isLink ? BuiltIn::Link : isGeneric ? BuiltIn::Generic : type;
-  Toolkit::Ptr<ContentNode> node = dictionary.CreateNode(id, true);
-  if (node && !uuid.empty()) node->SetNodeId(uuid);
-  return node;
+  return dictionary.CreateNode(id, true);
 }
 
 } // namespace Tesselor

@@ -29,7 +29,7 @@ struct ChildType {
     ReadIdentity(entry);
     ReadKind(entry);
   }
-  /// Logs the decision and makes the node, with its UUID. Null if a field of its schema can't be made.
+  /// Logs the decision and makes the node. Null if a field of its schema can't be made.
   Toolkit::Ptr<ContentNode> Create(const NodeDictionary& dictionary) const;
 
   std::string type;

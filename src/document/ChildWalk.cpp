@@ -6,8 +6,8 @@ bool IsPartOf(const NodeSet& selection, const ContentNode& node) {
   return selection.empty() || selection.contains(&node);
 }
 
-ChildWalk::ChildWalk(const NodePinData& pin, const NodeSet& selection, NodeSet& open)
-    : selection(selection), open(open), levels{{nullptr, &pin}} {}
+ChildWalk::ChildWalk(const NodePinData& pin, const NodeSet& selection, NodeSet& open, size_t* repeats)
+    : selection(selection), open(open), repeats(repeats), levels{{nullptr, &pin}} {}
 
 ChildWalk::~ChildWalk() {
   for (const Level& level : levels)
@@ -24,9 +24,17 @@ ContentNode* ChildWalk::Next() {
     ContentNode& owner = *level.pin->connections[level.connection++]->owner;
     if (!IsPartOf(selection, owner)) continue;
     if (!owner.IsPassthrough()) return &owner;
-    if (owner.FirstOutput() && open.insert(&owner).second) levels.push_back({&owner, owner.FirstOutput()});
+    if (owner.FirstOutput() && MayEnter(owner) && open.insert(&owner).second)
+      levels.push_back({&owner, owner.FirstOutput()});
   }
   return nullptr;
+}
+
+bool ChildWalk::MayEnter(const ContentNode& link) {
+  if (!repeats || entered.insert(&link).second) return true;
+  if (*repeats == 0) return false;
+  --*repeats;
+  return true;
 }
 
 void ChildWalk::LeavePin() {

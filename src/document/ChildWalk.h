@@ -16,8 +16,10 @@ bool IsPartOf(const NodeSet& selection, const ContentNode& node);
 class ChildWalk {
 public:
   /// Goes through what is part of `selection` only. While the walk is behind a pass-through node, that stands in
-  /// `open`, so that a ring ends: one that stands there already is passed over.
-  ChildWalk(const NodePinData& pin, const NodeSet& selection, NodeSet& open);
+  /// `open`, so that a ring ends: one that stands there already is passed over. If `repeats` is given it counts down
+  /// how often a pass-through node may be gone through again: several ways to one, and from there to another, double
+  /// what comes each time.
+  ChildWalk(const NodePinData& pin, const NodeSet& selection, NodeSet& open, size_t* repeats = nullptr);
   ~ChildWalk();
   ChildWalk(const ChildWalk&) = delete;
   ChildWalk& operator=(const ChildWalk&) = delete;
@@ -35,9 +37,12 @@ private:
     size_t output = 0;
   };
   void LeavePin();
+  bool MayEnter(const ContentNode& link);
 
   const NodeSet& selection;
   NodeSet& open;
+  size_t* repeats;
+  NodeSet entered;
   std::vector<Level> levels;
 };
 

@@ -1,6 +1,7 @@
 #include "document/DocumentImport.h"
 
 #include "document/DocumentPrint.h"
+#include "document/FrameReader.h"
 #include "document/ImportTarget.h"
 #include "document/NodeReader.h"
 #include "document/UnplacedNodes.h"
@@ -33,11 +34,6 @@ constexpr size_t ManyOutputs = 10;
 
 constexpr char Caption[] = "Error Importing";
 
-float Number(const cJSON* object, const char* key, float otherwise) {
-  const cJSON* item = cJSON_GetObjectItem(object, key);
-  return cJSON_IsNumber(item) ? static_cast<float>(item->valuedouble) : otherwise;
-}
-
 /// Whether a node object of the asset itself says where it stands. Metadata doesn't count.
 bool HasInlinePosition(const cJSON* value) {
   static constexpr std::array<std::string_view, 7> metadataKeys = {
@@ -50,18 +46,6 @@ bool HasInlinePosition(const cJSON* value) {
   const cJSON* child = nullptr;
   cJSON_ArrayForEach(child, value) if (HasInlinePosition(child)) return true;
   return false;
-}
-
-/// What groups and comments have in common. Their positions keep the fractions that they have in the file.
-void ReadFrame(FrameNode& frame, const cJSON* json) {
-  const cJSON* position = cJSON_GetObjectItem(json, Keys::Position);
-  const Toolkit::Point offset = CanvasOffset(frame);
-  Toolkit::Canvas::SetLeft(&frame, Number(position, Keys::X, 0) + offset.x);
-  Toolkit::Canvas::SetTop(&frame, Number(position, Keys::Y, 0) + offset.y);
-  frame.SetResizeWidth(Number(json, Keys::Width, frame.FrameWidth()));
-  frame.SetResizeHeight(Number(json, Keys::Height, frame.FrameHeight()));
-  if (const auto name = JsonText(cJSON_GetObjectItem(json, Keys::FrameName))) frame.SetTitle(*name);
-  frame.RefreshZIndex();
 }
 
 /// True if the node's own object or its link's said where it stands: new nodes stand in the canvas's middle.
@@ -177,13 +161,7 @@ void DocumentImport::ReadComments() {
   const cJSON* comments = cJSON_GetObjectItem(metadata, Keys::Comments);
   if (!cJSON_IsArray(comments)) return;
   const cJSON* json = nullptr;
-  cJSON_ArrayForEach(json, comments) {
-    CommentNode& comment = view.AddCommentNode(0, 0);
-    ReadFrame(comment, json);
-    if (const auto text = JsonText(cJSON_GetObjectItem(json, Keys::Text))) comment.SetCommentText(*text);
-    if (const cJSON* size = cJSON_GetObjectItem(json, Keys::FontSize); cJSON_IsNumber(size))
-      comment.SetCommentFontSize(static_cast<float>(size->valuedouble));
-  }
+  cJSON_ArrayForEach(json, comments) ReadComment(view.AddCommentNode(0, 0), json);
 }
 
 void DocumentImport::ApplyLayout() {

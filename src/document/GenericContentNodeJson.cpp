@@ -33,13 +33,14 @@ void GenericContentNode::SerializeWithId(cJSON* json, NodeWriter&, NodeLayout po
   }
 }
 
-void GenericContentNode::Deserialize(const cJSON* json, NodeReader&) {
+void GenericContentNode::Deserialize(const cJSON* json, NodeReader& reader) {
   if (const auto comment = JsonText(cJSON_GetObjectItem(json, Keys::Comment))) SetComment(*comment);
   LoadPosition(*this, json, PositionPrecision::Fraction);
   SetTargetKey(json && json->string ? json->string : "Array");
   const JsonPtr copy(cJSON_Duplicate(json, true));
   for (const char* key : {Keys::Position, Keys::RootNodePosition, Keys::Comment, Keys::Generic, Keys::NodeId})
     cJSON_DeleteItemFromObject(copy.get(), key);
+  if (reader.IsPaste()) cJSON_DeleteItemFromObject(copy.get(), Keys::Copied);
   FieldRawJson* field = RawField();
   if (!field || !copy) return;
   field->GetFieldTextData()->SetValue(PrintJson(copy.get()));

@@ -14,7 +14,8 @@ NodeEntry::NodeEntry(const cJSON* json) {
       {Keys::NodeId, &nodeId},     {Keys::Generic, &generic},
       {Keys::Link, &link},         {Keys::Title, &title},
       {Keys::Comment, &comment},   {Keys::Name, &name},
-      {Keys::Position, &position}, {Keys::RootNodePosition, &rootPosition}};
+      {Keys::Position, &position}, {Keys::RootNodePosition, &rootPosition},
+      {Keys::Copied, &copied}};
   const cJSON* member = nullptr;
   cJSON_ArrayForEach(member, json) {
     // All keys but one begin with a dollar, and few of an asset's own do.

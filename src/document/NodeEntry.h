@@ -20,6 +20,7 @@ struct NodeEntry {
   const cJSON* name = nullptr;
   const cJSON* position = nullptr;
   const cJSON* rootPosition = nullptr;
+  const cJSON* copied = nullptr;
 };
 
 } // namespace Tesselor

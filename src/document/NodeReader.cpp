@@ -2,6 +2,7 @@
 
 #include "document/DocumentPrint.h"
 #include "document/NodeEntry.h"
+#include "document/PasteDetails.h"
 #include "document/PinReader.h"
 #include "graph/Graph.h"
 #include "nodes/NodeKeys.h"
@@ -52,9 +53,31 @@ void ReadField(const ContentNode& node, const cJSON* json, const char* key, cons
 
 const NodeDictionary& NodeReader::Dictionary() const { return *workspace.nodeDictionary; }
 
-void NodeReader::Add(ContentNode& node) { graph.AddNode(node, 0, 0, newNodes == NewNodes::Selected); }
+void NodeReader::Add(ContentNode& node) {
+  graph.AddNode(node, 0, 0, newNodes == NewNodes::Selected);
+  if (paste) paste->Add(node);
+}
 
-ContentNode* NodeReader::FindNodeById(const std::string& uuid) const { return graph.FindNodeById(uuid); }
+std::string NodeReader::IdentityOf(const NodeEntry& entry, const std::string& uuid) const {
+  return paste ? PasteDetails::LabelOf(entry) : uuid;
+}
+
+ContentNode* NodeReader::FindNode(const std::string& identity) const {
+  if (identity.empty()) return nullptr;
+  return paste ? paste->Find(identity) : graph.FindNodeById(identity);
+}
+
+void NodeReader::SetIdentity(ContentNode& node, const std::string& identity) {
+  if (paste)
+    paste->SetLabel(node, identity);
+  else if (!identity.empty())
+    node.SetNodeId(identity);
+}
+
+void NodeReader::Place(ContentNode& child, const NodeEntry& entry) {
+  ApplyPosition(child, entry.Place());
+  if (paste) paste->Apply(child, entry.copied);
+}
 
 void NodeReader::Connect(NodePinData& childPin, NodePinData& parentPin) {
   graph.PendingConnections().push_back({childPin.owner, &childPin, parentPin.owner, &parentPin});

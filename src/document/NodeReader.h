@@ -13,7 +13,9 @@ class DocumentPrint;
 class Graph;
 class NodeDictionary;
 class NodePinData;
+class PasteDetails;
 class Workspace;
+struct NodeEntry;
 struct NodePinTarget;
 
 /// What becomes of the nodes that reading makes.
@@ -25,17 +27,26 @@ enum class NewNodes { Unselected, Selected };
 class NodeReader {
 public:
   /// All outlive the reader; the workspace's schemas are loaded. `print` is that of the document that is read, from
-  /// which the log's texts are cut; without it they are printed one by one.
-  NodeReader(Graph& graph, const Workspace& workspace, NewNodes newNodes, const DocumentPrint* print = nullptr)
-      : graph(graph), workspace(workspace), newNodes(newNodes), print(print) {}
+  /// which the log's texts are cut; without it they are printed one by one. With `paste`, the nodes are those of a
+  /// paste and take over no UUIDs.
+  NodeReader(Graph& graph, const Workspace& workspace, NewNodes newNodes, const DocumentPrint* print = nullptr,
+             PasteDetails* paste = nullptr)
+      : graph(graph), workspace(workspace), newNodes(newNodes), print(print), paste(paste) {}
 
+  bool IsPaste() const { return paste != nullptr; }
   const Workspace& GetWorkspace() const { return workspace; }
   const NodeDictionary& Dictionary() const;
 
   /// Puts a new node into the middle of the panel.
   void Add(ContentNode& node);
-  /// Null if the graph has none with that UUID.
-  ContentNode* FindNodeById(const std::string& uuid) const;
+  /// What tells the node of an object from others: `uuid`, that of its "$NodeId", or in a paste its label. Empty if it
+  /// has none.
+  std::string IdentityOf(const NodeEntry& entry, const std::string& uuid) const;
+  /// Null if the graph, or in a paste that, has none with that identity.
+  ContentNode* FindNode(const std::string& identity) const;
+  void SetIdentity(ContentNode& node, const std::string& identity);
+  /// Puts a child, which has read itself, where its parent's object says.
+  void Place(ContentNode& child, const NodeEntry& entry);
   /// Queues a connection between two pins.
   void Connect(NodePinData& childPin, NodePinData& parentPin);
 
@@ -63,6 +74,8 @@ private:
   const Workspace& workspace;
   NewNodes newNodes;
   const DocumentPrint* print;
+  /// Null in a load.
+  PasteDetails* paste;
 };
 
 } // namespace Tesselor

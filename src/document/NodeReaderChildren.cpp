@@ -6,7 +6,6 @@
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
-#include "nodes/NodePosition.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
 #include "workspace/NodeDictionary.h"
@@ -53,7 +52,7 @@ void NodeReader::ReadGeneric(ContentNode& node, const cJSON* member) {
   if (!Toolkit::DynamicCast<GenericContentNode>(child.Get())) return;
   Add(*child);
   child->Deserialize(member, *this);
-  LoadPosition(*child, member);
+  Place(*child, NodeEntry(member));
   if (NodePinData* childPin = child->FindPin(BuiltIn::Generic))
     Connect(*childPin, *node.AddDynamicPin(*childPin->blueprint));
 }
@@ -68,12 +67,18 @@ void NodeReader::ReadChildrenOfLink(ContentNode& node, const cJSON* array) {
     const bool isLink = cJSON_IsTrue(entry.link);
     std::string type = isLink ? BuiltIn::Link : BuiltIn::Generic;
     if (const auto id = JsonText(entry.nodeId); id && !isLink) type = NodeIdentity::Of(*id).type;
-    const Toolkit::Ptr<ContentNode> child = Dictionary().CreateNode(type, true);
-    if (!child) continue;
-    child->importIndex = index++;
-    Add(*child);
-    child->Deserialize(element, *this);
-    ApplyPosition(*child, entry.Place());
+    // The children of links have no UUIDs in files.
+    const std::string identity = IdentityOf(entry, {});
+    Toolkit::Ptr<ContentNode> child(FindNode(identity));
+    if (!child) {
+      child = Dictionary().CreateNode(type, true);
+      if (!child) continue;
+      SetIdentity(*child, identity);
+      child->importIndex = index++;
+      Add(*child);
+      child->Deserialize(element, *this);
+      Place(*child, entry);
+    }
     NodePinData* childPin = nullptr;
     if (isLink || type == BuiltIn::Generic)
       childPin = child->FindPin(isLink ? BuiltIn::GenericIn : BuiltIn::Generic);

@@ -2,6 +2,7 @@
 
 #include "document/AdditionalMembers.h"
 #include "document/ChildWalk.h"
+#include "document/CopyDetails.h"
 #include "document/OpenNode.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeKeys.h"
@@ -140,6 +141,7 @@ void NodeWriter::WriteGenericPins(cJSON* json, const ContentNode& node) {
       auto* generic = Toolkit::DynamicCast<GenericContentNode>(child);
       if (!generic) continue;
       JsonPtr object(cJSON_CreateObject());
+      if (details) details->Begin(*generic, *object);
       generic->SerializeWithId(object.get(), *this, NodeLayout::Omitted);
       cJSON_AddItemToObject(json, generic->TargetKey().c_str(), object.release());
       break;

@@ -3,10 +3,13 @@
 #include "nodes/ContentNode.h"
 #include "platform/JsonFile.h"
 
+#include <cstddef>
 #include <string>
 #include <utility>
 
 namespace Tesselor {
+
+class CopyDetails;
 
 enum class FieldsToWrite {
   /// Those that the field itself wants in the file: a default is left out.
@@ -20,8 +23,9 @@ class NodeWriter {
 public:
   explicit NodeWriter(FieldsToWrite fields) : fields(fields) {}
   /// For the clipboard's form: below the nodes that are written, only what is part of `selection` counts. An empty one
-  /// stands for all nodes.
-  explicit NodeWriter(NodeSet selection) : fields(FieldsToWrite::Changed), selection(std::move(selection)) {}
+  /// stands for all nodes. `details`, which outlives the writer, is told of all that is written.
+  explicit NodeWriter(NodeSet selection, CopyDetails* details = nullptr)
+      : fields(FieldsToWrite::Changed), selection(std::move(selection)), details(details) {}
 
   bool ShouldWrite(const BaseField& field) const { return fields == FieldsToWrite::All || field.ShouldSerialize(); }
 
@@ -35,6 +39,10 @@ public:
   void WriteBody(cJSON* json, ContentNode& node);
   /// The whole of the clipboard's form.
   void WriteCopy(cJSON* json, ContentNode& node, NodeLayout position);
+  /// The object of a node below which all others of the copy stand.
+  JsonPtr WriteTopOfCopy(ContentNode& node);
+  /// Whether nodes were left out of a copy because they stand deeper than any text may nest.
+  bool IsTooDeep() const { return isTooDeep; }
 
 private:
   JsonPtr WriteChild(ContentNode& child);
@@ -50,9 +58,14 @@ private:
   JsonPtr WriteCopyOf(ContentNode& child, NodeLayout genericPosition, NodeLayout position);
   void WriteSchemaPinOfCopy(cJSON* json, const ContentNode& node, const std::string& schemaKey);
   void WriteArrayOfCopies(cJSON* array, const NodePinData& pin);
+  void WriteChildrenOfCopy(cJSON* json, const ContentNode& link);
 
   FieldsToWrite fields;
   NodeSet selection;
+  CopyDetails* details = nullptr;
+  /// How many nodes of a copy are being written, each inside of the one before.
+  size_t depth = 0;
+  bool isTooDeep = false;
   /// The nodes that are being written now.
   NodeSet open;
 };

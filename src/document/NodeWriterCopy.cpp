@@ -1,6 +1,7 @@
 // The part of NodeWriter that writes the clipboard's form.
 
 #include "document/ChildWalk.h"
+#include "document/CopyDetails.h"
 #include "document/NodeWriter.h"
 #include "document/OpenNode.h"
 #include "nodes/GenericContentNode.h"
@@ -19,18 +20,31 @@ void NodeWriter::WriteCopy(cJSON* json, ContentNode& node, NodeLayout position) 
     WriteSchemaField(json, node, key);
     WriteSchemaPinOfCopy(json, node, key);
   }
-  WriteGenericPins(json, node);
+  if (node.IsPassthrough())
+    WriteChildrenOfCopy(json, node);
+  else
+    WriteGenericPins(json, node);
+}
+
+JsonPtr NodeWriter::WriteTopOfCopy(ContentNode& node) {
+  return WriteCopyOf(node, NodeLayout::Omitted, NodeLayout::Written);
 }
 
 /// A node on which a cycle comes back is written with its type alone.
 JsonPtr NodeWriter::WriteCopyOf(ContentNode& child, NodeLayout genericPosition, NodeLayout position) {
   JsonPtr object(cJSON_CreateObject());
+  // A node takes at least one level of the text.
+  isTooDeep |= depth >= JsonNestingLimit;
+  if (isTooDeep) return object;
+  ++depth;
+  const bool isWhole = !details || details->Begin(child, *object);
   if (auto* generic = Toolkit::DynamicCast<GenericContentNode>(&child))
     generic->SerializeWithId(object.get(), *this, genericPosition);
-  else if (open.contains(&child))
+  else if (open.contains(&child) || !isWhole)
     cJSON_AddStringToObject(object.get(), Keys::NodeId, child.TypeId().c_str());
   else
     child.SerializeForCopy(object.get(), *this, position);
+  --depth;
   return object;
 }
 
@@ -55,11 +69,20 @@ void NodeWriter::WriteSchemaPinOfCopy(cJSON* json, const ContentNode& node, cons
 void NodeWriter::WriteArrayOfCopies(cJSON* array, const NodePinData& pin) {
   // A node that stands in the array already carries no position.
   NodeSet visited;
-  ChildWalk walk(pin, selection, open);
+  ChildWalk walk(pin, selection, open, details ? &details->repeats : nullptr);
   while (ContentNode* child = walk.Next()) {
     const NodeLayout position = visited.insert(child).second ? NodeLayout::Written : NodeLayout::Omitted;
     cJSON_AddItemToArray(array, WriteCopyOf(*child, position, position).release());
   }
+}
+
+/// A link that is written itself, because nothing of the copy leads to it, holds what it leads to.
+void NodeWriter::WriteChildrenOfCopy(cJSON* json, const ContentNode& link) {
+  const NodePinData* pin = link.FirstOutput();
+  if (!pin) return;
+  JsonPtr children(cJSON_CreateArray());
+  WriteArrayOfCopies(children.get(), *pin);
+  if (children->child) cJSON_AddItemToObject(json, Keys::Children, children.release());
 }
 
 } // namespace Tesselor

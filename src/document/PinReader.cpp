@@ -5,7 +5,6 @@
 #include "document/NodeReader.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeKeys.h"
-#include "nodes/NodePosition.h"
 #include "platform/JsonFile.h"
 #include "platform/LogFile.h"
 
@@ -38,11 +37,18 @@ void PinReader::ReadObject(const cJSON* json, const cJSON* parentJson) {
   ChildType type =
       ChildType::OfObject(parent, json, parentJson, nodeName, json->child ? variant : nullptr, reader.GetWorkspace());
   type.ApplyEntry(entry);
+  const std::string identity = reader.IdentityOf(entry, type.uuid);
+  // A file may hold one node behind several single pins; it comes several times.
+  if (ContentNode* known = reader.IsPaste() ? reader.FindNode(identity) : nullptr) {
+    ConnectKnown(*known);
+    return;
+  }
   const Toolkit::Ptr<ContentNode> child = type.Create(reader.Dictionary());
   if (!child) return;
+  reader.SetIdentity(*child, identity);
   reader.Add(*child);
   child->Deserialize(json, reader);
-  ApplyPosition(*child, entry.Place());
+  reader.Place(*child, entry);
   ConnectByType(*child, type.isLink, type.isGeneric);
 }
 
@@ -58,16 +64,17 @@ void PinReader::ReadEntry(const cJSON* json, const cJSON* element, int32_t index
   const NodeEntry entry(element);
   ChildType type = ChildType::OfEntry(element, nodeName, variant);
   type.ReadIdentity(entry);
-  if (ContentNode* known = type.uuid.empty() ? nullptr : reader.FindNodeById(type.uuid)) {
+  const std::string identity = reader.IdentityOf(entry, type.uuid);
+  if (ContentNode* known = reader.FindNode(identity)) {
     LogFile::Write("Skipping duplicate entry (fan-in) at index: '" + std::to_string(index) +
                    "' - UUID already exists.");
-    const bool isGeneric = Toolkit::DynamicCast<GenericContentNode>(known) != nullptr;
-    ConnectByType(*known, known->IsPassthrough(), isGeneric);
+    ConnectKnown(*known);
     return;
   }
   type.ReadKind(entry);
   const Toolkit::Ptr<ContentNode> child = type.Create(reader.Dictionary());
   if (!child) return;
+  reader.SetIdentity(*child, identity);
   child->importIndex = index;
   reader.Add(*child);
   if (pin.IsMap() && element->string) {
@@ -78,7 +85,7 @@ void PinReader::ReadEntry(const cJSON* json, const cJSON* element, int32_t index
     if (!cJSON_IsObject(element) && !cJSON_IsArray(element) && !cJSON_IsNull(element) && !type.isGeneric)
       reader.ReportUnknownField(parent, json->string, element);
   }
-  ApplyPosition(*child, entry.Place());
+  reader.Place(*child, entry);
   ConnectEntry(*child, type);
 }
 
@@ -102,6 +109,10 @@ void PinReader::ConnectEntry(ContentNode& child, const ChildType& type) {
   else
     LogFile::Write("Warning: Could not find matching input pin for connection type '" + pin.blueprint->Type +
                    "' on node '" + type.type + "'.");
+}
+
+void PinReader::ConnectKnown(ContentNode& node) {
+  ConnectByType(node, node.IsPassthrough(), Toolkit::DynamicCast<GenericContentNode>(&node) != nullptr);
 }
 
 void PinReader::ConnectByType(ContentNode& child, bool isLink, bool isGeneric) {

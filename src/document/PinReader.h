@@ -28,6 +28,7 @@ private:
   void ReadEntry(const cJSON* json, const cJSON* element, int32_t index);
   void ReadEntryInto(ContentNode& child, const cJSON* element);
   void ConnectEntry(ContentNode& child, const ChildType& type);
+  void ConnectKnown(ContentNode& node);
   void ConnectByType(ContentNode& child, bool isLink, bool isGeneric);
 
   NodeReader& reader;

@@ -39,6 +39,16 @@ void AddParameter(ReferenceNode& node, const cJSON* member) {
 void ReferenceNode::Serialize(cJSON* json, NodeWriter& writer, NodeIdMember nodeId) {
   NodeWriter::WriteComment(json, *this);
   if (nodeId == NodeIdMember::Written) cJSON_AddStringToObject(json, Keys::NodeId, TypeId().c_str());
+  WriteFile(json, writer);
+}
+
+void ReferenceNode::SerializeForCopy(cJSON* json, NodeWriter& writer, NodeLayout position) {
+  ContentNode::SerializeForCopy(json, writer, position);
+  WriteFile(json, writer);
+}
+
+/// The file, and the parameters that differ from it.
+void ReferenceNode::WriteFile(cJSON* json, const NodeWriter& writer) const {
   cJSON_AddStringToObject(json, Keys::FileName, std::string(FileName()).c_str());
   cJSON_AddStringToObject(json, Blueprint().fileRefKey.c_str(), std::string(FileId()).c_str());
   cJSON* values = cJSON_CreateObject();

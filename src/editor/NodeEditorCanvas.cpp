@@ -84,6 +84,10 @@ void NodeEditorCanvas::SetTranslationClamped(float x, float y) {
 
 Point NodeEditorCanvas::MousePosition() const { return Mouse::GetPosition(panel); }
 
+Point NodeEditorCanvas::MiddleOfView() const {
+  return panel->PointFromRoot(TransformToAncestor(nullptr).Map({ActualWidth() * 0.5f, ActualHeight() * 0.5f}));
+}
+
 void NodeEditorCanvas::ResetViewTo(Point point) {
   SetZoom(1);
   SetTranslationClamped(ActualWidth() * 0.5f - point.x, ActualHeight() * 0.5f - point.y);

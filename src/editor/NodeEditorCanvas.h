@@ -41,6 +41,8 @@ public:
   Toolkit::Point GetTranslation() const { return {translation->GetX(), translation->GetY()}; }
   /// Where the mouse is, in panel coordinates.
   Toolkit::Point MousePosition() const;
+  /// What stands in the middle of the view, in panel coordinates.
+  Toolkit::Point MiddleOfView() const;
 
   /// The only way in which the pan changes: keeps the panel's edges outside the view, and centres a panel that is
   /// smaller than it. View pixels.

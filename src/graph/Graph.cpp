@@ -92,8 +92,10 @@ CommentNode& Graph::AddCommentNode(float x, float y) {
 void Graph::SetRootNode(ContentNode* node) {
   if (root) root->SetTitle(root->Blueprint().title);
   root = Ptr<ContentNode>(node);
-  if (node) node->SetTitle(std::string(RootPrefix) + node->Blueprint().title);
+  if (node) node->SetTitle(RootTitleOf(*node));
 }
+
+std::string Graph::RootTitleOf(const ContentNode& node) { return std::string(RootPrefix) + node.Blueprint().title; }
 
 void Graph::Attach(Connection& connection) {
   const StructureChange change(*this);

@@ -64,6 +64,8 @@ public:
   CommentNode& AddCommentNode(float x, float y);
   /// Marks the root by its title; the former root gets its type's title back. Null means none.
   void SetRootNode(ContentNode* node);
+  /// The title that marks a node as the root.
+  static std::string RootTitleOf(const ContentNode& node);
 
   // Connections.
   /// Joins the two pins and puts the curve on the panel. Not a check: `NodePinData::CanConnect` is. Nothing if the pins

@@ -49,6 +49,15 @@ void Selection::Clear() {
   for (const Ptr<BaseNode>& node : std::exchange(nodes, {})) node->SetSelected(false);
 }
 
+Selection::Nodes Selection::AllNodes() const {
+  Nodes all = nodes;
+  all.insert(all.end(), groupContents.begin(), groupContents.end());
+  std::sort(all.begin(), all.end(),
+            [](const Ptr<BaseNode>& a, const Ptr<BaseNode>& b) { return a->DocumentOrder() < b->DocumentOrder(); });
+  all.erase(std::unique(all.begin(), all.end()), all.end());
+  return all;
+}
+
 void Selection::AddContentsOf(const GroupNode& group, const Graph& graph) {
   ForEachNodeInside(group, graph, [this](BaseNode& node) { groupContents.emplace_back(&node); });
 }

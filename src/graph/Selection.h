@@ -34,6 +34,8 @@ public:
 
   /// Content nodes and groups. A node that lies inside of two selected groups stands here twice.
   const Nodes& GroupContents() const { return groupContents; }
+  /// The selected nodes and what lies in selected groups, each node once, in the order of the document.
+  Nodes AllNodes() const;
   /// Adds what of `graph` lies strictly inside of the group now.
   void AddContentsOf(const GroupNode& group, const Graph& graph);
   /// Takes what lies strictly inside of the group now out again, each node once.

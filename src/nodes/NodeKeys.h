@@ -19,6 +19,13 @@ inline constexpr char Value[] = "$Value";
 inline constexpr char Children[] = "Children";
 inline constexpr char FileName[] = "$FileName";
 
+/// The member that a copy's objects have for what the form of the clipboard leaves out; see document/CopyDetails.h.
+inline constexpr char Copied[] = "$Copied";
+inline constexpr char Label[] = "label";
+inline constexpr char MapKey[] = "mapKey";
+inline constexpr char Connections[] = "connections";
+inline constexpr char CopiedLinks[] = "links";
+
 inline constexpr char AdditionalProperties[] = "$AdditionalProperties$Pin";
 inline constexpr char AdditionalParameters[] = "$AdditionalParameterProperties$Pin";
 

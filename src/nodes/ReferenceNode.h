@@ -25,6 +25,7 @@ public:
   void SetFileId(std::string_view id) { SetValue(FileIdProperty, id); }
 
   void Serialize(cJSON* json, NodeWriter& writer, NodeIdMember nodeId) override;
+  void SerializeForCopy(cJSON* json, NodeWriter& writer, NodeLayout position) override;
   void Deserialize(const cJSON* json, NodeReader& reader) override;
 
   /// Takes the identifying value and the parameters from a file. What is wrong with it is told to the user.
@@ -40,6 +41,7 @@ public:
 
 private:
   void InitializeComponent() override;
+  void WriteFile(cJSON* json, const NodeWriter& writer) const;
   void SelectFile(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   Toolkit::Ptr<BaseField> AddParameterField(const char* name, const char* type, JsonPtr defaultValue);
   Toolkit::Ptr<BaseField> AddField(const char* name, const char* type, int width, JsonPtr defaultValue,

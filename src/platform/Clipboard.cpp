@@ -7,11 +7,11 @@
 
 namespace Tesselor {
 
-void Clipboard::SetText(const std::string& text) {
-  if (!Toolkit::Clipboard::IsOpen())
-    LogFile::Write("Unable to open the clipboard");
-  else if (!Toolkit::Clipboard::SetText(text.c_str()))
-    LogFile::Write("Unable to set clipboard data");
+bool Clipboard::SetText(const std::string& text) {
+  const bool isOpen = Toolkit::Clipboard::IsOpen();
+  if (isOpen && Toolkit::Clipboard::SetText(text.c_str())) return true;
+  LogFile::Write(isOpen ? "Unable to set clipboard data" : "Unable to open the clipboard");
+  return false;
 }
 
 std::string Clipboard::GetText() {

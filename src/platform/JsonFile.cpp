@@ -1,5 +1,6 @@
 #include "platform/JsonFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -110,6 +111,33 @@ JsonParseResult ParseJson(const std::string& original, JsonTail tail) {
       result.detail = DetailFrom({position, static_cast<size_t>(text.c_str() + text.size() - position)});
   }
   return result;
+}
+
+JsonRun::JsonRun(const std::string& original) : text(KeepNulls(original).value_or(original)) {}
+
+JsonPtr JsonRun::ParseAt(size_t& position) const {
+  const char* start = text.c_str() + position;
+  const char* end = start;
+  JsonPtr json(cJSON_ParseWithLengthOpts(start, text.size() + 1 - position, &end, false));
+  if (json) position += static_cast<size_t>(end - start);
+  return json;
+}
+
+size_t JsonNesting(std::string_view text) {
+  size_t depth = 0, deepest = 0;
+  bool isInString = false;
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c == '"')
+      isInString = !isInString;
+    else if (isInString)
+      i += c == '\\' ? 1 : 0;
+    else if (c == '{' || c == '[')
+      deepest = std::max(deepest, ++depth);
+    else if (c == '}' || c == ']')
+      --depth;
+  }
+  return deepest;
 }
 
 std::string PrintJson(const cJSON* json, JsonForm form) {

@@ -31,11 +31,30 @@ std::optional<std::string> ReadTextFile(const std::string& path);
 /// What to do about text behind the first value.
 enum class JsonTail { Ignored, Refused };
 
-/// Parses a text. Nesting deeper than the parser's limit (1000) is an error, so a hostile file can't exhaust the stack.
+/// How many objects and arrays may stand in each other. A text that nests deeper doesn't parse, so that a hostile one
+/// can't exhaust the stack.
+inline constexpr size_t JsonNestingLimit = CJSON_NESTING_LIMIT;
+
+/// Parses a text.
 ///
 /// The tree's strings end at a zero byte, so a zero character inside a JSON string stands there as the two bytes C0 80,
 /// which are no UTF-8 and can't mean anything else. `PrintJson` writes them as the escape of the zero character again.
 JsonParseResult ParseJson(const std::string& text, JsonTail tail = JsonTail::Ignored);
+
+/// A text in which JSON values stand behind each other, or among anything else. Their zero characters are kept as
+/// `ParseJson` keeps them.
+class JsonRun {
+public:
+  explicit JsonRun(const std::string& text);
+
+  const std::string& Text() const { return text; }
+  /// The value that begins at `position` of the text, or behind white space there, and moves the position behind it.
+  /// Null, with the position as it was, if none begins there.
+  JsonPtr ParseAt(size_t& position) const;
+
+private:
+  std::string text;
+};
 
 enum class JsonForm {
   /// What all files have: tabs, no line end behind the last brace.
@@ -43,6 +62,9 @@ enum class JsonForm {
   /// Without any space.
   Compact,
 };
+
+/// How deeply a valid text nests: 1 for an object without objects or arrays in it.
+size_t JsonNesting(std::string_view text);
 
 /// Empty if memory runs out.
 std::string PrintJson(const cJSON* json, JsonForm form = JsonForm::Formatted);

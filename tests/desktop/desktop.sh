@@ -50,7 +50,7 @@ DISPLAY=:$(cat display.txt)
 export DISPLAY
 
 # Starts the editor on a file, and waits until the file is loaded and its window shows: sets $editor and $window.
-EditorWindow() { xdotool search --onlyvisible --name 'Node Editor'; }
+EditorWindow() { xdotool search --all --onlyvisible --pid "$editor" --name 'Node Editor'; }
 OpenEditor() {
   "$1" --load-asset="$2" >/dev/null 2>errors.txt &
   editor=$!

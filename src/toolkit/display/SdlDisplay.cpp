@@ -60,6 +60,10 @@ int CursorOf(std::string_view name) {
   return found == kinds.end() ? SDL_SYSTEM_CURSOR_ARROW : found->second;
 }
 
+/// An X server takes requests of up to 16 MB, and the library sends all of a text in one: beyond that the server's
+/// error would end the program.
+constexpr size_t LongestX11Text = 16'000'000;
+
 bool IsSet(const char* variable) {
   const char* value = std::getenv(variable);
   return value && *value;
@@ -154,10 +158,17 @@ void SdlDisplay::SetTextInput(const Rect& caret) {
   if (!isOn && wasOn) SDL_StopTextInput();
 }
 
-bool SdlDisplay::SetText(const std::string& text) { return SDL_SetClipboardText(text.c_str()) == 0; }
+bool SdlDisplay::SetText(const std::string& text) {
+  const char* driver = SDL_GetCurrentVideoDriver();
+  const bool isTooLong = driver && std::string_view(driver) == "x11" && text.size() > LongestX11Text;
+  if (SDL_SetClipboardText(isTooLong ? "" : text.c_str()) != 0) return false;
+  longText = isTooLong ? text : std::string();
+  return true;
+}
 
 std::optional<std::string> SdlDisplay::GetText() {
-  if (!SDL_HasClipboardText()) return std::nullopt;
+  if (!SDL_HasClipboardText()) return longText.empty() ? std::nullopt : std::optional(longText);
+  longText.clear();
   char* text = SDL_GetClipboardText();
   if (!text) return std::nullopt;
   std::string result = text;

@@ -54,6 +54,9 @@ private:
   int drawnWidth = 0, drawnHeight = 0;
   /// Screen pixels for one device-independent pixel, and for one unit of the window system.
   float scale = 1, pixelsPerPoint = 1;
+  /// What was copied but is too long for the desktop's clipboard, which is empty meanwhile: other programs get nothing
+  /// of it.
+  std::string longText;
   std::string cursorName;
   Rect caretRectangle;
   std::map<int, SDL_Cursor*> cursors;
