@@ -61,13 +61,15 @@ public:
     if (!frame.damage.empty())
       rasterizer.Draw(*frame.list, {pixels.data(), Width, Height, Width}, {}, frame.damage, 0xff24242a);
     if (frameStart == Clock::time_point()) return;
-    taken.drawing.push_back(Milliseconds(Clock::now() - start));
-    taken.wall.push_back(Milliseconds(Clock::now() - frameStart));
-    taken.processor.push_back(ProcessorTime() - processorStart);
+    Note(Milliseconds(Clock::now() - start));
+    hasFrame = true;
   }
 
   void WaitForInput(double) override {
+    // What changes nothing to see takes its time all the same.
+    if (frameStart != Clock::time_point() && !hasFrame) Note(0);
     frameStart = {};
+    hasFrame = false;
     if (steps.empty() && !IsOpened()) return;
     if (next == steps.size()) {
       isDone = true;
@@ -79,7 +81,7 @@ public:
   }
 
 protected:
-  /// Of the steps since the last `Take`, one entry a frame, in milliseconds.
+  /// Of the steps since the last `Take`, one entry a frame, or one for a step without a frame, in milliseconds.
   struct Times {
     std::vector<double> wall, processor, drawing;
   };
@@ -100,6 +102,12 @@ private:
     return std::chrono::duration<double, std::milli>(duration).count();
   }
 
+  void Note(double drawing) {
+    taken.drawing.push_back(drawing);
+    taken.wall.push_back(Milliseconds(Clock::now() - frameStart));
+    taken.processor.push_back(ProcessorTime() - processorStart);
+  }
+
   bool IsOpened() {
     canvas = FindFirst<Tesselor::NodeEditorCanvas>(*root, [](auto&) { return true; });
     if (!canvas || Toolkit::Dispatcher::Current().HasWork()) return false;
@@ -114,6 +122,7 @@ private:
   bool isDone = false;
   Clock::time_point frameStart;
   double processorStart = 0;
+  bool hasFrame = false;
   Times taken;
 };
 

@@ -45,6 +45,7 @@ void NodePanel::OpenNode(ContentNode* opened) {
   SetValue(NodePanelVisibilityProperty, Visibility::Visible);
   const std::string* schemaType = blueprint.schema.Find("Type");
   SetValue(NodeNameProperty, schemaType ? *schemaType : node->TypeId());
+  SetValue(NodeCategoryProperty, node->DisplayName());
   for (const auto& entry : blueprint.content)
     if (const auto found = node->contentFields.find(entry->Id); found != node->contentFields.end())
       AddRow(*found->second);

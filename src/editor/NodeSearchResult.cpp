@@ -79,6 +79,7 @@ void NodeSearchResult::Describe(Toolkit::TypeBuilder<NodeSearchResult>& type) {
   type.Member<&NodeSearchResult::ContextBefore>("ContextBefore");
   type.Member<&NodeSearchResult::ContextMatch>("ContextMatch");
   type.Member<&NodeSearchResult::ContextAfter>("ContextAfter");
+  type.Member<&NodeSearchResult::Naming>("Naming");
   type.Member<&NodeSearchResult::TypeTitle>("TypeTitle");
   type.Member<&NodeSearchResult::Path>("Path");
 }
@@ -109,6 +110,12 @@ SharedString NodeSearchResult::PartOf(Where where, Part part) const {
   return text.substr(shown.start + shown.length);
 }
 
+SharedString NodeSearchResult::Naming() const {
+  const auto* content = DynamicCast<ContentNode>(node.Get());
+  const std::string name = content ? content->DisplayName() : std::string();
+  return name.empty() || title == SharedString(name) ? SharedString() : SharedString("  " + name);
+}
+
 SharedString NodeSearchResult::TypeTitle() const {
   const auto* content = DynamicCast<ContentNode>(node.Get());
   return content ? SharedString(content->Blueprint().title) : SharedString(nodeType);
@@ -127,7 +134,7 @@ SharedString NodeSearchResult::Path() const {
     const bool isLeftOut = i >= TitlesAtEachEnd && i + TitlesAtEachEnd < parents.size();
     if (isLeftOut && i > TitlesAtEachEnd) continue;
     if (!path.empty()) path += " \xE2\x80\xBA ";
-    path += isLeftOut ? "..." : std::string(parents[i]->Title());
+    path += isLeftOut ? "..." : parents[i]->DisplayName();
   }
   return path;
 }

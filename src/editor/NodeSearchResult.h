@@ -36,6 +36,8 @@ public:
   Toolkit::SharedString ContextBefore() const { return PartOf(Where::Context, Part::Before); }
   Toolkit::SharedString ContextMatch() const { return PartOf(Where::Context, Part::Match); }
   Toolkit::SharedString ContextAfter() const { return PartOf(Where::Context, Part::After); }
+  /// What tells the node from others of its type, behind a title that doesn't.
+  Toolkit::SharedString Naming() const;
   /// The title of the node's type; of a frame what it is.
   Toolkit::SharedString TypeTitle() const;
   /// The titles from the root to the node's parent; empty for what hangs on nothing.

@@ -19,7 +19,6 @@ using Toolkit::Ptr;
 namespace {
 
 constexpr int32_t ConnectionZIndex = -10;
-constexpr std::string_view RootPrefix = "[ROOT] ";
 
 template <class T> bool StandsBefore(const Ptr<T>& a, const Ptr<T>& b) {
   return a->DocumentOrder() < b->DocumentOrder();
@@ -95,7 +94,9 @@ void Graph::SetRootNode(ContentNode* node) {
   if (node) node->SetTitle(RootTitleOf(*node));
 }
 
-std::string Graph::RootTitleOf(const ContentNode& node) { return std::string(RootPrefix) + node.Blueprint().title; }
+std::string Graph::RootTitleOf(const ContentNode& node) {
+  return std::string(RootTitlePrefix) + node.Blueprint().title;
+}
 
 void Graph::Attach(Connection& connection) {
   const StructureChange change(*this);

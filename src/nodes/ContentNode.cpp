@@ -50,6 +50,8 @@ void ContentNode::Describe(Toolkit::TypeBuilder<ContentNode>& type) {
   IsLinkValidProperty = type.Property<bool>("IsLinkValid", true);
   ArrayIndexTextProperty = type.Property<std::string>("ArrayIndexText");
   ArrayIndexVisibilityProperty = type.Property<Visibility>("ArrayIndexVisibility", Visibility::Collapsed);
+  NamingVisibilityProperty = type.Property<Visibility>("NamingVisibility", Visibility::Visible);
+  type.Member<&ContentNode::ReflectedNamingField>("NamingField");
   type.Handler<&ContentNode::Comment_MouseDown>("Comment_MouseDown", PreviewMouseDownEvent);
   type.Handler<&ContentNode::CommentToggle_MouseDown>("CommentToggle_MouseDown", PreviewMouseDownEvent);
   type.Handler<&ContentNode::OutputPinsToggle_MouseDown>("OutputPinsToggle_MouseDown", PreviewMouseDownEvent);
@@ -68,6 +70,7 @@ ContentNode::ContentNode(WithoutDocument, std::string typeId, const NodeBlueprin
   this->typeId = std::move(typeId);
   SetTitle(blueprint.title);
   SetTitleColor(blueprint.color);
+  titleObserver.Observe(GetTitleData(), Toolkit::Symbol("Value"));
 }
 
 ContentNode::ContentNode(std::string typeId, const NodeBlueprint& blueprint)
@@ -177,6 +180,34 @@ BaseField* ContentNode::FindField(std::string_view id) const {
   for (const FieldTable* fields : {&inputFields, &contentFields, &outputFields})
     if (const auto found = fields->find(id); found != fields->end()) return found->second.Get();
   return nullptr;
+}
+
+BaseField* ContentNode::NamingField() const {
+  const auto holdsText = [](BaseField* field) {
+    static const Toolkit::Symbol carrier("FieldTextData");
+    return field && field->GetType().FindMember(carrier) ? field : nullptr;
+  };
+  if (!blueprint) return nullptr;
+  if (!blueprint->namingField.empty()) return holdsText(FindField(blueprint->namingField));
+  for (const char* id : {"Name", "Title", "Id", "Label"})
+    if (BaseField* field = holdsText(FindField(id))) return field;
+  return nullptr;
+}
+
+bool ContentNode::HasTitleOfType() const {
+  std::string_view title = Title();
+  if (title.starts_with(RootTitlePrefix)) title.remove_prefix(RootTitlePrefix.size());
+  return blueprint && title == blueprint->title;
+}
+
+std::string ContentNode::DisplayName() const {
+  const BaseField* field = HasTitleOfType() ? NamingField() : nullptr;
+  std::string name = field ? field->GetValueAsString() : std::string();
+  return name.empty() ? std::string(Title()) : name;
+}
+
+void ContentNode::RefreshNaming() {
+  SetValue(NamingVisibilityProperty, HasTitleOfType() ? Visibility::Visible : Visibility::Collapsed);
 }
 
 NodePinControl* ContentNode::FindPinControl(const NodePinData& pin) const {

@@ -36,6 +36,9 @@ enum class NodeIdMember { Omitted, Written };
 /// Whether a written node says where it stands and what its title is.
 enum class NodeLayout { Omitted, Written };
 
+/// Marks the title of a document's root.
+inline constexpr std::string_view RootTitlePrefix = "[ROOT] ";
+
 using NodeSet = std::unordered_set<const ContentNode*>;
 
 /// The visible form of one JSON object of an asset: a titled box with input pins, fields and output pins, all of
@@ -59,6 +62,8 @@ public:
   static inline const Toolkit::DependencyProperty* IsLinkValidProperty = nullptr;
   static inline const Toolkit::DependencyProperty* ArrayIndexTextProperty = nullptr;
   static inline const Toolkit::DependencyProperty* ArrayIndexVisibilityProperty = nullptr;
+  /// Whether the naming field stands beside the title.
+  static inline const Toolkit::DependencyProperty* NamingVisibilityProperty = nullptr;
 
   /// A node without a blueprint, for documents only. Nothing but its look may be used.
   ContentNode();
@@ -104,6 +109,12 @@ public:
   void AddField(const std::string& fieldId, BaseField& field, FieldPlacement placement);
   /// Looks in the fields of the input pins, then of the body, then of the output pins.
   BaseField* FindField(std::string_view id) const;
+  /// The field that tells which one of its type the node is: the one that the schema names, else one with the id
+  /// "Name", "Title", "Id" or "Label". Null if there is none with a text.
+  BaseField* NamingField() const;
+  /// How a list calls the node: its title, or while that is its type's, what the naming field says; with neither the
+  /// type's.
+  std::string DisplayName() const;
   /// Null before layout.
   NodePinControl* FindPinControl(const NodePinData& pin) const;
   /// Where connections end at one of this node's pins, in the coordinates of its panel: the middle of the pin's shape.
@@ -173,6 +184,14 @@ protected:
   void FindParts();
 
 private:
+  struct TitleObserver : Toolkit::PropertyObserver {
+    explicit TitleObserver(ContentNode& node) : node(node) {}
+    void OnObservedChange(Toolkit::Observable&, Toolkit::Symbol) override { node.RefreshNaming(); }
+    ContentNode& node;
+  };
+  void RefreshNaming();
+  bool HasTitleOfType() const;
+  Toolkit::Object* ReflectedNamingField() const { return NamingField(); }
   Toolkit::ObservableCollectionBase* ReflectedInput() const { return input.Get(); }
   Toolkit::ObservableCollectionBase* ReflectedOutput() const { return output.Get(); }
   void ReadAnchors() const;
@@ -196,6 +215,7 @@ private:
   /// The pins' anchors follow from a layout that has changed since they were read.
   mutable bool areAnchorsDue = true;
   NodeObserver* observer = nullptr;
+  TitleObserver titleObserver{*this};
   /// Dynamic pins beyond the first.
   uint32_t dynamicPinCount = 0;
 };

@@ -34,6 +34,8 @@ struct NodeBlueprint {
   OrderedTable<std::string> schema;
   /// The keys that child nodes stand for.
   OrderedTable<NodePinTarget> pinSchema;
+  /// The id of the field that tells one node of the type from another; empty if the schema names none.
+  std::string namingField;
   bool isPassthrough = false;
   bool isReference = false;
   /// Of a reference node only: the key of its identifying value here and in the referenced file, and the key of the

@@ -70,6 +70,7 @@ void NodeDictionary::AddSchema(const cJSON* schema) {
   std::string id;
   if (!ReadText(schema, "id", id) || !ReadText(schema, "title", blueprint->title)) return;
   ReadText(schema, "Description", blueprint->Description);
+  ReadText(schema, "NamingField", blueprint->namingField);
   ParsePins(cJSON_GetObjectItem(schema, "inputs"), blueprint->inputs);
 
   // What the key says is not asked: a schema that names it at all describes a reference.

@@ -1,6 +1,10 @@
 #include "NodeTest.h"
 
+#include "Elements.h"
+#include "fields/FieldSmallText.h"
 #include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/Canvas.h"
+#include "toolkit/controls/TextBlock.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/visual/Input.h"
 #include "values/ActionHistory.h"
@@ -134,6 +138,56 @@ TEST_F(NodeTexts, AreOneUndoStepPerEditOnEveryKindOfNode) {
     EXPECT_EQ(node->Title(), before);
     history.Clear();
   }
+}
+
+TEST_F(NodeTexts, TellWhichOneOfItsTypeANodeIs) {
+  const struct {
+    const char* schema;
+    /// What stands beside the title of the type.
+    const char* naming;
+  } cases[] = {
+      {"{'id':'A','title':'A','color':'red','content':[{'Id':'Label','Type':'String','Options':{'Default':'label'}},"
+       "{'Id':'Title','Type':'SmallString','Options':{'Default':'title'}}]}",
+       "title"},
+      {"{'id':'B','title':'B','color':'red','NamingField':'Speaker','content':["
+       "{'Id':'Name','Type':'String','Options':{'Default':'name'}},"
+       "{'Id':'Speaker','Type':'Mixed','Options':{'Default':'speaker'}}]}",
+       "speaker"},
+      {"{'id':'C','title':'C','color':'red','content':[{'Id':'Name','Type':'Checkbox'},"
+       "{'Id':'Id','Type':'SmallString','Options':{'Default':'id'}}]}",
+       "id"},
+      {"{'id':'D','title':'D','color':'red','content':[{'Id':'name','Type':'String','Options':{'Default':'x'}}]}", ""},
+      {"{'id':'E','title':'E','color':'red','NamingField':'gone','content':["
+       "{'Id':'Name','Type':'String','Options':{'Default':'x'}}]}",
+       ""},
+  };
+  const auto shown = [this](ContentNode& node) {
+    view.Layout();
+    std::string texts;
+    for (const auto* block : TestSupport::All<Toolkit::TextBlock>(node))
+      if (block->IsVisible() && Toolkit::DynamicCast<Toolkit::Canvas>(block->VisualParent())) texts += block->GetText();
+    return texts;
+  };
+  char id[] = "A";
+  for (const auto& c : cases) {
+    AddSchema(c.schema);
+    ContentNode& node = Add(id);
+    EXPECT_EQ(shown(node), c.naming) << id;
+    EXPECT_EQ(node.DisplayName(), *c.naming ? c.naming : id) << id;
+    ++id[0];
+  }
+  ContentNode& node = Add("A");
+  view.Layout();
+  const float width = node.ActualWidth();
+  node.SetTitle("[ROOT] A");
+  EXPECT_EQ(shown(node), "title");
+  node.SetTitle("Hero");
+  EXPECT_EQ(shown(node), "") << "a title of its own says enough";
+  EXPECT_EQ(node.DisplayName(), "Hero");
+  node.SetTitle("A");
+  static_cast<FieldSmallText&>(*node.FindField("Title")).GetFieldTextData()->SetValue(std::string(500, 'w'));
+  EXPECT_EQ(shown(node), std::string(500, 'w'));
+  EXPECT_EQ(node.ActualWidth(), width) << "it takes the room that there is";
 }
 
 } // namespace Tesselor

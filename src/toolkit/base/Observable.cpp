@@ -15,9 +15,16 @@ struct Cursor {
   Cursor* outer;
 };
 Cursor* innermost = nullptr;
+
+/// All bits for no name.
+uint16_t BitOf(Symbol name) {
+  if (name.IsEmpty()) return 0xffff;
+  return static_cast<uint16_t>(1u << (name.Hash() / 32 * 0x9E3779B97F4A7C15ull >> 60));
+}
 } // namespace
 
-void PropertyObserver::Observe(Observable* newSource) {
+void PropertyObserver::Observe(Observable* newSource, Symbol name) {
+  if (newSource) newSource->observedNames |= BitOf(name);
   if (source == newSource) return;
   StopObserving();
   if (!newSource) return;
@@ -48,7 +55,7 @@ Observable::~Observable() {
 }
 
 void Observable::NotifyObservers(Symbol name) {
-  if (!observers) return;
+  if (!observers || !(observedNames & BitOf(name))) return;
   Ptr<Observable> alive(this);
   Cursor cursor{observers, innermost};
   innermost = &cursor;

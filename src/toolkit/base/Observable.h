@@ -4,6 +4,8 @@
 #include "toolkit/base/Symbol.h"
 #include "toolkit/base/Type.h"
 
+#include <cstdint>
+
 namespace Toolkit {
 
 class Observable;
@@ -17,7 +19,8 @@ public:
   PropertyObserver& operator=(const PropertyObserver&) = delete;
   virtual ~PropertyObserver() { StopObserving(); }
 
-  void Observe(Observable* newSource);
+  /// Called for the changes of that name at least; without one for all.
+  void Observe(Observable* newSource, Symbol name = {});
   void StopObserving();
   Observable* ObservedObject() const { return source; }
 
@@ -46,6 +49,9 @@ protected:
 
 private:
   friend class PropertyObserver;
+  /// A bit for each name that is observed, which different names may share: most changes, such as a move, concern none
+  /// of the many bindings of an object, and then these need not be fetched.
+  uint16_t observedNames = 0;
   PropertyObserver* observers = nullptr;
 };
 

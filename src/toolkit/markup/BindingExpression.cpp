@@ -73,7 +73,7 @@ void BindingExpression::Watch(size_t index, Observable* source) {
     made->nextStep = std::move(observers);
     observers = std::move(made);
   }
-  observer->Observe(source);
+  observer->Observe(source, binding.Path()[index].name);
 }
 
 bool BindingExpression::ReadStep(Object& owner, const Binding::Step& step, Value& result) const {
