@@ -119,15 +119,20 @@ void CopyDetails::AddMapKey(Entry& entry) {
 
 void CopyDetails::AddConnections(Entry& entry) {
   const ContentNode::Pins& output = entry.node->Output();
-  for (size_t i = 0; i < output.Count(); ++i)
-    if (!output.Get(i)->connections.empty()) AddConnections(entry, *output.Get(i));
+  std::vector<NodePinData*> targets;
+  for (size_t i = 0; i < output.Count(); ++i) {
+    const std::vector<NodePinData*>& connections = output.Get(i)->connections;
+    std::copy_if(connections.begin(), connections.end(), std::back_inserter(targets),
+                 [this](const NodePinData* target) { return HasObject(*target->owner); });
+    // Whatever a link leads to hangs on its one pin that a new link has.
+    if (entry.node->IsPassthrough() && i + 1 < output.Count()) continue;
+    const NodePinData& pin = entry.node->IsPassthrough() ? *output.Get(0) : *output.Get(i);
+    if (!targets.empty() && (entry.objects.empty() || !FollowFromText(targets, pin))) AddList(entry, pin, targets);
+    targets.clear();
+  }
 }
 
-void CopyDetails::AddConnections(Entry& entry, const NodePinData& pin) {
-  std::vector<NodePinData*> targets;
-  std::copy_if(pin.connections.begin(), pin.connections.end(), std::back_inserter(targets),
-               [this](const NodePinData* target) { return HasObject(*target->owner); });
-  if (targets.empty() || (!entry.objects.empty() && FollowFromText(targets, pin))) return;
+void CopyDetails::AddList(Entry& entry, const NodePinData& pin, const std::vector<NodePinData*>& targets) {
   cJSON* member = MemberOf(entry);
   cJSON* pins = cJSON_GetObjectItem(member, Keys::Connections);
   if (!pins) pins = cJSON_AddObjectToObject(member, Keys::Connections);

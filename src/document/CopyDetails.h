@@ -62,7 +62,7 @@ private:
   void AddPlace(Entry& entry);
   void AddMapKey(Entry& entry);
   void AddConnections(Entry& entry);
-  void AddConnections(Entry& entry, const NodePinData& pin);
+  void AddList(Entry& entry, const NodePinData& pin, const std::vector<NodePinData*>& targets);
   void AddLabels(Entry& entry);
   bool FollowFromText(const std::vector<NodePinData*>& targets, const NodePinData& pin) const;
 

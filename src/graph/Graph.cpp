@@ -174,8 +174,10 @@ void Graph::EndChange() {
 }
 
 void Graph::UnlinkDue() {
-  for (auto& [pin, partners] : std::exchange(unlinked, {}))
-    std::erase_if(pin->connections, [&partners](const NodePinData* other) { return partners.contains(other); });
+  for (const auto& entry : std::exchange(unlinked, {})) {
+    const auto& partners = entry.second;
+    std::erase_if(entry.first->connections, [&partners](const NodePinData* other) { return partners.contains(other); });
+  }
 }
 
 void Graph::TakeOutLeaving() {

@@ -27,6 +27,7 @@ TEST_F(CopyAndPaste, GiveBackWhatWasCopied) {
        [] {}},
       {"children out of the order of their heights", "'Items':[{},{},{}]",
        [this] { TestSupport::TestGraph::Place(Node(1), 1500, 900); }},
+      {"a child of a map without a key", "'Map':{'x':{'$NodeId':'Item-2'}}", [this] { Node(1).mapKey.clear(); }},
       {"keys of a map that no field tells", "'Map':{'x':{'$NodeId':'Item-2'},'y':{'$Key':'y','$Value':3},'z':4}",
        [this] { Node(3).mapKey = "other"; }},
       {"a node in two lists", "'Items':[{'Items':[" + item + "]},{'Items':[" + item + "]}]", [] {}},
@@ -149,6 +150,41 @@ TEST_F(CopyAndPaste, WriteOneObjectForEachNodeThatHangsOnNothingOfTheCopy) {
   Node(4).SetTitle("Raw JSON Node");
   Select({4});
   EXPECT_EQ(Copied(), "{\n\t\"$Generic\":\ttrue,\n\t\"a\":\t1\n}");
+}
+
+TEST_F(CopyAndPaste, HoldWhatALinkLeadsTo) {
+  Load("");
+  ContentNode &link = AddNode("Link"), &inner = AddNode("Link"), &item = AddNode("Item");
+  Join(link, "GenericOut", inner, "GenericIn");
+  Join(inner, "GenericOut", item, "in");
+  for (size_t i = 0; i < 4; ++i) TestSupport::TestGraph::Place(Node(i), 1000, 500);
+  const std::string place = "'$Position':{'$x':0,'$y':0}";
+  Select({1});
+  EXPECT_EQ(CopiedObjects(), Quoted("{'$NodeId':'Link','$Title':'n1'," + place + "}"));
+  Select({1, 3});
+  EXPECT_EQ(CopiedObjects(), Quoted("{'$NodeId':'Link','$Title':'n1'," + place + "}\n{'$NodeId':'Item','$Title':'n3'," +
+                                    place + ",'Items':[]}"));
+  Select({1, 2, 3});
+  EXPECT_EQ(
+      CopiedObjects(),
+      Quoted("{'$NodeId':'Link','$Title':'n1'," + place + ",'Children':[{'$NodeId':'Item','$Title':'n3'," + place +
+             ",'Items':[],'$Copied':{'label':'2'}}],'$Copied':{'links':[{'$Title':'n2','connections':"
+             "{'GenericOut':['2:in']},'$x':0,'$y':0,'label':'1'}],'connections':{'GenericOut':['1:GenericIn']}}}"));
+  // A ring of links alone, and one on a pin that is no link's own.
+  Join(inner, "GenericOut", link, "GenericIn");
+  Select({1, 2});
+  EXPECT_EQ(Show(Paste(Copied())), Show({Toolkit::Ptr<BaseNode>(&link), Toolkit::Ptr<BaseNode>(&inner)}));
+  ContentNode& generic = AddNode("Generic");
+  (*view)->Attach(*Toolkit::MakePtr<Connection>(*generic.FindPin("Generic"),
+                                                *inner.AddDynamicPin(*generic.FirstInput()->blueprint)));
+  generic.SetTitle("g");
+  Select({1, 2});
+  (*view)->Selected().Add(generic);
+  const Nodes pasted = Paste(Copied());
+  ASSERT_EQ(pasted.size(), 3u);
+  EXPECT_TRUE(Show(pasted).find("n2 at 0,0 Link 'Comment'  GenericOut>n1.GenericIn GenericOut>g.Generic") !=
+              std::string::npos)
+      << Show(pasted);
 }
 
 TEST_F(CopyAndPaste, TakeWhatLiesInSelectedGroupsAlong) {
@@ -308,9 +344,10 @@ TEST_F(CopyAndPaste, MakeNodesOfAnyObjects) {
       // Details that tell nonsense.
       {"{'$NodeId':'Item','$Title':'i','$Copied':{'$x':1e99,'$y':0,'label':'1','mapKey':7,'connections':"
        "{'items':['1:in','1:items','2:in','1','',7,'1:in'],'in':['1:in'],'none':['1:in'],'one':[]},"
-       "'links':[{'label':'1'},7,{'$Title':'l','label':'2','connections':{'GenericOut':['1:in']}}]},"
+       "'links':[{'label':'1'},7,{'$x':5},{'$Title':'l','label':'2','connections':{'GenericOut':['1:in']}}]},"
        "'One':{'$Copied':7,'$Title':'j'},'Items':[{'$Copied':{'label':'1'}}]}",
-       "Link at 0,0 Link 'Comment' \nLink at 0,0 Link 'Comment' \ni at 0,0 Item 'Comment'  items>i.in\n"
+       "Link at 0,0 Link 'Comment' \nLink at 0,0 Link 'Comment' \nLink at 0,0 Link 'Comment' \ni at 0,0 Item 'Comment' "
+       " items>i.in\n"
        "j at 0,0 Item 'Comment' \nl at 0,0 Link 'Comment'  GenericOut>i.in\n",
        {}},
   };

@@ -306,6 +306,26 @@ TEST_F(ClipboardKeys, LetADragMoveWhatWasPastedOnce) {
   EXPECT_EQ(window.History().Size(), 2u);
 }
 
+TEST_F(ClipboardKeys, EndWhatIsUnderWay) {
+  ContentNode& node = window.Node("The nest");
+  Select({&node});
+  Copy();
+  for (const Key key : {Key::V, Key::D, Key::X}) {
+    window.LookAt(node);
+    Select({&node});
+    const Rect start = node.Bounds();
+    const Rect box = WindowStage::BoxOf(node);
+    window.Press(Point{box.x + box.width / 2, box.Bottom() - 5});
+    window.MoveTo({300, 300});
+    EXPECT_NE(node.Bounds().x, start.x);
+    window.Chord({Key::LeftCtrl, key});
+    EXPECT_EQ(node.Bounds().x, start.x) << "the drag";
+    window.Release(Point{300, 300});
+    EXPECT_EQ(window.History().Size() - window.History().UndoneCount(), 1u);
+    window.Undo();
+  }
+}
+
 TEST_F(ClipboardKeys, GoToTheTextBoxThatHasTheFocus) {
   ContentNode& root = *graph.Root();
   window.LookAt(root);

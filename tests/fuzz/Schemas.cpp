@@ -2,6 +2,7 @@
 // saved. An input is the schema files and, behind them, the asset, parted by lines "%%". Changes go to the JSON trees,
 // so that most inputs are still JSON.
 
+#include "TreeMutator.h"
 #include "app/ComponentRegistration.h"
 #include "document/AssetFile.h"
 #include "document/NodeImporterExporter.h"
@@ -20,7 +21,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -80,95 +80,15 @@ bool LoadAndSave(const std::shared_ptr<Workspace>& workspace, const std::string&
                                               view->CommentNodes(), "Root", saveAllFields);
 }
 
-void CollectItems(cJSON* item, std::vector<cJSON*>& items) {
-  items.push_back(item);
-  for (cJSON* child = item->child; child; child = child->next) CollectItems(child, items);
-}
-
-/// Trees as deep as the parser allows are left to inputs that are changed as bytes.
-constexpr size_t largestTree = 5000;
-
-class TreeMutator {
-public:
-  explicit TreeMutator(unsigned seed) : random(seed) {}
-
-  bool Change(cJSON* root, const cJSON* donor) {
-    std::vector<cJSON*> items, donors;
-    CollectItems(root, items);
-    CollectItems(const_cast<cJSON*>(donor), donors);
-    if (items.size() < 2 || items.size() > largestTree || donors.size() > largestTree) return false;
-    // The root itself stays.
-    cJSON* item = items[1 + Below(items.size() - 1)];
-    cJSON* parent = items[0];
-    for (cJSON* candidate : items)
-      for (cJSON* child = candidate->child; child; child = child->next)
-        if (child == item) parent = candidate;
-    const cJSON* other = donors[Below(donors.size())];
-    switch (Below(5)) {
-    case 0: Replace(parent, item, Scalar()); break;
-    case 1: Replace(parent, item, cJSON_Duplicate(other, true)); break;
-    case 2: cJSON_Delete(cJSON_DetachItemViaPointer(parent, item)); break;
-    case 3: Add(parent, cJSON_Duplicate(other, true), other->string ? other->string : "added"); break;
-    default: Rename(parent, item, other->string ? other->string : Word()); break;
-    }
-    return true;
-  }
-
-private:
-  size_t Below(size_t limit) { return random() % limit; }
-
-  const char* Word() {
-    static const char* const words[] = {"Default",        "Min",         "Max",        "Width",        "Height",
-                                        "Values",         "Type",        "Fields",     "Options",      "Id",
-                                        "UseUUID",        "IsUUID",      "IsNodeName", "Required",     "Active",
-                                        "Label",          "content",     "inputs",     "outputs",      "Schema",
-                                        "Multiple",       "IsMap",       "$Value",     "$Key",         "$NodeId",
-                                        "$Link",          "$Generic",    "$FileName",  "$Nodes",       "$Position",
-                                        "node",           "pin",         "Root",       "Item",         "Other",
-                                        "Family",         "List",        "Dictionary", "Object",       "Enum",
-                                        "EnumFilterable", "RawJson",     "Mixed",      "Int",          "IntSlider",
-                                        "Float",          "Checkbox",    "FilePath",   "SmallString",  "String",
-                                        "Spacer",         "uuid",        "mixed",      "bool",         "",
-                                        "\xff",           "isreference", "filerefkey", "filerefvalue", "modifykey",
-                                        "TickFrequency",  "LargeChange", "FontSize"};
-    return words[Below(std::size(words))];
-  }
-
-  cJSON* Scalar() {
-    static const double numbers[] = {0, -1, 1, 2.5, 1e-9, 1e15, -1e300, 2147483647, -2147483648.0, 1e5};
-    switch (Below(5)) {
-    case 0: return cJSON_CreateNull();
-    case 1: return cJSON_CreateBool(Below(2) == 0);
-    case 2: return cJSON_CreateNumber(numbers[Below(std::size(numbers))]);
-    default: return cJSON_CreateString(Word());
-    }
-  }
-
-  static void Add(cJSON* parent, cJSON* item, const char* key) {
-    if (cJSON_IsObject(parent))
-      cJSON_AddItemToObject(parent, key, item);
-    else
-      cJSON_AddItemToArray(parent, item);
-  }
-
-  static void Replace(cJSON* parent, cJSON* item, cJSON* replacement) {
-    if (!replacement) return;
-    if (item->string) {
-      cJSON_free(replacement->string);
-      replacement->string = item->string;
-      item->string = nullptr;
-    }
-    cJSON_ReplaceItemViaPointer(parent, item, replacement);
-  }
-
-  static void Rename(cJSON* parent, cJSON* item, const char* key) {
-    if (!cJSON_IsObject(parent)) return;
-    const std::string name = key;
-    cJSON_AddItemToObject(parent, name.c_str(), cJSON_DetachItemViaPointer(parent, item));
-  }
-
-  std::minstd_rand random;
-};
+constexpr const char* words[] = {
+    "Default",        "Min",        "Max",          "Width",     "Height",        "Values",      "Type",     "Fields",
+    "Options",        "Id",         "UseUUID",      "IsUUID",    "IsNodeName",    "Required",    "Active",   "Label",
+    "content",        "inputs",     "outputs",      "Schema",    "Multiple",      "IsMap",       "$Value",   "$Key",
+    "$NodeId",        "$Link",      "$Generic",     "$FileName", "$Nodes",        "$Position",   "node",     "pin",
+    "Root",           "Item",       "Other",        "Family",    "List",          "Dictionary",  "Object",   "Enum",
+    "EnumFilterable", "RawJson",    "Mixed",        "Int",       "IntSlider",     "Float",       "Checkbox", "FilePath",
+    "SmallString",    "String",     "Spacer",       "uuid",      "mixed",         "bool",        "",         "\xff",
+    "isreference",    "filerefkey", "filerefvalue", "modifykey", "TickFrequency", "LargeChange", "FontSize"};
 
 } // namespace
 
@@ -176,7 +96,8 @@ extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t max
   std::vector<std::string> parts = Split({reinterpret_cast<const char*>(data), size});
   const JsonParseResult tree = ParseJson(parts[seed % parts.size()]);
   const JsonParseResult donor = ParseJson(parts[seed / 7 % parts.size()]);
-  if (seed % 16 == 0 || !tree || !donor || !TreeMutator(seed).Change(tree.json.get(), donor.json.get()))
+  if (seed % 16 == 0 || !tree || !donor ||
+      !TestSupport::TreeMutator(seed, words).Change(tree.json.get(), donor.json.get()))
     return LLVMFuzzerMutate(data, size, maxSize);
   char* printed = cJSON_PrintUnformatted(tree.json.get());
   if (!printed) return LLVMFuzzerMutate(data, size, maxSize);
