@@ -125,7 +125,7 @@ TEST_F(Pictures, Gestures) {
   Toolkit::Canvas::SetLeft(Canvas().GetNodesMenu(), at.x);
   Toolkit::Canvas::SetTop(Canvas().GetNodesMenu(), at.y);
   Expect("NodesMenu", *Canvas().GetNodesMenu());
-  Type("ob");
+  Type("li");
   Press(Toolkit::Key::Down);
   Expect("NodesMenuMarked", *Canvas().GetNodesMenu());
 }
