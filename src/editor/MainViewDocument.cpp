@@ -79,6 +79,7 @@ void MainView::ClearDocument() {
   graph->Clear();
   nodeSearchPanel->Forget();
   pendingPin.Clear();
+  commandStates->Refresh();
 }
 
 } // namespace Tesselor
