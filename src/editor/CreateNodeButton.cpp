@@ -16,19 +16,16 @@ constexpr float ToolTipWidth = 400;
 const Toolkit::RoutedEvent CreateNodeButton::CreateNodeEvent("CreateNode", Toolkit::RoutingStrategy::Bubble);
 
 TOOLKIT_TYPE_IMPL(CreateNodeButton, Toolkit::UserControl, "Tesselor.CreateNodeButton")
-void CreateNodeButton::Describe(Toolkit::TypeBuilder<CreateNodeButton>& type) { type.Event(&CreateNodeEvent); }
-
-CreateNodeButton::CreateNodeButton(std::string nodeId, std::string label, const Toolkit::Color& color,
-                                   std::string description)
-    : nodeId(std::move(nodeId)), label(std::move(label)), color(color), description(std::move(description)) {
-  Toolkit::GUI::LoadComponent(*this, "CreateNodeButton.xaml");
-  AddHandler(LoadedEvent, Toolkit::RoutedEventHandler::From<&CreateNodeButton::OnLoaded>(this));
+void CreateNodeButton::Describe(Toolkit::TypeBuilder<CreateNodeButton>& type) {
+  IsMarkedProperty = type.Property<bool>("IsMarked");
+  type.Event(&CreateNodeEvent);
 }
 
-void CreateNodeButton::OnLoaded(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  // A row that is closed and opened again is loaded again.
-  if (isConnected) return;
-  isConnected = true;
+CreateNodeButton::CreateNodeButton(std::string nodeId, std::string label, const Toolkit::Color& color,
+                                   const std::string& description)
+    : nodeId(std::move(nodeId)), label(std::move(label)) {
+  SetDataContext(this);
+  Toolkit::GUI::LoadComponent(*this, "CreateNodeButton.xaml");
   auto* button = FindName<Toolkit::Button>("CreateNode");
   auto* marker = FindName<Toolkit::Rectangle>("NodeCategoryColorMarker");
   auto* text = FindName<Toolkit::TextBlock>("ButtonLabel");
@@ -36,7 +33,7 @@ void CreateNodeButton::OnLoaded(Toolkit::Object*, const Toolkit::RoutedEventArgs
   button->AddHandler(Toolkit::ButtonBase::ClickEvent,
                      Toolkit::RoutedEventHandler::From<&CreateNodeButton::OnClick>(this));
   marker->SetValue(Toolkit::Shape::FillProperty, Toolkit::Brushes::Of(color));
-  text->SetText(label);
+  text->SetText(this->label);
   if (description.empty()) return;
   auto tip = Toolkit::MakePtr<Toolkit::TextBlock>();
   tip->SetText(description);

@@ -17,20 +17,20 @@ class CreateNodeButton : public Toolkit::UserControl {
   TOOLKIT_TYPE(CreateNodeButton)
 public:
   static const Toolkit::RoutedEvent CreateNodeEvent;
+  /// The entry that Return takes.
+  static inline const Toolkit::DependencyProperty* IsMarkedProperty = nullptr;
 
-  CreateNodeButton(std::string nodeId, std::string label, const Toolkit::Color& color, std::string description);
+  CreateNodeButton(std::string nodeId, std::string label, const Toolkit::Color& color, const std::string& description);
   const std::string& GetNodeId() const { return nodeId; }
   const std::string& GetLabel() const { return label; }
+  bool IsMarked() const { return Get<bool>(IsMarkedProperty); }
+  void SetIsMarked(bool value) { SetValue(IsMarkedProperty, value); }
 
 private:
-  void OnLoaded(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClick(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
 
   std::string nodeId;
   std::string label;
-  Toolkit::Color color;
-  std::string description;
-  bool isConnected = false;
 };
 
 } // namespace Tesselor

@@ -5,6 +5,7 @@
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
+#include "editor/NodeTypeList.h"
 #include "editor/PanelBaseField.h"
 #include "graph/Connection.h"
 #include "graph/ConnectionPath.h"
@@ -20,6 +21,7 @@ void RegisterEditorTypes() {
 
   NodesMenu::StaticType();
   CreateNodeButton::StaticType();
+  NodeTypeList::StaticType();
   NodeCategoryHeader::StaticType();
   NodeEditorCanvas::StaticType();
   PanelBaseField::StaticType();

@@ -22,15 +22,18 @@ using Toolkit::Visibility;
 
 TOOLKIT_TYPE_IMPL(MainView, Toolkit::Window, "Tesselor.MainView")
 void MainView::Describe(Toolkit::TypeBuilder<MainView>& type) {
-  LoadExternalAssetModalVisibilityProperty =
-      type.Property<Visibility>("LoadExternalAssetModalVisibility", Visibility::Collapsed);
-  HotkeysModalVisibilityProperty = type.Property<Visibility>("HotkeysModalVisibility", Visibility::Collapsed);
+  LoadExternalAssetModalVisibilityProperty = type.Property<Visibility>(
+      "LoadExternalAssetModalVisibility", Visibility::Collapsed, 0, &MainView::OnOverlayChanged);
+  HotkeysModalVisibilityProperty =
+      type.Property<Visibility>("HotkeysModalVisibility", Visibility::Collapsed, 0, &MainView::OnOverlayChanged);
   type.Member<&MainView::ReflectedWorkspaceList>("WorkspaceList");
+  type.Handler<&MainView::Window_PreviewKeyDown>("Window_PreviewKeyDown", PreviewKeyDownEvent);
   type.Handler<&MainView::Window_KeyDown>("Window_KeyDown", KeyDownEvent);
   type.Handler<&MainView::OnCanvasLoaded>("OnCanvasLoaded", LoadedEvent);
   type.Handler<&MainView::OpenMenuItem_Click>("OpenMenuItem_Click", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::SaveMenuItem_Click>("SaveMenuItem_Click", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::SaveAsMenuItem_Click>("SaveAsMenuItem_Click", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::CloseMenuItem_Click>("CloseMenuItem_Click", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::OnAutoPositionNodes>("OnAutoPositionNodes", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::OnMirrorNodesPosition>("OnMirrorNodesPosition", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::OnClickSetSelectedNodeAsRoot>("OnClickSetSelectedNodeAsRoot", Toolkit::MenuItem::ClickEvent);
@@ -70,6 +73,12 @@ MainView::MainView() {
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
   TOOLKIT_ASSERT(nodePanel && nodeSearchPanel);
+  AddCommandStates();
+  workspaceOverlay =
+      std::make_unique<Overlay>(*FindName<Toolkit::UIElement>("WorkspaceOverlay"), [this] { CancelLoadWorkspace(); });
+  hotkeysOverlay = std::make_unique<Overlay>(*FindName<Toolkit::UIElement>("HotkeysOverlay"), Toolkit::Key::H, [this] {
+    SetValue(HotkeysModalVisibilityProperty, Visibility::Collapsed);
+  });
 
   if (!workspaces.ImportWorkspaces(FindWorkspacesDirectory())) {
     LogFile::Write("Failed to load any workspaces - editor may have limited functionality");
@@ -86,7 +95,19 @@ MainView::MainView() {
 MainView::~MainView() {
   // Steps refer to nodes and connections, which go with the view.
   ActionHistory::Instance().Clear();
+  graph->Selected().onChanged = nullptr;
   ClearDocument();
+}
+
+void MainView::AddCommandStates() {
+  commandStates = std::make_unique<CommandStates>();
+  const auto add = [this](const char* name, std::function<bool()> canRun) {
+    if (auto* item = FindName<Toolkit::UIElement>(name)) commandStates->Add(*item, std::move(canRun));
+  };
+  for (const char* name : {"OpenItem", "SaveItem", "SaveAsItem"}) add(name, [this] { return HasWorkspace(); });
+  add("SetRootItem", [this] { return SelectedContentNode() != nullptr; });
+  add("GoToRootItem", [this] { return graph->Root() && graph->Contains(*graph->Root()); });
+  graph->Selected().onChanged = [this] { commandStates->Refresh(); };
 }
 
 void MainView::BuildRootMenu() {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "editor/CommandStates.h"
 #include "editor/NewNodes.h"
+#include "editor/Overlay.h"
 #include "editor/PendingPin.h"
 #include "editor/SelectionCommands.h"
 #include "editor/WorkspaceItemData.h"
@@ -14,6 +16,7 @@
 #include "toolkit/visual/InputEvents.h"
 #include "workspace/Workspaces.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -82,16 +85,21 @@ private:
   /// What the save commands refuse without: a root with a workspace.
   bool HasWorkspace() const { return workspaces.currentRoot && workspaces.currentRoot->workspace; }
   void ShowTitleOfFile();
-  void OfferRoots();
+  /// The history has no step that the file doesn't know.
+  bool IsSaved() const;
+  void NoteSaved();
+  void OfferRoots(const std::string& unknownId);
   void ResetViewToRoot();
   Toolkit::ObservableCollectionBase* ReflectedWorkspaceList() const { return workspaceList.Get(); }
 
   // Events of the document, in its order.
+  void Window_PreviewKeyDown(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
   void Window_KeyDown(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
   void OnCanvasLoaded(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OpenMenuItem_Click(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void SaveMenuItem_Click(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void SaveAsMenuItem_Click(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void CloseMenuItem_Click(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnRootSelected(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnAutoPositionNodes(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnMirrorNodesPosition(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
@@ -102,6 +110,9 @@ private:
   void OnSearchResultSelected(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickShowHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickCloseHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  static void OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change);
+  void ShowOrHideOverlays();
+  void CancelLoadWorkspace();
   void OnClickLoadWorkspace(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickCancelLoadWorkspace(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnConnectionClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
@@ -159,6 +170,9 @@ private:
   void BeginEdit();
   /// The inspector shows no node that has left.
   void CloseInspectorOfGoneNode();
+  void AddCommandStates();
+  /// Null unless it is the one selected node.
+  ContentNode* SelectedContentNode() const;
 
   // The document.
   std::unique_ptr<Graph> graph;
@@ -166,6 +180,8 @@ private:
   std::unique_ptr<NewNodes> newNodes;
   std::unique_ptr<Nudges> nudges;
   std::string filePath;
+  /// Of the history, when the document was last loaded or saved.
+  uint64_t savedRevision = 0;
   /// The file at `filePath` while the user chooses a workspace for it; else null.
   JsonPtr waitingDocument;
 
@@ -178,6 +194,8 @@ private:
   NodePanel* nodePanel = nullptr;
   NodeSearchPanel* nodeSearchPanel = nullptr;
   Toolkit::MenuItem* workspaceMenu = nullptr;
+  std::unique_ptr<CommandStates> commandStates;
+  std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay;
   PendingPin pendingPin;
   /// The next toggle of the compact mode collapses the fields.
   bool compactModeFlag = true;

@@ -12,6 +12,7 @@
 #include "nodes/GroupNode.h"
 #include "nodes/NodePinControl.h"
 #include "toolkit/application/MessageBox.h"
+#include "toolkit/base/Dispatcher.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/CheckBox.h"
 #include "toolkit/controls/StackPanel.h"
@@ -39,6 +40,20 @@ void MainView::OnCanvasLoaded(Toolkit::Object*, const RoutedEventArgs&) {
 void MainView::OpenMenuItem_Click(Toolkit::Object*, const RoutedEventArgs&) { Open(); }
 void MainView::SaveMenuItem_Click(Toolkit::Object*, const RoutedEventArgs&) { Save(); }
 void MainView::SaveAsMenuItem_Click(Toolkit::Object*, const RoutedEventArgs&) { SaveAs(); }
+
+void MainView::CloseMenuItem_Click(Toolkit::Object*, const RoutedEventArgs&) {
+  bool isSaved = false;
+  WithFinishedTyping([&] { isSaved = IsSaved(); });
+  if (isSaved) {
+    Close();
+    return;
+  }
+  Ptr<MainView> view(this);
+  MessageBox::Show("All unsaved changes will be lost. Do you want to continue?", "Attention!",
+                   MessageBoxButton::OKCancel, MessageBoxImage::None, [view](MessageBoxResult result) {
+                     if (result == MessageBoxResult::OK) view->Close();
+                   });
+}
 
 void MainView::OnRootSelected(Toolkit::Object* sender, const RoutedEventArgs&) {
   CheckRootItem(workspaces.currentRoot ? workspaces.currentRoot->MenuName : std::string());
@@ -83,12 +98,15 @@ void MainView::MirrorNodes() {
   ActionHistory::Instance().Run(std::make_unique<BatchMoveActionCommand>(*graph, std::move(moves)));
 }
 
-void MainView::OnClickSetSelectedNodeAsRoot(Toolkit::Object*, const RoutedEventArgs&) {
+ContentNode* MainView::SelectedContentNode() const {
   const Selection::Nodes& selected = graph->Selected().GetNodes();
-  if (selected.size() != 1) return;
-  auto* node = Toolkit::DynamicCast<ContentNode>(selected.front().Get());
-  if (!node) return;
-  ActionHistory::Instance().Run(std::make_unique<SetRootNodeActionCommand>(*graph, *node));
+  return selected.size() == 1 ? Toolkit::DynamicCast<ContentNode>(selected.front().Get()) : nullptr;
+}
+
+void MainView::OnClickSetSelectedNodeAsRoot(Toolkit::Object*, const RoutedEventArgs&) {
+  if (ContentNode* node = SelectedContentNode())
+    ActionHistory::Instance().Run(std::make_unique<SetRootNodeActionCommand>(*graph, *node));
+  commandStates->Refresh();
 }
 
 void MainView::OnClickGoToRoot(Toolkit::Object*, const RoutedEventArgs&) { ResetViewToRoot(); }
@@ -118,6 +136,23 @@ void MainView::OnSearchResultSelected(Toolkit::Object*, const RoutedEventArgs& a
   graph->Selected().Clear();
   graph->Selected().Add(*node);
   nodeEditorCanvas->ResetViewTo(node->Middle());
+}
+
+void MainView::OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange&) {
+  // What has the focus can change only when the layers follow the properties.
+  Toolkit::Dispatcher::Current().Post([weak = Toolkit::WeakPtr<MainView>(static_cast<MainView*>(&object))] {
+    if (const Ptr<MainView> view = weak.Get()) view->ShowOrHideOverlays();
+  });
+}
+
+void MainView::ShowOrHideOverlays() {
+  const auto follow = [this](Overlay& overlay, const Toolkit::DependencyProperty* property) {
+    if (Get<Visibility>(property) != Visibility::Visible) return overlay.Hide(graph->Panel());
+    GiveUp();
+    overlay.Show();
+  };
+  follow(*hotkeysOverlay, HotkeysModalVisibilityProperty);
+  follow(*workspaceOverlay, LoadExternalAssetModalVisibilityProperty);
 }
 
 void MainView::OnClickShowHotkeys(Toolkit::Object*, const RoutedEventArgs&) {

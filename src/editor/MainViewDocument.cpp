@@ -82,6 +82,7 @@ void MainView::ClearDocument() {
   graph->Clear();
   nodeSearchPanel->Forget();
   pendingPin.Clear();
+  commandStates->Refresh();
 }
 
 } // namespace Tesselor

@@ -18,6 +18,7 @@
 #include "toolkit/application/Application.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/ComboBox.h"
+#include "toolkit/controls/TextBlock.h"
 #include "values/ActionHistory.h"
 #include "workspace/AssetFileIndex.h"
 #include "workspace/NodeDictionary.h"
@@ -77,6 +78,8 @@ void MainView::CreateDefaultRoot() {
   graph->AddNode(*node, 250, 250, false);
   graph->SetRootNode(node.Get());
   ActionHistory::Instance().Clear();
+  NoteSaved();
+  commandStates->Refresh();
 }
 
 void MainView::Open() {
@@ -131,6 +134,10 @@ bool MainView::SaveAs() {
   return Export();
 }
 
+bool MainView::IsSaved() const { return ActionHistory::Instance().Revision() == savedRevision; }
+
+void MainView::NoteSaved() { savedRevision = ActionHistory::Instance().Revision(); }
+
 bool MainView::Export() {
   // A root that was deleted is no root any more.
   ContentNode* root = graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr;
@@ -141,6 +148,7 @@ bool MainView::Export() {
                                                      graph->CommentNodes(), type.MenuName,
                                                      type.workspace && type.workspace->ExportDefaults);
   });
+  if (isWritten) NoteSaved();
   return isWritten;
 }
 
@@ -179,10 +187,14 @@ void MainView::LoadFileAndWorkspace() {
     LogFile::Write("Unknown workspace ID '" + id + "' in file, showing workspace selection modal");
   ClearDocument();
   waitingDocument = std::move(file.json);
-  OfferRoots();
+  OfferRoots(id);
 }
 
-void MainView::OfferRoots() {
+void MainView::OfferRoots(const std::string& unknownId) {
+  const std::string file = filePath.substr(filePath.find_last_of("/\\") + 1);
+  if (auto* text = FindName<Toolkit::TextBlock>("UnknownWorkspaceText"))
+    text->SetText(unknownId.empty() ? file + " names no workspace."
+                                    : file + " names the unknown workspace \"" + unknownId + "\".");
   SetValue(LoadExternalAssetModalVisibilityProperty, Visibility::Visible);
   for (const std::string& name : workspaces.GetRootNames())
     workspaceList->Add(Toolkit::MakePtr<WorkspaceItemData>(name));
@@ -215,7 +227,9 @@ void MainView::OnClickLoadWorkspace(Toolkit::Object*, const Toolkit::RoutedEvent
   FinishLoad(waitingDocument ? std::move(waitingDocument) : AssetFile::Read(filePath).json);
 }
 
-void MainView::OnClickCancelLoadWorkspace(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+void MainView::OnClickCancelLoadWorkspace(Toolkit::Object*, const Toolkit::RoutedEventArgs&) { CancelLoadWorkspace(); }
+
+void MainView::CancelLoadWorkspace() {
   SetValue(LoadExternalAssetModalVisibilityProperty, Visibility::Collapsed);
   filePath.clear();
   waitingDocument.reset();
@@ -239,6 +253,8 @@ void MainView::FinishLoad(JsonPtr document) {
     ClearDocument();
     return;
   }
+  NoteSaved();
+  commandStates->Refresh();
   UpdateLayout();
   ResetViewToRoot();
   nodeSearchPanel->Reset();

@@ -82,6 +82,11 @@ void MainView::RunKeyBindings(const Toolkit::KeyEventArgs& args) {
   for (const auto run : matching) (this->*run)();
 }
 
+void MainView::Window_PreviewKeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {
+  for (Overlay* overlay : {workspaceOverlay.get(), hotkeysOverlay.get()})
+    if (overlay->IsShown()) return overlay->OnPreviewKey(args);
+}
+
 void MainView::Window_KeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& args) { RunKeyBindings(args); }
 
 void MainView::SaveByKey() { Save(); }
@@ -110,6 +115,7 @@ void MainView::StepInHistory(void (*step)()) {
   BeginEdit();
   WithFinishedTyping(step);
   CloseInspectorOfGoneNode();
+  commandStates->Refresh();
 }
 
 void MainView::WithFinishedTyping(const std::function<void()>& run) {

@@ -9,6 +9,7 @@
 #include "nodes/GroupNode.h"
 #include "nodes/NodeKeys.h"
 #include "platform/MessageBoxes.h"
+#include "toolkit/controls/TextBox.h"
 #include "values/ActionHistory.h"
 #include "workspace/NodeDictionary.h"
 
@@ -31,6 +32,14 @@ NodePinData* FittingPin(const ContentNode& node, const NodePinData& source) {
     if (!pin.IsBlank() && (takesAll || pinType == type || pinType == BuiltIn::Generic)) return &pin;
   }
   return nullptr;
+}
+
+/// Gives the focus to the first text box at or below an element that takes it.
+bool FocusFirstTextBox(Toolkit::UIElement& element) {
+  if (auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(&element)) return box->Focus();
+  for (size_t i = 0; i < element.VisualChildCount(); ++i)
+    if (Toolkit::UIElement* child = element.VisualChild(i); child && FocusFirstTextBox(*child)) return true;
+  return false;
 }
 
 } // namespace
@@ -68,6 +77,7 @@ bool NewNodes::Create(const NodeDictionary& dictionary, const std::string& typeI
   PutDown(*node);
   Connect(*node);
   CloseMenu();
+  FocusFirstField(*node);
   return true;
 }
 
@@ -92,6 +102,12 @@ void NewNodes::PutDownFrame(FrameNode& frame) {
 
 void NewNodes::PutDown(BaseNode& node) {
   ActionHistory::Instance().Run(std::make_unique<CreateNodeActionCommand>(graph, node, spawnPosition));
+}
+
+void NewNodes::FocusFirstField(ContentNode& node) {
+  // Its fields are there from the first layout on.
+  node.UpdateLayout();
+  if (auto* body = node.FindName<Toolkit::UIElement>("NodeContent")) FocusFirstTextBox(*body);
 }
 
 void NewNodes::Connect(ContentNode& node) {

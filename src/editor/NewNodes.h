@@ -37,6 +37,8 @@ private:
   void PutDownFrame(FrameNode& frame);
   /// Joins the dropped connection's pin to the first pin of the node that fits.
   void Connect(ContentNode& node);
+  /// Whoever makes a node goes on to fill it in.
+  void FocusFirstField(ContentNode& node);
 
   NodeEditorCanvas& canvas;
   Graph& graph;

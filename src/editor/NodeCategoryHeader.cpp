@@ -11,13 +11,16 @@ namespace Tesselor {
 TOOLKIT_TYPE_IMPL(NodeCategoryHeader, Toolkit::UserControl, "Tesselor.NodeCategoryHeader")
 void NodeCategoryHeader::Describe(Toolkit::TypeBuilder<NodeCategoryHeader>&) {}
 
-NodeCategoryHeader::NodeCategoryHeader(std::string_view name, const Toolkit::Color& color) {
+NodeCategoryHeader::NodeCategoryHeader(std::string_view name) {
   Toolkit::GUI::LoadComponent(*this, "NodeCategoryHeader.xaml");
-  auto* marker = FindName<Toolkit::Rectangle>("NodeCategoryColorMarker");
   auto* text = FindName<Toolkit::TextBlock>("NodeCategoryText");
-  TOOLKIT_ASSERT(marker && text);
-  marker->SetValue(Toolkit::Shape::FillProperty, Toolkit::Brushes::Of(color));
+  TOOLKIT_ASSERT(text);
   text->SetText(name);
+}
+
+void NodeCategoryHeader::SetColor(const Toolkit::Color& color) {
+  if (auto* marker = FindName<Toolkit::Rectangle>("NodeCategoryColorMarker"))
+    marker->SetValue(Toolkit::Shape::FillProperty, Toolkit::Brushes::Of(color));
 }
 
 } // namespace Tesselor

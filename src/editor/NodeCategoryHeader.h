@@ -11,7 +11,8 @@ namespace Tesselor {
 class NodeCategoryHeader : public Toolkit::UserControl {
   TOOLKIT_TYPE(NodeCategoryHeader)
 public:
-  NodeCategoryHeader(std::string_view name, const Toolkit::Color& color);
+  explicit NodeCategoryHeader(std::string_view name);
+  void SetColor(const Toolkit::Color& color);
 };
 
 } // namespace Tesselor

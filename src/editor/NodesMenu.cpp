@@ -1,16 +1,14 @@
 #include "editor/NodesMenu.h"
 
 #include "editor/CreateNodeButton.h"
-#include "editor/NodeCategoryHeader.h"
 #include "platform/AsciiCase.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/controls/ButtonBase.h"
-#include "toolkit/controls/HeaderedContentControl.h"
-#include "toolkit/controls/StackPanel.h"
 #include "toolkit/markup/GUI.h"
 #include "toolkit/visual/Input.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <unordered_map>
 
 namespace Tesselor {
@@ -64,6 +62,7 @@ void NodesMenu::Describe(Toolkit::TypeBuilder<NodesMenu>& type) {
   type.Event(&CreateLinkEvent);
   type.Event(&CreateCommentEvent);
   type.Event(&ClosedEvent);
+  type.Handler<&NodesMenu::OnSearchKeyDown>("OnSearchKeyDown", KeyDownEvent);
   type.Handler<&NodesMenu::OnCreateGroup>("OnCreateGroup", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&NodesMenu::OnCreateLink>("OnCreateLink", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&NodesMenu::OnCreateComment>("OnCreateComment", Toolkit::ButtonBase::ClickEvent);
@@ -74,7 +73,9 @@ NodesMenu::NodesMenu() {
   Toolkit::GUI::LoadComponent(*this, "NodesMenu.xaml");
   scale = Toolkit::Ptr(Get<Toolkit::ScaleTransform*>(RenderTransformProperty));
   list = FindName<Toolkit::Grid>("NodesMenuGridList");
-  TOOLKIT_ASSERT(scale && list);
+  viewer = FindName<Toolkit::ScrollViewer>("NodesMenuViewer");
+  TOOLKIT_ASSERT(scale && list && viewer);
+  notesLayout = true;
 }
 
 Toolkit::TextBox* NodesMenu::GetSearchTextBox() const { return FindName<Toolkit::TextBox>("SearchTextBox"); }
@@ -86,6 +87,10 @@ Toolkit::Grid* NodesMenu::GetList() {
 
 void NodesMenu::SetWorkspace(std::shared_ptr<Workspace> newWorkspace) {
   categories.Clear();
+  marked.reset();
+  rows.clear();
+  list->ClearChildren();
+  list->ClearRows();
   workspace = std::move(newWorkspace);
   if (workspace && workspace->nodeDictionary) {
     const NodeDictionary& dictionary = *workspace->nodeDictionary;
@@ -122,6 +127,7 @@ void NodesMenu::OnVisibilityChanged(Toolkit::DependencyObject& object, const Too
     menu.MakeListIfDue();
     return;
   }
+  menu.Mark({});
   menu.HandFocusOn();
   menu.RaiseEvent(Toolkit::RoutedEventArgs(ClosedEvent, &menu));
 }
@@ -175,44 +181,29 @@ void NodesMenu::RequestList(const NodeMenuFilter& wanted) {
 void NodesMenu::MakeListIfDue() {
   if (!listIsDue) return;
   listIsDue = false;
-  if (listFilter.IsDefault()) {
-    MakeRows(categories);
-    return;
-  }
-  Categories passing;
-  for (const auto& [category, ids] : categories) {
-    for (const std::string& id : ids) {
-      const NodeBlueprint* blueprint = FindBlueprint(id);
-      if (blueprint && Passes(listFilter, id, *blueprint)) passing[category].push_back(id);
-    }
-  }
-  MakeRows(passing);
+  Mark({});
+  if (rows.empty()) MakeRows();
+  for (const Row& row : rows) FillRow(row);
   ExpandRows();
+  viewer->ScrollTo({});
+  // Whoever types goes for the first that fits.
+  if (!listFilter.searchText.empty()) Mark(Next({}, 1));
 }
 
-void NodesMenu::MakeRows(const Categories& table) {
-  list->ClearChildren();
-  list->ClearRows();
-  for (const auto& [category, ids] : table) MakeRow(category, ids);
+void NodesMenu::MakeRows() {
+  for (const auto& [category, ids] : categories) rows.push_back(MakeRow(category, ids));
 }
 
-void NodesMenu::MakeRow(const std::string& category, const std::vector<std::string>& ids) {
-  auto buttons = Toolkit::MakePtr<Toolkit::StackPanel>();
-  Color color = NoColor;
-  for (const std::string& id : ids) {
-    const NodeBlueprint* blueprint = FindBlueprint(id);
-    if (!blueprint) continue;
-    if (color == NoColor)
-      color = blueprint->color;
-    else if (!(color == blueprint->color))
-      color = MixedColor;
-    buttons->AddChild(
-        Toolkit::MakePtr<CreateNodeButton>(id, blueprint->title, blueprint->color, blueprint->Description).Get());
-  }
+NodesMenu::Row NodesMenu::MakeRow(const std::string& category, const std::vector<std::string>& ids) {
+  std::vector<NodeTypeList::Entry> entries;
+  for (const std::string& id : ids)
+    if (const NodeBlueprint* blueprint = FindBlueprint(id)) entries.push_back({id, blueprint, nullptr});
+  auto types = Toolkit::MakePtr<NodeTypeList>(std::move(entries), entryHeight);
+  auto header = Toolkit::MakePtr<NodeCategoryHeader>(category);
   auto expander = Toolkit::MakePtr<Toolkit::Expander>();
   expander->SetValue(VerticalAlignmentProperty, Toolkit::VerticalAlignment::Center);
-  expander->SetHeader(Toolkit::MakePtr<NodeCategoryHeader>(category, color));
-  expander->SetContent(buttons);
+  expander->SetHeader(header);
+  expander->SetContent(types);
 
   auto definition = Toolkit::MakePtr<Toolkit::RowDefinition>();
   // Rows of a shared height would tear the closed categories apart once one is open.
@@ -223,15 +214,110 @@ void NodesMenu::MakeRow(const std::string& category, const std::vector<std::stri
   frame->AddChild(expander.Get());
   Toolkit::Grid::SetRow(frame.Get(), row);
   list->AddChild(frame.Get());
+  return {frame.Get(), expander.Get(), header.Get(), types.Get()};
+}
+
+void NodesMenu::FillRow(const Row& row) {
+  const std::vector<NodeTypeList::Entry>& entries = row.types->Entries();
+  std::vector<size_t> passing;
+  Color color = NoColor;
+  for (size_t i = 0; i < entries.size(); ++i) {
+    const NodeBlueprint& blueprint = *entries[i].blueprint;
+    if (!Passes(listFilter, entries[i].id, blueprint)) continue;
+    passing.push_back(i);
+    if (color == NoColor)
+      color = blueprint.color;
+    else if (!(color == blueprint.color))
+      color = MixedColor;
+  }
+  // Without a filter even a category whose types are all gone is there.
+  const bool isListed = !passing.empty() || listFilter.IsDefault();
+  row.frame->SetVisibility(isListed ? Visibility::Visible : Visibility::Collapsed);
+  row.header->SetColor(color);
+  row.types->Show(std::move(passing));
 }
 
 void NodesMenu::ExpandRows() {
-  const size_t count = list->ChildCount();
-  for (size_t i = 0; i < count; ++i) {
-    const auto* frame = static_cast<Toolkit::Grid*>(list->Child(i));
-    auto* expander = static_cast<Toolkit::Expander*>(frame->Child(0));
-    expander->SetIsExpanded(!listFilter.searchText.empty() || i != 0 || count == 1);
+  const auto count = std::count_if(rows.begin(), rows.end(), [](const Row& row) { return row.IsListed(); });
+  bool isFirst = true;
+  for (const Row& row : rows) {
+    if (!row.IsListed()) continue;
+    row.expander->SetIsExpanded(!listFilter.IsDefault() && (!listFilter.searchText.empty() || !isFirst || count == 1));
+    isFirst = false;
   }
+}
+
+void NodesMenu::OnLayoutChanged(Toolkit::LayoutChange) { BringInEntries(); }
+
+void NodesMenu::BringInEntries() {
+  if (!IsOpen()) return;
+  for (const Row& row : rows) {
+    if (!row.IsListed() || !row.expander->IsExpanded()) continue;
+    const float top = row.types->TransformToAncestor(viewer).Map({}).y;
+    if (top > viewer->ActualHeight()) break;
+    row.types->BringIn(-top, viewer->ActualHeight() - top);
+  }
+}
+
+const NodeTypeList::Entry* NodesMenu::Marked() const {
+  return marked ? &rows[marked->row].types->ShownAt(marked->position) : nullptr;
+}
+
+std::optional<NodesMenu::Place> NodesMenu::Next(std::optional<Place> from, int direction) const {
+  if (from && direction > 0 && from->position + 1 < rows[from->row].types->Shown().size())
+    return Place{from->row, from->position + 1};
+  if (from && direction < 0 && from->position > 0) return Place{from->row, from->position - 1};
+  const auto count = static_cast<int>(rows.size());
+  int at = from ? static_cast<int>(from->row) + direction : direction > 0 ? 0 : count - 1;
+  for (; at >= 0 && at < count; at += direction) {
+    const Row& row = rows[static_cast<size_t>(at)];
+    const size_t entries = row.IsListed() ? row.types->Shown().size() : 0;
+    if (entries > 0) return Place{static_cast<size_t>(at), direction > 0 ? 0 : entries - 1};
+  }
+  return {};
+}
+
+void NodesMenu::MoveMark(int distance) {
+  std::optional<Place> place = marked;
+  for (int i = 0; i < std::abs(distance); ++i)
+    if (const std::optional<Place> next = Next(place, distance > 0 ? 1 : -1)) place = next;
+  Mark(place);
+}
+
+void NodesMenu::Mark(std::optional<Place> place) {
+  if (marked) rows[marked->row].types->Mark({});
+  marked = place;
+  if (!place) return;
+  const Row& row = rows[place->row];
+  row.expander->SetIsExpanded(true);
+  row.types->Mark(place->position);
+  UpdateLayout();
+  row.types->BringIntoView(row.types->PlaceOf(place->position));
+}
+
+void NodesMenu::TakeMarked() {
+  if (!marked) Mark(Next({}, 1));
+  const NodeTypeList::Entry* entry = Marked();
+  if (!entry) return;
+  CreateNodeEventArgs create(CreateNodeButton::CreateNodeEvent, this);
+  create.nodeId = entry->id;
+  RaiseEvent(create);
+}
+
+void NodesMenu::OnSearchKeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {
+  constexpr int Page = 10;
+  switch (args.key) {
+  case Toolkit::Key::Down: MoveMark(1); break;
+  case Toolkit::Key::Up: MoveMark(-1); break;
+  case Toolkit::Key::PageDown: MoveMark(Page); break;
+  case Toolkit::Key::PageUp: MoveMark(-Page); break;
+  case Toolkit::Key::Return:
+    // The menu may have opened under the finger.
+    if (!args.isRepeat) TakeMarked();
+    break;
+  default: return;
+  }
+  args.handled = true;
 }
 
 } // namespace Tesselor

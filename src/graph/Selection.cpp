@@ -33,6 +33,7 @@ void Selection::Add(BaseNode& node) {
   if (!members.insert(&node).second) return;
   nodes.emplace_back(&node);
   node.SetSelected(true);
+  NoteChange();
 }
 
 void Selection::Remove(BaseNode& node) {
@@ -41,12 +42,15 @@ void Selection::Remove(BaseNode& node) {
   const Ptr<BaseNode> alive = *found;
   nodes.erase(found);
   node.SetSelected(false);
+  NoteChange();
 }
 
 void Selection::Clear() {
   groupContents.clear();
   members.clear();
-  for (const Ptr<BaseNode>& node : std::exchange(nodes, {})) node->SetSelected(false);
+  const Nodes former = std::exchange(nodes, {});
+  for (const Ptr<BaseNode>& node : former) node->SetSelected(false);
+  if (!former.empty()) NoteChange();
 }
 
 Selection::Nodes Selection::AllNodes() const {
@@ -91,8 +95,9 @@ void Selection::Forget(const std::unordered_set<const BaseNode*>& leaving) {
     members.erase(node.Get());
     node->SetSelected(false);
   }
-  std::erase_if(nodes, leaves);
+  const size_t gone = std::erase_if(nodes, leaves);
   std::erase_if(groupContents, leaves);
+  if (gone > 0) NoteChange();
 }
 
 } // namespace Tesselor

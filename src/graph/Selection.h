@@ -3,6 +3,7 @@
 #include "graph/MoveRecord.h"
 #include "toolkit/base/Object.h"
 
+#include <functional>
 #include <unordered_set>
 #include <vector>
 
@@ -22,6 +23,9 @@ public:
   Selection() = default;
   Selection(const Selection&) = delete;
   Selection& operator=(const Selection&) = delete;
+
+  /// Called after each change of the selected nodes. What it does must leave the selection alone.
+  std::function<void()> onChanged;
 
   const Nodes& GetNodes() const { return nodes; }
   bool IsEmpty() const { return nodes.empty(); }
@@ -49,6 +53,10 @@ public:
   void Forget(const std::unordered_set<const BaseNode*>& leaving);
 
 private:
+  void NoteChange() {
+    if (onChanged) onChanged();
+  }
+
   Nodes nodes;
   std::unordered_set<const BaseNode*> members;
   Nodes groupContents;

@@ -16,6 +16,7 @@ using Tesselor::CreateNodeButton;
 using Tesselor::DroppedPinSide;
 using Tesselor::NodeMenuFilter;
 using Tesselor::NodesMenu;
+using Tesselor::NodeTypeList;
 using Toolkit::Color;
 using Toolkit::Visibility;
 
@@ -42,20 +43,28 @@ protected:
     stage.Put(*panel);
   }
 
-  Toolkit::Expander* Row(size_t index) {
-    return static_cast<Toolkit::Expander*>(static_cast<Toolkit::Grid*>(menu->GetList()->Child(index))->Child(0));
+  /// The rows that show.
+  std::vector<Toolkit::Expander*> Rows() {
+    std::vector<Toolkit::Expander*> rows;
+    for (size_t i = 0; i < menu->GetList()->ChildCount(); ++i) {
+      auto* frame = static_cast<Toolkit::Grid*>(menu->GetList()->Child(i));
+      if (frame->GetVisibility() == Visibility::Visible)
+        rows.push_back(static_cast<Toolkit::Expander*>(frame->Child(0)));
+    }
+    return rows;
   }
+  Toolkit::Expander* Row(size_t index) { return Rows().at(index); }
 
-  /// "<category>+ <id> <id>; ..." as the rows stand, with + for an open one.
+  /// "<category>+ <id> <id>; ..." as the rows stand, with + for an open one and * before the marked entry.
   std::string Listed() {
     std::string text;
-    for (size_t i = 0; i < menu->GetList()->ChildCount(); ++i) {
-      auto* header = static_cast<Toolkit::UIElement*>(Row(i)->GetHeader().AsObject());
+    for (const Toolkit::Expander* row : Rows()) {
+      auto* header = static_cast<Toolkit::UIElement*>(row->GetHeader().AsObject());
       text += std::string(TestSupport::All<Toolkit::TextBlock>(header).at(0)->GetText());
-      text += Row(i)->IsExpanded() ? "+" : "";
-      const auto* buttons = static_cast<Toolkit::Panel*>(Row(i)->GetContent().AsObject());
-      for (size_t k = 0; k < buttons->ChildCount(); ++k)
-        text += " " + static_cast<CreateNodeButton*>(buttons->Child(k))->GetNodeId();
+      text += row->IsExpanded() ? "+" : "";
+      const auto* types = static_cast<NodeTypeList*>(row->GetContent().AsObject());
+      for (size_t k = 0; k < types->Shown().size(); ++k)
+        text += (&types->ShownAt(k) == menu->Marked() ? " *" : " ") + types->ShownAt(k).id;
       text += "; ";
     }
     return text;
@@ -112,7 +121,7 @@ TEST_F(NodesMenuTest, FiltersWhileTyping) {
   menu->ApplyFilter({"", DroppedPinSide::Output, Pin("Line", false)});
   stage.Type("choi");
   EXPECT_EQ(menu->GetSearchText(), "choi");
-  EXPECT_EQ(Listed(), "Dialogue+ Choice; Options+ Choice; ");
+  EXPECT_EQ(Listed(), "Dialogue+ *Choice; Options+ Choice; ");
   // Clearing the text keeps the filter by the pin.
   menu->GetSearchTextBox()->SetText("");
   EXPECT_EQ(Listed(), "Generic Generic; Dialogue+ Line Choice; Options+ Choice; ");
@@ -129,6 +138,87 @@ TEST_F(NodesMenuTest, FiltersWhileTyping) {
   menu->ApplyFilter({"", DroppedPinSide::Input, Pin("Option", true)});
   menu->Hide();
   EXPECT_EQ(Listed(), "Dialogue Choice; Options+ Choice; ");
+}
+
+TEST_F(NodesMenuTest, IsWorkedByTheKeysOfItsBox) {
+  std::vector<std::string> taken;
+  panel->AddHandler(CreateNodeButton::CreateNodeEvent,
+                    Toolkit::RoutedEventHandler::From([&](Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
+                      taken.push_back(static_cast<const Tesselor::CreateNodeEventArgs&>(args).nodeId);
+                    }));
+  menu->Open();
+  stage.Settle();
+  using Toolkit::Key;
+  const std::pair<Key, const char*> steps[] = {
+      {Key::Down, "Generic+ *Generic; Dialogue Line Choice; Options Choice Option; Uncategorized Link Loose; "},
+      {Key::Down, "Generic+ Generic; Dialogue+ *Line Choice; Options Choice Option; Uncategorized Link Loose; "},
+      {Key::Down, "Generic+ Generic; Dialogue+ Line *Choice; Options Choice Option; Uncategorized Link Loose; "},
+      {Key::Up, "Generic+ Generic; Dialogue+ *Line Choice; Options Choice Option; Uncategorized Link Loose; "},
+      {Key::PageUp, "Generic+ *Generic; Dialogue+ Line Choice; Options Choice Option; Uncategorized Link Loose; "},
+      {Key::Up, "Generic+ *Generic; Dialogue+ Line Choice; Options Choice Option; Uncategorized Link Loose; "},
+      {Key::PageDown, "Generic+ Generic; Dialogue+ Line Choice; Options Choice Option; Uncategorized+ Link *Loose; "},
+  };
+  for (const auto& [key, listed] : steps) {
+    EXPECT_TRUE(stage.Press(key));
+    EXPECT_EQ(Listed(), listed);
+  }
+  // The look follows the mark, also of a button that was made after it.
+  const auto looks = [&] {
+    std::vector<std::string> marked;
+    for (const CreateNodeButton* button : TestSupport::All<CreateNodeButton>(menu.Get()))
+      if (button->IsMarked()) marked.push_back(button->GetNodeId());
+    return marked;
+  };
+  EXPECT_EQ(looks(), std::vector<std::string>{"Loose"});
+  stage.Press(Key::Return);
+  stage.Type("option");
+  EXPECT_EQ(looks(), std::vector<std::string>{"Option"});
+  stage.KeyDown(Key::Return);
+  stage.Input().KeyDown(Key::Return, true);
+  stage.KeyUp(Key::Return);
+  menu->SetSearchText("");
+  EXPECT_EQ(looks(), std::vector<std::string>());
+  stage.Press(Key::Return);
+  menu->SetSearchText("nothing of this kind");
+  for (const Key key : {Key::Down, Key::Up, Key::Return}) stage.Press(key);
+  menu->SetSearchText("");
+  stage.Press(Key::Down);
+  menu->Hide();
+  EXPECT_EQ(menu->Marked(), nullptr);
+  EXPECT_EQ(taken, (std::vector<std::string>{"Loose", "Option", "Generic"}));
+}
+
+TEST_F(NodesMenuTest, MakesOnlyTheEntriesInSight) {
+  std::vector<std::string> schemas;
+  for (int i = 0; i < 300; ++i) {
+    const std::string id = "Type" + std::to_string(i);
+    schemas.push_back(Schema(id, id, "red", "In", "Out"));
+  }
+  menu->SetWorkspace(TestSupport::MakeWorkspace(schemas));
+  menu->Open();
+  const auto made = [&] { return TestSupport::All<CreateNodeButton>(menu.Get()).size(); };
+  const auto isInSight = [&](const std::string& id) {
+    for (const auto* button : TestSupport::All<CreateNodeButton>(menu.Get())) {
+      if (button->GetNodeId() != id) continue;
+      const Toolkit::Rect box = TestSupport::Stage::BoxOf(*button);
+      const Toolkit::Rect view = TestSupport::Stage::BoxOf(*menu->FindName<Toolkit::UIElement>("NodesMenuViewer"));
+      return box.y >= view.y - 1 && box.Bottom() <= view.Bottom() + 1;
+    }
+    return false;
+  };
+  stage.Type("type");
+  EXPECT_TRUE(isInSight("Type0"));
+  EXPECT_LT(made(), 40u);
+  // The list follows the mark, and what the wheel brings into sight is there.
+  for (int i = 0; i < 299; ++i) stage.Press(Toolkit::Key::Down);
+  EXPECT_EQ(menu->Marked()->id, "Type299");
+  EXPECT_TRUE(isInSight("Type299"));
+  for (int i = 0; i < 20; ++i) stage.Wheel(*menu->FindName<Toolkit::UIElement>("NodesMenuViewer"), 3);
+  for (const char* id : {"Type200", "Type205", "Type210"}) EXPECT_EQ(isInSight(id), !isInSight("Type299")) << id;
+  stage.Type("29");
+  EXPECT_EQ(menu->Marked()->id, "Type29");
+  EXPECT_TRUE(isInSight("Type29"));
+  EXPECT_EQ(made(), 11u);
 }
 
 TEST_F(NodesMenuTest, MakesItsRowsOnlyToShowThem) {

@@ -2,6 +2,7 @@
 #include "WindowStage.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/ComboBox.h"
+#include "toolkit/controls/TextBlock.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -9,7 +10,10 @@
 namespace Tesselor {
 namespace {
 
+using Toolkit::Key;
+
 const std::string dialogue = TESSELOR_DATA_DIR "/samples/dialogue.json";
+const std::string quest = TESSELOR_DATA_DIR "/samples/quest.json";
 
 class WorkspaceChoice : public testing::Test {
 protected:
@@ -67,12 +71,36 @@ TEST_F(WorkspaceChoice, IsForgottenWhenItIsCancelled) {
   EXPECT_EQ(window.View().FilePath(), "");
 }
 
-TEST_F(WorkspaceChoice, ConcernsTheFileThatWasOpenedLast) {
-  const std::string quest = TESSELOR_DATA_DIR "/samples/quest.json";
+TEST_F(WorkspaceChoice, NamesTheFileAndWhatItAsksFor) {
+  EXPECT_TRUE(window.Shows("Select the Workspace to load the Asset."));
+  EXPECT_TRUE(window.Shows("unknown.json names the unknown workspace \"Nobody\"."));
+  window.Press(Key::Escape);
+  window.Open(directory.Write("nameless.json", "{}"));
+  EXPECT_TRUE(window.Shows("nameless.json names no workspace."));
+}
+
+TEST_F(WorkspaceChoice, IsMadeByKeysAloneBeforeAnythingElse) {
+  window.Open(dialogue);
+  EXPECT_TRUE(IsAsked());
+  EXPECT_EQ(window.View().FilePath(), path);
+  EXPECT_TRUE(TestSupport::Named<Toolkit::ComboBox>(window.View(), "WorkspaceComboBox").IsFocused());
+  // A box that comes up meanwhile is answered first, and the choice goes on.
+  for (const Key key : {Key::Tab, Key::Tab, Key::Return, Key::Tab}) window.Press(key);
+  EXPECT_EQ(window.boxes.Texts(),
+            std::vector<std::string>{"No Workspace Selected: Please select a workspace from the dropdown."});
+  window.Press(Key::Down);
+  for (const Key key : {Key::Tab, Key::Tab, Key::Return}) window.Press(key);
+  EXPECT_FALSE(IsAsked());
+  EXPECT_EQ(window.View().FilePath(), path);
+  EXPECT_TRUE(window.Canvas().GetPanel()->IsFocused());
+}
+
+TEST_F(WorkspaceChoice, EscapeCancelsIt) {
+  window.Press(Key::Escape);
+  EXPECT_FALSE(IsAsked());
+  EXPECT_EQ(window.View().FilePath(), "");
   window.Open(quest);
-  Choose("Quest");
-  EXPECT_EQ(window.View().FilePath(), quest);
-  EXPECT_EQ(window.Exported(), TestSupport::TemporaryDirectory::Read(quest));
+  EXPECT_EQ(window.Exported(), TestSupport::TemporaryDirectory::Read(quest)) << "the keys are the graph's again";
 }
 
 } // namespace

@@ -125,6 +125,9 @@ TEST_F(Pictures, Gestures) {
   Toolkit::Canvas::SetLeft(Canvas().GetNodesMenu(), at.x);
   Toolkit::Canvas::SetTop(Canvas().GetNodesMenu(), at.y);
   Expect("NodesMenu", *Canvas().GetNodesMenu());
+  Type("li");
+  Press(Toolkit::Key::Down);
+  Expect("NodesMenuMarked", *Canvas().GetNodesMenu());
 }
 
 TEST_F(Pictures, Popups) {

@@ -132,6 +132,58 @@ TEST_F(MenuTest, ScrollsWhatDoesNotFit) {
   EXPECT_EQ(OpenPopups(), 1u);
 }
 
+TEST_F(MenuTest, KeepsWhatDoesNotFitInALastMenu) {
+  ShowUsual();
+  const auto headers = [&] {
+    auto& bar = Find<Menu>("Bar");
+    std::string text;
+    for (size_t i = 0; i < bar.ItemCount(); ++i)
+      text += std::string(static_cast<MenuItem*>(bar.ItemAt(i))->GetHeader().AsStringView()) + " ";
+    return text;
+  };
+  const Size wide{400, 300};
+  const auto widthUpTo = [&](const char* name) { return BoxOf(Find(name)).Right(); };
+  const float upToFile = widthUpTo("File"), upToView = widthUpTo("View"), all = widthUpTo("Help");
+  const std::pair<float, const char*> widths[] = {
+      {all + 6, "File View Help "},    {all + 5, "File View » "},    {upToView + 36, "File View » "},
+      {upToView + 20, "File » "},      {upToFile + 8, "» "},         {0, "» "},
+      {upToView + 36, "File View » "}, {all + 6, "File View Help "},
+  };
+  for (const auto& [width, shown] : widths) {
+    Resize({width, 300});
+    EXPECT_EQ(headers(), shown) << width;
+  }
+  // All of it is worked as before, by the mouse and by keys, with what it opens.
+  Resize({upToFile + 40, 300});
+  ASSERT_EQ(headers(), "File » ");
+  auto& last = *static_cast<MenuItem*>(Find<Menu>("Bar").ItemAt(1));
+  Click(last);
+  EXPECT_EQ(State(), "| 1 | ");
+  Click(Find("Help"));
+  EXPECT_EQ(State(), "| 0 | Help0 ");
+  Press(Key::F10);
+  for (const Key key : {Key::Right, Key::Down, Key::Right, Key::Return}) Press(key);
+  EXPECT_TRUE(Find<MenuItem>("Grid").IsChecked());
+  // An open one closes when the bar changes, and its items are back in the bar.
+  Click(last);
+  Resize(wide);
+  EXPECT_EQ(headers(), "File View Help ");
+  Click(Find("Help"));
+  EXPECT_EQ(State(), "| 0 | Help0 Grid0 Help0 ");
+  Click(Find("File"));
+  EXPECT_EQ(State(), "File | 1 | Help0 Grid0 Help0 ");
+}
+
+TEST_F(MenuTest, HangsRightUnderItsItemInAHighBar) {
+  Show("<Grid><Menu Height=\"100\" VerticalAlignment=\"Top\"><MenuItem x:Name=\"File\" Header=\"File\">"
+       "<MenuItem x:Name=\"New\" Header=\"New\"/></MenuItem></Menu></Grid>");
+  Run("click:File");
+  const Rect item = BoxOf(Find("File"));
+  const float top = BoxOf(*Find("New").VisualParent()->VisualParent()).y;
+  EXPECT_GT(top, item.y + item.height / 2);
+  EXPECT_LT(top, item.y + item.height / 2 + 20);
+}
+
 TEST_F(MenuTest, SurvivesAClickThatTakesTheMenuAway) {
   ShowUsual();
   Listen(Find("New"), MenuItem::ClickEvent, [&](auto&) { Find<StackPanel>("Root").ClearChildren(); });

@@ -5,16 +5,99 @@
 #include "toolkit/controls/StackPanel.h"
 #include "toolkit/visual/Input.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace Toolkit {
 
 TOOLKIT_TYPE_IMPL(Menu, MenuBase, "Menu")
 void Menu::Describe(TypeBuilder<Menu>&) {}
 
+namespace {
+constexpr const char* OverflowHeader = "\u00bb";
+}
+
 Menu::Menu() { wantsAttachment = true; }
+Menu::~Menu() {
+  LayoutQueue::Current().Remove(static_cast<LayoutTask&>(*this));
+  if (overflow) overflow->SetLogicalParent(nullptr);
+}
 
 void Menu::OnAttached() {
   MenuBase::OnAttached();
   if (PopupLayer* layer = PopupLayer::Of(*this)) layer->SetMenuBar(this);
+}
+
+Size Menu::MeasureOverride(Size available) {
+  const Size wanted = MenuBase::MeasureOverride(available);
+  return {std::min(wanted.width, available.width), wanted.height};
+}
+
+Size Menu::ArrangeOverride(Size finalSize) {
+  room = std::max(0.0f, finalSize.width - Chrome().Horizontal());
+  // Items can't change places in the middle of a layout.
+  LayoutQueue::Current().Add(static_cast<LayoutTask&>(*this));
+  return MenuBase::ArrangeOverride(finalSize);
+}
+
+size_t Menu::CountThatFits() const {
+  std::vector<float> widths;
+  const auto add = [&widths](const ItemsControl& items, size_t count) {
+    for (size_t i = 0; i < count; ++i) {
+      const auto* item = DynamicCast<MenuItem>(items.ItemAt(i));
+      widths.push_back(item && item->GetVisibility() != Visibility::Collapsed ? item->WidthInBar() : 0);
+    }
+  };
+  add(*this, OwnCount());
+  if (isOverflowShown) add(*overflow, overflow->ItemCount());
+  float total = 0;
+  for (const float width : widths) total += width;
+  if (total <= room) return widths.size();
+  float used = overflow->WidthInBar();
+  size_t count = 0;
+  while (count < widths.size() && used + widths[count] <= room) used += widths[count++];
+  return count;
+}
+
+void Menu::AfterLayout() {
+  if (!IsAttached()) return;
+  if (!overflow) {
+    overflow = MakePtr<MenuItem>();
+    overflow->SetHeader(OverflowHeader);
+    overflow->SetLogicalParent(this);
+  }
+  const size_t wanted = CountThatFits(), own = OwnCount();
+  if (wanted == own) return;
+  SetCurrent(nullptr);
+  while (OwnCount() > wanted) MoveIntoOverflow();
+  while (OwnCount() < wanted) MoveOutOfOverflow();
+}
+
+void Menu::MoveIntoOverflow() {
+  const size_t last = OwnCount() - 1;
+  const Ptr<Object> item(ItemAt(last));
+  Items().RemoveAt(last);
+  if (!isOverflowShown) {
+    isOverflowShown = true;
+    Items().Add(overflow);
+  }
+  // The bar lets go of the item before the other menu takes it.
+  PrepareForMeasure();
+  if (auto* element = DynamicCast<FrameworkElement>(item)) element->SetLogicalParent(overflow.Get());
+  overflow->Items().Insert(0, item);
+}
+
+void Menu::MoveOutOfOverflow() {
+  const Ptr<Object> item(overflow->ItemAt(0));
+  overflow->Items().RemoveAt(0);
+  overflow->ReleaseItems();
+  const size_t at = OwnCount();
+  if (overflow->ItemCount() == 0) {
+    isOverflowShown = false;
+    Items().Remove(overflow.Get());
+  }
+  if (auto* element = DynamicCast<FrameworkElement>(item)) element->SetLogicalParent(this);
+  Items().Insert(at, item);
 }
 
 void Menu::Toggle() {

@@ -60,6 +60,23 @@ float MenuItem::RoomForArrow() const {
   return menu && menu->HasArrows() ? ArrowRoom : 0;
 }
 
+TextSize MenuItem::HeaderSize() const {
+  const SharedString header = ValueConversion::ToText(GetHeader());
+  return TextCache::Instance().MeasureText(header.IsEmpty() ? std::string_view(" ") : header.View(),
+                                           TextElement::StyleOf(*this));
+}
+
+float MenuItem::WidthInBar() const { return std::ceil(HeaderSize().width + Chrome().Horizontal()); }
+
+Rect MenuItem::LitBoxInBar() const {
+  const float height = std::min(ActualHeight(), HeaderSize().height + Chrome().Vertical());
+  return {0, std::round((ActualHeight() - height) * 0.5f), ActualWidth(), height};
+}
+
+void MenuItem::ReleaseItems() {
+  if (submenu) submenu->ReleaseItems();
+}
+
 void MenuItem::Click() {
   Ptr<MenuItem> alive(this);
   if (Get<bool>(IsCheckableProperty)) SetIsChecked(!IsChecked());
@@ -91,7 +108,10 @@ bool MenuItem::OpenSubmenu() {
   const bool inBar = IsInBar();
   auto popup =
       MakePtr<Popup>(*this, *submenu, PopupKind::Light, inBar ? PopupPlacement::Below : PopupPlacement::Beside);
-  if (inBar) popup->mouseGoesTo = menu;
+  if (inBar) {
+    popup->mouseGoesTo = menu;
+    popup->anchor = TransformToAncestor(nullptr).MapBounds(LitBoxInBar());
+  }
   // What was open in the same menu goes first, since this popup would count as opened from it.
   if (menu) menu->SetCurrent(this);
   return submenu->OpenIn(popup);
@@ -130,16 +150,14 @@ void MenuItem::OnRoutedEvent(const RoutedEventArgs& args) {
 }
 
 Size MenuItem::MeasureOverride(Size) {
-  const TextStyle style = TextElement::StyleOf(*this);
-  TextCache& texts = TextCache::Instance();
-  const SharedString header = ValueConversion::ToText(GetHeader());
-  const TextSize size = texts.MeasureText(header.IsEmpty() ? std::string_view(" ") : header.View(), style);
+  const TextSize size = HeaderSize();
   const Thickness chrome = Chrome();
   float width = size.width + chrome.Horizontal();
   if (!IsInBar()) {
     width += RoomForMark() + RoomForArrow();
     const std::string_view gesture = GetString(InputGestureTextProperty);
-    if (!gesture.empty()) width += GestureGap + texts.MeasureText(gesture, style).width;
+    if (!gesture.empty())
+      width += GestureGap + TextCache::Instance().MeasureText(gesture, TextElement::StyleOf(*this)).width;
   }
   return {std::ceil(width), std::ceil(size.height + chrome.Vertical())};
 }
@@ -153,11 +171,7 @@ void MenuItem::OnRender(Painter& painter) {
   painter.DrawRectangle({0, 0, ActualWidth(), ActualHeight()}, Get<Brush*>(BackgroundProperty));
   const Thickness chrome = Chrome();
   if (IsInBar()) {
-    // The light leaves the bar's upper and lower edge alone, however high the bar is.
-    const float height = std::min(ActualHeight(), layout->Size().height + chrome.Vertical());
-    if (isLit)
-      painter.DrawRectangle({0, std::round((ActualHeight() - height) * 0.5f), ActualWidth(), height}, Round,
-                            Get<Brush*>(HighlightBrushProperty), nullptr, {});
+    if (isLit) painter.DrawRectangle(LitBoxInBar(), Round, Get<Brush*>(HighlightBrushProperty), nullptr, {});
     painter.DrawText(layout, {chrome.left, y}, ink);
     return;
   }

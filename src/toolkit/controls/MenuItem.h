@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/controls/ItemsControl.h"
+#include "toolkit/text/TextCache.h"
 
 namespace Toolkit {
 
@@ -41,6 +42,10 @@ public:
   void SetIsHighlighted(bool value) { SetValue(IsHighlightedProperty, value); }
   /// Switches a checkable item and raises `Click`.
   void Click();
+  /// What it takes of the length of a bar.
+  float WidthInBar() const;
+  /// Items that were taken out are free of the submenu at once.
+  void ReleaseItems();
   /// What Return does: opens the submenu with its first item lit, or closes all menus and clicks.
   void Choose();
 
@@ -59,6 +64,9 @@ private:
   float RoomForArrow() const;
   bool OpenSubmenu();
   void CloseMenusAndClick();
+  /// In a bar, what is painted while it is lit: the bar's upper and lower edge are left alone, however high it is.
+  Rect LitBoxInBar() const;
+  TextSize HeaderSize() const;
   void DrawRow(Painter& painter);
 
   /// Made when it first opens. The items are children of its panel from then on.

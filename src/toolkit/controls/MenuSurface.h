@@ -27,6 +27,8 @@ public:
   bool HasMarks() const { return hasMarks; }
   bool HasArrows() const { return hasArrows; }
   void MoveToFirst() { MoveToEnd(false); }
+  /// Lets go of items that were taken out; a menu that is not shown is not laid out, which does it otherwise.
+  void ReleaseItems() { PrepareForMeasure(); }
 
   void OnItemEntered(MenuItem& item) override;
   void OnItemLeft(MenuItem& item) override;
