@@ -152,6 +152,8 @@ TEST_F(DocumentCommands, MakeADocumentOfAnotherKindIfTheUserAgrees) {
   EXPECT_EQ(window.Exported(), before);
   graph.Selected().Add(*graph.ContentNodes()[1]);
   Choose("Set Selected Node As Root");
+  auto& panel = TestSupport::Named<NodePanel>(window.View(), "NodePanel");
+  panel.OpenNode(graph.Root());
   for (const auto& [name, title] : {std::pair("Dialogue", "[ROOT] Dialogue"), {"Quest", "[ROOT] Quest"}}) {
     choose(name, Toolkit::MessageBoxResult::OK);
     expectRoot(name);
@@ -160,6 +162,7 @@ TEST_F(DocumentCommands, MakeADocumentOfAnotherKindIfTheUserAgrees) {
     EXPECT_EQ(graph.Root()->Title(), title);
     EXPECT_EQ(window.History().Size(), 0u);
     EXPECT_EQ(window.View().FilePath(), path) << "a save goes over the old file";
+    EXPECT_EQ(panel.GetFieldsStack()->ChildCount(), 0u);
   }
 }
 
@@ -227,6 +230,11 @@ TEST_F(DocumentCommands, OfAKeyRunOncePerPressWhateverElseIsHeld) {
   window.KeyUp(Key::F);
   window.KeyUp(Key::Z);
   window.KeyUp(Key::LeftCtrl);
+  // A chord is complete whichever of its keys comes last.
+  window.Chord({Key::Z, Key::LeftCtrl});
+  EXPECT_EQ(window.History().UndoneCount(), 3u);
+  window.Chord({Key::LeftCtrl, Key::Z, Key::LeftShift});
+  EXPECT_EQ(window.History().UndoneCount(), 2u);
 }
 
 TEST_F(DocumentCommands, OfTheHistoryTakeWhatIsBeingEditedForAStepOfItsOwn) {

@@ -164,6 +164,8 @@ TEST_F(GesturesAndSteps, EscapeAndAnotherDocumentForgetABegunConnection) {
     };
     openMenu();
     Choose("Start Connection");
+    const ContentNode& node = *graph.ContentNodes().at(0);
+    EXPECT_TRUE(node.FindPinControl(*node.FirstOutput())->IsPendingConnection());
     end();
     openMenu();
     EXPECT_TRUE(window.Shows("Start Connection"));

@@ -8,6 +8,7 @@ namespace {
 
 using Tesselor::Connection;
 using Tesselor::CutLineMeetsCurve;
+using Tesselor::IsNearCurve;
 using Tesselor::SegmentsMeet;
 using Toolkit::Point;
 using Curve = std::array<Point, 4>;
@@ -42,6 +43,17 @@ TEST(CutLineGeometry, FollowsTheCurveAndNotItsControlPoints) {
   EXPECT_TRUE(CutLineMeetsCurve({749950, 750050}, {749990, 750050}, curve));
   EXPECT_FALSE(CutLineMeetsCurve({749900, 750000}, {749905, 750100}, curve));
   EXPECT_FALSE(CutLineMeetsCurve({750010, 750100}, {750040, 750090}, curve));
+}
+
+TEST(CutLineGeometry, TellsWhatIsNearACurveFromEndToEnd) {
+  const Curve curve = Connection::CurveBetween({500, 100}, {100, 300});
+  // The middle of the curve is the middle between its ends.
+  for (const Point on : {curve[0], Point{300, 200}, curve[3]}) {
+    for (const Point away : {Point{0, 0}, {0, 2}, {0, -2}, {2, 0}, {-2, 0}})
+      EXPECT_TRUE(IsNearCurve(on + away, curve, 3)) << on.x + away.x << "," << on.y + away.y;
+    for (const Point away : {Point{0, 9}, {0, -9}, {30, 0}, {-30, 0}})
+      EXPECT_FALSE(IsNearCurve(on + away, curve, 3)) << on.x + away.x << "," << on.y + away.y;
+  }
 }
 
 TEST(CutLineGeometry, PassesOverNoCurveThatTheLineMeets) {

@@ -50,6 +50,17 @@ TEST_F(NodePins, AreMadeFromTheSchema) {
   }
 }
 
+TEST_F(NodePins, OfASideAreFoundInTheOrderOfTheirKeys) {
+  AddSchema("{'id':'Gaps','title':'Gaps','color':'red','inputs':[{'id':'z','Type':'A','color':'red','SpacingAbove':1},"
+            "{'id':'m','Type':'B','color':'red'},{'id':'n','Type':'A','color':'red'}],'outputs':[{'id':'a','Type':'A',"
+            "'color':'red'}]}");
+  const ContentNode& node = Add("Gaps");
+  EXPECT_EQ(node.FirstInputByKey(), node.FindPin("m"));
+  EXPECT_EQ(node.FindInputPinOfType("A"), node.FindPin("n"));
+  EXPECT_EQ(node.FindInputPinOfType(""), nullptr) << "a gap is no pin";
+  EXPECT_TRUE(node.FirstInput()->IsBlank());
+}
+
 TEST_F(NodePins, ConnectByRule) {
   ContentNode& a = Add("Node");
   ContentNode& b = Add("Node");
