@@ -1,6 +1,8 @@
 // What is selected, as the clipboard's text, and what a paste makes of it.
 #include "CopyTest.h"
+#include "document/NodeWriter.h"
 #include "fields/FieldRawJson.h"
+#include "graph/StructureChange.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/ReferenceNode.h"
 #include "toolkit/controls/Canvas.h"
@@ -187,6 +189,23 @@ TEST_F(CopyAndPaste, HoldWhatALinkLeadsTo) {
       << Show(pasted);
 }
 
+TEST_F(CopyAndPaste, WriteAChildInFullAtEachOfItsParents) {
+  Load("'Items':[{'Items':[{'$NodeId':'Item-2','Items':[{'Label':'l'}]}]},{'Items':[{'$NodeId':'Item-2'}]}],"
+       "'Map':{'k':{'$NodeId':'Entry-5','$Key':'k','$Value':1}}");
+  for (size_t i = 0; i < (*view)->ContentNodes().size(); ++i) TestSupport::TestGraph::Place(Node(i), 1000, 500);
+  const std::string start = ",'$Position':{'$x':0,'$y':0}";
+  const std::string inner = "'Items':[{'$NodeId':'Item','$Title':'n3'" + start + ",'Label':'l','Items':[],";
+  const std::string shared = "'Items':[{'$NodeId':'Item','$Title':'n2'" + start + "," + inner +
+                             "'$Copied':{'label':'2'}}],'$Copied':{'label':'1'}}]}";
+  Select({1, 2, 3, 4});
+  EXPECT_EQ(CopiedObjects(), Quoted("{'$NodeId':'Item','$Title':'n1'" + start + "," + shared +
+                                    "\n{'$NodeId':'Item','$Title':'n4'" + start + "," + shared));
+  Select({0, 5});
+  Node(5).mapKey.clear();
+  const std::string entry = "'Map':[{'$NodeId':'Entry','$Title':'n5'" + start + ",'$Key':'k','$Value':1}]";
+  EXPECT_NE(CopiedObjects().find(Quoted(entry)), std::string::npos) << CopiedObjects();
+}
+
 TEST_F(CopyAndPaste, TakeWhatLiesInSelectedGroupsAlong) {
   Load("'Items':[{}]");
   GroupNode& group = (*view)->AddGroupNode(900, 400);
@@ -226,6 +245,7 @@ TEST_F(CopyAndPaste, KeepTheFileOfAReference) {
 TEST_F(CopyAndPaste, StopWhereNoTextCanBeReadAgain) {
   const auto loadChain = [this](int length) {
     Load("");
+    const StructureChange change(**view);
     ContentNode* last = &Node(0);
     for (int i = 1; i < length; ++i) {
       ContentNode& next = AddNode("Item");
@@ -240,10 +260,14 @@ TEST_F(CopyAndPaste, StopWhereNoTextCanBeReadAgain) {
   const std::string deepest = Copied();
   EXPECT_EQ(JsonNesting(deepest), JsonNestingLimit);
   EXPECT_EQ(ReadClipboardText(deepest).size(), 1u);
-  for (const int length : {1000, 3000}) {
-    loadChain(length);
-    EXPECT_FALSE(CopySelection(**view)) << length;
-  }
+  loadChain(1000);
+  EXPECT_FALSE(CopySelection(**view));
+  // A longer one is not even written to its end: it could fill the stack.
+  loadChain(3000);
+  EXPECT_FALSE(CopySelection(**view));
+  NodeWriter writer(NodeSet{});
+  EXPECT_LE(JsonNesting(PrintJson(writer.WriteTopOfCopy(Node(0)).get())), JsonNestingLimit + 1);
+  EXPECT_TRUE(writer.IsTooDeep());
   // What a field holds counts as well.
   Load("'extra':{'a':1}");
   std::string raw = "{}";
