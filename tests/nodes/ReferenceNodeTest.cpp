@@ -68,8 +68,8 @@ class ChosenFile final : public FileDialogBackend {
 public:
   explicit ChosenFile(std::optional<std::string> path) : path(std::move(path)), former(FileDialogs::SetBackend(this)) {}
   ~ChosenFile() override { FileDialogs::SetBackend(former); }
-  std::optional<std::string> Open(const std::string&) override { return path; }
-  std::optional<std::string> Save(const std::string&) override { return {}; }
+  std::optional<std::string> Open(const std::string&, const std::string&) override { return path; }
+  std::optional<std::string> Save(const std::string&, const std::string&) override { return {}; }
 
 private:
   std::optional<std::string> path;
