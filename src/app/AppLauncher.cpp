@@ -2,6 +2,7 @@
 
 #include "app/ComponentRegistration.h"
 #include "app/EmbeddedData.h"
+#include "platform/FileDialogs.h"
 #include "platform/TextureRoot.h"
 #include "toolkit/application/ImageFiles.h"
 #include "toolkit/markup/GUI.h"
@@ -31,6 +32,7 @@ void AppLauncher::InstallProviders() {
   fonts.Register(family, Toolkit::FontWeight::Bold, Toolkit::FontStyle::Normal, EmbeddedFontBold());
   fonts.Register(family, Toolkit::FontWeight::Normal, Toolkit::FontStyle::Italic, EmbeddedFontItalic());
   Toolkit::ImageFiles::SetRoot(FindTextureRoot());
+  FileDialogs::SetWhileOpen(&Toolkit::Launcher::TurnWhileWaiting);
 }
 
 } // namespace Tesselor

@@ -8,6 +8,7 @@
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
 #include "nodes/NodePinControl.h"
+#include "platform/FileDialogs.h"
 #include "platform/LogFile.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/controls/ButtonBase.h"
@@ -74,6 +75,7 @@ MainView::MainView() {
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
   TOOLKIT_ASSERT(nodePanel && nodeSearchPanel);
   AddCommandStates();
+  FileDialogs::SetCurrentFile([this] { return filePath; });
   workspaceOverlay =
       std::make_unique<Overlay>(*FindName<Toolkit::UIElement>("WorkspaceOverlay"), [this] { CancelLoadWorkspace(); });
   hotkeysOverlay = std::make_unique<Overlay>(*FindName<Toolkit::UIElement>("HotkeysOverlay"), Toolkit::Key::H, [this] {
@@ -96,6 +98,7 @@ MainView::~MainView() {
   // Steps refer to nodes and connections, which go with the view.
   ActionHistory::Instance().Clear();
   graph->Selected().onChanged = nullptr;
+  FileDialogs::SetCurrentFile(nullptr);
   ClearDocument();
 }
 

@@ -2,6 +2,7 @@
 
 #include "editor/MainView.h"
 
+#include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/visual/Input.h"
 #include "values/ActionHistory.h"
@@ -119,9 +120,10 @@ void MainView::StepInHistory(void (*step)()) {
 }
 
 void MainView::WithFinishedTyping(const std::function<void()>& run) {
-  // A box makes the step when it loses the focus.
+  // A field makes the step when it loses the focus. The panel has none to make, and keeps the place where Tab goes on.
   Toolkit::InputState* input = Toolkit::InputState::Current();
-  const Ptr<Toolkit::UIElement> focused(input ? input->Focused() : nullptr);
+  Toolkit::UIElement* holder = input ? input->Focused() : nullptr;
+  const Ptr<Toolkit::UIElement> focused(holder == &graph->Panel() ? nullptr : holder);
   if (focused) input->SetFocus(nullptr);
   run();
   if (focused && focused->IsAttached() && !input->Focused()) focused->Focus();

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int dialogAccepted = 1;
 using DialogFunction = int (*)(const char* filterList, const char* defaultPath, char** outPath);
+using TurnFunction = void (*)();
 
 /// The desktop's dialogs live in a module of their own that is loaded by the first dialog: their toolkit takes far
 /// longer to start than the whole program, and an unattended run must not need it. The module is never unloaded,
@@ -26,6 +27,7 @@ public:
       if (!module) continue;
       open = reinterpret_cast<DialogFunction>(dlsym(module, "NFD_OpenDialog"));
       save = reinterpret_cast<DialogFunction>(dlsym(module, "NFD_SaveDialog"));
+      setWhileOpen = reinterpret_cast<void (*)(TurnFunction)>(dlsym(module, "NFD_SetWhileOpen"));
       return;
     }
   }
@@ -37,12 +39,20 @@ public:
 
   DialogFunction open = nullptr;
   DialogFunction save = nullptr;
+  void (*setWhileOpen)(TurnFunction) = nullptr;
 };
 
-std::optional<std::string> Run(DialogFunction dialog, const std::string& filter) {
+TurnFunction whileOpen = nullptr;
+std::function<std::string()> currentFile;
+
+std::string StartPath() { return currentFile ? currentFile() : std::string(); }
+
+std::optional<std::string> Run(DialogFunction dialog, const std::string& filter, const std::string& startPath) {
   if (!dialog) return std::nullopt;
+  if (const auto set = DialogModule::Instance().setWhileOpen) set(whileOpen);
   char* chosen = nullptr;
-  const int result = dialog(filter.empty() ? nullptr : filter.c_str(), nullptr, &chosen);
+  const int result =
+      dialog(filter.empty() ? nullptr : filter.c_str(), startPath.empty() ? nullptr : startPath.c_str(), &chosen);
   if (result != dialogAccepted || !chosen) {
     std::free(chosen);
     return std::nullopt;
@@ -57,12 +67,18 @@ FileDialogBackend* currentBackend = nullptr;
 } // namespace
 
 std::optional<std::string> FileDialogs::Open(const std::string& filter) {
-  return currentBackend ? currentBackend->Open(filter) : Run(DialogModule::Instance().open, filter);
+  const std::string start = StartPath();
+  return currentBackend ? currentBackend->Open(filter, start) : Run(DialogModule::Instance().open, filter, start);
 }
 
 std::optional<std::string> FileDialogs::Save(const std::string& filter) {
-  return currentBackend ? currentBackend->Save(filter) : Run(DialogModule::Instance().save, filter);
+  const std::string start = StartPath();
+  return currentBackend ? currentBackend->Save(filter, start) : Run(DialogModule::Instance().save, filter, start);
 }
+
+void FileDialogs::SetCurrentFile(std::function<std::string()> path) { currentFile = std::move(path); }
+
+void FileDialogs::SetWhileOpen(void (*turn)()) { whileOpen = turn; }
 
 FileDialogBackend* FileDialogs::SetBackend(FileDialogBackend* backend) {
   return std::exchange(currentBackend, backend);

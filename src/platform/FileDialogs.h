@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -9,8 +10,10 @@ namespace Tesselor {
 class FileDialogBackend {
 public:
   virtual ~FileDialogBackend() = default;
-  virtual std::optional<std::string> Open(const std::string& filter) = 0;
-  virtual std::optional<std::string> Save(const std::string& filter) = 0;
+  /// The dialog starts in the directory of the file `startPath`, and one that saves with its name; an empty path leaves
+  /// that to the desktop.
+  virtual std::optional<std::string> Open(const std::string& filter, const std::string& startPath) = 0;
+  virtual std::optional<std::string> Save(const std::string& filter, const std::string& startPath) = 0;
 };
 
 /// The system's dialogs for choosing a file; both block until the dialog is closed and give the path in UTF-8.
@@ -26,6 +29,11 @@ public:
   /// Installs a backend, which stays the caller's and must outlive its installation; returns the former one. Null, as
   /// at the start, means the desktop's own dialogs.
   static FileDialogBackend* SetBackend(FileDialogBackend* backend);
+  /// Tells the path of the file that is worked on, where dialogs start; empty if there is none. Null, as at the start,
+  /// means that there is none.
+  static void SetCurrentFile(std::function<std::string()> path);
+  /// What is called again and again while a dialog of the desktop is open, so that the window behind it can repaint.
+  static void SetWhileOpen(void (*turn)());
 };
 
 } // namespace Tesselor

@@ -29,8 +29,7 @@ IsSaved() { [ -s asset.json ]; }
 DialogOrSaved() { Dialog || IsSaved || ! kill -0 "$editor"; }
 # Without a window manager the focus goes where it is put. A click on the canvas takes it there, and Tab then leads through
 # what stands on the canvas; Return presses what the focus is on. Keys are taken in order, so a document that the keys
-# behind Return have saved tells that Return opened nothing. A dialog leaves these keys waiting, and the document is
-# saved when it closes.
+# behind Return have saved tells that Return opened nothing. While a dialog is open no key reaches the window behind it.
 OpenDialog() {
   xdotool windowfocus --sync "$window"
   eval "$(xdotool getwindowgeometry --shell "$window")"
@@ -69,8 +68,15 @@ ChooseFile() {
   fail "no dialog takes the path"
 }
 
+Save() {
+  xdotool windowfocus --sync "$window"
+  xdotool key ctrl+s
+}
+
 OpenDialog
 ChooseFile
+IsSaved && fail "a key reached the window behind the dialog"
+Save
 await IsSaved || fail "Ctrl+S does not save"
 grep -q '"File":.*"chosen-id"' asset.json || fail "the id was not taken: $(cat asset.json)"
 grep -q '"$File_FileName":.*"chosen.one"' asset.json || fail "the name was not taken: $(cat asset.json)"
@@ -78,6 +84,7 @@ grep -q '"$File_FileName":.*"chosen.one"' asset.json || fail "the name was not t
 cp asset.json before.json
 OpenDialog
 PressUntilClosed Escape || fail "Escape does not close the dialog"
+Save
 await IsSaved || fail "Ctrl+S does not save"
 cmp before.json asset.json || fail "a cancelled dialog changed the document"
 kill -0 "$editor" 2>/dev/null || fail "the editor has ended"

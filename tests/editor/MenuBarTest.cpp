@@ -125,6 +125,23 @@ TEST(MenuBar, ClosesAtOnceAfterALoadOrASave) {
   }
 }
 
+TEST(FileDialogs, StartAtTheCurrentFile) {
+  WindowStage window;
+  const auto startOf = [&](const std::vector<Key>& chord) {
+    window.dialogs.startPath = "none";
+    window.Chord(chord);
+    return window.dialogs.startPath;
+  };
+  EXPECT_EQ(startOf({Key::LeftCtrl, Key::O}), "");
+  const TestSupport::TemporaryDirectory directory;
+  const std::string saved = (directory.Path() / "saved.json").string();
+  window.dialogs.path = saved;
+  window.Chord({Key::LeftCtrl, Key::S});
+  window.dialogs.path.reset();
+  EXPECT_EQ(startOf({Key::LeftCtrl, Key::O}), saved);
+  EXPECT_EQ(startOf({Key::LeftCtrl, Key::LeftShift, Key::S}), saved);
+}
+
 TEST(MenuBar, KeepsAllItemsInReachOfANarrowWindow) {
   WindowStage window({.document = "quest", .size = {911, 600}});
   MenuItem& more = Item(window, "\u00bb");

@@ -18,15 +18,20 @@ public:
   ChosenFile(const ChosenFile&) = delete;
   ChosenFile& operator=(const ChosenFile&) = delete;
 
-  std::optional<std::string> Open(const std::string& asked) override {
+  std::optional<std::string> Open(const std::string& asked, const std::string& start) override {
     filter = asked;
+    startPath = start;
     return path;
   }
-  std::optional<std::string> Save(const std::string& asked) override { return Open(asked); }
+  std::optional<std::string> Save(const std::string& asked, const std::string& start) override {
+    return Open(asked, start);
+  }
 
   std::optional<std::string> path;
   /// What the last dialog was asked to show; nothing if there was none.
   std::optional<std::string> filter;
+  /// Where it was asked to start.
+  std::string startPath;
 
 private:
   Tesselor::FileDialogBackend* former;

@@ -1,4 +1,4 @@
-/* The desktop's file dialogs behind two C functions. This module is loaded into the program when the first dialog is
+/* The desktop's file dialogs behind C functions. This module is loaded into the program when the first dialog is
    shown and stays loaded. */
 
 #include <gtk/gtk.h>
@@ -20,6 +20,32 @@ static gboolean Start(void) {
   setlocale(LC_CTYPE, "");
   isStarted = gtk_init_check(NULL, NULL);
   return isStarted;
+}
+
+/* What the program wants to be done while a dialog is open, or null. */
+static void (*while_open)(void) = NULL;
+enum { TURN_MILLISECONDS = 15 };
+
+static gboolean Turn(gpointer unused) {
+  (void)unused;
+  while_open();
+  return G_SOURCE_CONTINUE;
+}
+
+/* The dialog starts in the directory of the file, and one that saves with its name. */
+static void StartAt(GtkFileChooser* chooser, GtkFileChooserAction action, const char* path) {
+  char* absolute = g_canonicalize_filename(path, NULL);
+  char* directory = g_path_get_dirname(absolute);
+  gtk_file_chooser_set_current_folder(chooser, directory);
+  g_free(directory);
+  if (action == GTK_FILE_CHOOSER_ACTION_SAVE) {
+    char* name = g_path_get_basename(absolute);
+    char* shown = g_filename_display_name(name);
+    gtk_file_chooser_set_current_name(chooser, shown);
+    g_free(shown);
+    g_free(name);
+  }
+  g_free(absolute);
 }
 
 /* A pattern for one extension that takes both cases of each letter: "*.[jJ][sS]". */
@@ -84,9 +110,10 @@ static int RunDialog(GtkFileChooserAction action, const char* title, const char*
   if (action == GTK_FILE_CHOOSER_ACTION_SAVE)
     gtk_file_chooser_set_do_overwrite_confirmation(chooser, TRUE);
   if (defaultPath && *defaultPath)
-    gtk_file_chooser_set_current_folder(chooser, defaultPath);
+    StartAt(chooser, action, defaultPath);
   AddFilters(chooser, filterList);
 
+  guint timer = while_open ? g_timeout_add(TURN_MILLISECONDS, Turn, NULL) : 0;
   int result = RESULT_CANCELLED;
   if (gtk_native_dialog_run(GTK_NATIVE_DIALOG(dialog)) == GTK_RESPONSE_ACCEPT) {
     char* chosen = gtk_file_chooser_get_filename(chooser);
@@ -96,12 +123,16 @@ static int RunDialog(GtkFileChooserAction action, const char* title, const char*
     g_free(chosen);
     result = *outPath ? RESULT_CHOSEN : RESULT_ERROR;
   }
+  if (timer)
+    g_source_remove(timer);
   g_object_unref(dialog);
   /* Nothing else turns this event loop, so the dialog's window would stay on the screen. */
   while (gtk_events_pending())
     gtk_main_iteration();
   return result;
 }
+
+EXPORTED void NFD_SetWhileOpen(void (*turn)(void)) { while_open = turn; }
 
 EXPORTED int NFD_OpenDialog(const char* filterList, const char* defaultPath, char** outPath) {
   return RunDialog(GTK_FILE_CHOOSER_ACTION_OPEN, "Open File", filterList, defaultPath, outPath);

@@ -14,6 +14,40 @@
 
 namespace Toolkit {
 
+namespace {
+
+/// What the loop shows and where.
+struct Scene {
+  Window& window;
+  InputState& input;
+  Display& display;
+  FrameRecorder frames{&ImageFiles::Find};
+
+  void FollowSize() {
+    if (display.TakeSizeChange()) window.SetClientSize(display.ClientSize());
+  }
+  void ShowFrame() {
+    LayoutQueue& layout = LayoutQueue::Current();
+    if (!layout.TakeVisualChange()) return;
+    input.UpdateHover();
+    layout.Run();
+    layout.TakeVisualChange();
+    if (display.ShowsFrames()) display.Present(frames.Record(window, display.ClientSize(), display.Scale()));
+  }
+};
+
+/// Of the loop that turns.
+Scene* currentScene = nullptr;
+
+} // namespace
+
+void Launcher::TurnWhileWaiting() {
+  if (!currentScene) return;
+  currentScene->display.DropInput();
+  currentScene->FollowSize();
+  currentScene->ShowFrame();
+}
+
 std::unique_ptr<Display> Launcher::CreateDisplay() {
   if (SdlDisplay::IsAvailable()) return std::make_unique<SdlDisplay>();
   return std::make_unique<HeadlessDisplay>();
@@ -51,21 +85,20 @@ int Launcher::RunWindow(Window& window) {
     display = std::make_unique<HeadlessDisplay>();
   }
   if (display->ShowsFrames()) window.PresentMessageBoxes();
-  FrameRecorder frames(&ImageFiles::Find);
+  Scene scene{window, input, *display};
+  struct Current {
+    explicit Current(Scene& scene) { currentScene = &scene; }
+    ~Current() { currentScene = nullptr; }
+  } const current(scene);
   Dispatcher& dispatcher = Dispatcher::Current();
   LayoutQueue& layout = LayoutQueue::Current();
   window.SetClientSize(display->ClientSize());
   while (!window.IsClosed()) {
     dispatcher.RunDue();
-    if (display->TakeSizeChange()) window.SetClientSize(display->ClientSize());
+    scene.FollowSize();
     layout.RaiseLoaded();
     if (window.IsClosed()) break;
-    if (layout.TakeVisualChange()) {
-      input.UpdateHover();
-      layout.Run();
-      layout.TakeVisualChange();
-      if (display->ShowsFrames()) display->Present(frames.Record(window, display->ClientSize(), display->Scale()));
-    }
+    scene.ShowFrame();
     display->SetCursor(input.Cursor());
     display->SetTextInput(input.CaretRectangle());
     if (window.GetTitle() != title) {

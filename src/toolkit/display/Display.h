@@ -25,6 +25,9 @@ public:
   virtual float Scale() const { return 1; }
   /// Waits at most `milliseconds` (negative: until something comes) and feeds what has come to the input state.
   virtual void WaitForInput(double milliseconds) = 0;
+  /// Takes what has come for the window itself, such as that it was uncovered or has another size, without waiting.
+  /// Input and requests to close it go nowhere.
+  virtual void DropInput() {}
   /// True if a user may still act, so that a loop with nothing to do goes on waiting.
   virtual bool HasUser() const = 0;
   /// True once since the last call if the user asked to close the window.

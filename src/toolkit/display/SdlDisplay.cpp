@@ -224,6 +224,18 @@ void SdlDisplay::WaitForInput(double milliseconds) {
   if (hasMotion) Handle(motion);
 }
 
+void SdlDisplay::DropInput() {
+  SDL_Event event;
+  while (SDL_PollEvent(&event)) {
+    if (event.type == SDL_WINDOWEVENT) HandleWindow(event.window.event);
+    if (event.type == SDL_TEXTEDITING_EXT) SDL_free(event.editExt.text);
+  }
+  closeRequested = false;
+  // Nobody hears of a key or a button that is let go meanwhile.
+  input->ReleaseAll();
+  SDL_CaptureMouse(SDL_FALSE);
+}
+
 void SdlDisplay::HandleWindow(uint8_t kind) {
   switch (kind) {
   case SDL_WINDOWEVENT_CLOSE: closeRequested = true; break;

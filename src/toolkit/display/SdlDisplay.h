@@ -25,6 +25,7 @@ public:
   float Scale() const override { return scale; }
   bool ShowsFrames() const override { return true; }
   void WaitForInput(double milliseconds) override;
+  void DropInput() override;
   bool HasUser() const override { return true; }
   bool TakeCloseRequest() override;
   bool TakeSizeChange() override;
