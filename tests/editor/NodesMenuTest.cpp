@@ -194,7 +194,8 @@ TEST_F(NodesMenuTest, MakesOnlyTheEntriesInSight) {
     const std::string id = "Type" + std::to_string(i);
     schemas.push_back(Schema(id, id, "red", "In", "Out"));
   }
-  menu->SetWorkspace(TestSupport::MakeWorkspace(schemas));
+  workspace = TestSupport::MakeWorkspace(schemas);
+  menu->SetWorkspace(workspace);
   menu->Open();
   const auto made = [&] { return TestSupport::All<CreateNodeButton>(menu.Get()).size(); };
   const auto isInSight = [&](const std::string& id) {
@@ -219,6 +220,15 @@ TEST_F(NodesMenuTest, MakesOnlyTheEntriesInSight) {
   EXPECT_EQ(menu->Marked()->id, "Type29");
   EXPECT_TRUE(isInSight("Type29"));
   EXPECT_EQ(made(), 11u);
+  // Another list begins at its top, also without a mark.
+  menu->SetSearchText("type");
+  stage.Press(Toolkit::Key::PageDown);
+  for (int i = 0; i < 9; ++i) stage.Press(Toolkit::Key::PageDown);
+  EXPECT_FALSE(isInSight("Type0"));
+  menu->ApplyFilter({"", DroppedPinSide::Input, Pin("Type0", false)});
+  stage.Settle();
+  EXPECT_EQ(menu->Marked(), nullptr);
+  EXPECT_TRUE(isInSight("Type0"));
 }
 
 TEST_F(NodesMenuTest, MakesItsRowsOnlyToShowThem) {
