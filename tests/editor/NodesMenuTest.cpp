@@ -103,6 +103,14 @@ TEST_F(NodesMenuTest, FiltersByTextAndByTheDroppedPin) {
   TestSupport::ExpectText("NodesMenuFilters", dump);
 }
 
+TEST_F(NodesMenuTest, ListsACategoryWithoutTypesUnlessItFilters) {
+  workspace->nodeDictionary->AddToCategory("Nothing", "Gone");
+  menu->SetWorkspace(workspace);
+  EXPECT_NE(Listed().find("Nothing; "), std::string::npos);
+  menu->ApplyFilter({"LINE"});
+  EXPECT_EQ(Listed(), "Dialogue+ *Line; ");
+}
+
 TEST_F(NodesMenuTest, ColoursACategoryByItsTypesAndGreyIfTheyDisagree) {
   const Color grey = Color::FromBytes(128, 128, 128);
   const Color expected[] = {Toolkit::Colors::DimGray, workspace->nodeDictionary->FindBlueprint("Line")->color, grey,
