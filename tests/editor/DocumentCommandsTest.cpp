@@ -256,6 +256,20 @@ TEST_F(DocumentCommands, OfTheHistoryTakeWhatIsBeingEditedForAStepOfItsOwn) {
   EXPECT_EQ(window.History().Size(), 1u);
 }
 
+TEST_F(DocumentCommands, LeaveThePlaceWhereTabGoesOn) {
+  const auto tabFromTheTitle = [&](bool saves) {
+    window.Focus(&graph.Panel());
+    graph.Root()->BeginTitleEdit();
+    window.Press(Key::Return);
+    if (saves) window.Chord({Key::LeftCtrl, Key::S});
+    window.Press(Key::Tab);
+    return window.Input().Focused();
+  };
+  const Toolkit::UIElement* behind = tabFromTheTitle(false);
+  ASSERT_TRUE(behind);
+  EXPECT_EQ(tabFromTheTitle(true), behind);
+}
+
 TEST_F(DocumentCommands, ReachNoBoxThatIsNotSeenAnyMore) {
   GroupNode& group = *graph.GroupNodes()[0];
   window.LookAt(group);

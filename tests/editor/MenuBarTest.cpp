@@ -202,6 +202,26 @@ TEST_F(Overlays, KeepAllInputFromWhatLiesBehind) {
   EXPECT_FALSE(IsHotkeysShown());
   EXPECT_TRUE(graph.Panel().IsFocused());
   EXPECT_EQ(graph.Selected().GetNodes().size(), 1u);
+  window.Press(Key::Tab);
+  EXPECT_TRUE(window.Input().Focused());
+  EXPECT_FALSE(graph.Panel().IsFocused());
+}
+
+TEST_F(Overlays, EndWhatIsUnderWay) {
+  ContentNode& nest = window.Node("The nest");
+  window.LookAt(nest);
+  const std::string before = window.Exported();
+  const Toolkit::Rect box = WindowStage::BoxOf(nest);
+  const Toolkit::Point grip{box.x + box.width / 2, box.Bottom() - 5};
+  window.Press(grip);
+  window.MoveTo(grip + Toolkit::Point{60, 60});
+  EXPECT_NE(window.Exported(), before);
+  window.Press(Key::H);
+  ASSERT_TRUE(IsHotkeysShown());
+  EXPECT_EQ(window.Exported(), before);
+  window.MoveTo(grip + Toolkit::Point{90, 90});
+  window.Release(grip);
+  EXPECT_EQ(window.Exported(), before);
 }
 
 TEST_F(Overlays, GiveTheFocusBackWhicheverWayTheyClose) {

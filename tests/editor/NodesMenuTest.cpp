@@ -103,6 +103,14 @@ TEST_F(NodesMenuTest, FiltersByTextAndByTheDroppedPin) {
   TestSupport::ExpectText("NodesMenuFilters", dump);
 }
 
+TEST_F(NodesMenuTest, ListsACategoryWithoutTypesUnlessItFilters) {
+  workspace->nodeDictionary->AddToCategory("Nothing", "Gone");
+  menu->SetWorkspace(workspace);
+  EXPECT_NE(Listed().find("Nothing; "), std::string::npos);
+  menu->ApplyFilter({"LINE"});
+  EXPECT_EQ(Listed(), "Dialogue+ *Line; ");
+}
+
 TEST_F(NodesMenuTest, ColoursACategoryByItsTypesAndGreyIfTheyDisagree) {
   const Color grey = Color::FromBytes(128, 128, 128);
   const Color expected[] = {Toolkit::Colors::DimGray, workspace->nodeDictionary->FindBlueprint("Line")->color, grey,
@@ -194,7 +202,8 @@ TEST_F(NodesMenuTest, MakesOnlyTheEntriesInSight) {
     const std::string id = "Type" + std::to_string(i);
     schemas.push_back(Schema(id, id, "red", "In", "Out"));
   }
-  menu->SetWorkspace(TestSupport::MakeWorkspace(schemas));
+  workspace = TestSupport::MakeWorkspace(schemas);
+  menu->SetWorkspace(workspace);
   menu->Open();
   const auto made = [&] { return TestSupport::All<CreateNodeButton>(menu.Get()).size(); };
   const auto isInSight = [&](const std::string& id) {
@@ -219,6 +228,15 @@ TEST_F(NodesMenuTest, MakesOnlyTheEntriesInSight) {
   EXPECT_EQ(menu->Marked()->id, "Type29");
   EXPECT_TRUE(isInSight("Type29"));
   EXPECT_EQ(made(), 11u);
+  // Another list begins at its top, also without a mark.
+  menu->SetSearchText("type");
+  stage.Press(Toolkit::Key::PageDown);
+  for (int i = 0; i < 9; ++i) stage.Press(Toolkit::Key::PageDown);
+  EXPECT_FALSE(isInSight("Type0"));
+  menu->ApplyFilter({"", DroppedPinSide::Input, Pin("Type0", false)});
+  stage.Settle();
+  EXPECT_EQ(menu->Marked(), nullptr);
+  EXPECT_TRUE(isInSight("Type0"));
 }
 
 TEST_F(NodesMenuTest, MakesItsRowsOnlyToShowThem) {

@@ -164,6 +164,14 @@ TEST_F(MenuTest, KeepsWhatDoesNotFitInALastMenu) {
   Press(Key::F10);
   for (const Key key : {Key::Right, Key::Down, Key::Right, Key::Return}) Press(key);
   EXPECT_TRUE(Find<MenuItem>("Grid").IsChecked());
+  // What is lit isn't any more in another menu.
+  Resize(wide);
+  Press(Key::F10);
+  Press(Key::Right);
+  Press(Key::Right);
+  EXPECT_EQ(State(), "Help | 0 | Help0 Grid0 ");
+  Resize({upToFile + 40, 300});
+  EXPECT_EQ(State(), "| 0 | Help0 Grid0 ");
   // An open one closes when the bar changes, and its items are back in the bar.
   Click(last);
   Resize(wide);
