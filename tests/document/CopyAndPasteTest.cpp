@@ -316,8 +316,11 @@ TEST_F(CopyAndPaste, LeavePropertiesAndParametersBehind) {
   StartView("Free");
   ASSERT_TRUE(Import("{'$NodeId':'Free-1','a':1,'b':'text'}"));
   ASSERT_EQ((*view)->ContentNodes().size(), 3u);
+  for (size_t i = 0; i < 3; ++i) TestSupport::TestGraph::Place(Node(i), 1000, 500);
   SelectAll();
-  EXPECT_EQ(Paste(Copied()).size(), 1u);
+  const std::string text = Copied();
+  EXPECT_EQ(text.find("$Copied"), std::string::npos) << text;
+  EXPECT_EQ(Paste(text).size(), 1u);
 }
 
 /// What is made of texts that no copy wrote.
