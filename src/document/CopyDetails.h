@@ -19,15 +19,14 @@ namespace Tesselor {
 ///   "label"         of a node that stands in several objects, which are all the same node, or that others name
 ///   "connections"   of output pins whose connections don't follow from what stands in what, those of each in order:
 ///                   { "<pin>": ["<label>:<input pin>", ...] }
-///   "links"         pass-through nodes, which leave no trace in the form: objects like this one, "$Comment" among
-///   their
-///                   members
+///   "links"         pass-through nodes, which leave no trace in the form: an array of objects like this one, with a
+///                   "$Comment" if there is one
 ///
 /// One object of this class serves one copy: it is told of each object as it is written, and adds the members at last.
 class CopyDetails {
 public:
-  /// The nodes outlive the copy; so does the set.
-  explicit CopyDetails(const NodeSet& selection) : repeats(selection.size() + SpareRepeats), selection(selection) {}
+  /// `nodes` is how many are selected; all that are written outlive the copy.
+  explicit CopyDetails(size_t nodes) : repeats(nodes + SpareRepeats) {}
 
   /// An object for the node is being written; it stays where it is. False if it is one of too many for the same node:
   /// then it shall hold nothing of what is below, or nodes with several parents, below each other, would double the
@@ -66,7 +65,6 @@ private:
   void AddLabels(Entry& entry);
   bool FollowFromText(const std::vector<NodePinData*>& targets, const NodePinData& pin) const;
 
-  const NodeSet& selection;
   /// In the order of their first objects.
   std::vector<Entry> entries;
   std::unordered_map<const ContentNode*, size_t> indices;

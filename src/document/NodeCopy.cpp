@@ -19,7 +19,7 @@ using Toolkit::DynamicCast;
 class Copying {
 public:
   explicit Copying(const Selection::Nodes& nodes)
-      : selection(ContentNodesOf(nodes)), details(selection), writer(selection, &details) {
+      : selection(ContentNodesOf(nodes)), details(selection.size()), writer(selection, &details) {
     for (const auto& node : nodes) {
       auto* content = DynamicCast<ContentNode>(node.Get());
       if (!content)

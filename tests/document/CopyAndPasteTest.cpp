@@ -144,9 +144,11 @@ TEST_F(CopyAndPaste, WriteOneObjectForEachNodeThatHangsOnNothingOfTheCopy) {
   }
   const std::string frame = "{'$Position':{'$x':0.5,'$y':10},'$width':300,'$height':300,'$name':'Group Title'}";
   Select({1});
+  TestSupport::TestGraph::Place(Node(1), 1001.5f, 500);
+  EXPECT_EQ(CopiedObjects(), Quoted(a + "}")) << "one node has no layout";
   (*view)->Selected().Add(comment);
   (*view)->Selected().Add(group);
-  EXPECT_EQ(CopiedObjects(), Quoted(a + "}\n" + frame +
+  EXPECT_EQ(CopiedObjects(), Quoted(a + ",'$Copied':{'$x':1.5,'$y':0}}\n" + frame +
                                     "\n{'$Position':{'$x':10,'$y':10},'$width':250,'$height':150,'$name':'Comment',"
                                     "'$text':'}{','$fontSize':13}"));
   Node(4).SetTitle("Raw JSON Node");
@@ -310,6 +312,13 @@ TEST_F(CopyAndPaste, OfTheRootGiveANodeThatIsNone) {
   EXPECT_EQ(text.substr(0, 39), Quoted("{'$NodeId':'Doc','$Title':'[ROOT] Doc',"));
   EXPECT_EQ(Paste(text).at(0)->Title(), "Doc");
   EXPECT_EQ((*view)->Root()->Title(), "[ROOT] Doc");
+}
+
+TEST_F(CopyAndPaste, GiveFieldsThatAreNotToldTheirDefaults) {
+  AddSchema("{'id':'Default','title':'Default','color':'red','content':[{'Id':'label','Type':'SmallString',"
+            "'Options':{'Default':'d'}}],'Schema':{'Label':'label'}}");
+  const Nodes pasted = Paste(Quoted("{'$NodeId':'Default'}"));
+  EXPECT_EQ(Toolkit::DynamicCast<ContentNode>(pasted.at(0).Get())->FindField("label")->GetValueAsString(), "d");
 }
 
 TEST_F(CopyAndPaste, LeavePropertiesAndParametersBehind) {
