@@ -58,6 +58,7 @@ void CopyDetails::AddMembers(const std::vector<ContentNode*>& links, size_t othe
   if (!links.empty()) AddLinks(links);
   for (Entry& entry : entries) {
     AddConnections(entry);
+    AddHiddenPins(entry);
     if (entries.size() + others > 1) AddPlace(entry);
     AddMapKey(entry);
     if (IsGeneric(*entry.node) && entry.node->Title() != entry.node->Blueprint().title)
@@ -114,6 +115,17 @@ void CopyDetails::AddMapKey(Entry& entry) {
     if (JsonText(cJSON_GetObjectItem(entry.objects.front(), Keys::Key)) == node.mapKey) continue;
     cJSON_AddStringToObject(MemberOf(entry), Keys::MapKey, node.mapKey.c_str());
     return;
+  }
+}
+
+void CopyDetails::AddHiddenPins(Entry& entry) {
+  const ContentNode::Pins& output = entry.node->Output();
+  cJSON* array = nullptr;
+  for (size_t i = 0; i < output.Count(); ++i) {
+    const NodePinData& pin = *output.Get(i);
+    if (pin.IsVisible()) continue;
+    if (!array) array = cJSON_AddArrayToObject(MemberOf(entry), Keys::HiddenPins);
+    cJSON_AddItemToArray(array, cJSON_CreateString(entry.node->KeyOf(pin).c_str()));
   }
 }
 

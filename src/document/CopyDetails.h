@@ -19,6 +19,7 @@ namespace Tesselor {
 ///   "label"         of a node that stands in several objects, which are all the same node, or that others name
 ///   "connections"   of output pins whose connections don't follow from what stands in what, those of each in order:
 ///                   { "<pin>": ["<label>:<input pin>", ...] }
+///   "hiddenPins"    the output pins that are not shown, an array
 ///   "links"         pass-through nodes, which leave no trace in the form: an array of objects like this one, with a
 ///                   "$Comment" if there is one
 ///
@@ -60,6 +61,7 @@ private:
   void AddLinks(const std::vector<ContentNode*>& links);
   void AddPlace(Entry& entry);
   void AddMapKey(Entry& entry);
+  void AddHiddenPins(Entry& entry);
   void AddConnections(Entry& entry);
   void AddList(Entry& entry, const NodePinData& pin, const std::vector<NodePinData*>& targets);
   void AddLabels(Entry& entry);

@@ -29,6 +29,14 @@ void PlaceExactly(ContentNode& node, const cJSON* copied) {
   Toolkit::Canvas::SetTop(&node, place.y);
 }
 
+void HidePins(const ContentNode& node, const cJSON* keys) {
+  const cJSON* key = nullptr;
+  cJSON_ArrayForEach(key, keys) {
+    NodePinData* pin = node.FindPin(JsonText(key).value_or(std::string()));
+    if (pin && !pin->IsInput()) pin->SetVisible(false);
+  }
+}
+
 } // namespace
 
 std::string PasteDetails::LabelOf(const NodeEntry& entry) {
@@ -51,6 +59,7 @@ void PasteDetails::Apply(ContentNode& node, const cJSON* copied) {
   PlaceExactly(node, copied);
   if (const auto title = JsonText(cJSON_GetObjectItem(copied, Keys::Title))) node.SetTitle(*title);
   if (const auto key = JsonText(cJSON_GetObjectItem(copied, Keys::MapKey))) node.mapKey = *key;
+  HidePins(node, cJSON_GetObjectItem(copied, Keys::HiddenPins));
   if (const cJSON* pins = cJSON_GetObjectItem(copied, Keys::Connections)) connections.emplace_back(&node, pins);
   if (const cJSON* array = cJSON_GetObjectItem(copied, Keys::CopiedLinks); cJSON_IsArray(array)) links.push_back(array);
 }

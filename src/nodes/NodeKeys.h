@@ -25,6 +25,7 @@ inline constexpr char Label[] = "label";
 inline constexpr char MapKey[] = "mapKey";
 inline constexpr char Connections[] = "connections";
 inline constexpr char CopiedLinks[] = "links";
+inline constexpr char HiddenPins[] = "hiddenPins";
 
 inline constexpr char AdditionalProperties[] = "$AdditionalProperties$Pin";
 inline constexpr char AdditionalParameters[] = "$AdditionalParameterProperties$Pin";

@@ -78,6 +78,11 @@ TEST_F(CopyAndPaste, GiveBackWhatWasCopied) {
          Join(Node(1), "free", AddNode("Item"), "in");
          Join(Node(1), "free", AddNode("Item"), "in");
        }},
+      {"nodes with hidden pins", "'One':{'Items':[{}]},'Items':[{}]",
+       [this] {
+         Node(0).ToggleUnusedOutputPins();
+         Node(1).ToggleUnusedOutputPins();
+       }},
       {"frames among nodes", "'Items':[{}]",
        [this] {
          (*view)->AddGroupNode(30.5f, 400).SetTitle("g1");

@@ -75,7 +75,7 @@ protected:
   }
 
   /// Some nodes, a line for each in the order of their titles: title, place beside the upper left of all, type,
-  /// comment, key in a map, and what of them hangs on which pin.
+  /// comment, key in a map, which output pins it doesn't show, and what of them hangs on which pin.
   static std::string Show(const Nodes& nodes) {
     float left = INFINITY, top = INFINITY;
     for (const auto& node : nodes) left = std::min(left, node->Bounds().x), top = std::min(top, node->Bounds().y);
@@ -107,6 +107,7 @@ private:
          << (node.mapKey.empty() && key ? key->GetValueAsString() : node.mapKey);
     for (const auto& [id, pin] : node.pins) {
       if (pin->IsInput()) continue;
+      if (!pin->IsVisible()) line << " without " << id;
       for (const Tesselor::NodePinData* other : pin->connections)
         if (std::find(nodes.begin(), nodes.end(), other->owner) != nodes.end())
           line << " " << id << ">" << other->owner->Title() << "." << other->owner->KeyOf(*other);
