@@ -172,6 +172,8 @@ void CanvasGestures::Begin(std::unique_ptr<Gesture> begun, MouseButton button) {
   Cancel();
   gesture = std::move(begun);
   heldButton = button;
+  startTranslation = canvas.GetTranslation();
+  startZoom = canvas.GetZoom();
   lastPosition = Toolkit::Mouse::GetPosition(nullptr);
   edgeScroll.Begin();
   if (!canvas.GetPanel()->CaptureMouse()) Cancel();
@@ -188,6 +190,8 @@ std::unique_ptr<Gesture> CanvasGestures::TakeGesture() {
 bool CanvasGestures::Cancel() {
   if (!gesture) return false;
   TakeGesture()->Cancel();
+  // At another zoom the same translation shows quite another part of the panel.
+  if (canvas.GetZoom() == startZoom) canvas.SetTranslationClamped(startTranslation.x, startTranslation.y);
   return true;
 }
 

@@ -32,7 +32,8 @@ public:
   CanvasGestures& operator=(const CanvasGestures&) = delete;
 
   bool IsUnderWay() const { return gesture != nullptr; }
-  /// Takes the gesture that is under way back; false if there is none.
+  /// Takes the gesture that is under way back, and the view to where it was when it began, unless it was zoomed
+  /// meanwhile. False if there is none.
   bool Cancel();
 
 private:
@@ -64,6 +65,9 @@ private:
   /// In the root's coordinates, when the mouse last moved during the gesture.
   Toolkit::Point lastPosition;
   EdgeScroll edgeScroll;
+  /// The view when the gesture began.
+  Toolkit::Point startTranslation;
+  float startZoom = 1;
 };
 
 } // namespace Tesselor

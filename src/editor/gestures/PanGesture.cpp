@@ -7,7 +7,7 @@ namespace Tesselor {
 using Toolkit::Point;
 
 PanGesture::PanGesture(NodeEditorCanvas& canvas, Point mouse, Click click)
-    : canvas(canvas), click(click), start(canvas.GetTranslation()), startZoom(canvas.GetZoom()), held(mouse) {}
+    : canvas(canvas), click(click), held(mouse) {}
 
 void PanGesture::Move(Point mouse) {
   hasMoved = true;
@@ -25,11 +25,6 @@ void PanGesture::End(Point mouse) {
   // A menu that is open already is closed with what belongs to it, such as a connection that was dropped there.
   canvas.GetNodesMenu()->Hide();
   canvas.RaiseShowNodesMenu(mouse);
-}
-
-void PanGesture::Cancel() {
-  // At another zoom the same translation shows quite another part of the panel.
-  if (canvas.GetZoom() == startZoom) canvas.SetTranslationClamped(start.x, start.y);
 }
 
 } // namespace Tesselor

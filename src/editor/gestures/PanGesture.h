@@ -14,16 +14,13 @@ public:
   PanGesture(NodeEditorCanvas& canvas, Toolkit::Point mouse, Click click);
   void Move(Toolkit::Point mouse) override;
   void End(Toolkit::Point mouse) override;
-  /// The view goes back to where it was, unless it was zoomed meanwhile.
-  void Cancel() override;
+  void Cancel() override {}
   const char* Cursor() const override { return click == Click::OpensMenu && !hasMoved ? "Arrow" : "SizeAll"; }
   bool ScrollsAtEdge() const override { return false; }
 
 private:
   NodeEditorCanvas& canvas;
   Click click;
-  Toolkit::Point start;
-  float startZoom;
   /// The point of the panel that stays under the mouse.
   Toolkit::Point held;
   bool hasMoved = false;
