@@ -19,14 +19,6 @@ bool LiesInside(const Rect& inner, const Rect& outer) {
   return inner.y > outer.y && outer.Bottom() > inner.Bottom() && inner.x > outer.x && outer.Right() > inner.Right();
 }
 
-template <class Visit> void ForEachNodeInside(const GroupNode& group, const Graph& graph, Visit visit) {
-  const Rect frame = group.Bounds();
-  for (const Ptr<ContentNode>& node : graph.ContentNodes())
-    if (LiesInside(node->Bounds(), frame)) visit(*node);
-  for (const Ptr<GroupNode>& node : graph.GroupNodes())
-    if (LiesInside(node->Bounds(), frame)) visit(*node);
-}
-
 } // namespace
 
 void Selection::Add(BaseNode& node) {
@@ -63,14 +55,11 @@ Selection::Nodes Selection::AllNodes() const {
 }
 
 void Selection::AddContentsOf(const GroupNode& group, const Graph& graph) {
-  ForEachNodeInside(group, graph, [this](BaseNode& node) { groupContents.emplace_back(&node); });
-}
-
-void Selection::RemoveContentsOf(const GroupNode& group, const Graph& graph) {
-  std::unordered_set<const BaseNode*> inside;
-  ForEachNodeInside(group, graph, [&inside](BaseNode& node) { inside.insert(&node); });
-  // What another selected group holds as well stays for that one.
-  std::erase_if(groupContents, [&inside](const Ptr<BaseNode>& node) { return inside.erase(node.Get()) > 0; });
+  const Rect frame = group.Bounds();
+  for (const Ptr<ContentNode>& node : graph.ContentNodes())
+    if (LiesInside(node->Bounds(), frame)) groupContents.emplace_back(node);
+  for (const Ptr<GroupNode>& node : graph.GroupNodes())
+    if (LiesInside(node->Bounds(), frame)) groupContents.emplace_back(node);
 }
 
 std::vector<MoveRecord> Selection::MoveRecords() const {

@@ -42,8 +42,6 @@ public:
   Nodes AllNodes() const;
   /// Adds what of `graph` lies strictly inside of the group now.
   void AddContentsOf(const GroupNode& group, const Graph& graph);
-  /// Takes what lies strictly inside of the group now out again, each node once.
-  void RemoveContentsOf(const GroupNode& group, const Graph& graph);
 
   /// Where what moves with the selection stands: the selected nodes, and if the first of them is a group what lies in
   /// the selected groups. Each node once.

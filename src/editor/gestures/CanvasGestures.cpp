@@ -187,12 +187,11 @@ std::unique_ptr<Gesture> CanvasGestures::TakeGesture() {
   return taken;
 }
 
-bool CanvasGestures::Cancel() {
-  if (!gesture) return false;
+void CanvasGestures::Cancel() {
+  if (!gesture) return;
   TakeGesture()->Cancel();
   // At another zoom the same translation shows quite another part of the panel.
   if (canvas.GetZoom() == startZoom) canvas.SetTranslationClamped(startTranslation.x, startTranslation.y);
-  return true;
 }
 
 } // namespace Tesselor

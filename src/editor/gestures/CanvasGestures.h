@@ -33,8 +33,8 @@ public:
 
   bool IsUnderWay() const { return gesture != nullptr; }
   /// Takes the gesture that is under way back, and the view to where it was when it began, unless it was zoomed
-  /// meanwhile. False if there is none.
-  bool Cancel();
+  /// meanwhile.
+  void Cancel();
 
 private:
   /// In place of one that is under way, which is cancelled.
