@@ -226,14 +226,26 @@ void ContentNode::OnLayoutChanged(Toolkit::LayoutChange change) {
   if (observer) observer->OnNodeLayoutChanged(*this);
 }
 
-void ContentNode::MakeFieldControls() {
+void ContentNode::MakeControls() {
+  for (const Toolkit::ItemsControl* list : {inputPins, outputPins})
+    for (size_t i = 0, n = list ? list->ItemCount() : 0; i < n; ++i)
+      if (NodePinControl* pin = PinControlOf(list->GetItemContainerGenerator().ContainerFromIndex(i)))
+        pin->MakeControls();
   for (const FieldTable* fields : {&inputFields, &contentFields, &outputFields})
     for (const auto& [id, field] : *fields)
       if (field->GetVisibility() == Visibility::Visible) field->MakeControls();
 }
 
 void ContentNode::PrepareToRender(float detail) {
-  if (detail > LargestDetailOfBoxes) MakeFieldControls();
+  if (detail > LargestDetailOfBoxes) MakeControls();
+}
+
+Toolkit::UIElement* ContentNode::HitTest(Toolkit::Point point) {
+  if (Toolkit::Rect{0, 0, ActualWidth(), ActualHeight()}.Contains(point)) {
+    MakeControls();
+    UpdateLayout();
+  }
+  return BaseNode::HitTest(point);
 }
 
 void ContentNode::RenderChildren(Toolkit::Painter& painter) {

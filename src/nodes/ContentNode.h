@@ -120,8 +120,8 @@ public:
   /// Where connections end at one of this node's pins, in the coordinates of its panel: the middle of the pin's shape.
   /// The node's corner before layout, or if the pin is not shown.
   Toolkit::Point AnchorOf(const NodePinData& pin) const;
-  /// Makes the controls of all fields that show and still wait to be seen.
-  void MakeFieldControls();
+  /// Makes the controls of all pins, and of all fields that show, which still wait to be seen.
+  void MakeControls();
   /// Shows or hides the fields of the body, as the compact view does.
   void ShowInFull(bool isFull);
   /// Whether all fields of the body show.
@@ -179,6 +179,8 @@ protected:
   ContentNode(WithoutDocument, std::string typeId, const NodeBlueprint& blueprint);
   void InitializeComponent() override;
   void PrepareToRender(float detail) override;
+  /// What may be hit is there to be hit, also where nobody sees it.
+  Toolkit::UIElement* HitTest(Toolkit::Point point) override;
   /// From so far away that no text can be read: a solid box in the title's colour, so that the shape of a graph can.
   void RenderChildren(Toolkit::Painter& painter) override;
   void OnLayoutChanged(Toolkit::LayoutChange change) override;

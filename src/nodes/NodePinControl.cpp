@@ -24,7 +24,40 @@ void NodePinControl::Describe(Toolkit::TypeBuilder<NodePinControl>& type) {
   type.Handler<&NodePinControl::Pin_MouseUp>("Pin_MouseUp", PreviewMouseUpEvent);
 }
 
-NodePinControl::NodePinControl() { InitializeComponent(); }
+void NodePinControl::MakeControls() {
+  if (hasControls) return;
+  hasControls = true;
+  InitializeComponent();
+}
+
+PinRoom* NodePinControl::SharedRoom() const {
+  const NodePinData* pin = PinData();
+  return pin && pin->IsVisible() && !pin->IsBlank() && !pin->PinFieldContent() ? &pin->blueprint->room : nullptr;
+}
+
+Toolkit::Size NodePinControl::MeasureOverride(Toolkit::Size available) {
+  PinRoom* room = SharedRoom();
+  if (!hasControls && room && room->isSizeKnown && room->available == available) return room->wanted;
+  MakeControls();
+  const Toolkit::Size wanted = UserControl::MeasureOverride(available);
+  if (room && !room->isSizeKnown) *room = {true, false, available, wanted, {}};
+  return wanted;
+}
+
+Toolkit::Size NodePinControl::ArrangeOverride(Toolkit::Size finalSize) {
+  PinRoom* room = SharedRoom();
+  // The one that was measured for all may have gone.
+  if (!hasControls && room && !room->isShapeKnown) {
+    MakeControls();
+    UserControl::MeasureOverride(room->available);
+  }
+  const Toolkit::Size taken = UserControl::ArrangeOverride(finalSize);
+  if (!hasControls || !room || room->isShapeKnown || !(room->wanted == DesiredSize()) || !PinElement()) return taken;
+  const Toolkit::Point shape = PinCentre(this);
+  room->shape = {IsInput() ? shape.x : taken.width - shape.x, shape.y};
+  room->isShapeKnown = true;
+  return taken;
+}
 
 void NodePinControl::InitializeComponent() { Toolkit::GUI::LoadComponent(*this, "NodePin.xaml"); }
 
@@ -40,6 +73,10 @@ Toolkit::FrameworkElement* NodePinControl::PinElement() const {
 }
 
 Toolkit::Point NodePinControl::PinCentre(const Toolkit::UIElement* ancestor) const {
+  if (const PinRoom* room = hasControls ? nullptr : SharedRoom()) {
+    const float x = IsInput() ? room->shape.x : ActualWidth() - room->shape.x;
+    return TransformToAncestor(ancestor).Map({x, room->shape.y});
+  }
   const FrameworkElement* pin = PinElement();
   if (!pin) return {};
   const Toolkit::Point corner = pin->TransformToAncestor(ancestor).Map({0, 0});

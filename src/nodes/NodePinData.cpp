@@ -2,6 +2,7 @@
 
 #include "fields/BaseField.h"
 #include "nodes/ContentNode.h"
+#include "nodes/NodePinControl.h"
 #include "toolkit/controls/Canvas.h"
 
 #include <algorithm>
@@ -82,6 +83,8 @@ void NodePinData::AddFieldContent(BaseField& field) {
 void NodePinData::SetVisible(bool value) {
   if (isVisible == value) return;
   isVisible = value;
+  // Its row takes another room now, which only its controls know.
+  if (NodePinControl* control = owner->FindPinControl(*this)) control->MakeControls();
   OnPropertyChanged("IsVisible");
 }
 

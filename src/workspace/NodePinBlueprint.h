@@ -2,6 +2,7 @@
 
 #include "toolkit/base/Color.h"
 #include "workspace/NodeFieldBlueprint.h"
+#include "workspace/PinRoom.h"
 
 #include <cstdint>
 #include <memory>
@@ -30,6 +31,8 @@ struct NodePinBlueprint {
   bool IsMap = false;
   /// The fields on the pin's row.
   std::vector<std::unique_ptr<NodeFieldBlueprint>> fields;
+  /// Of pins that show nothing but this record.
+  mutable PinRoom room;
 };
 
 } // namespace Tesselor

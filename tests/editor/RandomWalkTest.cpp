@@ -253,8 +253,11 @@ private:
     return pins;
   }
   Toolkit::FrameworkElement* ShapeOf(const NodePinData& pin) {
-    const NodePinControl* control = pin.owner->FindPinControl(pin);
-    return control ? control->PinElement() : nullptr;
+    NodePinControl* control = pin.owner->FindPinControl(pin);
+    if (!control) return nullptr;
+    control->MakeControls();
+    window.Settle();
+    return control->PinElement();
   }
   /// Two pins that may be joined.
   std::pair<NodePinData*, NodePinData*> FreePair() {
@@ -262,7 +265,8 @@ private:
       const std::vector<NodePinData*> from = PinsOf(AnyNode()), to = PinsOf(AnyNode());
       if (from.empty() || to.empty()) continue;
       NodePinData *a = from[Below(from.size())], *b = to[Below(to.size())];
-      if (NodePinData::CanConnect(*a, *b) && ShapeOf(*a) && ShapeOf(*b)) return {a, b};
+      if (NodePinData::CanConnect(*a, *b) && a->owner->FindPinControl(*a) && b->owner->FindPinControl(*b))
+        return {a, b};
     }
     return {};
   }

@@ -18,7 +18,11 @@ using List = std::vector<Ptr<Connection>>;
 class Connections : public TestSupport::GraphTest {
 protected:
   /// The middle of a pin's shape on the canvas, straight from the visual tree.
-  Point MiddleOf(const ContentNode& node, const NodePinData& pin) {
+  Point MiddleOf(ContentNode& node, const NodePinData& pin) {
+    const Point anchor = node.AnchorOf(pin);
+    node.MakeControls();
+    view.canvas->UpdateLayout();
+    EXPECT_EQ(node.AnchorOf(pin), anchor) << "the controls change nothing";
     const Toolkit::FrameworkElement* shape = node.FindPinControl(pin)->PinElement();
     return shape->TransformToAncestor(view.canvas.Get()).Map({shape->ActualWidth() / 2, shape->ActualHeight() / 2});
   }
