@@ -6,6 +6,7 @@
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NodeTypeList.h"
+#include "editor/NoticeBar.h"
 #include "editor/PanelBaseField.h"
 #include "graph/Connection.h"
 #include "graph/ConnectionPath.h"
@@ -27,6 +28,9 @@ void RegisterEditorTypes() {
   PanelBaseField::StaticType();
   NodePanel::StaticType();
   NodeSearchPanel::StaticType();
+  NoticeAction::StaticType();
+  NoticeLine::StaticType();
+  NoticeBar::StaticType();
 }
 
 } // namespace Tesselor

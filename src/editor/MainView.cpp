@@ -4,6 +4,7 @@
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
+#include "editor/NoticeBar.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
@@ -73,7 +74,8 @@ MainView::MainView() {
   gestures = std::make_unique<CanvasGestures>(*nodeEditorCanvas, *graph, GestureCallbacks());
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
-  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel);
+  noticeBar = FindName<NoticeBar>("NoticeBar");
+  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar);
   AddCommandStates();
   FileDialogs::SetCurrentFile([this] { return filePath; });
   workspaceOverlay =

@@ -27,6 +27,7 @@ namespace Tesselor {
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
+class NoticeBar;
 class NodeDictionary;
 struct CreateNodeEventArgs;
 struct CutLineUpEventArgs;
@@ -50,6 +51,8 @@ public:
   Graph& GetGraph() { return *graph; }
   const Graph& GetGraph() const { return *graph; }
   NodeEditorCanvas& GetCanvas() const { return *nodeEditorCanvas; }
+  /// Where the user is told what nothing waits for.
+  NoticeBar& Notices() const { return *noticeBar; }
   const Graph::List<ContentNode>& ContentNodes() const { return graph->ContentNodes(); }
   const Graph::List<GroupNode>& GroupNodes() const { return graph->GroupNodes(); }
   const Graph::List<CommentNode>& CommentNodes() const { return graph->CommentNodes(); }
@@ -193,6 +196,7 @@ private:
   NodeEditorCanvas* nodeEditorCanvas = nullptr;
   NodePanel* nodePanel = nullptr;
   NodeSearchPanel* nodeSearchPanel = nullptr;
+  NoticeBar* noticeBar = nullptr;
   Toolkit::MenuItem* workspaceMenu = nullptr;
   std::unique_ptr<CommandStates> commandStates;
   std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay;
