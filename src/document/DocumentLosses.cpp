@@ -1,0 +1,78 @@
+#include "document/DocumentLosses.h"
+
+#include "document/DocumentExport.h"
+#include "graph/Graph.h"
+#include "nodes/CommentNode.h"
+#include "nodes/GroupNode.h"
+#include "toolkit/application/MessageBox.h"
+#include "workspace/Workspace.h"
+
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+namespace Tesselor {
+
+namespace {
+
+/// Takes back the identities that writing gives.
+class IdentityScope {
+public:
+  explicit IdentityScope(const Graph& graph) {
+    for (const auto& node : graph.ContentNodes()) {
+      if (node->NodeId().empty()) withoutNodeId.push_back(node);
+      if (node->linkId.empty()) withoutLinkId.push_back(node);
+    }
+  }
+  ~IdentityScope() {
+    for (const auto& node : withoutNodeId) node->SetNodeId({});
+    for (const auto& node : withoutLinkId) node->linkId.clear();
+  }
+  IdentityScope(const IdentityScope&) = delete;
+  IdentityScope& operator=(const IdentityScope&) = delete;
+
+private:
+  std::vector<Toolkit::Ptr<ContentNode>> withoutNodeId, withoutLinkId;
+};
+
+/// Fields that can't write their value say so when the user saves, not before.
+class SilentBoxes {
+public:
+  SilentBoxes() : former(Toolkit::MessageBox::SetPresenter([](Toolkit::MessageBox::Request) {})) {}
+  ~SilentBoxes() { Toolkit::MessageBox::SetPresenter(std::move(former)); }
+  SilentBoxes(const SilentBoxes&) = delete;
+  SilentBoxes& operator=(const SilentBoxes&) = delete;
+
+private:
+  Toolkit::MessageBox::Presenter former;
+};
+
+} // namespace
+
+std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vector<LongNumber>& longNumbers,
+                                             const Graph& graph, const RootType& root) {
+  if (!graph.Root() || !graph.Contains(*graph.Root())) return {};
+  if (!DocumentExport::DescribeLinkMismatches(graph.ContentNodes()).empty()) return {};
+  const IdentityScope identities(graph);
+  const SilentBoxes silent;
+  const bool saveAllFields = root.workspace && root.workspace->ExportDefaults;
+  DocumentExport document(*graph.Root(), graph.ContentNodes(),
+                          saveAllFields ? FieldsToWrite::All : FieldsToWrite::Changed);
+  JsonPtr built = document.Build(graph.GroupNodes(), graph.CommentNodes(), root.MenuName);
+  const std::string text = PrintJson(built.get());
+  built.reset();
+  const JsonPtr exported = ParseJson(text, JsonTail::Refused).json;
+  if (!exported) return {};
+
+  std::unordered_map<std::string_view, ContentNode*> nodes;
+  for (const auto& node : graph.ContentNodes())
+    if (!node->NodeId().empty()) nodes.emplace(node->NodeId(), node.Get());
+  std::vector<DocumentLoss> result;
+  for (Loss& loss : FindLosses(file, *exported, longNumbers)) {
+    const auto found = nodes.find(loss.nodeId);
+    result.push_back({std::move(loss), found == nodes.end() ? nullptr : found->second});
+  }
+  return result;
+}
+
+} // namespace Tesselor
