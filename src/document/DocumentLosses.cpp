@@ -9,6 +9,7 @@
 
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace Tesselor {
@@ -47,6 +48,18 @@ private:
   Toolkit::MessageBox::Presenter former;
 };
 
+std::vector<Loss> LossesBy(FieldsToWrite fields, const cJSON& file, const std::vector<LongNumber>& longNumbers,
+                           const Graph& graph, const RootType& root) {
+  DocumentExport document(*graph.Root(), graph.ContentNodes(), fields);
+  std::string text;
+  {
+    const JsonPtr built = document.Build(graph.GroupNodes(), graph.CommentNodes(), root.MenuName);
+    text = PrintJson(built.get());
+  }
+  const JsonPtr exported = ParseJson(text, JsonTail::Refused).json;
+  return exported ? FindLosses(file, *exported, longNumbers) : std::vector<Loss>();
+}
+
 } // namespace
 
 std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vector<LongNumber>& longNumbers,
@@ -56,19 +69,20 @@ std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vecto
   const IdentityScope identities(graph);
   const SilentBoxes silent;
   const bool saveAllFields = root.workspace && root.workspace->ExportDefaults;
-  DocumentExport document(*graph.Root(), graph.ContentNodes(),
-                          saveAllFields ? FieldsToWrite::All : FieldsToWrite::Changed);
-  JsonPtr built = document.Build(graph.GroupNodes(), graph.CommentNodes(), root.MenuName);
-  const std::string text = PrintJson(built.get());
-  built.reset();
-  const JsonPtr exported = ParseJson(text, JsonTail::Refused).json;
-  if (!exported) return {};
+  std::vector<Loss> losses =
+      LossesBy(saveAllFields ? FieldsToWrite::All : FieldsToWrite::Changed, file, longNumbers, graph, root);
+  if (!losses.empty() && !saveAllFields) {
+    std::unordered_set<std::string> lostInAnyCase;
+    for (Loss& loss : LossesBy(FieldsToWrite::All, file, longNumbers, graph, root))
+      lostInAnyCase.insert(std::move(loss.path));
+    std::erase_if(losses, [&](const Loss& loss) { return !lostInAnyCase.contains(loss.path); });
+  }
 
   std::unordered_map<std::string_view, ContentNode*> nodes;
   for (const auto& node : graph.ContentNodes())
     if (!node->NodeId().empty()) nodes.emplace(node->NodeId(), node.Get());
   std::vector<DocumentLoss> result;
-  for (Loss& loss : FindLosses(file, *exported, longNumbers)) {
+  for (Loss& loss : losses) {
     const auto found = nodes.find(loss.nodeId);
     result.push_back({std::move(loss), found == nodes.end() ? nullptr : found->second});
   }

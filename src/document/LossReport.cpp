@@ -143,6 +143,10 @@ private:
 
   void CompareMember(const MemberMatch& match, const cJSON* written) {
     const cJSON* member = match.member;
+    // An object without members has no value, and a map without entries is written as an array.
+    const bool isEmpty = cJSON_IsObject(member) && !member->child;
+    const bool staysEmpty = !match.counterpart || (cJSON_IsArray(match.counterpart) && !match.counterpart->child);
+    if (isEmpty && staysEmpty) return;
     if (!match.counterpart) {
       if (!IsInMetadata(member, written)) CompareMissing(member, match.isRepeated ? StandsTwice : BecomesNothing);
     } else if (HasKey(member, Keys::NodeId)) {

@@ -30,8 +30,9 @@ inline constexpr char MovesToFloatingNodes[] = "moves to $FloatingNodes";
 /// Holds a file's tree against that which the untouched document exports, parsed again from its text, so that what the
 /// printer changes shows as well. In the order of the file, in time linear in its size.
 ///
-/// No loss are: what the export adds, the order and letter case of keys, another way to write an equal number, a place
-/// or title in a node that arrives in the metadata, fractions of places, and the places of nodes that aren't there.
+/// No loss are: objects without members that go, what the export adds, the order and letter case of keys, another way
+/// to write an equal number, a place or title in a node that arrives in the metadata, fractions of places, and the
+/// places of nodes that aren't there.
 std::vector<Loss> FindLosses(const cJSON& file, const cJSON& exported, const std::vector<LongNumber>& longNumbers = {});
 
 } // namespace Tesselor

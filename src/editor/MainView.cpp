@@ -91,8 +91,7 @@ MainView::MainView() {
   BuildRootMenu();
   const std::vector<std::string> names = workspaces.GetRootNames();
   if (!names.empty()) {
-    ChangeRootType(names.front());
-    CreateDefaultRoot();
+    if (ChangeRootType(names.front())) CreateDefaultRoot();
   }
 }
 

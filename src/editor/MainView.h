@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/AssetFile.h"
 #include "editor/CommandStates.h"
 #include "editor/NewNodes.h"
 #include "editor/Overlay.h"
@@ -8,7 +9,6 @@
 #include "editor/WorkspaceItemData.h"
 #include "editor/gestures/CanvasGestures.h"
 #include "graph/Graph.h"
-#include "platform/JsonFile.h"
 #include "toolkit/application/Window.h"
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/controls/Border.h"
@@ -31,6 +31,7 @@ class NoticeBar;
 class NodeDictionary;
 struct CreateNodeEventArgs;
 struct CutLineUpEventArgs;
+struct DocumentLoss;
 struct ImportTarget;
 struct SelectionUpEventArgs;
 struct ShowNodesMenuEventArgs;
@@ -71,8 +72,8 @@ public:
   /// A new document with the current root's node; nothing for a root whose type depends on a value.
   void CreateDefaultRoot();
   /// Selects a root by its menu name and loads its workspace; empties the document. On failure the user is told and
-  /// the former root stays.
-  void ChangeRootType(const std::string& name);
+  /// the former root stays, but no document: what it would become is not known.
+  bool ChangeRootType(const std::string& name);
   void Open();
   /// True if the file was written. Without a path it asks for one.
   bool Save();
@@ -83,7 +84,8 @@ public:
 private:
   void BuildRootMenu();
   void CheckRootItem(std::string_view name);
-  void FinishLoad(JsonPtr document);
+  void FinishLoad(AssetFile file);
+  void SaveUnattended(const std::vector<DocumentLoss>& losses);
   bool Export();
   /// What the save commands refuse without: a root with a workspace.
   bool HasWorkspace() const { return workspaces.currentRoot && workspaces.currentRoot->workspace; }
@@ -185,8 +187,8 @@ private:
   std::string filePath;
   /// Of the history, when the document was last loaded or saved.
   uint64_t savedRevision = 0;
-  /// The file at `filePath` while the user chooses a workspace for it; else null.
-  JsonPtr waitingDocument;
+  /// The file at `filePath` while the user chooses a workspace for it; else without JSON.
+  AssetFile waitingFile;
 
   // The window.
   Toolkit::Ptr<Toolkit::ObservableCollection<WorkspaceItemData>> workspaceList;

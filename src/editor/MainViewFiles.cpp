@@ -8,6 +8,7 @@
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NodesMenu.h"
+#include "editor/UnattendedSave.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
@@ -33,31 +34,36 @@ namespace Tesselor {
 using Toolkit::Ptr;
 using Toolkit::Visibility;
 
-void MainView::ChangeRootType(const std::string& name) {
+bool MainView::ChangeRootType(const std::string& name) {
   CheckRootItem("");
   bool known = false;
   for (size_t i = 0; i < workspaceMenu->ItemCount(); ++i)
     known = known || static_cast<Toolkit::MenuItem*>(workspaceMenu->ItemAt(i))->GetName() == name;
   if (!known) {
     ShowError("Root type not found: " + name, "Error");
-    return;
+    return false;
   }
   CheckRootItem(name);
   workspaceMenu->SetHeader(Toolkit::Value("Root Node: " + name));
   std::shared_ptr<RootType> root = workspaces.FindRoot(name);
   if (!root) {
     ShowError("Failed to get root type: " + name, "Error");
-    return;
+    return false;
   }
   if (!root->workspace) {
     ShowError("No workspace associated with root type: " + name, "Error");
-    return;
+    return false;
   }
-  if (!root->workspace->LoadNodeDictionary()) return;
-  workspaces.currentRoot = root;
-  nodeEditorCanvas->GetNodesMenu()->SetWorkspace(root->workspace);
+  const bool isLoaded = root->workspace->LoadNodeDictionary();
   nodePanel->Close();
   ClearDocument();
+  if (!isLoaded) {
+    filePath.clear();
+    return false;
+  }
+  workspaces.currentRoot = root;
+  nodeEditorCanvas->GetNodesMenu()->SetWorkspace(root->workspace);
+  return true;
 }
 
 void MainView::CheckRootItem(std::string_view name) {
@@ -153,7 +159,7 @@ bool MainView::Export() {
 }
 
 void MainView::LoadFileAndWorkspace() {
-  waitingDocument.reset();
+  waitingFile = {};
   auto refuse = [this](std::string text, std::string caption) {
     ShowError(std::move(text), std::move(caption));
     filePath.clear();
@@ -173,12 +179,11 @@ void MainView::LoadFileAndWorkspace() {
     LogFile::Write("Using CLI workspace override: " + id);
   }
   if (workspaces.FindRoot(id)) {
-    ChangeRootType(id);
-    if (!HasWorkspace()) {
+    if (!ChangeRootType(id)) {
       refuse("Failed to load workspace for: " + id, "Error Loading File");
       return;
     }
-    FinishLoad(std::move(file.json));
+    FinishLoad(std::move(file));
     return;
   }
   if (id.empty())
@@ -186,7 +191,7 @@ void MainView::LoadFileAndWorkspace() {
   else
     LogFile::Write("Unknown workspace ID '" + id + "' in file, showing workspace selection modal");
   ClearDocument();
-  waitingDocument = std::move(file.json);
+  waitingFile = std::move(file);
   OfferRoots(id);
 }
 
@@ -215,16 +220,16 @@ void MainView::OnClickLoadWorkspace(Toolkit::Object*, const Toolkit::RoutedEvent
     ShowWarning("No file path specified. Please open a file first.", "No File Path");
     return;
   }
-  ClearDocument();
-  ChangeRootType(std::string(item->GetValue()));
-  if (!HasWorkspace()) {
+  const std::string path = filePath;
+  if (!ChangeRootType(std::string(item->GetValue()))) {
+    filePath = path;
     ShowError("Failed to load workspace. Please try selecting a different workspace.", "Error Loading Workspace");
     return;
   }
   SetValue(LoadExternalAssetModalVisibilityProperty, Visibility::Collapsed);
   workspaceList->Clear();
   // Nothing waits if another file, which needed no choice, was opened meanwhile: then that is loaded again.
-  FinishLoad(waitingDocument ? std::move(waitingDocument) : AssetFile::Read(filePath).json);
+  FinishLoad(waitingFile ? std::move(waitingFile) : AssetFile::Read(filePath));
 }
 
 void MainView::OnClickCancelLoadWorkspace(Toolkit::Object*, const Toolkit::RoutedEventArgs&) { CancelLoadWorkspace(); }
@@ -232,7 +237,7 @@ void MainView::OnClickCancelLoadWorkspace(Toolkit::Object*, const Toolkit::Route
 void MainView::CancelLoadWorkspace() {
   SetValue(LoadExternalAssetModalVisibilityProperty, Visibility::Collapsed);
   filePath.clear();
-  waitingDocument.reset();
+  waitingFile = {};
   workspaceList->Clear();
 }
 
@@ -242,13 +247,9 @@ ImportTarget MainView::MakeImportTarget() {
           }};
 }
 
-void MainView::FinishLoad(JsonPtr document) {
+void MainView::FinishLoad(AssetFile file) {
   ImportTarget target = MakeImportTarget();
-  const bool isImported =
-      NodeImporterExporter::ImportNodeTree(document.get(), workspaces.currentRoot->workspace, &target);
-  // It is as large as the file several times over.
-  document.reset();
-  if (!isImported) {
+  if (!NodeImporterExporter::ImportNodeTree(file.json.get(), workspaces.currentRoot->workspace, &target)) {
     filePath.clear();
     ClearDocument();
     return;
@@ -258,14 +259,19 @@ void MainView::FinishLoad(JsonPtr document) {
   UpdateLayout();
   ResetViewToRoot();
   nodeSearchPanel->Reset();
+  if (CommandLineOptions::Instance().saveTo.empty()) return;
+  SaveUnattended(FindDocumentLosses(*file.json, file.longNumbers, *graph, *workspaces.currentRoot));
+}
+
+void MainView::SaveUnattended(const std::vector<DocumentLoss>& losses) {
   const CommandLineOptions& options = CommandLineOptions::Instance();
-  if (options.saveTo.empty()) return;
-  filePath = options.saveTo;
-  const bool saved = Save();
+  const UnattendedSave::ExitCode exitCode = UnattendedSave(options).Run(losses, [&] {
+    filePath = options.saveTo;
+    return Save();
+  });
   if (!options.exitAfterSave) return;
   // The window closes either way; whoever started the run learns from the exit code how it went.
-  if (!saved)
-    if (auto* application = Toolkit::Application::Current()) application->SetExitCode(1);
+  if (auto* application = Toolkit::Application::Current()) application->SetExitCode(exitCode);
   Close();
 }
 

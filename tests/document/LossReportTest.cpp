@@ -136,6 +136,8 @@ TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
   const std::vector<std::pair<const char*, const char*>> cases = {
       {"defaults and identities that it adds, another order and case of keys",
        "{'one':{},'$nodeid':'Doc','$COMMENT':'c','Items':[{'Label':'b'},{'Label':'a'}],'Count':3.0}"},
+      {"defaults that it leaves out, and dictionaries and maps without entries",
+       "{'Name':'','Count':0,'Map':{},'One':{'$NodeId':'Values','Table':{},'Mixed':''}}"},
       {"other ways to write a number", "{'big':{'a':1e2,'b':100.0,'c':-0,'d':0.10000000000000001,'e':1E+2,'f':0."
                                        "3333333333333333,'g':100000000000000000000}}"},
       {"places and titles in nodes, which arrive in the metadata",
@@ -161,7 +163,7 @@ TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
 }
 
 TEST_F(LossReport, KnowsTheNodeOfAValueAndLeavesTheDocumentAsItIs) {
-  const std::vector<DocumentLoss> losses = Losses("{'One':{'Label':'a','One':{'x':1}},'y':2}");
+  const std::vector<DocumentLoss> losses = Losses("{'One':{'Label':'a','One':{'x':1}},'Name':'','y':2}");
   ASSERT_EQ(losses.size(), 2u);
   EXPECT_EQ(losses[0].loss.path, "$.One.One.x");
   ASSERT_NE(losses[0].node.Get(), nullptr);
