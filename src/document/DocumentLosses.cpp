@@ -1,12 +1,14 @@
 #include "document/DocumentLosses.h"
 
 #include "document/DocumentExport.h"
+#include "document/RoundedCount.h"
 #include "graph/Graph.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GroupNode.h"
 #include "toolkit/application/MessageBox.h"
 #include "workspace/Workspace.h"
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -48,6 +50,14 @@ private:
   Toolkit::MessageBox::Presenter former;
 };
 
+/// No fewer than the nodes that a file holds.
+size_t CountObjects(const cJSON* value) {
+  size_t count = cJSON_IsObject(value) ? 1 : 0;
+  const cJSON* child = nullptr;
+  cJSON_ArrayForEach(child, value) count += CountObjects(child);
+  return count;
+}
+
 std::vector<Loss> LossesBy(FieldsToWrite fields, const cJSON& file, const std::vector<LongNumber>& longNumbers,
                            const Graph& graph, const RootType& root) {
   DocumentExport document(*graph.Root(), graph.ContentNodes(), fields);
@@ -69,6 +79,13 @@ std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vecto
   const IdentityScope identities(graph);
   const SilentBoxes silent;
   const bool saveAllFields = root.workspace && root.workspace->ExportDefaults;
+  const size_t count = graph.ContentNodes().size();
+  const DocumentExport::Size size = DocumentExport(*graph.Root(), graph.ContentNodes(), FieldsToWrite::All).Measure();
+  if (size.nesting > JsonNestingLimit || size.IsTooLarge()) return {};
+  if (size.IsMultiplied(std::max(count, CountObjects(&file)))) {
+    Loss loss{"$", std::to_string(count) + " nodes", RoundedCount(size.nodes), {}};
+    return {{std::move(loss), {}}};
+  }
   std::vector<Loss> losses =
       LossesBy(saveAllFields ? FieldsToWrite::All : FieldsToWrite::Changed, file, longNumbers, graph, root);
   if (!losses.empty() && !saveAllFields) {

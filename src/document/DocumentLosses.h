@@ -22,8 +22,9 @@ struct DocumentLoss {
 };
 
 /// What a save of the graph as it was loaded from `file` would change in that. A default that the workspace leaves out
-/// of its files is no loss: a load brings it back. Leaves the graph as it is: also the
-/// UUIDs that writing makes are taken back. Nothing for a document that can't be written at all.
+/// of its files is no loss: a load brings it back. Of a document that a save makes many times larger only that is told.
+/// Leaves the graph as it is: also the UUIDs that writing makes are taken back. Nothing for a document that can't be
+/// written at all.
 std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vector<LongNumber>& longNumbers,
                                              const Graph& graph, const RootType& root);
 

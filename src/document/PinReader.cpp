@@ -20,6 +20,9 @@ bool NeedsWrapper(const cJSON* entry) {
   return cJSON_IsArray(entry) || cJSON_IsNumber(entry) || cJSON_IsString(entry) || cJSON_IsBool(entry);
 }
 
+/// Also what stands in for another type hangs on its parent as generic nodes do.
+bool IsGeneric(const ContentNode& node) { return Toolkit::DynamicCast<GenericContentNode>(&node) != nullptr; }
+
 JsonPtr WrapMapValue(const cJSON* entry) {
   JsonPtr wrapper(cJSON_CreateObject());
   cJSON_AddStringToObject(wrapper.get(), Keys::Key, entry->string);
@@ -43,13 +46,13 @@ void PinReader::ReadObject(const cJSON* json, const cJSON* parentJson) {
     ConnectKnown(*known);
     return;
   }
+  if (reader.IsPaste()) type.identity = type.type;
   const Toolkit::Ptr<ContentNode> child = type.Create(reader.Dictionary());
-  if (!child) return;
   reader.SetIdentity(*child, identity);
   reader.Add(*child);
   child->Deserialize(json, reader);
   reader.Place(*child, entry);
-  ConnectByType(*child, type.isLink, type.isGeneric);
+  ConnectByType(*child, type.isLink, IsGeneric(*child));
 }
 
 void PinReader::ReadArray(const cJSON* json) {
@@ -65,15 +68,18 @@ void PinReader::ReadEntry(const cJSON* json, const cJSON* element, int32_t index
   ChildType type = ChildType::OfEntry(element, nodeName, variant);
   type.ReadIdentity(entry);
   const std::string identity = reader.IdentityOf(entry, type.uuid);
-  if (ContentNode* known = reader.FindNode(identity)) {
+  ContentNode* known = reader.FindNode(identity);
+  // What stands in for another type has one parent, and what it holds goes out at each of its places.
+  const auto* standIn = Toolkit::DynamicCast<GenericContentNode>(known);
+  if (known && !(standIn && standIn->IsStandIn() && !reader.IsPaste())) {
     LogFile::Write("Skipping duplicate entry (fan-in) at index: '" + std::to_string(index) +
                    "' - UUID already exists.");
     ConnectKnown(*known);
     return;
   }
   type.ReadKind(entry);
+  if (reader.IsPaste()) type.identity = type.type;
   const Toolkit::Ptr<ContentNode> child = type.Create(reader.Dictionary());
-  if (!child) return;
   reader.SetIdentity(*child, identity);
   child->importIndex = index;
   reader.Add(*child);
@@ -98,7 +104,7 @@ void PinReader::ReadEntryInto(ContentNode& child, const cJSON* element) {
 
 void PinReader::ConnectEntry(ContentNode& child, const ChildType& type) {
   std::string_view pinId = type.isLink ? BuiltIn::GenericIn : BuiltIn::Generic;
-  if (!type.isLink && !type.isGeneric) {
+  if (!type.isLink && !IsGeneric(child)) {
     if (childPin.empty())
       if (const NodePinData* found = child.FindInputPinOfType(pin.blueprint->Type)) childPin = child.KeyOf(*found);
     pinId = childPin;
@@ -111,9 +117,7 @@ void PinReader::ConnectEntry(ContentNode& child, const ChildType& type) {
                    "' on node '" + type.type + "'.");
 }
 
-void PinReader::ConnectKnown(ContentNode& node) {
-  ConnectByType(node, node.IsPassthrough(), Toolkit::DynamicCast<GenericContentNode>(&node) != nullptr);
-}
+void PinReader::ConnectKnown(ContentNode& node) { ConnectByType(node, node.IsPassthrough(), IsGeneric(node)); }
 
 void PinReader::ConnectByType(ContentNode& child, bool isLink, bool isGeneric) {
   NodePinData* found = isLink      ? child.FindPin(BuiltIn::GenericIn)

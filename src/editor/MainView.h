@@ -87,6 +87,10 @@ private:
   void FinishLoad(AssetFile file);
   void SaveUnattended(const std::vector<DocumentLoss>& losses);
   bool Export();
+  /// Asks about a save that makes much more of the document than its file held, which goes on with the answer.
+  bool MaySaveSize(ContentNode& root);
+  /// How many nodes a save writes; one with several parents counts below each.
+  double MeasureNodes() const;
   /// What the save commands refuse without: a root with a workspace.
   bool HasWorkspace() const { return workspaces.currentRoot && workspaces.currentRoot->workspace; }
   void ShowTitleOfFile();
@@ -187,6 +191,10 @@ private:
   std::string filePath;
   /// Of the history, when the document was last loaded or saved.
   uint64_t savedRevision = 0;
+  /// How many nodes the file held when it was loaded, or when the user agreed to a larger one.
+  double nodesOfFile = 0;
+  /// Nobody is there to answer.
+  bool isUnattended = false;
   /// The file at `filePath` while the user chooses a workspace for it; else without JSON.
   AssetFile waitingFile;
 

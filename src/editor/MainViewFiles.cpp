@@ -2,8 +2,10 @@
 
 #include "commands/BatchMoveActionCommand.h"
 #include "document/AssetFile.h"
+#include "document/DocumentExport.h"
 #include "document/ImportTarget.h"
 #include "document/NodeImporterExporter.h"
+#include "document/RoundedCount.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -17,6 +19,7 @@
 #include "platform/LogFile.h"
 #include "platform/MessageBoxes.h"
 #include "toolkit/application/Application.h"
+#include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/ComboBox.h"
 #include "toolkit/controls/TextBlock.h"
@@ -85,6 +88,7 @@ void MainView::CreateDefaultRoot() {
   graph->SetRootNode(node.Get());
   ActionHistory::Instance().Clear();
   NoteSaved();
+  nodesOfFile = 0;
   commandStates->Refresh();
 }
 
@@ -148,6 +152,7 @@ bool MainView::Export() {
   // A root that was deleted is no root any more.
   ContentNode* root = graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr;
   const RootType& type = *workspaces.currentRoot;
+  if (root && !isUnattended && !MaySaveSize(*root)) return false;
   bool isWritten = false;
   WithFinishedTyping([&] {
     isWritten = NodeImporterExporter::ExportNodeTree(filePath, root, graph->ContentNodes(), graph->GroupNodes(),
@@ -156,6 +161,29 @@ bool MainView::Export() {
   });
   if (isWritten) NoteSaved();
   return isWritten;
+}
+
+bool MainView::MaySaveSize(ContentNode& root) {
+  const DocumentExport::Size size = DocumentExport(root, graph->ContentNodes(), FieldsToWrite::Changed).Measure();
+  const size_t count = graph->ContentNodes().size();
+  // What is too large is refused by the export.
+  if (!size.IsMultiplied(count) || size.nodes <= nodesOfFile || size.IsTooLarge()) return true;
+  const Ptr<MainView> view(this);
+  Toolkit::MessageBox::Show("Nodes with several parents are written below each of them. The file will hold " +
+                                RoundedCount(size.nodes) + " nodes, and the document has " + std::to_string(count) +
+                                ". Do you want to save it?",
+                            AttentionCaption, Toolkit::MessageBoxButton::OKCancel, Toolkit::MessageBoxImage::Warning,
+                            [view, nodes = size.nodes](Toolkit::MessageBoxResult result) {
+                              if (result != Toolkit::MessageBoxResult::OK) return;
+                              view->nodesOfFile = nodes;
+                              view->Save();
+                            });
+  return false;
+}
+
+double MainView::MeasureNodes() const {
+  if (!graph->Root() || !graph->Contains(*graph->Root())) return 0;
+  return DocumentExport(*graph->Root(), graph->ContentNodes(), FieldsToWrite::Changed).Measure().nodes;
 }
 
 void MainView::LoadFileAndWorkspace() {
@@ -255,6 +283,7 @@ void MainView::FinishLoad(AssetFile file) {
     return;
   }
   NoteSaved();
+  nodesOfFile = MeasureNodes();
   commandStates->Refresh();
   UpdateLayout();
   ResetViewToRoot();
@@ -265,10 +294,12 @@ void MainView::FinishLoad(AssetFile file) {
 
 void MainView::SaveUnattended(const std::vector<DocumentLoss>& losses) {
   const CommandLineOptions& options = CommandLineOptions::Instance();
+  isUnattended = true;
   const UnattendedSave::ExitCode exitCode = UnattendedSave(options).Run(losses, [&] {
     filePath = options.saveTo;
     return Save();
   });
+  isUnattended = false;
   if (!options.exitAfterSave) return;
   // The window closes either way; whoever started the run learns from the exit code how it went.
   if (auto* application = Toolkit::Application::Current()) application->SetExitCode(exitCode);
