@@ -1,6 +1,7 @@
 #include "editor/EditorRegistration.h"
 
 #include "editor/CreateNodeButton.h"
+#include "editor/LossPanel.h"
 #include "editor/NodeCategoryHeader.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
@@ -28,6 +29,8 @@ void RegisterEditorTypes() {
   PanelBaseField::StaticType();
   NodePanel::StaticType();
   NodeSearchPanel::StaticType();
+  LossLine::StaticType();
+  LossPanel::StaticType();
   NoticeAction::StaticType();
   NoticeLine::StaticType();
   NoticeBar::StaticType();

@@ -1,6 +1,8 @@
 #include "editor/MainView.h"
 
 #include "editor/CreateNodeButton.h"
+#include "editor/LossNotice.h"
+#include "editor/LossPanel.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -57,6 +59,7 @@ void MainView::Describe(Toolkit::TypeBuilder<MainView>& type) {
   type.Handler<&MainView::OnCutLineUp>("OnCutLineUp", NodeEditorCanvas::CutLineUpEvent);
   type.Handler<&MainView::OnConnectionClicked>("OnConnectionClicked", Connection::ConnectionClickedEvent);
   type.Handler<&MainView::OnNodePinMenu>("OnNodePinMenu", NodePinControl::NodePinMenuEvent);
+  type.Handler<&MainView::OnLossChosen>("OnLossChosen", LossPanel::LossChosenEvent);
   type.Handler<&MainView::OnSearchResultSelected>("OnSearchResultSelected", NodeSearchPanel::SearchResultSelectedEvent);
 }
 
@@ -75,7 +78,9 @@ MainView::MainView() {
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
   noticeBar = FindName<NoticeBar>("NoticeBar");
-  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar);
+  lossPanel = FindName<LossPanel>("LossPanel");
+  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar && lossPanel);
+  lossNotice = std::make_unique<LossNotice>(*noticeBar, *lossPanel, *graph);
   AddCommandStates();
   FileDialogs::SetCurrentFile([this] { return filePath; });
   workspaceOverlay =

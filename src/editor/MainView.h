@@ -24,6 +24,8 @@
 
 namespace Tesselor {
 
+class LossNotice;
+class LossPanel;
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
@@ -117,6 +119,8 @@ private:
   void OnClickToggleCompactMode(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickFindNode(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnSearchResultSelected(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnLossChosen(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void ShowNode(BaseNode& node);
   void OnClickShowHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickCloseHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   static void OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change);
@@ -208,6 +212,8 @@ private:
   NodeSearchPanel* nodeSearchPanel = nullptr;
   NoticeBar* noticeBar = nullptr;
   Toolkit::MenuItem* workspaceMenu = nullptr;
+  LossPanel* lossPanel = nullptr;
+  std::unique_ptr<LossNotice> lossNotice;
   std::unique_ptr<CommandStates> commandStates;
   std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay;
   PendingPin pendingPin;

@@ -2,6 +2,7 @@
 
 #include "commands/BatchMoveActionCommand.h"
 #include "commands/SetRootNodeActionCommand.h"
+#include "editor/LossPanel.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -130,11 +131,18 @@ void MainView::ToggleSearchPanel() {
 }
 
 void MainView::OnSearchResultSelected(Toolkit::Object*, const RoutedEventArgs& args) {
-  BaseNode* node = static_cast<const SearchResultSelectedEventArgs&>(args).node.Get();
-  if (!node) return;
+  if (BaseNode* node = static_cast<const SearchResultSelectedEventArgs&>(args).node.Get()) ShowNode(*node);
+}
+
+void MainView::OnLossChosen(Toolkit::Object*, const RoutedEventArgs& args) {
+  ContentNode* node = static_cast<const LossChosenEventArgs&>(args).node.Get();
+  if (node && graph->Contains(*node)) ShowNode(*node);
+}
+
+void MainView::ShowNode(BaseNode& node) {
   graph->Selected().Clear();
-  graph->Selected().Add(*node);
-  nodeEditorCanvas->ResetViewTo(node->Middle());
+  graph->Selected().Add(node);
+  nodeEditorCanvas->ResetViewTo(node.Middle());
 }
 
 void MainView::OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange&) {

@@ -6,6 +6,7 @@
 #include "document/ImportTarget.h"
 #include "document/NodeImporterExporter.h"
 #include "document/RoundedCount.h"
+#include "editor/LossNotice.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -159,7 +160,10 @@ bool MainView::Export() {
                                                      graph->CommentNodes(), type.MenuName,
                                                      type.workspace && type.workspace->ExportDefaults);
   });
-  if (isWritten) NoteSaved();
+  if (isWritten) {
+    NoteSaved();
+    lossNotice->End();
+  }
   return isWritten;
 }
 
@@ -288,7 +292,10 @@ void MainView::FinishLoad(AssetFile file) {
   UpdateLayout();
   ResetViewToRoot();
   nodeSearchPanel->Reset();
-  if (CommandLineOptions::Instance().saveTo.empty()) return;
+  if (CommandLineOptions::Instance().saveTo.empty()) {
+    lossNotice->Begin(std::move(file), workspaces.currentRoot);
+    return;
+  }
   SaveUnattended(FindDocumentLosses(*file.json, file.longNumbers, *graph, *workspaces.currentRoot));
 }
 
