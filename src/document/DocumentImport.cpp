@@ -72,7 +72,8 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
   view.SetRootNode(root.Get());
   if (const auto id = JsonText(cJSON_GetObjectItem(document, Keys::NodeId)))
     root->SetNodeId(std::string(NodeIdentity::Of(*id).uuid));
-  MarkStandIn(*root, *type, JsonText(cJSON_GetObjectItem(document, Keys::NodeId)).value_or(std::string()));
+  MarkStandIn(*workspace.nodeDictionary, *root, *type,
+              JsonText(cJSON_GetObjectItem(document, Keys::NodeId)).value_or(std::string()));
 
   const NodeSet placed = ReadNodes(*root);
   ReadGroups();

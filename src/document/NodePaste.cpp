@@ -92,7 +92,7 @@ void NodePaste::Read(const cJSON* object) {
 void NodePaste::ReadNode(const cJSON* object, const std::string& type) {
   const Ptr<ContentNode> node = workspace.nodeDictionary->CreateNode(type, true);
   if (!node) return LogFile::Write("Pasted node of type '" + type + "' can't be made, ignoring...");
-  MarkStandIn(*node, type, type);
+  MarkStandIn(*workspace.nodeDictionary, *node, type, type);
   DocumentPrint print(object);
   NodeReader reader(graph, workspace, NewNodes::Selected, &print, &details);
   const NodeEntry entry(object);

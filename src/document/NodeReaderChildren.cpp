@@ -43,8 +43,8 @@ void NodeReader::ReadMadeUp(const cJSON* object, const NodePinTarget& target, No
   const Toolkit::Ptr<ContentNode> child = MakeNodeOrStandIn(Dictionary(), target.node, {});
   Add(*child);
   child->Deserialize(object, *this);
-  const bool isGeneric = Toolkit::DynamicCast<GenericContentNode>(child.Get());
-  NodePinData* childPin = isGeneric ? child->FindPin(BuiltIn::Generic) : child->FindInputPinOfType(pin.blueprint->Type);
+  NodePinData* childPin =
+      IsStandIn(*child) ? child->FindPin(BuiltIn::Generic) : child->FindInputPinOfType(pin.blueprint->Type);
   if (childPin) Connect(*childPin, pin);
 }
 
@@ -85,7 +85,7 @@ void NodeReader::ReadChildrenOfLink(ContentNode& node, const cJSON* array) {
       Place(*child, entry);
     }
     NodePinData* childPin = nullptr;
-    if (isLink || Toolkit::DynamicCast<GenericContentNode>(child.Get()))
+    if (isLink || type == BuiltIn::Generic || IsStandIn(*child))
       childPin = child->FindPin(isLink ? BuiltIn::GenericIn : BuiltIn::Generic);
     else
       childPin = child->FirstInputByKey();

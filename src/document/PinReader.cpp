@@ -3,6 +3,7 @@
 #include "document/ChildType.h"
 #include "document/NodeEntry.h"
 #include "document/NodeReader.h"
+#include "document/StandIn.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeKeys.h"
 #include "platform/JsonFile.h"
@@ -19,9 +20,6 @@ bool NeedsWrapper(const cJSON* entry) {
   if (cJSON_IsString(cJSON_GetObjectItem(entry, Keys::Key))) return false;
   return cJSON_IsArray(entry) || cJSON_IsNumber(entry) || cJSON_IsString(entry) || cJSON_IsBool(entry);
 }
-
-/// Also what stands in for another type hangs on its parent as generic nodes do.
-bool IsGeneric(const ContentNode& node) { return Toolkit::DynamicCast<GenericContentNode>(&node) != nullptr; }
 
 JsonPtr WrapMapValue(const cJSON* entry) {
   JsonPtr wrapper(cJSON_CreateObject());
@@ -52,7 +50,7 @@ void PinReader::ReadObject(const cJSON* json, const cJSON* parentJson) {
   reader.Add(*child);
   child->Deserialize(json, reader);
   reader.Place(*child, entry);
-  ConnectByType(*child, type.isLink, IsGeneric(*child));
+  ConnectByType(*child, type.isLink, type.isGeneric || IsStandIn(*child));
 }
 
 void PinReader::ReadArray(const cJSON* json) {
@@ -70,8 +68,7 @@ void PinReader::ReadEntry(const cJSON* json, const cJSON* element, int32_t index
   const std::string identity = reader.IdentityOf(entry, type.uuid);
   ContentNode* known = reader.FindNode(identity);
   // What stands in for another type has one parent, and what it holds goes out at each of its places.
-  const auto* standIn = Toolkit::DynamicCast<GenericContentNode>(known);
-  if (known && !(standIn && standIn->IsStandIn() && !reader.IsPaste())) {
+  if (known && (reader.IsPaste() || !IsStandIn(*known))) {
     LogFile::Write("Skipping duplicate entry (fan-in) at index: '" + std::to_string(index) +
                    "' - UUID already exists.");
     ConnectKnown(*known);
@@ -104,7 +101,7 @@ void PinReader::ReadEntryInto(ContentNode& child, const cJSON* element) {
 
 void PinReader::ConnectEntry(ContentNode& child, const ChildType& type) {
   std::string_view pinId = type.isLink ? BuiltIn::GenericIn : BuiltIn::Generic;
-  if (!type.isLink && !IsGeneric(child)) {
+  if (!type.isLink && !type.isGeneric && !IsStandIn(child)) {
     if (childPin.empty())
       if (const NodePinData* found = child.FindInputPinOfType(pin.blueprint->Type)) childPin = child.KeyOf(*found);
     pinId = childPin;
@@ -117,7 +114,9 @@ void PinReader::ConnectEntry(ContentNode& child, const ChildType& type) {
                    "' on node '" + type.type + "'.");
 }
 
-void PinReader::ConnectKnown(ContentNode& node) { ConnectByType(node, node.IsPassthrough(), IsGeneric(node)); }
+void PinReader::ConnectKnown(ContentNode& node) {
+  ConnectByType(node, node.IsPassthrough(), Toolkit::DynamicCast<GenericContentNode>(&node) != nullptr);
+}
 
 void PinReader::ConnectByType(ContentNode& child, bool isLink, bool isGeneric) {
   NodePinData* found = isLink      ? child.FindPin(BuiltIn::GenericIn)

@@ -133,6 +133,7 @@ void Workspace::LoadSchemas() {
   };
   WalkFiles(directory, load, {}, [](const std::string& message) { LogFile::Write(message); });
 
+  nodeDictionary->lacksSchemas = !failures.empty();
   if (!failures.empty()) {
     std::string lines;
     for (const std::string& failure : failures) lines += "  - " + failure + "\n";

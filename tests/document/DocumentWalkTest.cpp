@@ -126,6 +126,14 @@ TEST_F(DocumentWalk, ReportsEveryValueThatIsLost) {
   EXPECT_TRUE(log.Contains(head + "Choice: \"text\"" + tail));
 }
 
+TEST_F(DocumentWalk, AnUnknownTypeBecomesAFloatingGenericNode) {
+  ASSERT_TRUE(Import("{'$NodeId':'Doc-1','Items':[{'$NodeId':'Nothing-2','a':1}]}"));
+  EXPECT_EQ(boxes.Texts(),
+            std::vector<std::string>{"Attention!: Could not find node id: Nothing. A generic node will be created"});
+  EXPECT_TRUE(log.Contains("Warning: Could not find matching input pin for connection type 'T' on node 'Nothing'."));
+  EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted("[{'$Generic':true,'a':1}]"));
+}
+
 TEST_F(DocumentWalk, AGenericNodeNeverWritesTextThatIsNoJson) {
   ASSERT_TRUE(Import("{'$NodeId':'Doc-1','extra':{'a':1}}"));
   static_cast<FieldRawJson*>((*view)->ContentNodes()[1]->FindField("Generic"))
