@@ -1,6 +1,7 @@
 #include "document/ChildType.h"
 
 #include "document/NodeEntry.h"
+#include "document/StandIn.h"
 #include "nodes/ContentNode.h"
 #include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
@@ -63,9 +64,10 @@ void ChildType::UseDefaultVariant(const NodeVariant& variant) {
 void ChildType::ReadIdentity(const NodeEntry& entry) {
   const auto id = JsonText(entry.nodeId);
   if (!id) return;
-  const NodeIdentity identity = NodeIdentity::Of(*id);
-  type = identity.type;
-  uuid = identity.uuid;
+  const NodeIdentity parts = NodeIdentity::Of(*id);
+  type = parts.type;
+  uuid = parts.uuid;
+  identity = *id;
 }
 
 void ChildType::ReadKind(const NodeEntry& entry) {
@@ -81,7 +83,7 @@ Toolkit::Ptr<ContentNode> ChildType::Create(const NodeDictionary& dictionary) co
   else
     LogFile::Write("Creating child node: '" + type + "'.");
   const std::string id = isLink ? BuiltIn::Link : isGeneric ? BuiltIn::Generic : type;
-  return dictionary.CreateNode(id, true);
+  return MakeNodeOrStandIn(dictionary, id, identity);
 }
 
 } // namespace Tesselor

@@ -29,12 +29,14 @@ struct ChildType {
     ReadIdentity(entry);
     ReadKind(entry);
   }
-  /// Logs the decision and makes the node. Null if a field of its schema can't be made.
+  /// Logs the decision and makes the node, or what stands in for it.
   Toolkit::Ptr<ContentNode> Create(const NodeDictionary& dictionary) const;
 
   std::string type;
   /// Empty if the entry has none.
   std::string uuid;
+  /// The whole text of its "$NodeId"; empty if there is none.
+  std::string identity;
   bool isGeneric = false;
   bool isLink = false;
 

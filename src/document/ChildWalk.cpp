@@ -1,5 +1,7 @@
 #include "document/ChildWalk.h"
 
+#include "nodes/GenericContentNode.h"
+
 namespace Tesselor {
 
 bool IsPartOf(const NodeSet& selection, const ContentNode& node) {
@@ -73,6 +75,22 @@ ContentNode* FirstChildOf(const NodePinData& pin) {
     node = connected->connections.front()->owner;
   }
   return node->IsPassthrough() ? nullptr : node;
+}
+
+GenericContentNode* FirstGenericChildOf(const NodePinData& pin) {
+  std::vector<const NodePinData*> waiting(pin.connections.rbegin(), pin.connections.rend());
+  NodeSet passed;
+  while (!waiting.empty()) {
+    ContentNode& node = *waiting.back()->owner;
+    waiting.pop_back();
+    if (auto* generic = Toolkit::DynamicCast<GenericContentNode>(&node)) return generic;
+    if (!node.IsPassthrough() || !passed.insert(&node).second) continue;
+    for (size_t i = node.Output().Count(); i-- > 0;) {
+      const std::vector<NodePinData*>& behind = node.Output().Get(i)->connections;
+      waiting.insert(waiting.end(), behind.rbegin(), behind.rend());
+    }
+  }
+  return nullptr;
 }
 
 } // namespace Tesselor

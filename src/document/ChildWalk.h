@@ -7,6 +7,8 @@
 
 namespace Tesselor {
 
+class GenericContentNode;
+
 /// Whether a node belongs to a selection, of which an empty one stands for all nodes.
 bool IsPartOf(const NodeSet& selection, const ContentNode& node);
 
@@ -52,5 +54,9 @@ std::vector<ContentNode*> ChildrenOf(const NodePinData& pin);
 /// The one node behind a pin that takes no more, pass-through nodes skipped: of each only the first connection counts.
 /// Null if nothing but pass-through nodes is there.
 ContentNode* FirstChildOf(const NodePinData& pin);
+
+/// The first generic node behind a pin that the schema doesn't know; null if there is none. Takes time linear in the
+/// pass-through nodes there.
+GenericContentNode* FirstGenericChildOf(const NodePinData& pin);
 
 } // namespace Tesselor

@@ -1,5 +1,6 @@
 #include "document/DocumentExport.h"
 
+#include "document/WrittenNodes.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/GroupNode.h"
@@ -14,31 +15,16 @@ namespace Tesselor {
 
 namespace {
 
-/// All nodes that are reached from `start` through output pins, links like any node.
-void CollectReachable(const ContentNode& start, NodeSet& reachable) {
-  std::vector<const ContentNode*> waiting;
-  if (reachable.insert(&start).second) waiting.push_back(&start);
-  while (!waiting.empty()) {
-    const ContentNode* node = waiting.back();
-    waiting.pop_back();
-    for (size_t i = 0; i < node->Output().Count(); ++i)
-      for (const NodePinData* other : node->Output().Get(i)->connections)
-        if (reachable.insert(other->owner).second) waiting.push_back(other->owner);
-  }
-}
-
-/// The nodes that hang on one that isn't pass-through, directly or behind links: they are written inside that one's
-/// body.
-NodeSet NodesWithParents(const std::vector<Toolkit::Ptr<ContentNode>>& nodes) {
+/// The nodes that are written inside of one of `nodes` which the root's tree doesn't hold.
+NodeSet NodesWithFloatingParents(const std::vector<Toolkit::Ptr<ContentNode>>& nodes, const NodeSet& inTree) {
   NodeSet found;
   std::vector<const ContentNode*> waiting;
   const auto visit = [&](const ContentNode& parent) {
-    for (size_t i = 0; i < parent.Output().Count(); ++i)
-      for (const NodePinData* other : parent.Output().Get(i)->connections)
-        if (found.insert(other->owner).second && other->owner->IsPassthrough()) waiting.push_back(other->owner);
+    for (const ContentNode* child : WrittenNodes::Below(parent))
+      if (found.insert(child).second && child->IsPassthrough()) waiting.push_back(child);
   };
   for (const auto& node : nodes)
-    if (!node->IsPassthrough()) visit(*node);
+    if (!node->IsPassthrough() && !inTree.contains(node.Get())) visit(*node);
   while (!waiting.empty()) {
     const ContentNode& link = *waiting.back();
     waiting.pop_back();
@@ -132,6 +118,18 @@ std::string DocumentExport::DescribeLinkMismatches(const std::vector<Toolkit::Pt
          "Please ensure all Link nodes connect nodes of the same type.";
 }
 
+DocumentExport::Size DocumentExport::Measure() const {
+  WrittenSize size;
+  Size result{size.Nodes(rootNode), size.Nesting(rootNode)};
+  // The metadata and the array around a floating node.
+  constexpr size_t around = 3;
+  for (const ContentNode* top : FloatingTops()) {
+    result.nodes += size.Nodes(*top);
+    result.nesting = std::max(result.nesting, size.Nesting(*top) + around);
+  }
+  return result;
+}
+
 JsonPtr DocumentExport::Build(const std::vector<Toolkit::Ptr<GroupNode>>& groups,
                               const std::vector<Toolkit::Ptr<CommentNode>>& comments, const std::string& workspaceId) {
   JsonPtr document(cJSON_CreateObject());
@@ -162,31 +160,38 @@ JsonPtr DocumentExport::BuildNodes() const {
   return json;
 }
 
-JsonPtr DocumentExport::BuildFloatingNodes() {
-  JsonPtr array(cJSON_CreateArray());
-  NodeSet reachable;
-  CollectReachable(rootNode, reachable);
-  const auto write = [&](ContentNode& node) {
-    JsonPtr object(cJSON_CreateObject());
-    if (Toolkit::DynamicCast<GenericContentNode>(&node))
-      node.SerializeWithId(object.get(), writer, NodeLayout::Omitted);
-    else
-      node.Serialize(object.get(), writer, NodeIdMember::Written);
-    cJSON_AddItemToArray(array.get(), object.release());
-    CollectReachable(node, reachable);
+std::vector<ContentNode*> DocumentExport::FloatingTops() const {
+  NodeSet written;
+  WrittenNodes::Collect(rootNode, written);
+  const NodeSet withParents = NodesWithFloatingParents(nodes, written);
+  std::vector<ContentNode*> tops, inner;
+  const auto add = [&](ContentNode& node) {
+    tops.push_back(&node);
+    WrittenNodes::Collect(node, written);
   };
-  const NodeSet withParents = NodesWithParents(nodes);
-  std::vector<ContentNode*> inner;
   for (const auto& node : nodes) {
-    if (node->IsPassthrough() || reachable.contains(node.Get())) continue;
+    if (node->IsPassthrough() || written.contains(node.Get())) continue;
     if (withParents.contains(node.Get()))
       inner.push_back(node.Get());
     else
-      write(*node);
+      add(*node);
   }
   // What no top leads to stands in a ring, of which any node may be the top.
   for (ContentNode* node : inner)
-    if (!reachable.contains(node)) write(*node);
+    if (!written.contains(node)) add(*node);
+  return tops;
+}
+
+JsonPtr DocumentExport::BuildFloatingNodes() {
+  JsonPtr array(cJSON_CreateArray());
+  for (ContentNode* node : FloatingTops()) {
+    JsonPtr object(cJSON_CreateObject());
+    if (Toolkit::DynamicCast<GenericContentNode>(node))
+      node->SerializeWithId(object.get(), writer, NodeLayout::Omitted);
+    else
+      node->Serialize(object.get(), writer, NodeIdMember::Written);
+    cJSON_AddItemToArray(array.get(), object.release());
+  }
   return array;
 }
 

@@ -20,6 +20,19 @@ public:
   DocumentExport(ContentNode& rootNode, const std::vector<Toolkit::Ptr<ContentNode>>& nodes, FieldsToWrite fields)
       : rootNode(rootNode), nodes(nodes), writer(fields) {}
 
+  struct Size {
+    /// How many nodes are written; one with several parents below each.
+    double nodes = 0;
+    /// How deeply the JSON nests at least.
+    size_t nesting = 0;
+    /// Whether nodes with several parents make more of a document than anyone expects of a save.
+    bool IsMultiplied(size_t nodesOfDocument) const { return nodes > 10 * static_cast<double>(nodesOfDocument); }
+    /// A file of so many nodes takes more memory than machines have.
+    bool IsTooLarge() const { return nodes > 10'000'000; }
+  };
+  /// How large the document becomes, in time linear in its connections.
+  Size Measure() const;
+
   JsonPtr Build(const std::vector<Toolkit::Ptr<GroupNode>>& groups,
                 const std::vector<Toolkit::Ptr<CommentNode>>& comments, const std::string& workspaceId);
 
@@ -28,6 +41,8 @@ public:
   static std::string DescribeLinkMismatches(const std::vector<Toolkit::Ptr<ContentNode>>& nodes);
 
 private:
+  /// What is written among the floating nodes, in the order of the document.
+  std::vector<ContentNode*> FloatingTops() const;
   JsonPtr BuildNodes() const;
   JsonPtr BuildFloatingNodes();
   JsonPtr BuildLinks() const;

@@ -3,7 +3,9 @@
 #include "document/DocumentPrint.h"
 #include "document/FrameReader.h"
 #include "document/ImportTarget.h"
+#include "document/NodeEntry.h"
 #include "document/NodeReader.h"
+#include "document/StandIn.h"
 #include "document/UnplacedNodes.h"
 #include "graph/Graph.h"
 #include "graph/TreeLayout.h"
@@ -48,12 +50,6 @@ bool HasInlinePosition(const cJSON* value) {
   return false;
 }
 
-/// True if the node's own object or its link's said where it stands: new nodes stand in the canvas's middle.
-bool IsMoved(const ContentNode& node) {
-  const Toolkit::Point middle = CanvasOffset(node);
-  return Toolkit::Canvas::GetLeft(&node) != middle.x || Toolkit::Canvas::GetTop(&node) != middle.y;
-}
-
 } // namespace
 
 DocumentImport::DocumentImport(const cJSON* document, const Workspace& workspace, ImportTarget& target)
@@ -76,8 +72,10 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
   view.SetRootNode(root.Get());
   if (const auto id = JsonText(cJSON_GetObjectItem(document, Keys::NodeId)))
     root->SetNodeId(std::string(NodeIdentity::Of(*id).uuid));
+  MarkStandIn(*workspace.nodeDictionary, *root, *type,
+              JsonText(cJSON_GetObjectItem(document, Keys::NodeId)).value_or(std::string()));
 
-  ReadNodes(*root);
+  const NodeSet placed = ReadNodes(*root);
   ReadGroups();
   ReadComments();
   LinkImport links(metadata, workspace, view);
@@ -87,7 +85,7 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
   view.Panel().UpdateLayout();
   view.CompletePendingConnections();
   links.Finish();
-  ApplyLayout();
+  ApplyLayout(placed);
   HideUnusedPins();
   LogFile::Write("Successfully imported node tree");
   return true;
@@ -111,8 +109,8 @@ std::optional<std::string> DocumentImport::ResolveRootType(const std::string& ro
   return *found;
 }
 
-void DocumentImport::ReadNodes(ContentNode& root) {
-  const DocumentPrint print(document);
+NodeSet DocumentImport::ReadNodes(ContentNode& root) {
+  DocumentPrint print(document);
   NodeReader reader(view, workspace, NewNodes::Unselected, &print);
   reader.Add(root);
   root.Deserialize(document, reader);
@@ -120,9 +118,9 @@ void DocumentImport::ReadNodes(ContentNode& root) {
   for (const cJSON* place : {metadata, document})
     for (const char* key : {Keys::FloatingNodes, Keys::FormerFloatingNodes})
       if (!floating) floating = cJSON_GetObjectItem(place, key);
-  if (!cJSON_IsArray(floating)) return;
   const cJSON* item = nullptr;
-  cJSON_ArrayForEach(item, floating) ReadFloatingNode(item, reader);
+  if (cJSON_IsArray(floating)) cJSON_ArrayForEach(item, floating) ReadFloatingNode(item, reader);
+  return reader.PlacedNodes();
 }
 
 void DocumentImport::ReadFloatingNode(const cJSON* item, NodeReader& reader) {
@@ -132,14 +130,14 @@ void DocumentImport::ReadFloatingNode(const cJSON* item, NodeReader& reader) {
   if (const auto id = JsonText(cJSON_GetObjectItem(item, Keys::NodeId))) {
     const NodeIdentity identity = NodeIdentity::Of(*id);
     uuid = identity.uuid;
-    node = dictionary.CreateNode(std::string(identity.type), true);
+    node = MakeNodeOrStandIn(dictionary, std::string(identity.type), *id);
   } else if (cJSON_GetObjectItem(item, Keys::Generic)) {
     node = dictionary.CreateNode(BuiltIn::Generic, false);
   } else if (const auto type = JsonText(cJSON_GetObjectItem(item, "Type"))) {
     for (const auto& [blueprintId, blueprint] : dictionary.blueprints) {
       const std::string* entry = blueprint->schema.Find("Type");
       if (!entry || *entry != *type) continue;
-      node = dictionary.CreateNode(blueprintId, true);
+      node = MakeNodeOrStandIn(dictionary, blueprintId, {});
       break;
     }
   }
@@ -148,6 +146,7 @@ void DocumentImport::ReadFloatingNode(const cJSON* item, NodeReader& reader) {
   if (!uuid.empty()) node->SetNodeId(uuid);
   reader.Add(*node);
   node->Deserialize(item, reader);
+  reader.NotePlace(*node, NodeEntry(item));
 }
 
 void DocumentImport::ReadGroups() {
@@ -164,10 +163,10 @@ void DocumentImport::ReadComments() {
   cJSON_ArrayForEach(json, comments) ReadComment(view.AddCommentNode(0, 0), json);
 }
 
-void DocumentImport::ApplyLayout() {
+void DocumentImport::ApplyLayout(const NodeSet& inlinePlaced) {
   const cJSON* nodes = cJSON_GetObjectItem(metadata, Keys::Nodes);
   const std::unordered_map<std::string_view, ContentNode*> nodesById = NodesById(view);
-  std::unordered_set<const ContentNode*> placed;
+  NodeSet placed = inlinePlaced;
   if (cJSON_IsObject(nodes)) {
     const cJSON* member = nullptr;
     cJSON_ArrayForEach(member, nodes) {
@@ -186,7 +185,7 @@ void DocumentImport::ApplyLayout() {
     return;
   }
   for (const auto& node : view.ContentNodes())
-    if (IsMoved(*node) || node->IsPassthrough()) placed.insert(node.Get());
+    if (node->IsPassthrough()) placed.insert(node.Get());
   PlaceUnplacedNodes(view, std::move(placed));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/LinkImport.h"
+#include "nodes/ContentNode.h"
 
 #include <optional>
 #include <string>
@@ -9,7 +10,6 @@ struct cJSON;
 
 namespace Tesselor {
 
-class ContentNode;
 class NodeReader;
 class Workspace;
 struct ImportTarget;
@@ -27,11 +27,13 @@ private:
   /// The id of the root's node type behind a variant family; nothing if the file doesn't say, which the user was told.
   std::optional<std::string> ResolveRootType(const std::string& rootNodeType) const;
   /// The tree, and behind it the trees that hang on nothing.
-  void ReadNodes(ContentNode& root);
+  /// The result are the nodes whose own objects say where they stand.
+  NodeSet ReadNodes(ContentNode& root);
   void ReadFloatingNode(const cJSON* item, NodeReader& reader);
   void ReadGroups();
   void ReadComments();
-  void ApplyLayout();
+  /// `inlinePlaced` are the nodes whose objects gave them a place.
+  void ApplyLayout(const NodeSet& inlinePlaced);
   void HideUnusedPins();
 
   const cJSON* document;

@@ -2,9 +2,13 @@
 
 #include "platform/JsonFile.h"
 
+#include <algorithm>
+
 namespace Tesselor {
 
 namespace {
+
+constexpr size_t BeginningLength = 200;
 
 bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\n'; }
 
@@ -28,15 +32,22 @@ size_t SkipScalar(const std::string& text, size_t position) {
 DocumentPrint::DocumentPrint(const cJSON* document) : printed(PrintJson(document)) {
   size_t position = 0;
   if (!printed.empty()) Record(document, position, 0);
+  left = printed.size() * MostCopies;
 }
 
-void DocumentPrint::Append(std::string& text, const cJSON* json) const {
+void DocumentPrint::Append(std::string& text, const cJSON* json) {
   const auto found = ranges.find(json);
   if (found == ranges.end()) {
     text += PrintJson(json);
     return;
   }
-  const Range& range = found->second;
+  Range range = found->second;
+  const bool isCut = range.end - range.start > left && range.end - range.start > BeginningLength;
+  if (isCut) {
+    range.end = range.start + BeginningLength;
+    while ((static_cast<unsigned char>(printed[range.end]) & 0xc0) == 0x80) --range.end;
+  }
+  left -= std::min(left, range.end - range.start);
   // Strings have their line ends escaped, so each line end here begins a line with at least `depth` tabs.
   size_t start = range.start;
   while (start < range.end) {
@@ -45,7 +56,8 @@ void DocumentPrint::Append(std::string& text, const cJSON* json) const {
     text.append(printed, start, lineEnd + 1 - start);
     start = lineEnd + 1 + range.depth;
   }
-  text.append(printed, start, range.end - start);
+  if (start < range.end) text.append(printed, start, range.end - start);
+  if (isCut) text += "...";
 }
 
 void DocumentPrint::Record(const cJSON* value, size_t& position, size_t depth) {

@@ -10,14 +10,28 @@
 
 namespace Tesselor {
 
+namespace {
+
+/// What a save writes anew behind the root's members.
+void RemoveMetadata(cJSON* document) {
+  const bool isOwnObject = cJSON_HasObjectItem(document, Keys::Metadata);
+  if (isOwnObject) return cJSON_DeleteItemFromObject(document, Keys::Metadata);
+  for (const char* key : {Keys::Nodes, Keys::FloatingNodes, Keys::FormerFloatingNodes, Keys::Links, Keys::Groups,
+                          Keys::Comments, Keys::WorkspaceId})
+    cJSON_DeleteItemFromObject(document, key);
+}
+
+} // namespace
+
 void GenericContentNode::SerializeChild(cJSON* json, NodeWriter& writer) {
   SerializeWithId(json, writer, NodeLayout::Omitted);
 }
 
 void GenericContentNode::SerializeWithId(cJSON* json, NodeWriter&, NodeLayout position) {
+  if (IsStandIn() && !FormerIdentity().empty()) cJSON_AddStringToObject(json, Keys::NodeId, FormerIdentity().c_str());
   NodeWriter::WriteComment(json, *this);
   if (position == NodeLayout::Written) SavePosition(*this, json);
-  cJSON_AddTrueToObject(json, Keys::Generic);
+  if (!IsStandIn()) cJSON_AddTrueToObject(json, Keys::Generic);
   FieldRawJson* field = RawField();
   if (!field) return;
   const Toolkit::SharedString text = field->TextToSave();
@@ -40,6 +54,7 @@ void GenericContentNode::Deserialize(const cJSON* json, NodeReader& reader) {
   const JsonPtr copy(cJSON_Duplicate(json, true));
   for (const char* key : {Keys::Position, Keys::RootNodePosition, Keys::Comment, Keys::Generic, Keys::NodeId})
     cJSON_DeleteItemFromObject(copy.get(), key);
+  if (reader.IsRoot(*this)) RemoveMetadata(copy.get());
   if (reader.IsPaste()) cJSON_DeleteItemFromObject(copy.get(), Keys::Copied);
   FieldRawJson* field = RawField();
   if (!field || !copy) return;

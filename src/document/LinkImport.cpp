@@ -5,6 +5,7 @@
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
 #include "platform/JsonFile.h"
+#include "toolkit/controls/Canvas.h"
 #include "workspace/Workspace.h"
 
 #include <algorithm>
@@ -213,6 +214,10 @@ void LinkImport::TakeDirectConnectionsOut() {
   }
   PlaceLinks(std::move(placed));
   PlaceLinksAtSources();
+  // Until it has its own place, a link is as high as the child for which it stands among the others of its parent.
+  for (const Record& record : records)
+    if (record.place != NoPlace)
+      Toolkit::Canvas::SetTop(record.node.Get(), Toolkit::Canvas::GetTop(pending[record.place].childPin->owner));
 }
 
 /// A link, and every link that leads to it, stands where the first child behind it stood.

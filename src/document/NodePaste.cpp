@@ -4,6 +4,7 @@
 #include "document/FrameReader.h"
 #include "document/NodeEntry.h"
 #include "document/NodeReader.h"
+#include "document/StandIn.h"
 #include "graph/Graph.h"
 #include "graph/StructureChange.h"
 #include "nodes/CommentNode.h"
@@ -91,7 +92,8 @@ void NodePaste::Read(const cJSON* object) {
 void NodePaste::ReadNode(const cJSON* object, const std::string& type) {
   const Ptr<ContentNode> node = workspace.nodeDictionary->CreateNode(type, true);
   if (!node) return LogFile::Write("Pasted node of type '" + type + "' can't be made, ignoring...");
-  const DocumentPrint print(object);
+  MarkStandIn(*workspace.nodeDictionary, *node, type, type);
+  DocumentPrint print(object);
   NodeReader reader(graph, workspace, NewNodes::Selected, &print, &details);
   const NodeEntry entry(object);
   reader.SetIdentity(*node, reader.IdentityOf(entry, {}));

@@ -76,8 +76,15 @@ void NodeReader::SetIdentity(ContentNode& node, const std::string& identity) {
 
 void NodeReader::Place(ContentNode& child, const NodeEntry& entry) {
   ApplyPosition(child, entry.Place());
+  NotePlace(child, entry);
   if (paste) paste->Apply(child, entry.copied);
 }
+
+void NodeReader::NotePlace(const ContentNode& node, const NodeEntry& entry) {
+  if (entry.Place()) placed.insert(&node);
+}
+
+bool NodeReader::IsRoot(const ContentNode& node) const { return !paste && graph.Root() == &node; }
 
 void NodeReader::Connect(NodePinData& childPin, NodePinData& parentPin) {
   graph.PendingConnections().push_back({childPin.owner, &childPin, parentPin.owner, &parentPin});
@@ -90,6 +97,7 @@ void NodeReader::ReadBody(ContentNode& node, const cJSON* json) {
   if (const auto comment = JsonText(entry.comment)) node.SetComment(*comment);
   if (const auto name = JsonText(entry.name)) node.nodeName = *name;
   ApplyPosition(node, entry.Place());
+  NotePlace(node, entry);
   const cJSON* member = nullptr;
   cJSON_ArrayForEach(member, json) if (member->string) ReadMember(node, json, member);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "nodes/ContentNode.h"
 #include "toolkit/base/Object.h"
 
 #include <string>
@@ -29,11 +30,15 @@ public:
   /// All outlive the reader; the workspace's schemas are loaded. `print` is that of the document that is read, from
   /// which the log's texts are cut; without it they are printed one by one. With `paste`, the nodes are those of a
   /// paste and take over no UUIDs.
-  NodeReader(Graph& graph, const Workspace& workspace, NewNodes newNodes, const DocumentPrint* print = nullptr,
+  NodeReader(Graph& graph, const Workspace& workspace, NewNodes newNodes, DocumentPrint* print = nullptr,
              PasteDetails* paste = nullptr)
       : graph(graph), workspace(workspace), newNodes(newNodes), print(print), paste(paste) {}
 
   bool IsPaste() const { return paste != nullptr; }
+  /// Whether the node is that of the whole document.
+  bool IsRoot(const ContentNode& node) const;
+  /// The nodes whose own objects say where they stand.
+  const NodeSet& PlacedNodes() const { return placed; }
   const Workspace& GetWorkspace() const { return workspace; }
   const NodeDictionary& Dictionary() const;
 
@@ -47,6 +52,8 @@ public:
   void SetIdentity(ContentNode& node, const std::string& identity);
   /// Puts a child, which has read itself, where its parent's object says.
   void Place(ContentNode& child, const NodeEntry& entry);
+  /// Notes that the node has a place if its object gives one.
+  void NotePlace(const ContentNode& node, const NodeEntry& entry);
   /// Queues a connection between two pins.
   void Connect(NodePinData& childPin, NodePinData& parentPin);
 
@@ -73,9 +80,10 @@ private:
   Graph& graph;
   const Workspace& workspace;
   NewNodes newNodes;
-  const DocumentPrint* print;
+  DocumentPrint* print;
   /// Null in a load.
   PasteDetails* paste;
+  NodeSet placed;
 };
 
 } // namespace Tesselor

@@ -3,6 +3,7 @@
 #include "document/AdditionalMembers.h"
 #include "document/NodeEntry.h"
 #include "document/NodeReader.h"
+#include "document/StandIn.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
@@ -39,11 +40,12 @@ bool NodeReader::ReadParameters(ContentNode& node, const cJSON* member) {
 }
 
 void NodeReader::ReadMadeUp(const cJSON* object, const NodePinTarget& target, NodePinData& pin) {
-  const Toolkit::Ptr<ContentNode> child = Dictionary().CreateNode(target.node, true);
-  if (!child) return;
+  const Toolkit::Ptr<ContentNode> child = MakeNodeOrStandIn(Dictionary(), target.node, {});
   Add(*child);
   child->Deserialize(object, *this);
-  if (NodePinData* childPin = child->FindInputPinOfType(pin.blueprint->Type)) Connect(*childPin, pin);
+  NodePinData* childPin =
+      IsStandIn(*child) ? child->FindPin(BuiltIn::Generic) : child->FindInputPinOfType(pin.blueprint->Type);
+  if (childPin) Connect(*childPin, pin);
 }
 
 void NodeReader::ReadGeneric(ContentNode& node, const cJSON* member) {
@@ -66,13 +68,16 @@ void NodeReader::ReadChildrenOfLink(ContentNode& node, const cJSON* array) {
     const NodeEntry entry(element);
     const bool isLink = cJSON_IsTrue(entry.link);
     std::string type = isLink ? BuiltIn::Link : BuiltIn::Generic;
-    if (const auto id = JsonText(entry.nodeId); id && !isLink) type = NodeIdentity::Of(*id).type;
+    std::string former;
+    if (const auto id = JsonText(entry.nodeId); id && !isLink) {
+      type = NodeIdentity::Of(*id).type;
+      former = paste ? type : *id;
+    }
     // The children of links have no UUIDs in files.
     const std::string identity = IdentityOf(entry, {});
     Toolkit::Ptr<ContentNode> child(FindNode(identity));
     if (!child) {
-      child = Dictionary().CreateNode(type, true);
-      if (!child) continue;
+      child = MakeNodeOrStandIn(Dictionary(), type, former);
       SetIdentity(*child, identity);
       child->importIndex = index++;
       Add(*child);
@@ -80,7 +85,7 @@ void NodeReader::ReadChildrenOfLink(ContentNode& node, const cJSON* array) {
       Place(*child, entry);
     }
     NodePinData* childPin = nullptr;
-    if (isLink || type == BuiltIn::Generic)
+    if (isLink || type == BuiltIn::Generic || IsStandIn(*child))
       childPin = child->FindPin(isLink ? BuiltIn::GenericIn : BuiltIn::Generic);
     else
       childPin = child->FirstInputByKey();

@@ -137,15 +137,12 @@ void NodeWriter::WriteAdditionalParameters(cJSON* container, const NodePinData& 
 void NodeWriter::WriteGenericPins(cJSON* json, const ContentNode& node) {
   for (const auto& [key, pin] : node.pins) {
     if (pin->IsInput() || !key.starts_with(BuiltIn::Generic)) continue;
-    for (ContentNode* child : ChildrenOf(*pin)) {
-      auto* generic = Toolkit::DynamicCast<GenericContentNode>(child);
-      if (!generic) continue;
-      JsonPtr object(cJSON_CreateObject());
-      if (details) details->Begin(*generic, *object);
-      generic->SerializeWithId(object.get(), *this, NodeLayout::Omitted);
-      cJSON_AddItemToObject(json, generic->TargetKey().c_str(), object.release());
-      break;
-    }
+    GenericContentNode* generic = FirstGenericChildOf(*pin);
+    if (!generic) continue;
+    JsonPtr object(cJSON_CreateObject());
+    if (details) details->Begin(*generic, *object);
+    generic->SerializeWithId(object.get(), *this, NodeLayout::Omitted);
+    cJSON_AddItemToObject(json, generic->TargetKey().c_str(), object.release());
   }
 }
 

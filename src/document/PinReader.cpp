@@ -3,6 +3,7 @@
 #include "document/ChildType.h"
 #include "document/NodeEntry.h"
 #include "document/NodeReader.h"
+#include "document/StandIn.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeKeys.h"
 #include "platform/JsonFile.h"
@@ -43,13 +44,13 @@ void PinReader::ReadObject(const cJSON* json, const cJSON* parentJson) {
     ConnectKnown(*known);
     return;
   }
+  if (reader.IsPaste()) type.identity = type.type;
   const Toolkit::Ptr<ContentNode> child = type.Create(reader.Dictionary());
-  if (!child) return;
   reader.SetIdentity(*child, identity);
   reader.Add(*child);
   child->Deserialize(json, reader);
   reader.Place(*child, entry);
-  ConnectByType(*child, type.isLink, type.isGeneric);
+  ConnectByType(*child, type.isLink, type.isGeneric || IsStandIn(*child));
 }
 
 void PinReader::ReadArray(const cJSON* json) {
@@ -65,15 +66,17 @@ void PinReader::ReadEntry(const cJSON* json, const cJSON* element, int32_t index
   ChildType type = ChildType::OfEntry(element, nodeName, variant);
   type.ReadIdentity(entry);
   const std::string identity = reader.IdentityOf(entry, type.uuid);
-  if (ContentNode* known = reader.FindNode(identity)) {
+  ContentNode* known = reader.FindNode(identity);
+  // What stands in for another type has one parent, and what it holds goes out at each of its places.
+  if (known && (reader.IsPaste() || !IsStandIn(*known))) {
     LogFile::Write("Skipping duplicate entry (fan-in) at index: '" + std::to_string(index) +
                    "' - UUID already exists.");
     ConnectKnown(*known);
     return;
   }
   type.ReadKind(entry);
+  if (reader.IsPaste()) type.identity = type.type;
   const Toolkit::Ptr<ContentNode> child = type.Create(reader.Dictionary());
-  if (!child) return;
   reader.SetIdentity(*child, identity);
   child->importIndex = index;
   reader.Add(*child);
@@ -98,7 +101,7 @@ void PinReader::ReadEntryInto(ContentNode& child, const cJSON* element) {
 
 void PinReader::ConnectEntry(ContentNode& child, const ChildType& type) {
   std::string_view pinId = type.isLink ? BuiltIn::GenericIn : BuiltIn::Generic;
-  if (!type.isLink && !type.isGeneric) {
+  if (!type.isLink && !type.isGeneric && !IsStandIn(child)) {
     if (childPin.empty())
       if (const NodePinData* found = child.FindInputPinOfType(pin.blueprint->Type)) childPin = child.KeyOf(*found);
     pinId = childPin;

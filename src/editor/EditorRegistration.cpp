@@ -1,11 +1,13 @@
 #include "editor/EditorRegistration.h"
 
 #include "editor/CreateNodeButton.h"
+#include "editor/LossPanel.h"
 #include "editor/NodeCategoryHeader.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NodeTypeList.h"
+#include "editor/NoticeBar.h"
 #include "editor/PanelBaseField.h"
 #include "graph/Connection.h"
 #include "graph/ConnectionPath.h"
@@ -27,6 +29,11 @@ void RegisterEditorTypes() {
   PanelBaseField::StaticType();
   NodePanel::StaticType();
   NodeSearchPanel::StaticType();
+  LossLine::StaticType();
+  LossPanel::StaticType();
+  NoticeAction::StaticType();
+  NoticeLine::StaticType();
+  NoticeBar::StaticType();
 }
 
 } // namespace Tesselor

@@ -1,9 +1,12 @@
 #include "editor/MainView.h"
 
 #include "editor/CreateNodeButton.h"
+#include "editor/LossNotice.h"
+#include "editor/LossPanel.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
+#include "editor/NoticeBar.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
@@ -56,6 +59,7 @@ void MainView::Describe(Toolkit::TypeBuilder<MainView>& type) {
   type.Handler<&MainView::OnCutLineUp>("OnCutLineUp", NodeEditorCanvas::CutLineUpEvent);
   type.Handler<&MainView::OnConnectionClicked>("OnConnectionClicked", Connection::ConnectionClickedEvent);
   type.Handler<&MainView::OnNodePinMenu>("OnNodePinMenu", NodePinControl::NodePinMenuEvent);
+  type.Handler<&MainView::OnLossChosen>("OnLossChosen", LossPanel::LossChosenEvent);
   type.Handler<&MainView::OnSearchResultSelected>("OnSearchResultSelected", NodeSearchPanel::SearchResultSelectedEvent);
 }
 
@@ -73,7 +77,10 @@ MainView::MainView() {
   gestures = std::make_unique<CanvasGestures>(*nodeEditorCanvas, *graph, GestureCallbacks());
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
-  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel);
+  noticeBar = FindName<NoticeBar>("NoticeBar");
+  lossPanel = FindName<LossPanel>("LossPanel");
+  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar && lossPanel);
+  lossNotice = std::make_unique<LossNotice>(*noticeBar, *lossPanel, *graph);
   AddCommandStates();
   FileDialogs::SetCurrentFile([this] { return filePath; });
   workspaceOverlay =
@@ -89,8 +96,7 @@ MainView::MainView() {
   BuildRootMenu();
   const std::vector<std::string> names = workspaces.GetRootNames();
   if (!names.empty()) {
-    ChangeRootType(names.front());
-    CreateDefaultRoot();
+    if (ChangeRootType(names.front())) CreateDefaultRoot();
   }
 }
 

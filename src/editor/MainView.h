@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/AssetFile.h"
 #include "editor/CommandStates.h"
 #include "editor/NewNodes.h"
 #include "editor/Overlay.h"
@@ -8,7 +9,6 @@
 #include "editor/WorkspaceItemData.h"
 #include "editor/gestures/CanvasGestures.h"
 #include "graph/Graph.h"
-#include "platform/JsonFile.h"
 #include "toolkit/application/Window.h"
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/controls/Border.h"
@@ -24,12 +24,16 @@
 
 namespace Tesselor {
 
+class LossNotice;
+class LossPanel;
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
+class NoticeBar;
 class NodeDictionary;
 struct CreateNodeEventArgs;
 struct CutLineUpEventArgs;
+struct DocumentLoss;
 struct ImportTarget;
 struct SelectionUpEventArgs;
 struct ShowNodesMenuEventArgs;
@@ -50,6 +54,8 @@ public:
   Graph& GetGraph() { return *graph; }
   const Graph& GetGraph() const { return *graph; }
   NodeEditorCanvas& GetCanvas() const { return *nodeEditorCanvas; }
+  /// Where the user is told what nothing waits for.
+  NoticeBar& Notices() const { return *noticeBar; }
   const Graph::List<ContentNode>& ContentNodes() const { return graph->ContentNodes(); }
   const Graph::List<GroupNode>& GroupNodes() const { return graph->GroupNodes(); }
   const Graph::List<CommentNode>& CommentNodes() const { return graph->CommentNodes(); }
@@ -68,8 +74,8 @@ public:
   /// A new document with the current root's node; nothing for a root whose type depends on a value.
   void CreateDefaultRoot();
   /// Selects a root by its menu name and loads its workspace; empties the document. On failure the user is told and
-  /// the former root stays.
-  void ChangeRootType(const std::string& name);
+  /// the former root stays, but no document: what it would become is not known.
+  bool ChangeRootType(const std::string& name);
   void Open();
   /// True if the file was written. Without a path it asks for one.
   bool Save();
@@ -80,8 +86,13 @@ public:
 private:
   void BuildRootMenu();
   void CheckRootItem(std::string_view name);
-  void FinishLoad(JsonPtr document);
+  void FinishLoad(AssetFile file);
+  void SaveUnattended(const std::vector<DocumentLoss>& losses);
   bool Export();
+  /// Asks about a save that makes much more of the document than its file held, which goes on with the answer.
+  bool MaySaveSize(ContentNode& root);
+  /// How many nodes a save writes; one with several parents counts below each.
+  double MeasureNodes() const;
   /// What the save commands refuse without: a root with a workspace.
   bool HasWorkspace() const { return workspaces.currentRoot && workspaces.currentRoot->workspace; }
   void ShowTitleOfFile();
@@ -108,6 +119,8 @@ private:
   void OnClickToggleCompactMode(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickFindNode(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnSearchResultSelected(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnLossChosen(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void ShowNode(BaseNode& node);
   void OnClickShowHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickCloseHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   static void OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change);
@@ -182,8 +195,12 @@ private:
   std::string filePath;
   /// Of the history, when the document was last loaded or saved.
   uint64_t savedRevision = 0;
-  /// The file at `filePath` while the user chooses a workspace for it; else null.
-  JsonPtr waitingDocument;
+  /// How many nodes the file held when it was loaded, or when the user agreed to a larger one.
+  double nodesOfFile = 0;
+  /// Nobody is there to answer.
+  bool isUnattended = false;
+  /// The file at `filePath` while the user chooses a workspace for it; else without JSON.
+  AssetFile waitingFile;
 
   // The window.
   Toolkit::Ptr<Toolkit::ObservableCollection<WorkspaceItemData>> workspaceList;
@@ -193,7 +210,10 @@ private:
   NodeEditorCanvas* nodeEditorCanvas = nullptr;
   NodePanel* nodePanel = nullptr;
   NodeSearchPanel* nodeSearchPanel = nullptr;
+  NoticeBar* noticeBar = nullptr;
   Toolkit::MenuItem* workspaceMenu = nullptr;
+  LossPanel* lossPanel = nullptr;
+  std::unique_ptr<LossNotice> lossNotice;
   std::unique_ptr<CommandStates> commandStates;
   std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay;
   PendingPin pendingPin;

@@ -2,6 +2,7 @@
 
 #include "commands/BatchMoveActionCommand.h"
 #include "commands/SetRootNodeActionCommand.h"
+#include "editor/LossPanel.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -64,8 +65,7 @@ void MainView::OnRootSelected(Toolkit::Object* sender, const RoutedEventArgs&) {
   MessageBox::Show("All unsaved changes will be lost. Do you want to continue?", "Attention!",
                    MessageBoxButton::OKCancel, MessageBoxImage::None, [view, name](MessageBoxResult result) {
                      if (result != MessageBoxResult::OK) return;
-                     view->ChangeRootType(name);
-                     view->CreateDefaultRoot();
+                     if (view->ChangeRootType(name)) view->CreateDefaultRoot();
                    });
 }
 
@@ -131,11 +131,18 @@ void MainView::ToggleSearchPanel() {
 }
 
 void MainView::OnSearchResultSelected(Toolkit::Object*, const RoutedEventArgs& args) {
-  BaseNode* node = static_cast<const SearchResultSelectedEventArgs&>(args).node.Get();
-  if (!node) return;
+  if (BaseNode* node = static_cast<const SearchResultSelectedEventArgs&>(args).node.Get()) ShowNode(*node);
+}
+
+void MainView::OnLossChosen(Toolkit::Object*, const RoutedEventArgs& args) {
+  ContentNode* node = static_cast<const LossChosenEventArgs&>(args).node.Get();
+  if (node && graph->Contains(*node)) ShowNode(*node);
+}
+
+void MainView::ShowNode(BaseNode& node) {
   graph->Selected().Clear();
-  graph->Selected().Add(*node);
-  nodeEditorCanvas->ResetViewTo(node->Middle());
+  graph->Selected().Add(node);
+  nodeEditorCanvas->ResetViewTo(node.Middle());
 }
 
 void MainView::OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange&) {

@@ -3,6 +3,7 @@
 #include "commands/BatchDeleteConnectionActionCommand.h"
 #include "commands/BatchMoveActionCommand.h"
 #include "commands/CreateConnectionActionCommand.h"
+#include "editor/LossNotice.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -81,6 +82,7 @@ void MainView::ClearDocument() {
   if (gestures) gestures->Cancel();
   graph->Clear();
   nodeSearchPanel->Forget();
+  lossNotice->End();
   pendingPin.Clear();
   commandStates->Refresh();
 }

@@ -2,12 +2,16 @@
 
 #include "commands/BatchMoveActionCommand.h"
 #include "document/AssetFile.h"
+#include "document/DocumentExport.h"
 #include "document/ImportTarget.h"
 #include "document/NodeImporterExporter.h"
+#include "document/RoundedCount.h"
+#include "editor/LossNotice.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NodesMenu.h"
+#include "editor/UnattendedSave.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
@@ -16,6 +20,7 @@
 #include "platform/LogFile.h"
 #include "platform/MessageBoxes.h"
 #include "toolkit/application/Application.h"
+#include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/Canvas.h"
 #include "toolkit/controls/ComboBox.h"
 #include "toolkit/controls/TextBlock.h"
@@ -33,31 +38,36 @@ namespace Tesselor {
 using Toolkit::Ptr;
 using Toolkit::Visibility;
 
-void MainView::ChangeRootType(const std::string& name) {
+bool MainView::ChangeRootType(const std::string& name) {
   CheckRootItem("");
   bool known = false;
   for (size_t i = 0; i < workspaceMenu->ItemCount(); ++i)
     known = known || static_cast<Toolkit::MenuItem*>(workspaceMenu->ItemAt(i))->GetName() == name;
   if (!known) {
     ShowError("Root type not found: " + name, "Error");
-    return;
+    return false;
   }
   CheckRootItem(name);
   workspaceMenu->SetHeader(Toolkit::Value("Root Node: " + name));
   std::shared_ptr<RootType> root = workspaces.FindRoot(name);
   if (!root) {
     ShowError("Failed to get root type: " + name, "Error");
-    return;
+    return false;
   }
   if (!root->workspace) {
     ShowError("No workspace associated with root type: " + name, "Error");
-    return;
+    return false;
   }
-  if (!root->workspace->LoadNodeDictionary()) return;
-  workspaces.currentRoot = root;
-  nodeEditorCanvas->GetNodesMenu()->SetWorkspace(root->workspace);
+  const bool isLoaded = root->workspace->LoadNodeDictionary();
   nodePanel->Close();
   ClearDocument();
+  if (!isLoaded) {
+    filePath.clear();
+    return false;
+  }
+  workspaces.currentRoot = root;
+  nodeEditorCanvas->GetNodesMenu()->SetWorkspace(root->workspace);
+  return true;
 }
 
 void MainView::CheckRootItem(std::string_view name) {
@@ -79,6 +89,7 @@ void MainView::CreateDefaultRoot() {
   graph->SetRootNode(node.Get());
   ActionHistory::Instance().Clear();
   NoteSaved();
+  nodesOfFile = 0;
   commandStates->Refresh();
 }
 
@@ -142,18 +153,45 @@ bool MainView::Export() {
   // A root that was deleted is no root any more.
   ContentNode* root = graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr;
   const RootType& type = *workspaces.currentRoot;
+  if (root && !isUnattended && !MaySaveSize(*root)) return false;
   bool isWritten = false;
   WithFinishedTyping([&] {
     isWritten = NodeImporterExporter::ExportNodeTree(filePath, root, graph->ContentNodes(), graph->GroupNodes(),
                                                      graph->CommentNodes(), type.MenuName,
                                                      type.workspace && type.workspace->ExportDefaults);
   });
-  if (isWritten) NoteSaved();
+  if (isWritten) {
+    NoteSaved();
+    lossNotice->End();
+  }
   return isWritten;
 }
 
+bool MainView::MaySaveSize(ContentNode& root) {
+  const DocumentExport::Size size = DocumentExport(root, graph->ContentNodes(), FieldsToWrite::Changed).Measure();
+  const size_t count = graph->ContentNodes().size();
+  // What is too large is refused by the export.
+  if (!size.IsMultiplied(count) || size.nodes <= nodesOfFile || size.IsTooLarge()) return true;
+  const Ptr<MainView> view(this);
+  Toolkit::MessageBox::Show("Nodes with several parents are written below each of them. The file will hold " +
+                                RoundedCount(size.nodes) + " nodes, and the document has " + std::to_string(count) +
+                                ". Do you want to save it?",
+                            AttentionCaption, Toolkit::MessageBoxButton::OKCancel, Toolkit::MessageBoxImage::Warning,
+                            [view, nodes = size.nodes](Toolkit::MessageBoxResult result) {
+                              if (result != Toolkit::MessageBoxResult::OK) return;
+                              view->nodesOfFile = nodes;
+                              view->Save();
+                            });
+  return false;
+}
+
+double MainView::MeasureNodes() const {
+  if (!graph->Root() || !graph->Contains(*graph->Root())) return 0;
+  return DocumentExport(*graph->Root(), graph->ContentNodes(), FieldsToWrite::Changed).Measure().nodes;
+}
+
 void MainView::LoadFileAndWorkspace() {
-  waitingDocument.reset();
+  waitingFile = {};
   auto refuse = [this](std::string text, std::string caption) {
     ShowError(std::move(text), std::move(caption));
     filePath.clear();
@@ -173,12 +211,11 @@ void MainView::LoadFileAndWorkspace() {
     LogFile::Write("Using CLI workspace override: " + id);
   }
   if (workspaces.FindRoot(id)) {
-    ChangeRootType(id);
-    if (!HasWorkspace()) {
+    if (!ChangeRootType(id)) {
       refuse("Failed to load workspace for: " + id, "Error Loading File");
       return;
     }
-    FinishLoad(std::move(file.json));
+    FinishLoad(std::move(file));
     return;
   }
   if (id.empty())
@@ -186,7 +223,7 @@ void MainView::LoadFileAndWorkspace() {
   else
     LogFile::Write("Unknown workspace ID '" + id + "' in file, showing workspace selection modal");
   ClearDocument();
-  waitingDocument = std::move(file.json);
+  waitingFile = std::move(file);
   OfferRoots(id);
 }
 
@@ -215,16 +252,16 @@ void MainView::OnClickLoadWorkspace(Toolkit::Object*, const Toolkit::RoutedEvent
     ShowWarning("No file path specified. Please open a file first.", "No File Path");
     return;
   }
-  ClearDocument();
-  ChangeRootType(std::string(item->GetValue()));
-  if (!HasWorkspace()) {
+  const std::string path = filePath;
+  if (!ChangeRootType(std::string(item->GetValue()))) {
+    filePath = path;
     ShowError("Failed to load workspace. Please try selecting a different workspace.", "Error Loading Workspace");
     return;
   }
   SetValue(LoadExternalAssetModalVisibilityProperty, Visibility::Collapsed);
   workspaceList->Clear();
   // Nothing waits if another file, which needed no choice, was opened meanwhile: then that is loaded again.
-  FinishLoad(waitingDocument ? std::move(waitingDocument) : AssetFile::Read(filePath).json);
+  FinishLoad(waitingFile ? std::move(waitingFile) : AssetFile::Read(filePath));
 }
 
 void MainView::OnClickCancelLoadWorkspace(Toolkit::Object*, const Toolkit::RoutedEventArgs&) { CancelLoadWorkspace(); }
@@ -232,7 +269,7 @@ void MainView::OnClickCancelLoadWorkspace(Toolkit::Object*, const Toolkit::Route
 void MainView::CancelLoadWorkspace() {
   SetValue(LoadExternalAssetModalVisibilityProperty, Visibility::Collapsed);
   filePath.clear();
-  waitingDocument.reset();
+  waitingFile = {};
   workspaceList->Clear();
 }
 
@@ -242,30 +279,37 @@ ImportTarget MainView::MakeImportTarget() {
           }};
 }
 
-void MainView::FinishLoad(JsonPtr document) {
+void MainView::FinishLoad(AssetFile file) {
   ImportTarget target = MakeImportTarget();
-  const bool isImported =
-      NodeImporterExporter::ImportNodeTree(document.get(), workspaces.currentRoot->workspace, &target);
-  // It is as large as the file several times over.
-  document.reset();
-  if (!isImported) {
+  if (!NodeImporterExporter::ImportNodeTree(file.json.get(), workspaces.currentRoot->workspace, &target)) {
     filePath.clear();
     ClearDocument();
     return;
   }
   NoteSaved();
+  nodesOfFile = MeasureNodes();
   commandStates->Refresh();
   UpdateLayout();
   ResetViewToRoot();
   nodeSearchPanel->Reset();
+  if (CommandLineOptions::Instance().saveTo.empty()) {
+    lossNotice->Begin(std::move(file), workspaces.currentRoot);
+    return;
+  }
+  SaveUnattended(FindDocumentLosses(*file.json, file.longNumbers, *graph, *workspaces.currentRoot));
+}
+
+void MainView::SaveUnattended(const std::vector<DocumentLoss>& losses) {
   const CommandLineOptions& options = CommandLineOptions::Instance();
-  if (options.saveTo.empty()) return;
-  filePath = options.saveTo;
-  const bool saved = Save();
+  isUnattended = true;
+  const UnattendedSave::ExitCode exitCode = UnattendedSave(options).Run(losses, [&] {
+    filePath = options.saveTo;
+    return Save();
+  });
+  isUnattended = false;
   if (!options.exitAfterSave) return;
   // The window closes either way; whoever started the run learns from the exit code how it went.
-  if (!saved)
-    if (auto* application = Toolkit::Application::Current()) application->SetExitCode(1);
+  if (auto* application = Toolkit::Application::Current()) application->SetExitCode(exitCode);
   Close();
 }
 

@@ -10,10 +10,14 @@ CommandLineOptions& CommandLineOptions::Instance() {
 void ReadCommandLineOptions(Arguments arguments, CommandLineOptions& options) {
   constexpr std::string_view saveTo = "--save-to=";
   constexpr std::string_view exitAfterSave = "--exit-after-save";
+  constexpr std::string_view strict = "--strict";
+  constexpr std::string_view allowLoss = "--allow-loss";
   constexpr std::string_view workspace = "--workspace=";
   for (const std::string_view argument : arguments) {
     if (argument.starts_with(saveTo)) options.saveTo = argument.substr(saveTo.size());
     if (argument == exitAfterSave) options.exitAfterSave = true;
+    if (argument == strict) options.strict = true;
+    if (argument == allowLoss) options.allowLoss = true;
     if (argument.starts_with(workspace)) options.workspaceOverride = argument.substr(workspace.size());
   }
 }

@@ -19,12 +19,16 @@ struct CommandLineOptions {
   /// The menu name of a root that takes the place of the one a file names; empty if the option wasn't given.
   std::string workspaceOverride;
   bool exitAfterSave = false;
+  /// Nothing is written if a save would lose something of the file.
+  bool strict = false;
+  /// What a save loses doesn't count for the exit code.
+  bool allowLoss = false;
 
   static CommandLineOptions& Instance();
 };
 
-/// Reads "--save-to=", "--exit-after-save" and "--workspace=" of all arguments into `options`; of an option that is
-/// given twice the last one wins. Values are taken as they stand.
+/// Reads "--save-to=", "--exit-after-save", "--workspace=", "--strict" and "--allow-loss" of all arguments into
+/// `options`; of an option that is given twice the last one wins. Values are taken as they stand.
 void ReadCommandLineOptions(Arguments arguments, CommandLineOptions& options);
 
 /// The value of every "--logs-dir=" argument, in order. An empty result means that none was given.

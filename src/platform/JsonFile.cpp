@@ -12,12 +12,14 @@ namespace {
 
 constexpr size_t longestDetail = 120;
 
+constexpr bool IsInsideCharacter(char c) { return (static_cast<unsigned char>(c) & 0xc0) == 0x80; }
+
 /// Cuts `text` for a single line without splitting a UTF-8 sequence, and takes out what would break the line.
 std::string DetailFrom(std::string_view text) {
   const bool isCut = text.size() > longestDetail;
   size_t length = isCut ? longestDetail : text.size();
   if (isCut)
-    while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xc0) == 0x80) --length;
+    while (length > 0 && IsInsideCharacter(text[length])) --length;
   std::string detail;
   bool pendingBlank = false;
   for (const char c : text.substr(0, length)) {
@@ -99,6 +101,17 @@ std::optional<std::string> ReadTextFile(const std::string& path) {
   return text;
 }
 
+std::string DescribePlace(std::string_view text, size_t position) {
+  position = std::min(position, text.size());
+  const std::string_view before = text.substr(0, position);
+  const size_t lines = static_cast<size_t>(std::count(before.begin(), before.end(), '\n'));
+  const std::string_view line = before.substr(before.find_last_of('\n') + 1);
+  const size_t column = line.size() - static_cast<size_t>(std::count_if(line.begin(), line.end(), &IsInsideCharacter));
+  const std::string detail = DetailFrom(text.substr(position));
+  return "line " + std::to_string(lines + 1) + ", column " + std::to_string(column + 1) +
+         (detail.empty() ? ", where the text ends" : ": " + detail);
+}
+
 JsonParseResult ParseJson(const std::string& original, JsonTail tail) {
   JsonParseResult result;
   const std::optional<std::string> kept = KeepNulls(original);
@@ -107,8 +120,8 @@ JsonParseResult ParseJson(const std::string& original, JsonTail tail) {
   result.json.reset(cJSON_ParseWithLengthOpts(text.c_str(), text.size() + 1, nullptr, tail == JsonTail::Refused));
   if (!result.json) {
     const char* position = cJSON_GetErrorPtr();
-    if (position && position >= text.c_str() && position <= text.c_str() + text.size())
-      result.detail = DetailFrom({position, static_cast<size_t>(text.c_str() + text.size() - position)});
+    if (!position || position < text.c_str() || position > text.c_str() + text.size()) position = text.c_str();
+    result.detail = DescribePlace(text, static_cast<size_t>(position - text.c_str()));
   }
   return result;
 }

@@ -18,12 +18,15 @@ using JsonPtr = std::unique_ptr<cJSON, JsonDeleter>;
 /// The tree, or null with what is known of the failure.
 struct JsonParseResult {
   JsonPtr json;
-  /// The text at which the parser gave up: one printable line, cut to a length that suits a log line or a box. Empty
-  /// if there is none, as behind the end of a truncated text.
+  /// Where the parser gave up and what stands there: "line 3, column 7: nope}", on one printable line, cut to a length
+  /// that suits a log line or a box. Columns are counted in characters. Empty only for a text that parses.
   std::string detail;
 
   explicit operator bool() const { return json != nullptr; }
 };
+
+/// Such a detail for a place in a text.
+std::string DescribePlace(std::string_view text, size_t position);
 
 /// The whole file as bytes; nothing if it can't be opened or read, as for a directory.
 std::optional<std::string> ReadTextFile(const std::string& path);

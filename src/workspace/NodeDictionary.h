@@ -47,6 +47,8 @@ public:
   /// Category name to node ids.
   OrderedTable<std::vector<std::string>> categories;
   OrderedTable<std::unique_ptr<NodeVariant>> variants;
+  /// A schema file of the workspace could not be read, so an unknown type may be one of it.
+  bool lacksSchemas = false;
   /// Every id in order of registration; a repeated id stands here twice.
   std::vector<std::string> nodeIds;
 

@@ -36,7 +36,7 @@ JsonPtr ReadConfiguration(const std::string& path) {
   }
   JsonParseResult parsed = ParseJson(*text);
   if (!parsed) {
-    const std::string detail = parsed.detail.empty() ? "unknown error" : parsed.detail;
+    const std::string& detail = parsed.detail;
     ReportError("Invalid JSON in workspace configuration: " + path + " - " + detail,
                 "Invalid JSON in workspace configuration:\n" + path + "\n\nError: " + detail, ErrorCaption);
   }
@@ -124,8 +124,7 @@ void Workspace::LoadSchemas() {
     }
     const JsonParseResult parsed = ParseJson(*text);
     if (!parsed) {
-      LogFile::Write("Invalid JSON in schema file: " + file + " - " +
-                     (parsed.detail.empty() ? "unknown" : parsed.detail));
+      LogFile::Write("Invalid JSON in schema file: " + file + " - " + parsed.detail);
       failures.push_back(entry.name + " (invalid JSON)");
       return;
     }
@@ -134,6 +133,7 @@ void Workspace::LoadSchemas() {
   };
   WalkFiles(directory, load, {}, [](const std::string& message) { LogFile::Write(message); });
 
+  nodeDictionary->lacksSchemas = !failures.empty();
   if (!failures.empty()) {
     std::string lines;
     for (const std::string& failure : failures) lines += "  - " + failure + "\n";

@@ -109,10 +109,7 @@ bool Workspaces::LoadWorkspace(const std::string& path, const std::string& name,
   const std::optional<std::string> text = ReadTextFile(config);
   if (!text) return fail("Failed to open workspace file: " + config, "file unreadable");
   const JsonParseResult parsed = ParseJson(*text);
-  if (!parsed)
-    return fail("Invalid JSON in workspace file: " + config + " - " +
-                    (parsed.detail.empty() ? "unknown error" : parsed.detail),
-                "invalid JSON");
+  if (!parsed) return fail("Invalid JSON in workspace file: " + config + " - " + parsed.detail, "invalid JSON");
   const cJSON* json = parsed.json.get();
   const auto workspaceName = JsonText(cJSON_GetObjectItem(json, "WorkspaceName"));
   if (!workspaceName) return fail("Missing or invalid 'WorkspaceName' in: " + config, "missing WorkspaceName");

@@ -262,7 +262,8 @@ TEST_F(DocumentMetadata, TellsWhyAFileCanNotBeReadOrWritten) {
   EXPECT_EQ(complaint(missing), "Error Opening File: File not found:\n" + missing);
   const std::string folder = directory.Path().string();
   EXPECT_EQ(complaint(folder), "Error Opening File: Failed to open file:\n" + folder);
-  EXPECT_EQ(complaint(bad), "Error Parsing File: Invalid JSON in file:\n" + bad + "\n\nError: unknown error");
+  EXPECT_EQ(complaint(bad),
+            "Error Parsing File: Invalid JSON in file:\n" + bad + "\n\nError: line 1, column 2, where the text ends");
   const AssetFile file = AssetFile::Read(good);
   ASSERT_TRUE(file);
   EXPECT_EQ(NodeImporterExporter::GetWorkspaceID(file.json.get()), "inner");

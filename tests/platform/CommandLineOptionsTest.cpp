@@ -12,13 +12,17 @@ TEST(CommandLineOptions, TakesValuesAsTheyStandAndTheLastOfTwo) {
     const char* saveTo;
     const char* workspace;
     bool exits;
+    bool isStrict = false;
+    bool allowsLoss = false;
   } cases[] = {
       {{"tesselor"}, "", "", false},
       {{"tesselor", "--save-to="}, "", "", false},
       {{"tesselor", "--save-to=\"a b\".json", "--exit-after-save"}, "\"a b\".json", "", true},
       {{"tesselor", "x--save-to=out.json", "x--workspace=Quest"}, "", "", false},
       {{"tesselor", "--exit-after-save=1"}, "", "", false},
-      {{"tesselor", "--exit-after-sav"}, "", "", false},
+      {{"tesselor", "--exit-after-sav", "--strict=1", "--allow-losses"}, "", "", false},
+      {{"tesselor", "--strict"}, "", "", false, true},
+      {{"tesselor", "--allow-loss"}, "", "", false, false, true},
       {{"tesselor", "--workspace=Quest", "--workspace=Bank"}, "", "Bank", false},
       {{"tesselor", "--save-to=a", "--save-to="}, "", "", false},
       {{"--workspace=first argument counts too"}, "", "first argument counts too", false},
@@ -29,6 +33,8 @@ TEST(CommandLineOptions, TakesValuesAsTheyStandAndTheLastOfTwo) {
     EXPECT_EQ(options.saveTo, c.saveTo) << c.arguments.back();
     EXPECT_EQ(options.workspaceOverride, c.workspace) << c.arguments.back();
     EXPECT_EQ(options.exitAfterSave, c.exits) << c.arguments.back();
+    EXPECT_EQ(options.strict, c.isStrict) << c.arguments.back();
+    EXPECT_EQ(options.allowLoss, c.allowsLoss) << c.arguments.back();
   }
 }
 

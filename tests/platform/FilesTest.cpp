@@ -110,14 +110,16 @@ TEST(JsonFile, TellsWhereTheParserGaveUp) {
     std::string text;
     std::string detail;
   } cases[] = {
-      {"", ""},
-      {"{\"a\": ", ""},
-      {"{\"a\": nope}", "nope}"},
-      {"[1,\n\t}\n]\n", "} ]"},
-      {"[" + std::string(119, '?') + "\xc3\xa4 and so on]", std::string(119, '?') + "..."},
+      {"", "line 1, column 1, where the text ends"},
+      {"{\"a\": ", "line 1, column 7, where the text ends"},
+      {"{\"\xc3\xa4\": nope}", "line 1, column 7: nope}"},
+      {"[1,\n\t}\n]\n", "line 2, column 2: } ]"},
+      {"[" + std::string(119, '?') + "\xc3\xa4 and so on]", "line 1, column 2: " + std::string(119, '?') + "..."},
+      {"{}\n\n {\"b\": 1}", "line 3, column 2: {\"b\": 1}"},
+      {std::string("{}\0x", 4), "line 1, column 4: x"},
   };
   for (const auto& c : cases) {
-    const auto result = Tesselor::ParseJson(c.text);
+    const auto result = Tesselor::ParseJson(c.text, Tesselor::JsonTail::Refused);
     EXPECT_FALSE(result) << c.text;
     EXPECT_EQ(result.detail, c.detail);
   }

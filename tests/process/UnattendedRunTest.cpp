@@ -24,8 +24,10 @@ protected:
   ProgramRun RoundTripSample(const char* name, const std::string& output) {
     return RoundTrip(TESSELOR_DATA_DIR "/samples/" + std::string(name) + ".json", output);
   }
-  ProgramRun RoundTrip(const std::string& asset, const std::string& output) {
-    return ProgramRun(Here(), {"--load-asset=" + asset, "--save-to=" + output, "--exit-after-save"});
+  ProgramRun RoundTrip(const std::string& asset, const std::string& output, const std::vector<std::string>& more = {}) {
+    std::vector<std::string> arguments = {"--load-asset=" + asset, "--save-to=" + output, "--exit-after-save"};
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return ProgramRun(Here(), arguments);
   }
   TestSupport::TemporaryDirectory directory;
 };
@@ -87,28 +89,61 @@ TEST_F(UnattendedRun, TellsEveryFailureByItsExitCodeAndLeavesTheOutputAlone) {
   directory.Write("empty.json", "");
   directory.Write("binary.json", std::string("\x7f\x45\x4c\x46\x00\x01\xff", 7));
   directory.Write("deep.json", std::string(5000, '[') + std::string(5000, ']'));
-  directory.Write("array.json", "[1]");
+  directory.Write("array.json", " [1]");
+  directory.Write("two.json", "{\"a\": 1}\n{\"b\": 2}");
   directory.Write("unknown.json", "{\"$WorkspaceID\": \"No such root\"}");
   fs::create_directory(Here() / "folder.json");
   const std::pair<const char*, const char*> cases[] = {
       {"missing.json", "File not found:\nmissing.json"},
-      {"truncated.json", "Invalid JSON in file:\ntruncated.json"},
+      {"truncated.json", "Invalid JSON in file:\ntruncated.json\n\nError: line 1, column 12, where the text ends"},
+      {"two.json", "Invalid JSON in file:\ntwo.json\n\nError: line 2, column 1: {\"b\": 2}"},
       {"empty.json", "Invalid JSON in file:\nempty.json"},
       {"binary.json", "Invalid JSON in file:\nbinary.json"},
       {"deep.json", "Invalid JSON in file:\ndeep.json"},
       {"folder.json", "Failed to open file:\nfolder.json"},
-      {"array.json", "No workspace ID found in file"},
+      {"array.json", "Error: The top level is no object at line 1, column 2: [1]"},
       {"unknown.json", "Unknown workspace ID 'No such root' in file"},
   };
   for (const auto& [asset, logged] : cases) {
     SCOPED_TRACE(asset);
     directory.Write("out.json", "old content");
-    const ProgramRun run = RoundTrip(asset, "out.json");
+    const bool isKnown = std::string_view(asset) != "unknown.json";
+    const ProgramRun run = RoundTrip(
+        asset, "out.json", isKnown ? std::vector<std::string>{"--workspace=Quest"} : std::vector<std::string>());
     EXPECT_FALSE(run.hung);
     EXPECT_EQ(run.exitCode, 1) << run.log.substr(0, 2000);
     EXPECT_TRUE(run.Logged(logged)) << run.log.substr(0, 2000);
     EXPECT_EQ(Read("out.json"), "old content");
   }
+}
+
+TEST_F(UnattendedRun, TellsWhatASaveLosesByItsExitCodeAndItsLines) {
+  std::string many = "{\"$WorkspaceID\": \"Quest\"";
+  for (int i = 0; i < 103; ++i) many += ", \"unknown" + std::to_string(i) + "\": " + std::to_string(i);
+  directory.Write("many.json", many + "}");
+  directory.Write("one.json", "{\"$WorkspaceID\": \"Quest\", \"unknown\": [1, 2]}");
+  const std::string one = "$.unknown: was [1, 2] becomes nothing\n";
+  const std::string refused = "Nothing is written, since a save changes 1 of the file's values.\n";
+  const struct {
+    std::vector<std::string> options;
+    int exitCode;
+    bool isWritten;
+  } cases[] = {
+      {{}, 2, true}, {{"--allow-loss"}, 0, true}, {{"--strict"}, 2, false}, {{"--strict", "--allow-loss"}, 2, false}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.options.empty() ? "" : c.options.front());
+    directory.Write("out.json", "old content");
+    const ProgramRun run = RoundTrip("one.json", "out.json", c.options);
+    EXPECT_EQ(run.exitCode, c.exitCode);
+    EXPECT_EQ(Read("out.json") != "old content", c.isWritten);
+    EXPECT_NE(run.standardError.find(one + (c.isWritten ? "" : refused)), std::string::npos) << run.standardError;
+    EXPECT_TRUE(run.Logged(one));
+  }
+  const ProgramRun run = RoundTrip("many.json", "out.json");
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_NE(run.standardError.find("$.unknown99: was 99 becomes nothing\n... and 3 more\n"), std::string::npos);
+  EXPECT_EQ(run.standardError.find("$.unknown100"), std::string::npos);
+  EXPECT_EQ(RoundTrip("out.json", "again.json").exitCode, 0);
 }
 
 TEST_F(UnattendedRun, FailsWhenTheOutputCannotBeWritten) {

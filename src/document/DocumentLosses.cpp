@@ -1,0 +1,109 @@
+#include "document/DocumentLosses.h"
+
+#include "document/DocumentExport.h"
+#include "document/RoundedCount.h"
+#include "graph/Graph.h"
+#include "nodes/CommentNode.h"
+#include "nodes/GroupNode.h"
+#include "toolkit/application/MessageBox.h"
+#include "workspace/Workspace.h"
+
+#include <algorithm>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+namespace Tesselor {
+
+namespace {
+
+/// Takes back the identities that writing gives.
+class IdentityScope {
+public:
+  explicit IdentityScope(const Graph& graph) {
+    for (const auto& node : graph.ContentNodes()) {
+      if (node->NodeId().empty()) withoutNodeId.push_back(node);
+      if (node->linkId.empty()) withoutLinkId.push_back(node);
+    }
+  }
+  ~IdentityScope() {
+    for (const auto& node : withoutNodeId) node->SetNodeId({});
+    for (const auto& node : withoutLinkId) node->linkId.clear();
+  }
+  IdentityScope(const IdentityScope&) = delete;
+  IdentityScope& operator=(const IdentityScope&) = delete;
+
+private:
+  std::vector<Toolkit::Ptr<ContentNode>> withoutNodeId, withoutLinkId;
+};
+
+/// Fields that can't write their value say so when the user saves, not before.
+class SilentBoxes {
+public:
+  SilentBoxes() : former(Toolkit::MessageBox::SetPresenter([](Toolkit::MessageBox::Request) {})) {}
+  ~SilentBoxes() { Toolkit::MessageBox::SetPresenter(std::move(former)); }
+  SilentBoxes(const SilentBoxes&) = delete;
+  SilentBoxes& operator=(const SilentBoxes&) = delete;
+
+private:
+  Toolkit::MessageBox::Presenter former;
+};
+
+/// No fewer than the nodes that a file holds.
+size_t CountObjects(const cJSON* value) {
+  size_t count = cJSON_IsObject(value) ? 1 : 0;
+  const cJSON* child = nullptr;
+  cJSON_ArrayForEach(child, value) count += CountObjects(child);
+  return count;
+}
+
+std::vector<Loss> LossesBy(FieldsToWrite fields, const cJSON& file, const std::vector<LongNumber>& longNumbers,
+                           const Graph& graph, const RootType& root) {
+  DocumentExport document(*graph.Root(), graph.ContentNodes(), fields);
+  std::string text;
+  {
+    const JsonPtr built = document.Build(graph.GroupNodes(), graph.CommentNodes(), root.MenuName);
+    text = PrintJson(built.get());
+  }
+  const JsonPtr exported = ParseJson(text, JsonTail::Refused).json;
+  return exported ? FindLosses(file, *exported, longNumbers) : std::vector<Loss>();
+}
+
+} // namespace
+
+std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vector<LongNumber>& longNumbers,
+                                             const Graph& graph, const RootType& root) {
+  if (!graph.Root() || !graph.Contains(*graph.Root())) return {};
+  if (!DocumentExport::DescribeLinkMismatches(graph.ContentNodes()).empty()) return {};
+  const IdentityScope identities(graph);
+  const SilentBoxes silent;
+  const bool saveAllFields = root.workspace && root.workspace->ExportDefaults;
+  const size_t count = graph.ContentNodes().size();
+  const DocumentExport::Size size = DocumentExport(*graph.Root(), graph.ContentNodes(), FieldsToWrite::All).Measure();
+  if (size.nesting > JsonNestingLimit || size.IsTooLarge()) return {};
+  if (size.IsMultiplied(std::max(count, CountObjects(&file)))) {
+    Loss loss{"$", std::to_string(count) + " nodes", RoundedCount(size.nodes), {}};
+    return {{std::move(loss), {}}};
+  }
+  std::vector<Loss> losses =
+      LossesBy(saveAllFields ? FieldsToWrite::All : FieldsToWrite::Changed, file, longNumbers, graph, root);
+  if (!losses.empty() && !saveAllFields) {
+    std::unordered_set<std::string> lostInAnyCase;
+    for (Loss& loss : LossesBy(FieldsToWrite::All, file, longNumbers, graph, root))
+      lostInAnyCase.insert(std::move(loss.path));
+    std::erase_if(losses, [&](const Loss& loss) { return !lostInAnyCase.contains(loss.path); });
+  }
+
+  std::unordered_map<std::string_view, ContentNode*> nodes;
+  for (const auto& node : graph.ContentNodes())
+    if (!node->NodeId().empty()) nodes.emplace(node->NodeId(), node.Get());
+  std::vector<DocumentLoss> result;
+  for (Loss& loss : losses) {
+    const auto found = nodes.find(loss.nodeId);
+    result.push_back({std::move(loss), found == nodes.end() ? nullptr : found->second});
+  }
+  return result;
+}
+
+} // namespace Tesselor

@@ -1,0 +1,55 @@
+#include "editor/LossNotice.h"
+
+#include "document/DocumentLosses.h"
+#include "editor/LossPanel.h"
+#include "editor/NoticeBar.h"
+#include "graph/Graph.h"
+#include "toolkit/base/Dispatcher.h"
+#include "values/ActionHistory.h"
+#include "workspace/RootType.h"
+
+#include <string>
+#include <utility>
+
+namespace Tesselor {
+
+namespace {
+
+constexpr char NoticeId[] = "losses";
+/// Milliseconds: enough for the first frame to come before.
+constexpr double Pause = 50;
+
+} // namespace
+
+LossNotice::LossNotice(NoticeBar& bar, LossPanel& panel, const Graph& graph) : bar(bar), panel(panel), graph(graph) {}
+
+LossNotice::~LossNotice() { Toolkit::Dispatcher::Current().Cancel(timer); }
+
+void LossNotice::Begin(AssetFile file, std::shared_ptr<RootType> newRoot) {
+  End();
+  waiting = std::move(file);
+  root = std::move(newRoot);
+  revision = ActionHistory::Instance().Revision();
+  documentNumber = graph.DocumentNumber();
+  timer = Toolkit::Dispatcher::Current().StartTimer(Pause, [this] { Compare(); });
+}
+
+void LossNotice::End() {
+  Toolkit::Dispatcher::Current().Cancel(timer);
+  waiting = {};
+  bar.Dismiss(NoticeId);
+  panel.Close();
+}
+
+void LossNotice::Compare() {
+  const AssetFile file = std::exchange(waiting, {});
+  if (revision != ActionHistory::Instance().Revision() || documentNumber != graph.DocumentNumber()) return;
+  std::vector<DocumentLoss> losses = FindDocumentLosses(*file.json, file.longNumbers, graph, *root);
+  if (losses.empty()) return;
+  const std::string count = losses.size() == 1 ? "1 value" : std::to_string(losses.size()) + " values";
+  bar.Show({NoticeId, "Saving this file changes " + count, {{"Details", [this, losses = std::move(losses)] {
+                                                               panel.Open(losses);
+                                                             }}}});
+}
+
+} // namespace Tesselor

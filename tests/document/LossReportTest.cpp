@@ -1,0 +1,176 @@
+#include "DocumentTest.h"
+#include "document/DocumentLosses.h"
+#include "document/LongNumbers.h"
+
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace Tesselor {
+
+using TestSupport::Quoted;
+
+class LossReport : public TestSupport::DocumentTest {
+protected:
+  LossReport() {
+    AddSchema(R"({'id':'Values','title':'Values','color':'green','inputs':[{'id':'in','Type':'T','color':'red'}],
+        'content':[{'Id':'level','Type':'IntSlider','Options':{}},
+                   {'Id':'list','Type':'List','Options':{'Type':'string'}},
+                   {'Id':'table','Type':'Dictionary','Options':{'Type':'mixed'}},
+                   {'Id':'mixed','Type':'Mixed'},
+                   {'Id':'object','Type':'Object','Options':{'Fields':[{'Id':'x','Type':'Int'}]}}],
+        'Schema':{'Level':'level','List':'list','Table':'table','Mixed':'mixed','Object':'object'}})");
+    target = view->target.root;
+    target->workspace = workspace;
+  }
+  std::vector<DocumentLoss> Losses(const std::string& json) {
+    StartView("Doc");
+    view->target.root = target;
+    const std::string text = Quoted(json);
+    const JsonPtr file = ParseJson(text).json;
+    EXPECT_TRUE(file) << text;
+    EXPECT_TRUE(Import(json));
+    return FindDocumentLosses(*file, FindLongNumbers(text), **view, *target);
+  }
+  std::string Lines(const std::string& json) {
+    std::string lines;
+    for (const DocumentLoss& loss : Losses(json)) lines += loss.loss.Line() + "\n";
+    return lines;
+  }
+  std::shared_ptr<RootType> target;
+};
+
+struct LossCase {
+  const char* what;
+  /// Members of the root behind its identity.
+  const char* members;
+  const char* lines;
+};
+
+TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
+  const std::vector<LossCase> cases = {
+      // Values.
+      {"a scalar that no schema knows", "'Unknown':5", "$.Unknown: was 5 becomes nothing\n"},
+      {"a value of the wrong type", "'Name':5,'Count':'x'",
+       "$.Name: was 5 becomes nothing\n$.Count: was 'x' becomes nothing\n"},
+      {"a constant", "'Kind':'other'", "$.Kind: was 'other' becomes 'doc'\n"},
+      {"a scalar under a single pin and in the array of one that makes nodes", "'One':7,'Items':[{},5]",
+       "$.One: was 7 becomes nothing\n$.Items[1]: was 5 becomes {'$NodeId': 'Item-<new>'}\n"},
+      {"an unknown key of the editor's kind, and a key that is no word", "'$Mystery':1,'a \\'key\\'':2",
+       "$.$Mystery: was 1 becomes nothing\n$['a \\'key\\'']: was 2 becomes nothing\n"},
+      {"numbers, texts and members of fields",
+       "'One':{'$NodeId':'Values-2','Level':99.7,'List':['a',1],'Table':{'a':null,'b':'5'},'Mixed':'5',"
+       "'Object':{'x':1,'y':2}}",
+       "$.One.Level: was 99.7 becomes 99\n$.One.List[1]: was 1 becomes ''\n$.One.Table.a: was null becomes ''\n"
+       "$.One.Table.b: was '5' becomes 5\n$.One.Mixed: was '5' becomes 5\n$.One.Object.y: was 2 becomes nothing\n"},
+      {"elements of generic nodes that are no objects", "'Items':[{'$Generic':true,'a':1},[1,2]]",
+       "$.Items[1]: was [1, 2] becomes {'$NodeId': 'Item-<new>'}\n"},
+      {"a text that becomes a number, and what a formula has beside it",
+       "'One':{'$NodeId':'Free-2','p':'12','q':{'Compute':'1+2','other':1}}",
+       "$.One.p: was '12' becomes 12\n$.One.q.other: was 1 becomes nothing\n"},
+      {"an array under a key of a map", "'Map':[{'$NodeId':'Item-2'}]",
+       "$.Map: was [{'$NodeId': 'Item-2'}] becomes {'Item': {'$NodeId': 'Item-2'}}\n"},
+      {"digits that no double has, also in raw JSON",
+       "'Count':3,'big':{'a':[9007199254740993],'b':9007199254740992,'c':0.1234567890123456789}",
+       "$.big.a[0]: was 9007199254740993 becomes 9.00719925474099e+15\n"
+       "$.big.b: was 9007199254740992 becomes 9.00719925474099e+15\n"
+       "$.big.c: was 0.1234567890123456789 becomes 0.12345678901234568\n"},
+      {"the second of two equal keys", "'Name':'a','Name':'b'",
+       "$.Name: was 'b' becomes nothing (the key stands there twice)\n"},
+      {"keys that differ in case and in value", "'name':'a','Name':'b'",
+       "$.name: was 'a' becomes nothing\n$.Name: was 'b' becomes 'a'\n"},
+      {"long values, cut between two characters",
+       "'Unknown':'aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"
+       "aaaaaaaaaaaaaaaaaaaaaaaaäöüä'",
+       "$.Unknown: was 'aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa… becomes "
+       "nothing\n"},
+      // Nodes.
+      {"one node twice, with another content",
+       "'Items':[{'$NodeId':'Item-2','One':{'$NodeId':'Item-9','Label':'a'}},{'$NodeId':'Item-3',"
+       "'Items':[{'$NodeId':'Item-9','Label':'b'}]}]",
+       "$.Items[1].Items[0].Label: was 'b' becomes 'a'\n"},
+      {"one node twice in an array", "'Items':[{'$NodeId':'Item-2'},{'$NodeId':'Item-2'},{'$NodeId':'Item-3'}]",
+       "$.Items[1]: was {'$NodeId': 'Item-2'} becomes nothing (the array holds the node already)\n"},
+      {"another order",
+       "'Items':[{'$NodeId':'Item-2','$Position':{'$x':0,'$y':90}},{'$NodeId':'Item-3',"
+       "'$Position':{'$x':0,'$y':10}}]",
+       "$.Items: was elements in their order becomes the order 1, 0\n"},
+      {"what moves to the floating nodes, and what it loses there",
+       "'Items':[{'$NodeId':'Item-2'},{'$NodeId':'Property-3','x':5},{'$NodeId':'Item-4'}]",
+       "$.Items[1]: was {'$NodeId': 'Property-3', 'x': 5} moves to $FloatingNodes\n"
+       "$.Items[1].x: was 5 becomes nothing\n"},
+      // The editor's own data.
+      {"a title of the wrong type, and a place that is overruled",
+       "'One':{'$NodeId':'Item-2','$Title':5,'$Position':{'$x':50,'$y':7}},"
+       "'$Nodes':{'Item-2':{'$Position':{'$x':'far','$y':7},'$Title':'t'}}",
+       "$.One.$Title: was 5 becomes nothing\n$.One.$Position: was {'$x': 50, '$y': 7} becomes nothing\n"},
+      {"unknown members of the metadata",
+       "'$NodeEditorMetadata':{'$Nodes':{'Doc-1':{'$Extra':1}},'$Links':[1],'$Other':{}}",
+       "$.$NodeEditorMetadata.$Nodes['Doc-1'].$Extra: was 1 becomes nothing\n"
+       "$.$NodeEditorMetadata.$Links: was [1] becomes {}\n$.$NodeEditorMetadata.$Other: was {} becomes nothing\n"},
+      {"ends of links that lead nowhere",
+       "'Items':[{'$NodeId':'Item-2'}],'$NodeEditorMetadata':{'$Nodes':{'Item-2':{}},'$Links':{'L':{'$Position':{'$x':"
+       "1,'$y':2},"
+       "'inputConnections':['Doc-1:items'],'outputConnections':['Item-2:in','Item-7:in',5],"
+       "'sourceEndpoint':'Doc-1:items'}}}",
+       "$.$NodeEditorMetadata.$Links.L.outputConnections[1]: was 'Item-7:in' becomes nothing\n"
+       "$.$NodeEditorMetadata.$Links.L.outputConnections[2]: was 5 becomes nothing\n"},
+      {"frames at their smallest",
+       "'$NodeEditorMetadata':{'$Comments':[{'$Position':{'$x':1.5,'$y':2},'$width':1,"
+       "'$height':400,'$name':'n','$fontSize':'big'}]}",
+       "$.$NodeEditorMetadata.$Comments[0].$width: was 1 becomes 100\n"
+       "$.$NodeEditorMetadata.$Comments[0].$fontSize: was 'big' becomes 13\n"},
+      {"floating nodes that another list hides",
+       "'$NodeEditorMetadata':{'FloatingFunctionNodes':[{'$NodeId':'Item-2','x':1}],'$FloatingNodes':[]}",
+       "$.$NodeEditorMetadata.FloatingFunctionNodes: was [{'$NodeId': 'Item-2', 'x': 1}] becomes nothing\n"},
+  };
+  static const std::regex uuid("[0-9a-f]{8}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{12}");
+  for (const LossCase& test : cases) {
+    SCOPED_TRACE(test.what);
+    const std::string lines = Lines("{'$NodeId':'Doc-1'," + std::string(test.members) + "}");
+    EXPECT_EQ(std::regex_replace(lines, uuid, "<new>"), Quoted(test.lines));
+  }
+}
+
+TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
+  const std::vector<std::pair<const char*, const char*>> cases = {
+      {"defaults and identities that it adds, another order and case of keys",
+       "{'one':{},'$nodeid':'Doc','$COMMENT':'c','Items':[{'Label':'b'},{'Label':'a'}],'Count':3.0}"},
+      {"defaults that it leaves out, and dictionaries and maps without entries",
+       "{'Name':'','Count':0,'Map':{},'One':{'$NodeId':'Values','Table':{},'Mixed':''}}"},
+      {"other ways to write a number", "{'big':{'a':1e2,'b':100.0,'c':-0,'d':0.10000000000000001,'e':1E+2,'f':0."
+                                       "3333333333333333,'g':100000000000000000000}}"},
+      {"places and titles in nodes, which arrive in the metadata",
+       "{'$NodeId':'Doc-1','One':{'$NodeId':'Item-2','$Title':'t','$Position':{'$x':10.7,'$y':-3}},'$Nodes':{}}"},
+      {"the title of the type", "{'One':{'$NodeId':'Item-2','$Title':'Item'}}"},
+      {"a pass-through node in the tree, without which its children are written",
+       "{'Items':[{'Label':'a'},{'$Link':true,'Children':[{'$NodeId':'Item','Label':'b'},{'$Link':true,'Children':"
+       "[{'$NodeId':'Item','Label':'c'}]}]},{'Label':'d'}]}"},
+      {"the old place and name of the floating nodes", "{'FloatingFunctionNodes':[{'$NodeId':'Item-2','Label':'l'}]}"},
+      {"a floating node that hangs on the tree by a link",
+       "{'$NodeId':'Doc-1','$FloatingNodes':[{'$NodeId':'Item-2','Label':'l'}],'$Links':{'L':{'inputConnections':"
+       "['Doc-1:items'],'outputConnections':['Item-2:in']}}}"},
+      {"places of nodes that aren't there, and the root that was chosen",
+       "{'$NodeEditorMetadata':{'$Nodes':{'Item-9':{'$Position':{'$x':1,'$y':1}},'Item':5},'$WorkspaceID':'Other'}}"},
+      {"fractions of frames",
+       "{'$Groups':[{'$Position':{'$x':0.1,'$y':0.2},'$width':300.1,'$height':200,'$name':''}]}"},
+      {"raw JSON with equal keys, in which nothing is lost", "{'any':{'a':1,'a':2,'in':{'$Position':{'$x':1}}}}"},
+  };
+  for (const auto& [what, file] : cases) {
+    SCOPED_TRACE(what);
+    EXPECT_EQ(Lines(file), "");
+  }
+}
+
+TEST_F(LossReport, KnowsTheNodeOfAValueAndLeavesTheDocumentAsItIs) {
+  const std::vector<DocumentLoss> losses = Losses("{'One':{'Label':'a','One':{'x':1}},'Name':'','y':2}");
+  ASSERT_EQ(losses.size(), 2u);
+  EXPECT_EQ(losses[0].loss.path, "$.One.One.x");
+  ASSERT_NE(losses[0].node.Get(), nullptr);
+  EXPECT_EQ(losses[0].node.Get()->NumberingPin(), nullptr);
+  EXPECT_NE(losses[0].node.Get(), losses[1].node.Get());
+  EXPECT_EQ(losses[1].node.Get(), (*view)->Root());
+  for (const auto& node : (*view)->ContentNodes()) EXPECT_EQ(node->NodeId(), "") << "made by writing only";
+}
+
+} // namespace Tesselor

@@ -1,0 +1,163 @@
+// What the window tells of a file that a save changes.
+#include "WindowStage.h"
+#include "editor/LossPanel.h"
+#include "editor/NoticeBar.h"
+#include "toolkit/application/MessageBox.h"
+#include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/ItemsControl.h"
+#include "toolkit/controls/TextBlock.h"
+#include "workspace/NodeDictionary.h"
+#include "workspace/RootType.h"
+#include "workspace/Workspace.h"
+
+#include <gtest/gtest.h>
+
+namespace Tesselor {
+namespace {
+
+using TestSupport::WindowStage;
+using Toolkit::Key;
+
+class LossNotices : public testing::Test {
+protected:
+  LossNotices() {
+    std::string stages;
+    for (int i = 0; i < 100; ++i)
+      stages += (i ? "," : "") + std::string(R"({"$NodeId": "Item-)") + std::to_string(i) + R"(", "Label": )" +
+                std::to_string(i) + "}";
+    many = Write("many.json", R"("Items": [)" + stages + "]");
+    one = Write("one.json", R"("Items": [{"$NodeId": "Item-1", "Label": 7}])");
+    none = Write("none.json", R"("Items": [{"$NodeId": "Item-1", "Label": "7"}])");
+    window = std::make_unique<WindowStage>(TestSupport::WindowSetup{.directory = workspace.Path()});
+  }
+  std::string Write(const char* name, const std::string& members) {
+    return workspace.Write(name, R"({"$WorkspaceID": "Doc", "$NodeId": "Doc-0", )" + members + "}");
+  }
+  /// The lines of the bar once the file is loaded.
+  std::vector<std::string> Told(const std::string& path) {
+    window->Open(path);
+    EXPECT_EQ(window->View().Notices().Lines().Count(), 0u) << "told before the document was seen";
+    window->Wait(100);
+    std::vector<std::string> texts;
+    const auto& lines = window->View().Notices().Lines();
+    for (size_t i = 0; i < lines.Count(); ++i) texts.push_back(lines.Get(i)->GetText().ToString());
+    return texts;
+  }
+  Toolkit::Button& Button(const char* caption) {
+    return *TestSupport::Find<Toolkit::Button>(window->View().Notices(), [&](const Toolkit::Button& button) {
+      return button.GetContent().AsStringView() == caption;
+    });
+  }
+  LossPanel& Panel() { return *TestSupport::All<LossPanel>(window->Root()).front(); }
+  size_t LineCount() {
+    return TestSupport::Find<Toolkit::ItemsControl>(
+               Panel(), [](const Toolkit::ItemsControl& list) { return list.GetName() == "LineList"; })
+        ->ItemCount();
+  }
+  std::string SelectedId() const {
+    const auto& selected = window->View().GetGraph().Selected().GetNodes();
+    const auto* node = selected.empty() ? nullptr : Toolkit::DynamicCast<ContentNode>(selected.front().Get());
+    return node ? node->NodeId() : "";
+  }
+  using Texts = std::vector<std::string>;
+
+  TestSupport::TestWorkspace workspace{{R"({"id": "Doc", "title": "Doc", "color": "blue",
+      "outputs": [{"id": "items", "Type": "T", "color": "red", "Multiple": true}],
+      "Schema": {"Items": {"node": "Item", "pin": "items"}}})",
+                                        R"({"id": "Item", "title": "Item", "color": "blue",
+      "inputs": [{"id": "in", "Type": "T", "color": "red", "Multiple": true}],
+      "outputs": [{"id": "items", "Type": "T", "color": "red", "Multiple": true}], "content": [{"Id": "label", "Type": "SmallString"}],
+      "Schema": {"Label": "label", "Items": {"node": "Item", "pin": "items"}}})"}};
+  std::string many, one, none;
+  std::unique_ptr<WindowStage> window;
+};
+
+TEST_F(LossNotices, TellHowManyValuesASaveChangesUntilTheyAreSavedOrLeft) {
+  EXPECT_EQ(Told(none), Texts());
+  EXPECT_EQ(Told(one), Texts{"Saving this file changes 1 value"});
+  EXPECT_EQ(Told(many), Texts{"Saving this file changes 100 values"});
+  window->Click(Button("Details"));
+  EXPECT_TRUE(Panel().IsOpen());
+  window->Chord({Key::LeftCtrl, Key::S});
+  EXPECT_FALSE(Panel().IsOpen());
+  EXPECT_EQ(window->View().Notices().Lines().Count(), 0u);
+  EXPECT_EQ(Told(many), Texts()) << "the file is written as it is";
+}
+
+TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
+  Told(many);
+  EXPECT_FALSE(Panel().IsOpen());
+  window->Click(Button("Details"));
+  EXPECT_EQ(LineCount(), 60u) << "lines are made as they are scrolled to";
+  const auto texts = TestSupport::All<Toolkit::TextBlock>(Panel());
+  const auto shows = [&](const char* text) {
+    return std::any_of(texts.begin(), texts.end(), [&](const auto* block) { return block->GetText() == text; });
+  };
+  for (const char* text : {"Saving changes 100 values", "$.Items[1].Label", "1", "nothing"})
+    EXPECT_TRUE(shows(text)) << text;
+
+  window->Press(Key::Down);
+  window->Press(Key::Down);
+  EXPECT_EQ(SelectedId(), "") << "a step alone shows no node";
+  window->Press(Key::Return);
+  EXPECT_EQ(SelectedId(), "1");
+  const Toolkit::Point away =
+      WindowStage::MiddleOf(*window->View().GetGraph().FindNodeById("1")) - WindowStage::MiddleOf(window->Canvas());
+  EXPECT_LT(std::abs(away.x) + std::abs(away.y), 2);
+  window->Press(Key::Up);
+  window->Press(Key::Up);
+  window->Press(Key::Return);
+  EXPECT_EQ(SelectedId(), "0");
+  for (int i = 0; i < 12; ++i) window->Press(Key::PageDown);
+  window->Press(Key::Return);
+  EXPECT_EQ(SelectedId(), "99");
+  EXPECT_EQ(LineCount(), 100u);
+  for (int i = 0; i < 12; ++i) window->Press(Key::PageUp);
+  window->Click(*TestSupport::Find<Toolkit::TextBlock>(
+      Panel(), [](const Toolkit::TextBlock& block) { return block.GetText() == "$.Items[2].Label"; }));
+  EXPECT_EQ(SelectedId(), "2");
+  window->Press(Key::Escape);
+  EXPECT_FALSE(Panel().IsOpen());
+}
+
+TEST_F(LossNotices, AskBeforeASaveMultipliesTheDocument) {
+  Told(none);
+  MainView& view = window->View();
+  Graph& graph = view.GetGraph();
+  const auto add = [&] {
+    const Toolkit::Ptr<ContentNode> node = view.CurrentRoot()->workspace->nodeDictionary->CreateNode("Item", true);
+    graph.AddNode(*node, 0, 0, false);
+    return node.Get();
+  };
+  const auto connect = [&](ContentNode& parent, ContentNode& child) {
+    graph.Attach(*Toolkit::MakePtr<Connection>(*child.FindPin("in"), *parent.FindPin("items")));
+  };
+  ContentNode* above = view.RootNode();
+  for (int i = 0; i < 7; ++i) {
+    ContentNode &left = *add(), &right = *add(), &next = *add();
+    for (ContentNode* side : {&left, &right}) {
+      connect(*above, *side);
+      connect(*side, next);
+    }
+    above = &next;
+  }
+  const std::string before = TestSupport::TemporaryDirectory::Read(none);
+  window->boxes.answer = Toolkit::MessageBoxResult::Cancel;
+  EXPECT_FALSE(view.Save());
+  EXPECT_EQ(
+      window->boxes.Texts(),
+      Texts{"Attention!: Nodes with several parents are written below each of them. The file will hold 510 nodes, "
+            "and the document has 23. Do you want to save it?"});
+  EXPECT_EQ(TestSupport::TemporaryDirectory::Read(none), before);
+  window->boxes.answer = Toolkit::MessageBoxResult::OK;
+  EXPECT_FALSE(view.Save()) << "the answer saves";
+  EXPECT_NE(TestSupport::TemporaryDirectory::Read(none), before);
+  window->boxes.boxes.clear();
+  EXPECT_TRUE(view.Save()) << "agreed to once";
+  window->Open(none);
+  EXPECT_TRUE(view.Save()) << "the file is that large already";
+  EXPECT_TRUE(window->boxes.boxes.empty());
+}
+
+} // namespace
+} // namespace Tesselor

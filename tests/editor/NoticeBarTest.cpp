@@ -1,0 +1,76 @@
+#include "editor/NoticeBar.h"
+#include "WindowStage.h"
+#include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/TextBlock.h"
+
+#include <gtest/gtest.h>
+
+namespace Tesselor {
+namespace {
+
+using TestSupport::WindowStage;
+using Toolkit::Key;
+
+class Notices : public testing::Test {
+protected:
+  Notices() : window("quest"), bar(window.View().Notices()) {}
+
+  std::vector<std::string> Shown() {
+    window.Settle();
+    std::vector<std::string> texts;
+    for (const auto* text : TestSupport::All<Toolkit::TextBlock>(bar))
+      if (text->GetName() == "Text") texts.emplace_back(text->GetText());
+    return texts;
+  }
+  Toolkit::Button& Button(const char* caption) {
+    window.Settle();
+    return *TestSupport::Find<Toolkit::Button>(
+        bar, [&](const Toolkit::Button& button) { return button.GetContent().AsStringView() == caption; });
+  }
+  using Texts = std::vector<std::string>;
+
+  WindowStage window;
+  NoticeBar& bar;
+};
+
+TEST_F(Notices, StandNewestFirstAndAtMostThreeAtOnce) {
+  const float canvasTop = WindowStage::BoxOf(window.Canvas()).y;
+  EXPECT_EQ(bar.ActualHeight(), 0);
+  for (const char* id : {"a", "b", "c", "d"}) bar.Show({id, std::string("text of ") + id, {}});
+  EXPECT_EQ(Shown(), (Texts{"text of d", "text of c", "text of b"}));
+  EXPECT_EQ(WindowStage::BoxOf(window.Canvas()).y, canvasTop + bar.ActualHeight()) << "the bar covers nothing";
+  bar.Show({"b", "again", {}});
+  EXPECT_EQ(Shown(), (Texts{"again", "text of d", "text of c"}));
+  bar.Dismiss("d");
+  bar.Dismiss("d");
+  EXPECT_EQ(Shown(), (Texts{"again", "text of c"}));
+  window.Click(Button("Dismiss"));
+  EXPECT_EQ(Shown(), Texts{"text of c"});
+  window.Click(Button("Dismiss"));
+  EXPECT_EQ(WindowStage::BoxOf(window.Canvas()).y, canvasTop);
+}
+
+TEST_F(Notices, RunTheirActionsByMouseAndKeysAndLeaveTheRestOfTheKeysToTheGraph) {
+  std::string ran;
+  bar.Show({"a", "text", {{"Once", [&] { ran += "once "; }}, {"Last", [&] {
+                                                                bar.Dismiss("a");
+                                                                ran += "last ";
+                                                              }}}});
+  window.Settle();
+  EXPECT_EQ(window.Input().Focused(), nullptr) << "a notice takes no focus";
+  window.Click(Button("Once"));
+  EXPECT_EQ(Shown(), Texts{"text"});
+  window.Focus(&Button("Once"));
+  window.Press(Key::Tab);
+  EXPECT_TRUE(Button("Last").IsFocused());
+  window.Press(Key::Return);
+  EXPECT_EQ(ran, "once last ");
+  EXPECT_EQ(Shown(), Texts{});
+  const size_t nodes = window.View().ContentNodes().size();
+  window.View().GetGraph().Selected().Add(window.Node("The nest"));
+  window.Press(Key::Delete);
+  EXPECT_EQ(window.View().ContentNodes().size(), nodes - 1);
+}
+
+} // namespace
+} // namespace Tesselor
