@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nodes/FrameNode.h"
+#include "nodes/NodeNames.h"
 #include "values/IActionCommand.h"
 
 namespace Tesselor {
@@ -13,6 +14,7 @@ public:
       : frame(&frame), oldBounds(oldBounds), newBounds(newBounds) {}
   void Do() override { frame->SetBounds(newBounds); }
   void Undo() override { frame->SetBounds(oldBounds); }
+  StepDescription Description() const override { return {"Resized", "resizing of", NameOf(*frame)}; }
 
 private:
   Toolkit::Ptr<FrameNode> frame;

@@ -7,6 +7,7 @@
 #include "editor/NodeSearchPanel.h"
 #include "editor/NodeTypeList.h"
 #include "editor/PanelBaseField.h"
+#include "editor/StatusLine.h"
 #include "graph/Connection.h"
 #include "graph/ConnectionPath.h"
 
@@ -27,6 +28,7 @@ void RegisterEditorTypes() {
   PanelBaseField::StaticType();
   NodePanel::StaticType();
   NodeSearchPanel::StaticType();
+  StatusLine::StaticType();
 }
 
 } // namespace Tesselor

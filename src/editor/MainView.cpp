@@ -4,6 +4,7 @@
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
+#include "editor/StatusLine.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
@@ -73,7 +74,16 @@ MainView::MainView() {
   gestures = std::make_unique<CanvasGestures>(*nodeEditorCanvas, *graph, GestureCallbacks());
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
-  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel);
+  statusLine = FindName<StatusLine>("StatusLine");
+  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && statusLine);
+  ActionHistory::Instance().onStep = [this](ActionHistory::StepEvent event, const IActionCommand& step) {
+    const StepDescription description = step.Description();
+    switch (event) {
+    case ActionHistory::StepEvent::Made: return Tell(description.Done());
+    case ActionHistory::StepEvent::Undone: return Tell("Undone: " + description.Name());
+    case ActionHistory::StepEvent::Redone: return Tell("Redone: " + description.Name());
+    }
+  };
   AddCommandStates();
   FileDialogs::SetCurrentFile([this] { return filePath; });
   workspaceOverlay =
@@ -96,6 +106,7 @@ MainView::MainView() {
 
 MainView::~MainView() {
   // Steps refer to nodes and connections, which go with the view.
+  ActionHistory::Instance().onStep = nullptr;
   ActionHistory::Instance().Clear();
   graph->Selected().onChanged = nullptr;
   FileDialogs::SetCurrentFile(nullptr);
@@ -112,6 +123,8 @@ void MainView::AddCommandStates() {
   add("GoToRootItem", [this] { return graph->Root() && graph->Contains(*graph->Root()); });
   graph->Selected().onChanged = [this] { commandStates->Refresh(); };
 }
+
+void MainView::Tell(std::string_view text) { statusLine->Tell(text); }
 
 void MainView::BuildRootMenu() {
   for (const std::string& name : workspaces.GetRootNames()) {

@@ -24,10 +24,12 @@
 
 namespace Tesselor {
 
+class ActionHistory;
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
 class NodeDictionary;
+class StatusLine;
 struct CreateNodeEventArgs;
 struct CutLineUpEventArgs;
 struct ImportTarget;
@@ -127,7 +129,7 @@ private:
   void GiveUp();
   void Undo();
   void Redo();
-  void StepInHistory(void (*step)());
+  void StepInHistory(bool (ActionHistory::*step)(), const char* otherwise);
   /// What is being typed comes to its end as a step of its own, for as long as `run` takes.
   void WithFinishedTyping(const std::function<void()>& run);
 
@@ -170,6 +172,8 @@ private:
   void BeginEdit();
   /// The inspector shows no node that has left.
   void CloseInspectorOfGoneNode();
+  /// Says in the status line what a command did, or why it did nothing. Steps of the history tell of themselves.
+  void Tell(std::string_view text);
   void AddCommandStates();
   /// Null unless it is the one selected node.
   ContentNode* SelectedContentNode() const;
@@ -193,6 +197,7 @@ private:
   NodeEditorCanvas* nodeEditorCanvas = nullptr;
   NodePanel* nodePanel = nullptr;
   NodeSearchPanel* nodeSearchPanel = nullptr;
+  StatusLine* statusLine = nullptr;
   Toolkit::MenuItem* workspaceMenu = nullptr;
   std::unique_ptr<CommandStates> commandStates;
   std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay;

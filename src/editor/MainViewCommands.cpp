@@ -104,8 +104,9 @@ ContentNode* MainView::SelectedContentNode() const {
 }
 
 void MainView::OnClickSetSelectedNodeAsRoot(Toolkit::Object*, const RoutedEventArgs&) {
-  if (ContentNode* node = SelectedContentNode())
-    ActionHistory::Instance().Run(std::make_unique<SetRootNodeActionCommand>(*graph, *node));
+  ContentNode* node = SelectedContentNode();
+  if (!node) return Tell("Select one node to make it the root");
+  ActionHistory::Instance().Run(std::make_unique<SetRootNodeActionCommand>(*graph, *node));
   commandStates->Refresh();
 }
 
@@ -117,6 +118,7 @@ void MainView::OnClickToggleCompactMode(Toolkit::Object*, const RoutedEventArgs&
   for (size_t i = 0; i < rows.ChildCount(); ++i)
     if (auto* row = Toolkit::DynamicCast<PanelBaseField>(rows.Child(i)))
       row->GetCheckBox()->SetIsChecked(!compactModeFlag);
+  Tell(compactModeFlag ? "Fields are hidden" : "Fields are shown");
   compactModeFlag = !compactModeFlag;
 }
 

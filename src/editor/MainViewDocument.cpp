@@ -3,6 +3,7 @@
 #include "commands/BatchDeleteConnectionActionCommand.h"
 #include "commands/BatchMoveActionCommand.h"
 #include "commands/CreateConnectionActionCommand.h"
+#include "editor/ConnectionRefusal.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -44,7 +45,8 @@ CanvasGestures::Callbacks MainView::GestureCallbacks() {
 }
 
 void MainView::TryCreateConnection(NodePinData& target, NodePinData& source) {
-  if (!NodePinData::CanConnect(target, source) || target.IsConnectedTo(source)) return;
+  if (const std::string reason = ConnectionRefusal(target, source); !reason.empty())
+    return Tell("Not connected: " + reason);
   ActionHistory::Instance().Run(std::make_unique<CreateConnectionActionCommand>(*graph, target, source));
 }
 

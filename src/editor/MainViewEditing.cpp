@@ -7,6 +7,7 @@
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NodesMenu.h"
+#include "nodes/NodeNames.h"
 #include "toolkit/visual/Input.h"
 #include "workspace/NodeDictionary.h"
 #include "workspace/RootType.h"
@@ -39,11 +40,14 @@ void MainView::CloseInspectorOfGoneNode() {
   if (nodePanel->Node() && !graph->Contains(*nodePanel->Node())) nodePanel->Close();
 }
 
-void MainView::SelectAll() { SelectAllNodes(*graph); }
+void MainView::SelectAll() {
+  SelectAllNodes(*graph);
+  Tell("Selected " + Counted(graph->Selected().GetNodes().size(), "node", "nodes"));
+}
 
 void MainView::DeleteSelection() {
   BeginEdit();
-  if (!DeleteSelected(*graph)) return;
+  if (!DeleteSelected(*graph)) return Tell("Nothing is selected to delete");
   pendingPin.Clear();
   CloseInspectorOfGoneNode();
 }

@@ -149,6 +149,13 @@ bool MainView::Export() {
                                                      type.workspace && type.workspace->ExportDefaults);
   });
   if (isWritten) NoteSaved();
+  const std::string file = filePath.substr(filePath.find_last_of("/\\") + 1);
+  if (isWritten)
+    Tell("Saved " + file);
+  else if (!root)
+    Tell("Not saved: there is no root. Select a node and choose Set Selected Node As Root");
+  else
+    Tell("Not saved: " + file);
   return isWritten;
 }
 
@@ -254,6 +261,7 @@ void MainView::FinishLoad(JsonPtr document) {
     return;
   }
   NoteSaved();
+  Tell("Opened " + filePath.substr(filePath.find_last_of("/\\") + 1));
   commandStates->Refresh();
   UpdateLayout();
   ResetViewToRoot();

@@ -104,17 +104,15 @@ void MainView::ToggleHotkeys() {
   SetValue(HotkeysModalVisibilityProperty, shown ? Toolkit::Visibility::Collapsed : Toolkit::Visibility::Visible);
 }
 
-void MainView::Undo() {
-  StepInHistory([] { ActionHistory::Instance().UndoLast(); });
-}
+void MainView::Undo() { StepInHistory(&ActionHistory::UndoLast, "Nothing to undo"); }
 
-void MainView::Redo() {
-  StepInHistory([] { ActionHistory::Instance().RedoLast(); });
-}
+void MainView::Redo() { StepInHistory(&ActionHistory::RedoLast, "Nothing to redo"); }
 
-void MainView::StepInHistory(void (*step)()) {
+void MainView::StepInHistory(bool (ActionHistory::*step)(), const char* otherwise) {
   BeginEdit();
-  WithFinishedTyping(step);
+  WithFinishedTyping([&] {
+    if (!(ActionHistory::Instance().*step)()) Tell(otherwise);
+  });
   CloseInspectorOfGoneNode();
   commandStates->Refresh();
 }

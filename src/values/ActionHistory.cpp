@@ -18,6 +18,7 @@ void ActionHistory::Push(std::unique_ptr<IActionCommand> command) {
   commands.erase(commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(undoneCount));
   undoneCount = 0;
   commands.push_front(std::move(command));
+  Tell(StepEvent::Made, *commands.front());
   ForgetOldSteps();
 }
 
@@ -36,22 +37,30 @@ void ActionHistory::Run(std::unique_ptr<IActionCommand> command) {
   Push(std::move(command));
 }
 
-void ActionHistory::UndoLast() {
-  if (isStepping || undoneCount >= commands.size()) return;
+bool ActionHistory::UndoLast() {
+  if (isStepping || undoneCount >= commands.size()) return false;
   isStepping = true;
   ++revision;
   commands[undoneCount++]->Undo();
   isStepping = false;
+  Tell(StepEvent::Undone, *commands[undoneCount - 1]);
   PushWaiting();
+  return true;
 }
 
-void ActionHistory::RedoLast() {
-  if (isStepping || undoneCount == 0) return;
+bool ActionHistory::RedoLast() {
+  if (isStepping || undoneCount == 0) return false;
   isStepping = true;
   ++revision;
   commands[--undoneCount]->Do();
   isStepping = false;
+  Tell(StepEvent::Redone, *commands[undoneCount]);
   PushWaiting();
+  return true;
+}
+
+void ActionHistory::Tell(StepEvent event, const IActionCommand& command) const {
+  if (onStep) onStep(event, command);
 }
 
 void ActionHistory::PushWaiting() {
