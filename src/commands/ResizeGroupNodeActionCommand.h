@@ -12,6 +12,9 @@ class ResizeGroupNodeActionCommand : public IActionCommand {
 public:
   ResizeGroupNodeActionCommand(FrameNode& frame, const Toolkit::Rect& oldBounds, const Toolkit::Rect& newBounds)
       : frame(&frame), oldBounds(oldBounds), newBounds(newBounds) {}
+  const FrameNode& Frame() const { return *frame; }
+  /// The resize went on, up to the bounds that the frame has now.
+  void Settle() { newBounds = frame->Bounds(); }
   void Do() override { frame->SetBounds(newBounds); }
   void Undo() override { frame->SetBounds(oldBounds); }
   StepDescription Description() const override { return {"Resized", "resizing of", NameOf(*frame)}; }

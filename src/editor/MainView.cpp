@@ -71,6 +71,8 @@ MainView::MainView() {
   graph = std::make_unique<Graph>(*nodeEditorCanvas->GetPanel());
   newNodes = std::make_unique<NewNodes>(*nodeEditorCanvas, *graph);
   nudges = std::make_unique<Nudges>(*graph);
+  frameResizes = std::make_unique<FrameResizes>();
+  glide = std::make_unique<ViewGlide>(*nodeEditorCanvas);
   gestures = std::make_unique<CanvasGestures>(*nodeEditorCanvas, *graph, GestureCallbacks());
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");

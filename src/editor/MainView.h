@@ -1,10 +1,12 @@
 #pragma once
 
 #include "editor/CommandStates.h"
+#include "editor/KeyMenu.h"
 #include "editor/NewNodes.h"
 #include "editor/Overlay.h"
 #include "editor/PendingPin.h"
 #include "editor/SelectionCommands.h"
+#include "editor/ViewGlide.h"
 #include "editor/WorkspaceItemData.h"
 #include "editor/gestures/CanvasGestures.h"
 #include "graph/Graph.h"
@@ -35,11 +37,12 @@ struct CutLineUpEventArgs;
 struct ImportTarget;
 struct SelectionUpEventArgs;
 struct ShowNodesMenuEventArgs;
+enum class WalkTo;
 
 /// The application's window. It owns the document's graph and the path of its file, and forwards what the user does to
 /// whoever does it. Its sources are parted by concept: MainView.cpp (start and events), MainViewDocument.cpp (the
 /// graph and what gestures do to it), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar),
-/// MainViewKeys.cpp (keys).
+/// MainViewKeys.cpp (the table of keys), MainViewCanvasKeys.cpp (what they do on the canvas).
 class MainView : public Toolkit::Window {
   TOOLKIT_TYPE(MainView)
 public:
@@ -127,6 +130,8 @@ private:
   void ToggleHotkeys();
   /// Takes back what is under way.
   void GiveUp();
+  /// The same, and gives the keys back from a field to the canvas.
+  void GiveUpByKey();
   void Undo();
   void Redo();
   void StepInHistory(bool (ActionHistory::*step)(), const char* otherwise);
@@ -144,6 +149,45 @@ private:
   void NudgeDown() { Nudge({0, 1}); }
   void Nudge(Toolkit::Point direction);
   void MirrorNodes();
+
+  // What keys do on the canvas.
+  /// True if the keys are the graph's.
+  bool IsCanvasFocused() const;
+  void Walk(WalkTo way);
+  void WalkToParent();
+  void WalkToChild();
+  void WalkToPrevious();
+  void WalkToNext();
+  void EditFirstField();
+  /// Hands the keys from a node's field, or the inspector's, to the canvas, with its node selected. False if they are
+  /// in none.
+  bool LeaveField();
+  void ToggleInspector();
+  /// For a child of the selected node, if there is one.
+  void OpenNodesMenuByKey();
+  void OpenPinList();
+  void OpenNodeMenu();
+  void GroupSelection();
+  void AddComment();
+  void ResizeFrame(Toolkit::Point direction);
+  void NarrowFrame() { ResizeFrame({-1, 0}); }
+  void WidenFrame() { ResizeFrame({1, 0}); }
+  void LowerFrame() { ResizeFrame({0, -1}); }
+  void HeightenFrame() { ResizeFrame({0, 1}); }
+  void SetSelectedAsRoot();
+  void AskToLayOut();
+  void AskToMirror();
+  void ToggleCompactMode();
+  void ZoomBy(int steps);
+  void ZoomIn() { ZoomBy(1); }
+  void ZoomOut() { ZoomBy(-1); }
+  void ZoomToActualSize();
+  void ZoomToFit();
+  void TellZoom();
+  void GoToRoot();
+  void ShowNewNode();
+  void SelectAlone(BaseNode& node);
+  void ForgetPendingPinOfGoneNode();
 
   // The clipboard.
   void Copy();
@@ -177,12 +221,15 @@ private:
   void AddCommandStates();
   /// Null unless it is the one selected node.
   ContentNode* SelectedContentNode() const;
+  BaseNode* SelectedNode() const;
 
   // The document.
   std::unique_ptr<Graph> graph;
   std::unique_ptr<CanvasGestures> gestures;
   std::unique_ptr<NewNodes> newNodes;
   std::unique_ptr<Nudges> nudges;
+  std::unique_ptr<FrameResizes> frameResizes;
+  std::unique_ptr<ViewGlide> glide;
   std::string filePath;
   /// Of the history, when the document was last loaded or saved.
   uint64_t savedRevision = 0;
@@ -202,6 +249,7 @@ private:
   std::unique_ptr<CommandStates> commandStates;
   std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay;
   PendingPin pendingPin;
+  KeyMenu keyMenu;
   /// The next toggle of the compact mode collapses the fields.
   bool compactModeFlag = true;
 };

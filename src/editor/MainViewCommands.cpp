@@ -69,7 +69,9 @@ void MainView::OnRootSelected(Toolkit::Object* sender, const RoutedEventArgs&) {
                    });
 }
 
-void MainView::OnAutoPositionNodes(Toolkit::Object*, const RoutedEventArgs&) {
+void MainView::OnAutoPositionNodes(Toolkit::Object*, const RoutedEventArgs&) { AskToLayOut(); }
+
+void MainView::AskToLayOut() {
   Ptr<MainView> view(this);
   MessageBox::Show("This action will change all Node's position", "Attention!", MessageBoxButton::OKCancel,
                    MessageBoxImage::None, [view](MessageBoxResult result) {
@@ -77,7 +79,9 @@ void MainView::OnAutoPositionNodes(Toolkit::Object*, const RoutedEventArgs&) {
                    });
 }
 
-void MainView::OnMirrorNodesPosition(Toolkit::Object*, const RoutedEventArgs&) {
+void MainView::OnMirrorNodesPosition(Toolkit::Object*, const RoutedEventArgs&) { AskToMirror(); }
+
+void MainView::AskToMirror() {
   Ptr<MainView> view(this);
   MessageBox::Show("This action will change all Node's position", "Attention!", MessageBoxButton::OKCancel,
                    MessageBoxImage::None, [view](MessageBoxResult result) {
@@ -103,16 +107,25 @@ ContentNode* MainView::SelectedContentNode() const {
   return selected.size() == 1 ? Toolkit::DynamicCast<ContentNode>(selected.front().Get()) : nullptr;
 }
 
-void MainView::OnClickSetSelectedNodeAsRoot(Toolkit::Object*, const RoutedEventArgs&) {
+void MainView::OnClickSetSelectedNodeAsRoot(Toolkit::Object*, const RoutedEventArgs&) { SetSelectedAsRoot(); }
+
+void MainView::SetSelectedAsRoot() {
   ContentNode* node = SelectedContentNode();
   if (!node) return Tell("Select one node to make it the root");
   ActionHistory::Instance().Run(std::make_unique<SetRootNodeActionCommand>(*graph, *node));
   commandStates->Refresh();
 }
 
-void MainView::OnClickGoToRoot(Toolkit::Object*, const RoutedEventArgs&) { ResetViewToRoot(); }
+void MainView::OnClickGoToRoot(Toolkit::Object*, const RoutedEventArgs&) { GoToRoot(); }
 
-void MainView::OnClickToggleCompactMode(Toolkit::Object*, const RoutedEventArgs&) {
+void MainView::GoToRoot() {
+  ResetViewToRoot();
+  Tell(graph->Root() ? "The root is in the middle" : "There is no root");
+}
+
+void MainView::OnClickToggleCompactMode(Toolkit::Object*, const RoutedEventArgs&) { ToggleCompactMode(); }
+
+void MainView::ToggleCompactMode() {
   for (const Ptr<ContentNode>& node : graph->ContentNodes()) node->ShowInFull(!compactModeFlag);
   Toolkit::StackPanel& rows = *nodePanel->GetFieldsStack();
   for (size_t i = 0; i < rows.ChildCount(); ++i)

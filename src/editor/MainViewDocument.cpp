@@ -20,10 +20,14 @@ void MainView::OnConnectionClicked(Toolkit::Object*, const Toolkit::RoutedEventA
   if (auto* connection = Toolkit::DynamicCast<Connection>(args.source)) graph->Connections().SelectOne(*connection);
 }
 
-void MainView::OnNodePinMenu(Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
+void MainView::ForgetPendingPinOfGoneNode() {
   // A pin whose node has left can't be connected.
   if (const NodePinControl* begun = pendingPin.Get(); begun && !graph->Contains(*begun->PinData()->owner))
     pendingPin.Clear();
+}
+
+void MainView::OnNodePinMenu(Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
+  ForgetPendingPinOfGoneNode();
   if (auto* pin = Toolkit::DynamicCast<NodePinControl>(args.source))
     ShowPinMenu(*pin, pendingPin,
                 [this](NodePinData& target, NodePinData& source) { TryCreateConnection(target, source); });

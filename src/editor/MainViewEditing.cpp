@@ -79,22 +79,30 @@ void MainView::ContainerBorder_MouseUp(Toolkit::Object*, const Toolkit::MouseBut
 }
 
 void MainView::OnCreateNode(Toolkit::Object*, const CreateNodeEventArgs& args) {
+  const bool isByKey = newNodes->IsOpenedByKey();
   if (const NodeDictionary* dictionary = Dictionary()) newNodes->Create(*dictionary, args.nodeId);
+  if (isByKey) ShowNewNode();
   nodeSearchPanel->Reset();
 }
 
 void MainView::OnCreateLink(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  const bool isByKey = newNodes->IsOpenedByKey();
   if (const NodeDictionary* dictionary = Dictionary()) newNodes->CreateLink(*dictionary);
+  if (isByKey) ShowNewNode();
   nodeSearchPanel->Reset();
 }
 
 void MainView::OnCreateGroup(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  const bool isByKey = newNodes->IsOpenedByKey();
   newNodes->CreateGroup();
+  if (isByKey) ShowNewNode();
   nodeSearchPanel->Reset();
 }
 
 void MainView::OnCreateComment(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  const bool isByKey = newNodes->IsOpenedByKey();
   newNodes->CreateComment();
+  if (isByKey) ShowNewNode();
   nodeSearchPanel->Reset();
 }
 
