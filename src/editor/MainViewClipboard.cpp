@@ -7,6 +7,7 @@
 #include "nodes/ContentNode.h"
 #include "nodes/NodeNames.h"
 #include "platform/Clipboard.h"
+#include "platform/MessageBoxes.h"
 #include "workspace/RootType.h"
 #include "workspace/Workspace.h"
 
@@ -29,7 +30,12 @@ void MainView::Cut() {
 
 void MainView::Paste() {
   if (!HasWorkspace()) return;
-  const std::vector<JsonPtr> objects = ReadClipboardText(Clipboard::GetText());
+  bool isAnyTooDeep = false;
+  const std::vector<JsonPtr> objects = ReadClipboardText(Clipboard::GetText(), &isAnyTooDeep);
+  if (isAnyTooDeep)
+    ShowError("Not all of the clipboard's text can be pasted: it nests more than " + std::to_string(JsonNestingLimit) +
+                  " levels deep.",
+              "Cannot Paste");
   if (objects.empty()) return Tell("The clipboard holds no nodes");
   BeginEdit();
   NodePasting(*nodeEditorCanvas, *graph, *workspaces.currentRoot->workspace).Paste(objects);

@@ -9,15 +9,26 @@ ActionHistory& ActionHistory::Instance() {
   return history;
 }
 
+void ActionHistory::PutInFront(std::unique_ptr<IActionCommand> command) {
+  ++revision;
+  commands.erase(commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(undoneCount));
+  undoneCount = 0;
+  commands.push_front(std::move(command));
+}
+
+void ActionHistory::PushUndone(std::unique_ptr<IActionCommand> command) {
+  if (isStepping) return;
+  PutInFront(std::move(command));
+  undoneCount = 1;
+  ForgetOldSteps();
+}
+
 void ActionHistory::Push(std::unique_ptr<IActionCommand> command) {
   if (isStepping) {
     waiting.push_back(std::move(command));
     return;
   }
-  ++revision;
-  commands.erase(commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(undoneCount));
-  undoneCount = 0;
-  commands.push_front(std::move(command));
+  PutInFront(std::move(command));
   Tell(StepEvent::Made, *commands.front());
   ForgetOldSteps();
 }

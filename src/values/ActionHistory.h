@@ -32,6 +32,9 @@ public:
   /// Takes a step that has taken effect already; `Do` is not called. What was undone before can't be redone after. A
   /// step that is pushed while another one is undone or redone follows as soon as that is done.
   void Push(std::unique_ptr<IActionCommand> command);
+  /// Takes a step that was made and undone before it came here, such as a text in its own box: the next to be redone.
+  /// What was undone before it was made can't be redone any more.
+  void PushUndone(std::unique_ptr<IActionCommand> command);
   /// Runs a step and takes it. What is pushed meanwhile, such as the text that was typed into what leaves, comes first.
   void Run(std::unique_ptr<IActionCommand> command);
   /// False if there is nothing to undo.
@@ -48,6 +51,7 @@ public:
 
 private:
   void Tell(StepEvent event, const IActionCommand& command) const;
+  void PutInFront(std::unique_ptr<IActionCommand> command);
   void PushWaiting();
   void ForgetOldSteps();
 

@@ -355,11 +355,13 @@ void TextEditor::StretchTo(Point point) {
 
 void TextEditor::BeginSession() {
   history.Clear();
+  undoneText.reset();
   lastAction = Dispatcher::Current().Now();
   RestartBlinking();
 }
 
 void TextEditor::EndSession() {
+  undoneText = history.Redone(box.GetText());
   history.Clear();
   composition.clear();
   EndDrag();
