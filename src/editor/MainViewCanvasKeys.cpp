@@ -33,6 +33,7 @@ constexpr float GapToChild = 80, GapBelow = 20;
 /// Around the nodes that a new group holds; its title stands above.
 constexpr float GroupMargin = 30, GroupTitleRoom = 70;
 constexpr float FrameStep = 10;
+constexpr float TitleHeight = 40;
 
 /// To the right of the node, below all children that it has.
 Point PlaceOfNextChild(const ContentNode& node) {
@@ -44,9 +45,9 @@ Point PlaceOfNextChild(const ContentNode& node) {
   return {bounds.Right() + GapToChild, top};
 }
 
-Rect InWindow(const BaseNode& node) {
-  const Rect bounds = node.Bounds();
-  return node.TransformToAncestor(nullptr).MapBounds({0, 0, bounds.width, bounds.height});
+/// Below which menus about the node open.
+Rect TitleInWindow(const BaseNode& node) {
+  return node.TransformToAncestor(nullptr).MapBounds({0, 0, node.Bounds().width, TitleHeight});
 }
 
 } // namespace
@@ -145,7 +146,7 @@ void MainView::OpenNodesMenuByKey() {
     entries.push_back({"New Child: " + NameOf(*pin), [this, alive = Toolkit::Ptr<ContentNode>(node), pin, place] {
                          newNodes->OpenMenuByKeyFor(*pin, place);
                        }});
-  keyMenu.Open(graph->Panel(), InWindow(*node), entries);
+  keyMenu.Open(graph->Panel(), TitleInWindow(*node), entries);
 }
 
 void MainView::OpenPinList() {
@@ -160,7 +161,7 @@ void MainView::OpenPinList() {
   };
   const std::vector<KeyMenu::Entry> entries = list.EntriesFor(*node, pendingPin);
   if (entries.empty()) return Tell(NameOf(*node) + " has no pins");
-  keyMenu.Open(graph->Panel(), InWindow(*node), entries);
+  keyMenu.Open(graph->Panel(), TitleInWindow(*node), entries);
 }
 
 void MainView::OpenNodeMenu() {
@@ -179,7 +180,7 @@ void MainView::OpenNodeMenu() {
   entries.push_back({"Cut", run(&MainView::Cut), "Ctrl+X"});
   entries.push_back({"Duplicate", run(&MainView::Duplicate), "Ctrl+D"});
   entries.push_back({"Delete", run(&MainView::DeleteSelection), "Delete"});
-  keyMenu.Open(graph->Panel(), InWindow(*node), entries);
+  keyMenu.Open(graph->Panel(), TitleInWindow(*node), entries);
 }
 
 void MainView::GroupSelection() {

@@ -6,7 +6,10 @@
 namespace Tesselor {
 
 std::string NameOf(const BaseNode& node) {
-  if (const auto* content = Toolkit::DynamicCast<ContentNode>(&node)) return content->DisplayName();
+  if (const auto* content = Toolkit::DynamicCast<ContentNode>(&node)) {
+    const std::string name = content->DisplayName();
+    return name.starts_with(RootTitlePrefix) ? name.substr(RootTitlePrefix.size()) : name;
+  }
   const std::string kind = Toolkit::DynamicCast<GroupNode>(&node) ? "group" : "comment";
   return node.Title().empty() ? kind : kind + " " + std::string(node.Title());
 }
