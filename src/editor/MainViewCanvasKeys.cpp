@@ -34,6 +34,8 @@ constexpr float GapToChild = 80, GapBelow = 20;
 constexpr float GroupMargin = 30, GroupTitleRoom = 70;
 constexpr float FrameStep = 10;
 constexpr float TitleHeight = 40;
+/// What is kept free for a node or a comment whose size is not known yet.
+constexpr float RoomForNew = 200;
 
 /// To the right of the node, below all children that it has.
 Point PlaceOfNextChild(const ContentNode& node) {
@@ -43,6 +45,24 @@ Point PlaceOfNextChild(const ContentNode& node) {
     for (const NodePinData* child : node.Output().Get(i)->connections)
       top = std::max(top, child->owner->Bounds().Bottom() + GapBelow);
   return {bounds.Right() + GapToChild, top};
+}
+
+/// The nearest place at or below `wanted` where a box of its size covers no node and no comment.
+Point FreePlace(const Graph& graph, Rect wanted) {
+  for (bool isMoved = true; isMoved;) {
+    isMoved = false;
+    const auto giveWay = [&](const auto& nodes) {
+      for (const auto& node : nodes) {
+        const Rect bounds = node->Bounds();
+        if (!wanted.Intersects(bounds)) continue;
+        wanted.y = bounds.Bottom() + GapBelow;
+        isMoved = true;
+      }
+    };
+    giveWay(graph.ContentNodes());
+    giveWay(graph.CommentNodes());
+  }
+  return {wanted.x, wanted.y};
 }
 
 /// Below which menus about the node open.
@@ -121,6 +141,8 @@ void MainView::ToggleInspector() {
   if (nodePanel->Node() != node) nodePanel->OpenNode(node);
   if (!nodePanel->Node()) return Tell(NameOf(*node) + " has no fields");
   UpdateLayout();
+  // The canvas has become narrower.
+  glide->ToShow(node->Bounds());
   FocusFirstTextBox(*nodePanel->GetFieldsStack()) || FocusFirstControl(*nodePanel->GetFieldsStack());
 }
 
@@ -134,7 +156,8 @@ void MainView::OpenNodesMenuByKey() {
                                      : nodeEditorCanvas->MiddleOfView());
     return;
   }
-  const Point place = PlaceOfNextChild(*node);
+  const Point next = PlaceOfNextChild(*node);
+  const Point place = FreePlace(*graph, {next.x, next.y, RoomForNew, RoomForNew});
   const std::vector<NodePinData*> pins = FreeOutputsOf(*node);
   if (pins.empty()) {
     Tell(NameOf(*node) + " has no free output: the new node won't be connected");
@@ -199,13 +222,15 @@ void MainView::GroupSelection() {
 
 void MainView::AddComment() {
   const BaseNode* node = SelectedNode();
-  const Point place =
+  const Point wanted =
       node ? Point{node->Bounds().x, node->Bounds().Bottom() + GapBelow} : nodeEditorCanvas->MiddleOfView();
+  const Point place = FreePlace(*graph, {wanted.x, wanted.y, RoomForNew, RoomForNew});
   BeginEdit();
   newNodes->CreateCommentAt(place);
   CommentNode& comment = *graph->CommentNodes().back();
   SelectAlone(comment);
   FocusFirstField(comment);
+  glide->ToShow(comment.Bounds());
 }
 
 void MainView::ResizeFrame(Point direction) {

@@ -10,6 +10,7 @@
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
+#include "nodes/NodeNames.h"
 #include "nodes/NodePinControl.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/base/Dispatcher.h"
@@ -151,6 +152,7 @@ void MainView::OnSearchResultSelected(Toolkit::Object*, const RoutedEventArgs& a
   graph->Selected().Clear();
   graph->Selected().Add(*node);
   nodeEditorCanvas->ResetViewTo(node->Middle());
+  Tell("Selected " + NameOf(*node));
 }
 
 void MainView::OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange&) {
