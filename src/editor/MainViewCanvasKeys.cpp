@@ -35,7 +35,7 @@ constexpr float GroupMargin = 30, GroupTitleRoom = 70;
 constexpr float FrameStep = 10;
 constexpr float TitleHeight = 40;
 /// What is kept free for a node or a comment whose size is not known yet.
-constexpr float RoomForNew = 200;
+constexpr float RoomForNewWidth = 600, RoomForNewHeight = 300;
 
 /// To the right of the node, below all children that it has.
 Point PlaceOfNextChild(const ContentNode& node) {
@@ -157,7 +157,7 @@ void MainView::OpenNodesMenuByKey() {
     return;
   }
   const Point next = PlaceOfNextChild(*node);
-  const Point place = FreePlace(*graph, {next.x, next.y, RoomForNew, RoomForNew});
+  const Point place = FreePlace(*graph, {next.x, next.y, RoomForNewWidth, RoomForNewHeight});
   const std::vector<NodePinData*> pins = FreeOutputsOf(*node);
   if (pins.empty()) {
     Tell(NameOf(*node) + " has no free output: the new node won't be connected");
@@ -224,7 +224,7 @@ void MainView::AddComment() {
   const BaseNode* node = SelectedNode();
   const Point wanted =
       node ? Point{node->Bounds().x, node->Bounds().Bottom() + GapBelow} : nodeEditorCanvas->MiddleOfView();
-  const Point place = FreePlace(*graph, {wanted.x, wanted.y, RoomForNew, RoomForNew});
+  const Point place = FreePlace(*graph, {wanted.x, wanted.y, RoomForNewWidth, RoomForNewHeight});
   BeginEdit();
   newNodes->CreateCommentAt(place);
   CommentNode& comment = *graph->CommentNodes().back();

@@ -215,6 +215,10 @@ TEST_F(CanvasKeys, EditTheFirstFieldAndTheFieldsBesideTheCanvas) {
   window.Chord({Key::LeftAlt, Key::Return});
   EXPECT_EQ(panel.Node(), nullptr);
   Select(*comment);
+  window.Focus(&window.FieldPart<Toolkit::TextBox>(*a, "Text"));
+  window.Press(Key::Escape);
+  EXPECT_EQ(Selected(), "a") << "the node whose field was left";
+  Select(*comment);
   window.Press(Key::Return);
   window.Type("note");
   window.Press(Key::Escape);
