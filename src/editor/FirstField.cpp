@@ -27,6 +27,8 @@ bool FocusFirstControl(Toolkit::UIElement& element) {
 }
 
 bool FocusFirstField(BaseNode& node) {
+  // One that nobody has seen yet has no controls.
+  if (auto* content = Toolkit::DynamicCast<ContentNode>(&node)) content->MakeFieldControls();
   // What it shows is there from the first layout on.
   node.UpdateLayout();
   if (auto* group = Toolkit::DynamicCast<GroupNode>(&node)) {
