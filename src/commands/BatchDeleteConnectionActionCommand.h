@@ -13,6 +13,7 @@ public:
       : bundle(graph, std::move(connections)) {}
   void Do() override { bundle.TakeOut(); }
   void Undo() override { bundle.PutBack(); }
+  StepDescription Description() const override { return {"Cut", "cut of", bundle.Name()}; }
 
 private:
   ConnectionBundle bundle;

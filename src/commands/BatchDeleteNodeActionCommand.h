@@ -13,6 +13,7 @@ public:
       : bundle(graph, std::move(nodes)) {}
   void Do() override { bundle.TakeOut(); }
   void Undo() override { bundle.PutBack(); }
+  StepDescription Description() const override { return {"Deleted", "deletion of", bundle.Name()}; }
   size_t HeldBytes() const override { return bundle.HeldBytes(); }
 
 private:

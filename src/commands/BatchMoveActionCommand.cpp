@@ -1,6 +1,7 @@
 #include "commands/BatchMoveActionCommand.h"
 
 #include "graph/Graph.h"
+#include "nodes/NodeNames.h"
 #include "toolkit/controls/Canvas.h"
 
 namespace Tesselor {
@@ -43,6 +44,12 @@ void BatchMoveActionCommand::Do() {
 void BatchMoveActionCommand::Undo() {
   for (const MoveRecord& record : records) Toolkit::Canvas::SetPlace(*record.node, {record.oldLeft, record.oldTop});
   graph.RestoreOrder(oldOrder);
+}
+
+StepDescription BatchMoveActionCommand::Description() const {
+  const std::string what =
+      records.size() == 1 ? NameOf(*records.front().node) : Counted(records.size(), "node", "nodes");
+  return {"Moved", "move of", what};
 }
 
 } // namespace Tesselor

@@ -32,6 +32,7 @@ public:
 
   void Do() override;
   void Undo() override;
+  StepDescription Description() const override;
 
 private:
   ChildOrder OrderAround() const;

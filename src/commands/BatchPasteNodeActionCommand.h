@@ -13,6 +13,7 @@ public:
       : bundle(graph, std::move(nodes)) {}
   void Do() override { bundle.PutBack(); }
   void Undo() override { bundle.TakeOut(); }
+  StepDescription Description() const override { return {"Pasted", "paste of", bundle.Name()}; }
   size_t HeldBytes() const override { return bundle.HeldBytes(); }
 
 private:

@@ -2,6 +2,7 @@
 
 #include "graph/Graph.h"
 #include "graph/StructureChange.h"
+#include "nodes/NodeNames.h"
 
 namespace Tesselor {
 
@@ -17,6 +18,11 @@ void CreateConnectionActionCommand::Undo() {
   const StructureChange change(graph);
   graph.Detach(*connection);
   graph.RestoreOrder(order);
+}
+
+StepDescription CreateConnectionActionCommand::Description() const {
+  return {"Connected", "connection of",
+          NameOf(*connection->GetOutputNode()) + " to " + NameOf(*connection->GetInputNode())};
 }
 
 } // namespace Tesselor

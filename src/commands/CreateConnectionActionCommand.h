@@ -15,6 +15,7 @@ public:
   CreateConnectionActionCommand(Graph& graph, NodePinData& a, NodePinData& b);
   void Do() override;
   void Undo() override;
+  StepDescription Description() const override;
 
 private:
   Graph& graph;

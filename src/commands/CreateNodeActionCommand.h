@@ -12,6 +12,7 @@ public:
   CreateNodeActionCommand(Graph& graph, BaseNode& node, Toolkit::Point place) : bundle(graph, node, place) {}
   void Do() override { bundle.PutBack(); }
   void Undo() override { bundle.TakeOut(); }
+  StepDescription Description() const override { return {"Added", "addition of", bundle.Name()}; }
   size_t HeldBytes() const override { return bundle.HeldBytes(); }
 
 private:

@@ -1,6 +1,7 @@
 #include "commands/SetRootNodeActionCommand.h"
 
 #include "graph/Graph.h"
+#include "nodes/NodeNames.h"
 
 namespace Tesselor {
 
@@ -15,5 +16,7 @@ void SetRootNodeActionCommand::Undo() {
   newRoot->SetTitle(newRootTitle);
   if (oldRoot) oldRoot->SetTitle(oldRootTitle);
 }
+
+StepDescription SetRootNodeActionCommand::Description() const { return {"Set as root:", "new root", NameOf(*newRoot)}; }
 
 } // namespace Tesselor

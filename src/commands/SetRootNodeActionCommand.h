@@ -16,6 +16,7 @@ public:
   SetRootNodeActionCommand(Graph& graph, ContentNode& newRoot);
   void Do() override;
   void Undo() override;
+  StepDescription Description() const override;
 
 private:
   Graph& graph;

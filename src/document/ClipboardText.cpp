@@ -55,7 +55,7 @@ size_t NextCut(const std::string& text, size_t position) {
 
 } // namespace
 
-std::vector<JsonPtr> ReadClipboardText(const std::string& text) {
+std::vector<JsonPtr> ReadClipboardText(const std::string& text, bool* isAnyTooDeep) {
   std::vector<JsonPtr> objects;
   const JsonRun run(WithoutComments(text));
   const std::string& content = run.Text();
@@ -65,7 +65,12 @@ std::vector<JsonPtr> ReadClipboardText(const std::string& text) {
        position = content.find_first_not_of(Space, position)) {
     const size_t cut = NextCut(content, position);
     JsonPtr value = run.ParseAt(position);
-    if (!value)
+    const bool isTooDeep =
+        !value && JsonNesting(std::string_view(content).substr(position, cut - position)) > JsonNestingLimit;
+    if (isTooDeep) {
+      LogFile::Write("Pasted content is nested too deeply, ignoring...");
+      if (isAnyTooDeep) *isAnyTooDeep = true;
+    } else if (!value)
       LogFile::Write("Pasted content is not valid JSON, ignoring...");
     else if (!cJSON_IsObject(value.get()))
       LogFile::Write("Pasted content is not a JSON object, ignoring...");

@@ -12,6 +12,7 @@
 #include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
 #include "platform/LogFile.h"
+#include "platform/MessageBoxes.h"
 #include "toolkit/controls/Canvas.h"
 #include "workspace/Workspace.h"
 
@@ -49,6 +50,7 @@ std::vector<Ptr<BaseNode>> NodePaste::Run(const std::vector<JsonPtr>& objects, T
   graph.Selected().Clear();
   const StructureChange change(graph);
   for (const JsonPtr& object : objects) Read(object.get());
+  TellUnknown();
   NodeReader reader(graph, workspace, NewNodes::Selected, nullptr, &details);
   details.MakeLinks(reader);
 
@@ -90,7 +92,9 @@ void NodePaste::Read(const cJSON* object) {
 }
 
 void NodePaste::ReadNode(const cJSON* object, const std::string& type) {
-  const Ptr<ContentNode> node = workspace.nodeDictionary->CreateNode(type, true);
+  const bool isKnown = type == BuiltIn::Generic || workspace.nodeDictionary->FindBlueprint(type);
+  if (!isKnown) NoteUnknown(type);
+  const Ptr<ContentNode> node = workspace.nodeDictionary->CreateNode(isKnown ? type : BuiltIn::Generic, true);
   if (!node) return LogFile::Write("Pasted node of type '" + type + "' can't be made, ignoring...");
   MarkStandIn(*workspace.nodeDictionary, *node, type, type);
   DocumentPrint print(object);
@@ -101,6 +105,20 @@ void NodePaste::ReadNode(const cJSON* object, const std::string& type) {
   node->Deserialize(object, reader);
   details.Apply(*node, entry.copied);
   NotePlace(*node);
+}
+
+void NodePaste::NoteUnknown(const std::string& type) {
+  LogFile::Write("Could not find node id: " + type + ". A generic node will be created");
+  if (std::find(unknownTypes.begin(), unknownTypes.end(), type) == unknownTypes.end()) unknownTypes.push_back(type);
+}
+
+void NodePaste::TellUnknown() const {
+  if (unknownTypes.empty()) return;
+  std::string list;
+  for (const std::string& type : unknownTypes) list += (list.empty() ? "" : ", ") + type;
+  ShowError(unknownTypes.size() == 1 ? "Could not find node id: " + list + ". A generic node will be created"
+                                     : "Could not find node ids: " + list + ". Generic nodes will be created",
+            AttentionCaption);
 }
 
 void NodePaste::AddFrame(FrameNode& frame) {

@@ -4,6 +4,7 @@
 #include "platform/JsonFile.h"
 #include "toolkit/base/Geometry.h"
 
+#include <string>
 #include <vector>
 
 namespace Tesselor {
@@ -27,6 +28,9 @@ public:
 private:
   void Read(const cJSON* object);
   void ReadNode(const cJSON* object, const std::string& type);
+  void NoteUnknown(const std::string& type);
+  /// One box for all types that no schema knows.
+  void TellUnknown() const;
   void AddFrame(FrameNode& frame);
   void NotePlace(const BaseNode& node);
 
@@ -34,6 +38,8 @@ private:
   const Workspace& workspace;
   PasteDetails details;
   std::vector<Toolkit::Ptr<BaseNode>> frames;
+  /// In the order in which they came, each once.
+  std::vector<std::string> unknownTypes;
   /// Of all objects so far.
   Toolkit::Point corner;
 };

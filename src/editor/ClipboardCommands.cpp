@@ -44,10 +44,11 @@ bool CopySelected(const Graph& graph) {
   return copy && Clipboard::SetText(copy->text);
 }
 
-void CutSelected(Graph& graph) {
+bool CutSelected(Graph& graph) {
   std::vector<Ptr<BaseNode>> nodes = graph.Selected().AllNodes();
-  if (nodes.empty() || !CopySelected(graph)) return;
+  if (nodes.empty() || !CopySelected(graph)) return false;
   ActionHistory::Instance().Run(std::make_unique<BatchDeleteNodeActionCommand>(graph, std::move(nodes)));
+  return true;
 }
 
 void NodePasting::Paste(const std::vector<JsonPtr>& objects) { PasteAt(objects, PastePlace()); }

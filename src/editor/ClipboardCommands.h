@@ -16,8 +16,9 @@ class Workspace;
 /// when the desktop refuses.
 bool CopySelected(const Graph& graph);
 
-/// Copies the same and takes all that was copied out of the graph, as one step. Nothing if it can't be copied.
-void CutSelected(Graph& graph);
+/// Copies the same and takes all that was copied out of the graph, as one step. False and nothing if it can't be
+/// copied.
+bool CutSelected(Graph& graph);
 
 /// Makes nodes of a clipboard's objects on the canvas, on whose panel the graph stands, as one step, and selects them.
 class NodePasting {

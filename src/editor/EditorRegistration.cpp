@@ -9,6 +9,7 @@
 #include "editor/NodeTypeList.h"
 #include "editor/NoticeBar.h"
 #include "editor/PanelBaseField.h"
+#include "editor/StatusLine.h"
 #include "graph/Connection.h"
 #include "graph/ConnectionPath.h"
 
@@ -34,6 +35,7 @@ void RegisterEditorTypes() {
   NoticeAction::StaticType();
   NoticeLine::StaticType();
   NoticeBar::StaticType();
+  StatusLine::StaticType();
 }
 
 } // namespace Tesselor

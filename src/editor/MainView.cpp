@@ -7,6 +7,7 @@
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NoticeBar.h"
+#include "editor/StatusLine.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
@@ -74,13 +75,24 @@ MainView::MainView() {
   graph = std::make_unique<Graph>(*nodeEditorCanvas->GetPanel());
   newNodes = std::make_unique<NewNodes>(*nodeEditorCanvas, *graph);
   nudges = std::make_unique<Nudges>(*graph);
+  frameResizes = std::make_unique<FrameResizes>();
+  glide = std::make_unique<ViewGlide>(*nodeEditorCanvas);
   gestures = std::make_unique<CanvasGestures>(*nodeEditorCanvas, *graph, GestureCallbacks());
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
   noticeBar = FindName<NoticeBar>("NoticeBar");
   lossPanel = FindName<LossPanel>("LossPanel");
-  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar && lossPanel);
+  statusLine = FindName<StatusLine>("StatusLine");
+  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar && lossPanel && statusLine);
   lossNotice = std::make_unique<LossNotice>(*noticeBar, *lossPanel, *graph);
+  ActionHistory::Instance().onStep = [this](ActionHistory::StepEvent event, const IActionCommand& step) {
+    const StepDescription description = step.Description();
+    switch (event) {
+    case ActionHistory::StepEvent::Made: return Tell(description.Done());
+    case ActionHistory::StepEvent::Undone: return Tell("Undone: " + description.Name());
+    case ActionHistory::StepEvent::Redone: return Tell("Redone: " + description.Name());
+    }
+  };
   AddCommandStates();
   FileDialogs::SetCurrentFile([this] { return filePath; });
   workspaceOverlay =
@@ -102,6 +114,7 @@ MainView::MainView() {
 
 MainView::~MainView() {
   // Steps refer to nodes and connections, which go with the view.
+  ActionHistory::Instance().onStep = nullptr;
   ActionHistory::Instance().Clear();
   graph->Selected().onChanged = nullptr;
   FileDialogs::SetCurrentFile(nullptr);
@@ -118,6 +131,8 @@ void MainView::AddCommandStates() {
   add("GoToRootItem", [this] { return graph->Root() && graph->Contains(*graph->Root()); });
   graph->Selected().onChanged = [this] { commandStates->Refresh(); };
 }
+
+void MainView::Tell(std::string_view text) { statusLine->Tell(text); }
 
 void MainView::BuildRootMenu() {
   for (const std::string& name : workspaces.GetRootNames()) {

@@ -2,10 +2,12 @@
 
 #include "document/AssetFile.h"
 #include "editor/CommandStates.h"
+#include "editor/KeyMenu.h"
 #include "editor/NewNodes.h"
 #include "editor/Overlay.h"
 #include "editor/PendingPin.h"
 #include "editor/SelectionCommands.h"
+#include "editor/ViewGlide.h"
 #include "editor/WorkspaceItemData.h"
 #include "editor/gestures/CanvasGestures.h"
 #include "graph/Graph.h"
@@ -24,6 +26,7 @@
 
 namespace Tesselor {
 
+class ActionHistory;
 class LossNotice;
 class LossPanel;
 class NodeEditorCanvas;
@@ -31,17 +34,19 @@ class NodePanel;
 class NodeSearchPanel;
 class NoticeBar;
 class NodeDictionary;
+class StatusLine;
 struct CreateNodeEventArgs;
 struct CutLineUpEventArgs;
 struct DocumentLoss;
 struct ImportTarget;
 struct SelectionUpEventArgs;
 struct ShowNodesMenuEventArgs;
+enum class WalkTo;
 
 /// The application's window. It owns the document's graph and the path of its file, and forwards what the user does to
 /// whoever does it. Its sources are parted by concept: MainView.cpp (start and events), MainViewDocument.cpp (the
 /// graph and what gestures do to it), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar),
-/// MainViewKeys.cpp (keys).
+/// MainViewKeys.cpp (the table of keys), MainViewCanvasKeys.cpp (what they do on the canvas).
 class MainView : public Toolkit::Window {
   TOOLKIT_TYPE(MainView)
 public:
@@ -138,9 +143,11 @@ private:
   void ToggleHotkeys();
   /// Takes back what is under way.
   void GiveUp();
+  /// The same, and gives the keys back from a field to the canvas.
+  void GiveUpByKey();
   void Undo();
   void Redo();
-  void StepInHistory(void (*step)());
+  void StepInHistory(bool (ActionHistory::*step)(), const char* otherwise);
   /// What is being typed comes to its end as a step of its own, for as long as `run` takes.
   void WithFinishedTyping(const std::function<void()>& run);
 
@@ -155,6 +162,45 @@ private:
   void NudgeDown() { Nudge({0, 1}); }
   void Nudge(Toolkit::Point direction);
   void MirrorNodes();
+
+  // What keys do on the canvas.
+  /// True if the keys are the graph's.
+  bool IsCanvasFocused() const;
+  void Walk(WalkTo way);
+  void WalkToParent();
+  void WalkToChild();
+  void WalkToPrevious();
+  void WalkToNext();
+  void EditFirstField();
+  /// Hands the keys from a node's field, or the inspector's, to the canvas, with its node selected. False if they are
+  /// in none.
+  bool LeaveField();
+  void ToggleInspector();
+  /// For a child of the selected node, if there is one.
+  void OpenNodesMenuByKey();
+  void OpenPinList();
+  void OpenNodeMenu();
+  void GroupSelection();
+  void AddComment();
+  void ResizeFrame(Toolkit::Point direction);
+  void NarrowFrame() { ResizeFrame({-1, 0}); }
+  void WidenFrame() { ResizeFrame({1, 0}); }
+  void LowerFrame() { ResizeFrame({0, -1}); }
+  void HeightenFrame() { ResizeFrame({0, 1}); }
+  void SetSelectedAsRoot();
+  void AskToLayOut();
+  void AskToMirror();
+  void ToggleCompactMode();
+  void ZoomBy(int steps);
+  void ZoomIn() { ZoomBy(1); }
+  void ZoomOut() { ZoomBy(-1); }
+  void ZoomToActualSize();
+  void ZoomToFit();
+  void TellZoom();
+  void GoToRoot();
+  void ShowNewNode();
+  void SelectAlone(BaseNode& node);
+  void ForgetPendingPinOfGoneNode();
 
   // The clipboard.
   void Copy();
@@ -183,15 +229,20 @@ private:
   void BeginEdit();
   /// The inspector shows no node that has left.
   void CloseInspectorOfGoneNode();
+  /// Says in the status line what a command did, or why it did nothing. Steps of the history tell of themselves.
+  void Tell(std::string_view text);
   void AddCommandStates();
   /// Null unless it is the one selected node.
   ContentNode* SelectedContentNode() const;
+  BaseNode* SelectedNode() const;
 
   // The document.
   std::unique_ptr<Graph> graph;
   std::unique_ptr<CanvasGestures> gestures;
   std::unique_ptr<NewNodes> newNodes;
   std::unique_ptr<Nudges> nudges;
+  std::unique_ptr<FrameResizes> frameResizes;
+  std::unique_ptr<ViewGlide> glide;
   std::string filePath;
   /// Of the history, when the document was last loaded or saved.
   uint64_t savedRevision = 0;
@@ -211,12 +262,14 @@ private:
   NodePanel* nodePanel = nullptr;
   NodeSearchPanel* nodeSearchPanel = nullptr;
   NoticeBar* noticeBar = nullptr;
+  StatusLine* statusLine = nullptr;
   Toolkit::MenuItem* workspaceMenu = nullptr;
   LossPanel* lossPanel = nullptr;
   std::unique_ptr<LossNotice> lossNotice;
   std::unique_ptr<CommandStates> commandStates;
   std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay;
   PendingPin pendingPin;
+  KeyMenu keyMenu;
   /// The next toggle of the compact mode collapses the fields.
   bool compactModeFlag = true;
 };

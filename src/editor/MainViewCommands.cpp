@@ -11,6 +11,7 @@
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
+#include "nodes/NodeNames.h"
 #include "nodes/NodePinControl.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/base/Dispatcher.h"
@@ -69,7 +70,9 @@ void MainView::OnRootSelected(Toolkit::Object* sender, const RoutedEventArgs&) {
                    });
 }
 
-void MainView::OnAutoPositionNodes(Toolkit::Object*, const RoutedEventArgs&) {
+void MainView::OnAutoPositionNodes(Toolkit::Object*, const RoutedEventArgs&) { AskToLayOut(); }
+
+void MainView::AskToLayOut() {
   Ptr<MainView> view(this);
   MessageBox::Show("This action will change all Node's position", "Attention!", MessageBoxButton::OKCancel,
                    MessageBoxImage::None, [view](MessageBoxResult result) {
@@ -77,7 +80,9 @@ void MainView::OnAutoPositionNodes(Toolkit::Object*, const RoutedEventArgs&) {
                    });
 }
 
-void MainView::OnMirrorNodesPosition(Toolkit::Object*, const RoutedEventArgs&) {
+void MainView::OnMirrorNodesPosition(Toolkit::Object*, const RoutedEventArgs&) { AskToMirror(); }
+
+void MainView::AskToMirror() {
   Ptr<MainView> view(this);
   MessageBox::Show("This action will change all Node's position", "Attention!", MessageBoxButton::OKCancel,
                    MessageBoxImage::None, [view](MessageBoxResult result) {
@@ -103,20 +108,31 @@ ContentNode* MainView::SelectedContentNode() const {
   return selected.size() == 1 ? Toolkit::DynamicCast<ContentNode>(selected.front().Get()) : nullptr;
 }
 
-void MainView::OnClickSetSelectedNodeAsRoot(Toolkit::Object*, const RoutedEventArgs&) {
-  if (ContentNode* node = SelectedContentNode())
-    ActionHistory::Instance().Run(std::make_unique<SetRootNodeActionCommand>(*graph, *node));
+void MainView::OnClickSetSelectedNodeAsRoot(Toolkit::Object*, const RoutedEventArgs&) { SetSelectedAsRoot(); }
+
+void MainView::SetSelectedAsRoot() {
+  ContentNode* node = SelectedContentNode();
+  if (!node) return Tell("Select one node to make it the root");
+  ActionHistory::Instance().Run(std::make_unique<SetRootNodeActionCommand>(*graph, *node));
   commandStates->Refresh();
 }
 
-void MainView::OnClickGoToRoot(Toolkit::Object*, const RoutedEventArgs&) { ResetViewToRoot(); }
+void MainView::OnClickGoToRoot(Toolkit::Object*, const RoutedEventArgs&) { GoToRoot(); }
 
-void MainView::OnClickToggleCompactMode(Toolkit::Object*, const RoutedEventArgs&) {
+void MainView::GoToRoot() {
+  ResetViewToRoot();
+  Tell(graph->Root() ? "The root is in the middle" : "There is no root");
+}
+
+void MainView::OnClickToggleCompactMode(Toolkit::Object*, const RoutedEventArgs&) { ToggleCompactMode(); }
+
+void MainView::ToggleCompactMode() {
   for (const Ptr<ContentNode>& node : graph->ContentNodes()) node->ShowInFull(!compactModeFlag);
   Toolkit::StackPanel& rows = *nodePanel->GetFieldsStack();
   for (size_t i = 0; i < rows.ChildCount(); ++i)
     if (auto* row = Toolkit::DynamicCast<PanelBaseField>(rows.Child(i)))
       row->GetCheckBox()->SetIsChecked(!compactModeFlag);
+  Tell(compactModeFlag ? "Fields are hidden" : "Fields are shown");
   compactModeFlag = !compactModeFlag;
 }
 
@@ -143,6 +159,7 @@ void MainView::ShowNode(BaseNode& node) {
   graph->Selected().Clear();
   graph->Selected().Add(node);
   nodeEditorCanvas->ResetViewTo(node.Middle());
+  Tell("Selected " + NameOf(node));
 }
 
 void MainView::OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange&) {

@@ -3,6 +3,7 @@
 #include "commands/BatchDeleteConnectionActionCommand.h"
 #include "commands/BatchMoveActionCommand.h"
 #include "commands/CreateConnectionActionCommand.h"
+#include "editor/ConnectionRefusal.h"
 #include "editor/LossNotice.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
@@ -20,10 +21,14 @@ void MainView::OnConnectionClicked(Toolkit::Object*, const Toolkit::RoutedEventA
   if (auto* connection = Toolkit::DynamicCast<Connection>(args.source)) graph->Connections().SelectOne(*connection);
 }
 
-void MainView::OnNodePinMenu(Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
+void MainView::ForgetPendingPinOfGoneNode() {
   // A pin whose node has left can't be connected.
   if (const NodePinControl* begun = pendingPin.Get(); begun && !graph->Contains(*begun->PinData()->owner))
     pendingPin.Clear();
+}
+
+void MainView::OnNodePinMenu(Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
+  ForgetPendingPinOfGoneNode();
   if (auto* pin = Toolkit::DynamicCast<NodePinControl>(args.source))
     ShowPinMenu(*pin, pendingPin,
                 [this](NodePinData& target, NodePinData& source) { TryCreateConnection(target, source); });
@@ -45,7 +50,8 @@ CanvasGestures::Callbacks MainView::GestureCallbacks() {
 }
 
 void MainView::TryCreateConnection(NodePinData& target, NodePinData& source) {
-  if (!NodePinData::CanConnect(target, source) || target.IsConnectedTo(source)) return;
+  if (const std::string reason = ConnectionRefusal(target, source); !reason.empty())
+    return Tell("Not connected: " + reason);
   ActionHistory::Instance().Run(std::make_unique<CreateConnectionActionCommand>(*graph, target, source));
 }
 

@@ -7,6 +7,7 @@
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NodesMenu.h"
+#include "nodes/NodeNames.h"
 #include "toolkit/visual/Input.h"
 #include "workspace/NodeDictionary.h"
 #include "workspace/RootType.h"
@@ -39,11 +40,14 @@ void MainView::CloseInspectorOfGoneNode() {
   if (nodePanel->Node() && !graph->Contains(*nodePanel->Node())) nodePanel->Close();
 }
 
-void MainView::SelectAll() { SelectAllNodes(*graph); }
+void MainView::SelectAll() {
+  SelectAllNodes(*graph);
+  Tell("Selected " + Counted(graph->Selected().GetNodes().size(), "node", "nodes"));
+}
 
 void MainView::DeleteSelection() {
   BeginEdit();
-  if (!DeleteSelected(*graph)) return;
+  if (!DeleteSelected(*graph)) return Tell("Nothing is selected to delete");
   pendingPin.Clear();
   CloseInspectorOfGoneNode();
 }
@@ -75,22 +79,30 @@ void MainView::ContainerBorder_MouseUp(Toolkit::Object*, const Toolkit::MouseBut
 }
 
 void MainView::OnCreateNode(Toolkit::Object*, const CreateNodeEventArgs& args) {
+  const bool isByKey = newNodes->IsOpenedByKey();
   if (const NodeDictionary* dictionary = Dictionary()) newNodes->Create(*dictionary, args.nodeId);
+  if (isByKey) ShowNewNode();
   nodeSearchPanel->Reset();
 }
 
 void MainView::OnCreateLink(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  const bool isByKey = newNodes->IsOpenedByKey();
   if (const NodeDictionary* dictionary = Dictionary()) newNodes->CreateLink(*dictionary);
+  if (isByKey) ShowNewNode();
   nodeSearchPanel->Reset();
 }
 
 void MainView::OnCreateGroup(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  const bool isByKey = newNodes->IsOpenedByKey();
   newNodes->CreateGroup();
+  if (isByKey) ShowNewNode();
   nodeSearchPanel->Reset();
 }
 
 void MainView::OnCreateComment(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  const bool isByKey = newNodes->IsOpenedByKey();
   newNodes->CreateComment();
+  if (isByKey) ShowNewNode();
   nodeSearchPanel->Reset();
 }
 

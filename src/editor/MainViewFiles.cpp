@@ -164,6 +164,13 @@ bool MainView::Export() {
     NoteSaved();
     lossNotice->End();
   }
+  const std::string file = filePath.substr(filePath.find_last_of("/\\") + 1);
+  if (isWritten)
+    Tell("Saved " + file);
+  else if (!root)
+    Tell("Not saved: there is no root. Select a node and choose Set Selected Node As Root");
+  else
+    Tell("Not saved: " + file);
   return isWritten;
 }
 
@@ -288,6 +295,7 @@ void MainView::FinishLoad(AssetFile file) {
   }
   NoteSaved();
   nodesOfFile = MeasureNodes();
+  Tell("Opened " + filePath.substr(filePath.find_last_of("/\\") + 1));
   commandStates->Refresh();
   UpdateLayout();
   ResetViewToRoot();

@@ -2,14 +2,15 @@
 
 #include "commands/CreateConnectionActionCommand.h"
 #include "commands/CreateNodeActionCommand.h"
+#include "editor/FirstField.h"
 #include "editor/NodeEditorCanvas.h"
 #include "graph/Graph.h"
+#include "graph/LooseConnection.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/GroupNode.h"
 #include "nodes/NodeKeys.h"
 #include "platform/MessageBoxes.h"
-#include "toolkit/controls/TextBox.h"
 #include "values/ActionHistory.h"
 #include "workspace/NodeDictionary.h"
 
@@ -34,14 +35,6 @@ NodePinData* FittingPin(const ContentNode& node, const NodePinData& source) {
   return nullptr;
 }
 
-/// Gives the focus to the first text box at or below an element that takes it.
-bool FocusFirstTextBox(Toolkit::UIElement& element) {
-  if (auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(&element)) return box->Focus();
-  for (size_t i = 0; i < element.VisualChildCount(); ++i)
-    if (Toolkit::UIElement* child = element.VisualChild(i); child && FocusFirstTextBox(*child)) return true;
-  return false;
-}
-
 } // namespace
 
 void NewNodes::OpenMenu(Point at) {
@@ -63,7 +56,18 @@ void NewNodes::OpenMenuFor(Ptr<Connection> connection, Point at) {
   OpenMenu(at);
 }
 
+void NewNodes::OpenMenuByKey(Point at) {
+  OpenMenu(at);
+  isOpenedByKey = true;
+}
+
+void NewNodes::OpenMenuByKeyFor(NodePinData& pin, Point at) {
+  OpenMenuFor(MakeLooseConnection(*canvas.GetPanel(), pin, at), at);
+  isOpenedByKey = true;
+}
+
 void NewNodes::CloseMenu() {
+  isOpenedByKey = false;
   dropped.Reset();
   NodesMenu& menu = *canvas.GetNodesMenu();
   // A list that only fits the dropped pin must not be what the next opening shows.
@@ -85,11 +89,30 @@ void NewNodes::CreateLink(const NodeDictionary& dictionary) {
   if (!Create(dictionary, BuiltIn::Link)) ShowError("Link node type not found", "Error");
 }
 
-void NewNodes::CreateGroup() {
+void NewNodes::CreateGroup() { BeginGroup(*Toolkit::MakePtr<GroupNode>()); }
+
+void NewNodes::CreateGroupAt(Point place) {
+  spawnPosition = place;
+  CreateGroup();
+}
+
+void NewNodes::CreateGroupAround(const Toolkit::Rect& area) {
   const auto group = Toolkit::MakePtr<GroupNode>();
-  PutDownFrame(*group);
-  group->UpdateLayout();
-  group->BeginTitleEdit();
+  group->SetBounds(area);
+  spawnPosition = {area.x, area.y};
+  BeginGroup(*group);
+}
+
+void NewNodes::CreateCommentAt(Point place) {
+  spawnPosition = place;
+  CreateComment();
+}
+
+void NewNodes::BeginGroup(GroupNode& group) {
+  const Ptr<GroupNode> alive(&group);
+  PutDownFrame(group);
+  group.UpdateLayout();
+  group.BeginTitleEdit();
 }
 
 void NewNodes::CreateComment() { PutDownFrame(*Toolkit::MakePtr<CommentNode>()); }
@@ -102,6 +125,9 @@ void NewNodes::PutDownFrame(FrameNode& frame) {
 
 void NewNodes::PutDown(BaseNode& node) {
   ActionHistory::Instance().Run(std::make_unique<CreateNodeActionCommand>(graph, node, spawnPosition));
+  if (!isOpenedByKey) return;
+  graph.Selected().Clear();
+  graph.Selected().Add(node);
 }
 
 void NewNodes::FocusFirstField(ContentNode& node) {

@@ -7,6 +7,7 @@
 namespace Tesselor {
 
 class FrameNode;
+class GroupNode;
 class Graph;
 class NodeDictionary;
 class NodeEditorCanvas;
@@ -22,6 +23,10 @@ public:
   void OpenMenu(Toolkit::Point at);
   /// The same, for what fits the one pin of the connection.
   void OpenMenuFor(Toolkit::Ptr<Connection> connection, Toolkit::Point at);
+  /// The same two, called by a key: what is chosen is selected then, since keys go on with it.
+  void OpenMenuByKey(Toolkit::Point at);
+  void OpenMenuByKeyFor(NodePinData& pin, Toolkit::Point at);
+  bool IsOpenedByKey() const { return isOpenedByKey; }
   /// Closes the menu and takes the dropped connection off.
   void CloseMenu();
 
@@ -32,7 +37,13 @@ public:
   void CreateGroup();
   void CreateComment();
 
+  // Without the menu, at points of the panel.
+  void CreateGroupAt(Toolkit::Point place);
+  void CreateGroupAround(const Toolkit::Rect& area);
+  void CreateCommentAt(Toolkit::Point place);
+
 private:
+  void BeginGroup(GroupNode& group);
   void PutDown(BaseNode& node);
   void PutDownFrame(FrameNode& frame);
   /// Joins the dropped connection's pin to the first pin of the node that fits.
@@ -44,6 +55,7 @@ private:
   Graph& graph;
   Toolkit::Point spawnPosition;
   Toolkit::Ptr<Connection> dropped;
+  bool isOpenedByKey = false;
 };
 
 } // namespace Tesselor

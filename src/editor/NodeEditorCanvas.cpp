@@ -94,16 +94,46 @@ void NodeEditorCanvas::ResetViewTo(Point point) {
   TellZoomToFrames();
 }
 
-Toolkit::Rect NodeEditorCanvas::Reveal(const Toolkit::Rect& area) {
+void NodeEditorCanvas::ZoomBySteps(int steps) {
+  const float factor = std::pow(steps > 0 ? 1 + ZoomStep : 1 - ZoomStep, static_cast<float>(std::abs(steps)));
+  ZoomAround({ActualWidth() * 0.5f, ActualHeight() * 0.5f}, GetZoom() * factor);
+}
+
+void NodeEditorCanvas::ShowAll(const Toolkit::Rect& area) {
+  const float fitting =
+      std::min((ActualWidth() - 2 * RevealRoom) / area.width, (ActualHeight() - 2 * RevealRoom) / area.height);
+  const float zoom = std::clamp(fitting, SmallestZoom, 1.0f);
+  SetZoom(zoom);
+  SetTranslationClamped(ActualWidth() * 0.5f - (area.x + area.width * 0.5f) * zoom,
+                        ActualHeight() * 0.5f - (area.y + area.height * 0.5f) * zoom);
+  TellZoomToFrames();
+}
+
+void NodeEditorCanvas::ZoomAround(Point fixed, float zoom) {
+  const float before = GetZoom();
+  if (zoom >= SmallestZoom && zoom <= LargestZoom) {
+    const Point offset{translation->GetX(), translation->GetY()};
+    SetZoom(zoom);
+    SetTranslationClamped(fixed.x - (fixed.x - offset.x) / before * zoom,
+                          fixed.y - (fixed.y - offset.y) / before * zoom);
+  }
+  TellZoomToFrames();
+}
+
+Point NodeEditorCanvas::TranslationToShow(const Toolkit::Rect& area) const {
   // Per axis: how far to move what is not wholly inside, with some room around it. What is too long begins at the edge.
   const auto wayInto = [](float start, float length, float viewLength) {
     if (start >= 0 && start + length <= viewLength) return 0.0f;
     const float room = std::clamp((viewLength - length) * 0.5f, 0.0f, RevealRoom);
     return start < 0 || length > viewLength ? room - start : viewLength - room - start - length;
   };
-  const Point before{translation->GetX(), translation->GetY()};
-  SetTranslationClamped(before.x + wayInto(area.x, area.width, ActualWidth()),
-                        before.y + wayInto(area.y, area.height, ActualHeight()));
+  const Point now = GetTranslation();
+  return {now.x + wayInto(area.x, area.width, ActualWidth()), now.y + wayInto(area.y, area.height, ActualHeight())};
+}
+
+Toolkit::Rect NodeEditorCanvas::Reveal(const Toolkit::Rect& area) {
+  const Point before = GetTranslation(), wanted = TranslationToShow(area);
+  SetTranslationClamped(wanted.x, wanted.y);
   return {area.x + translation->GetX() - before.x, area.y + translation->GetY() - before.y, area.width, area.height};
 }
 
@@ -148,15 +178,7 @@ void NodeEditorCanvas::Canvas_MouseWheel(Toolkit::Object*, const Toolkit::MouseW
   if (std::abs(wheelRotation) < 1) return;
   const float zoom = before + before * (wheelRotation > 0 ? ZoomStep : -ZoomStep);
   wheelRotation = 0;
-  if (!IsFinite(mouse)) return;
-  if (zoom >= SmallestZoom && zoom <= LargestZoom) {
-    const Point offset{translation->GetX(), translation->GetY()};
-    SetZoom(zoom);
-    // What lies under the mouse stays under it.
-    SetTranslationClamped(mouse.x - (mouse.x - offset.x) / before * zoom,
-                          mouse.y - (mouse.y - offset.y) / before * zoom);
-  }
-  TellZoomToFrames();
+  if (IsFinite(mouse)) ZoomAround(mouse, zoom);
 }
 
 void NodeEditorCanvas::RaiseShowNodesMenu(Point position) {

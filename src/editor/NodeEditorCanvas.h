@@ -49,6 +49,12 @@ public:
   void SetTranslationClamped(float x, float y);
   /// Zoom 1 with `point` of the panel in the middle of the view.
   void ResetViewTo(Toolkit::Point point);
+  /// Steps of the wheel, positive ones nearer, around the middle of the view.
+  void ZoomBySteps(int steps);
+  /// The whole area of the panel in the middle of the view, at most at zoom 1.
+  void ShowAll(const Toolkit::Rect& area);
+  /// The translation that brings an area in view pixels wholly into the view, or the present one if it is there.
+  Toolkit::Point TranslationToShow(const Toolkit::Rect& inView) const;
   /// The panel position nearest to `position` at which the nodes menu lies inside the view. Lays the menu out.
   Toolkit::Point ClampMenuPosition(Toolkit::Point position);
   Toolkit::Point ClampMenuPosition(float x, float y) { return ClampMenuPosition({x, y}); }
@@ -61,6 +67,8 @@ protected:
 
 private:
   void SetZoom(float zoom);
+  /// What lies at a point of the view stays there.
+  void ZoomAround(Toolkit::Point fixed, float zoom);
   void TellZoomToFrames();
 
   void Canvas_Loaded(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);

@@ -1,5 +1,6 @@
 #include "editor/PendingPin.h"
 
+#include "editor/ConnectionRefusal.h"
 #include "toolkit/controls/ContextMenu.h"
 #include "toolkit/controls/MenuItem.h"
 
@@ -41,7 +42,7 @@ void ShowPinMenu(NodePinControl& control, PendingPin& pending,
   } else {
     const NodePinData* other = pending.Get()->PinData();
     // The pin stays pending, so that it can be connected to several others in a row.
-    if (other && NodePinData::CanConnect(*own, *other))
+    if (other && ConnectionRefusal(*own, *other).empty())
       AddMenuItem(*menu, "Complete Connection", [&control, &pending, connect] {
         NodePinData* target = control.PinData();
         NodePinData* source = pending.Get() ? pending.Get()->PinData() : nullptr;

@@ -3,6 +3,7 @@
 #include "commands/BatchDeleteConnectionActionCommand.h"
 #include "commands/BatchDeleteNodeActionCommand.h"
 #include "commands/BatchMoveActionCommand.h"
+#include "commands/ResizeGroupNodeActionCommand.h"
 #include "graph/Graph.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GroupNode.h"
@@ -55,6 +56,18 @@ void Nudges::Move(Toolkit::Point distance) {
   run->MoveBy(moved);
   run->Settle();
   if (begun) history.Push(std::move(begun));
+  revision = history.Revision();
+}
+
+void FrameResizes::Resize(FrameNode& frame, Toolkit::Point moved) {
+  ActionHistory& history = ActionHistory::Instance();
+  const Toolkit::Rect before = frame.Bounds();
+  frame.SetBounds({before.x, before.y, before.width + moved.x, before.height + moved.y});
+  if (frame.Bounds() == before) return;
+  if (run && history.Revision() == revision && &run->Frame() == &frame) return run->Settle();
+  auto step = std::make_unique<ResizeGroupNodeActionCommand>(frame, before, frame.Bounds());
+  run = step.get();
+  history.Push(std::move(step));
   revision = history.Revision();
 }
 

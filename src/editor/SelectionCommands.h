@@ -7,7 +7,9 @@
 namespace Tesselor {
 
 class BatchMoveActionCommand;
+class FrameNode;
 class Graph;
+class ResizeGroupNodeActionCommand;
 
 /// Selects all nodes of any kind.
 void SelectAllNodes(Graph& graph);
@@ -31,6 +33,18 @@ private:
   BatchMoveActionCommand* run = nullptr;
   uint64_t revision = 0;
   Toolkit::Point moved;
+};
+
+/// Moves the right and the lower edge of groups and comments by keys; a run of moves of one frame is one step.
+class FrameResizes {
+public:
+  /// In canvas units.
+  void Resize(FrameNode& frame, Toolkit::Point moved);
+
+private:
+  /// The history's, as long as its revision is `revision`.
+  ResizeGroupNodeActionCommand* run = nullptr;
+  uint64_t revision = 0;
 };
 
 } // namespace Tesselor

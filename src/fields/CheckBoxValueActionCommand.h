@@ -12,6 +12,9 @@ public:
       : target(std::move(target)), newValue(newValue) {}
   void Do() override { target->SetValue(newValue); }
   void Undo() override { target->SetValue(!newValue); }
+  StepDescription Description() const override {
+    return {newValue ? "Checked" : "Unchecked", newValue ? "check of" : "uncheck of", "a box"};
+  }
 
 private:
   Toolkit::Ptr<FieldCheckboxData> target;

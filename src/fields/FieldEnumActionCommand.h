@@ -13,6 +13,11 @@ public:
       : field(std::move(field)), oldOption(std::move(oldOption)), newOption(std::move(newOption)) {}
   void Do() override { field->Select(newOption.Get()); }
   void Undo() override { field->Select(oldOption.Get()); }
+  StepDescription Description() const override {
+    return {"Chose", "choice of",
+            QuotedForUser(newOption ? newOption->GetValue().View() : std::string_view("nothing")) + " in " +
+                std::string(field->GetLabel())};
+  }
 
 private:
   Toolkit::Ptr<FieldEnum> field;

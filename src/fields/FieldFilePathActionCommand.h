@@ -13,6 +13,9 @@ public:
       : field(std::move(field)), oldName(std::move(oldName)), newName(std::move(newName)) {}
   void Do() override { field->SetFileName(newName); }
   void Undo() override { field->SetFileName(oldName); }
+  StepDescription Description() const override {
+    return {"Chose", "choice of", "file " + QuotedForUser(newName.View())};
+  }
 
 private:
   Toolkit::Ptr<FieldFilePath> field;

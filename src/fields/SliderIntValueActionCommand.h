@@ -12,6 +12,9 @@ public:
       : target(std::move(target)), oldValue(oldValue), newValue(newValue) {}
   void Do() override { target->SetValue(newValue); }
   void Undo() override { target->SetValue(oldValue); }
+  StepDescription Description() const override {
+    return {"Changed", "change of", "number to " + std::to_string(newValue)};
+  }
 
 private:
   Toolkit::Ptr<FieldIntData> target;

@@ -1,6 +1,7 @@
 #include "fields/TextBoxSaveStateActionCommandBehavior.h"
 
 #include "fields/TextBoxValueActionCommand.h"
+#include "toolkit/controls/TextBox.h"
 #include "values/ActionHistory.h"
 
 namespace Tesselor {
@@ -12,6 +13,7 @@ TOOLKIT_TYPE_IMPL(TextBoxSaveStateActionCommandBehavior, Toolkit::Behavior,
 void TextBoxSaveStateActionCommandBehavior::Describe(
     Toolkit::TypeBuilder<TextBoxSaveStateActionCommandBehavior>& type) {
   FieldTextDataProperty = type.Property<FieldTextData*>("FieldTextData", nullptr);
+  KeepsUndoneProperty = type.Property<bool>("KeepsUndone", true);
 }
 
 void TextBoxSaveStateActionCommandBehavior::OnAttached() {
@@ -45,10 +47,17 @@ void TextBoxSaveStateActionCommandBehavior::OnGotFocus(Toolkit::Object*, const T
 
 void TextBoxSaveStateActionCommandBehavior::OnLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   FieldTextData* carrier = Carrier();
-  if (!carrier || carrier->GetText() == remembered) return;
-  ActionHistory::Instance().Push(std::make_unique<TextBoxValueActionCommand>(Toolkit::Ptr<FieldTextData>(carrier),
-                                                                             remembered, carrier->GetText()));
+  if (!carrier) return;
+  ActionHistory& history = ActionHistory::Instance();
+  const Toolkit::Ptr<FieldTextData> target(carrier);
+  const Toolkit::SharedString text = carrier->GetText();
+  if (!(text == remembered)) history.Push(std::make_unique<TextBoxValueActionCommand>(target, remembered, text));
   Remember();
+  if (!Get<bool>(KeepsUndoneProperty)) return;
+  const auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(GetAssociatedObject());
+  const std::optional<std::string> undone = box ? box->UndoneText() : std::nullopt;
+  if (undone && undone != text.View())
+    history.PushUndone(std::make_unique<TextBoxValueActionCommand>(target, text, Toolkit::SharedString(*undone)));
 }
 
 } // namespace Tesselor

@@ -12,6 +12,9 @@ class TextBoxSaveStateActionCommandBehavior : public Toolkit::BehaviorT<Toolkit:
   TOOLKIT_TYPE(TextBoxSaveStateActionCommandBehavior)
 public:
   static inline const Toolkit::DependencyProperty* FieldTextDataProperty = nullptr;
+  /// What was typed and undone can be redone after the focus has left. Not where a text may stand while it is typed
+  /// only.
+  static inline const Toolkit::DependencyProperty* KeepsUndoneProperty = nullptr;
 
 protected:
   void OnAttached() override;

@@ -13,6 +13,9 @@ public:
       : target(std::move(target)), oldText(std::move(oldText)), newText(std::move(newText)) {}
   void Do() override { target->SetValue(newText); }
   void Undo() override { target->SetValue(oldText); }
+  StepDescription Description() const override {
+    return {"Changed", "change of", "text to " + QuotedForUser(newText.View())};
+  }
   /// The new text is the next step's, or the field's.
   size_t HeldBytes() const override { return oldText.Length(); }
 

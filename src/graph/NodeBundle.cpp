@@ -3,6 +3,7 @@
 #include "graph/Graph.h"
 #include "graph/StructureChange.h"
 #include "nodes/FrameNode.h"
+#include "nodes/NodeNames.h"
 
 #include <unordered_set>
 
@@ -75,5 +76,9 @@ void ConnectionBundle::PutBack() {
   for (const Ptr<Connection>& connection : connections) graph.Attach(*connection);
   graph.RestoreOrder(order);
 }
+
+std::string NodeBundle::Name() const { return NameOf(nodes); }
+
+std::string ConnectionBundle::Name() const { return Counted(connections.size(), "connection", "connections"); }
 
 } // namespace Tesselor

@@ -4,6 +4,7 @@
 #include "graph/Connection.h"
 #include "toolkit/base/Geometry.h"
 
+#include <string>
 #include <vector>
 
 namespace Tesselor {
@@ -22,6 +23,8 @@ public:
   // Once the graph holds another document these do nothing.
   void TakeOut();
   void PutBack();
+  /// For the user.
+  std::string Name() const;
   /// Of the nodes that are out.
   size_t HeldBytes() const { return heldBytes; }
 
@@ -44,6 +47,8 @@ public:
       : graph(graph), connections(std::move(connections)) {}
   void TakeOut();
   void PutBack();
+  /// For the user.
+  std::string Name() const;
 
 private:
   Graph& graph;

@@ -4,6 +4,7 @@
 #include "nodes/NodeKeys.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/TextBox.h"
 #include "toolkit/markup/GUI.h"
 #include "toolkit/visual/Input.h"
 #include "values/ActionHistory.h"
@@ -92,9 +93,14 @@ void CommentNode::CommentTextBox_GotFocus(Toolkit::Object*, const Toolkit::Route
 void CommentNode::CommentTextBox_LostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   SetValue(FontControlsVisibilityProperty, Visibility::Collapsed);
   const Toolkit::SharedString text = GetValue(CommentTextProperty).AsString();
-  if (text == textBefore) return;
-  ActionHistory::Instance().Push(std::make_unique<CommentTextActionCommand>(*this, textBefore, text));
+  if (!(text == textBefore))
+    ActionHistory::Instance().Push(std::make_unique<CommentTextActionCommand>(*this, textBefore, text));
   textBefore = text;
+  const auto* box = FindName<Toolkit::TextBox>("CommentTextBox");
+  const std::optional<std::string> undone = box ? box->UndoneText() : std::nullopt;
+  if (undone && undone != text.View())
+    ActionHistory::Instance().PushUndone(
+        std::make_unique<CommentTextActionCommand>(*this, text, Toolkit::SharedString(*undone)));
 }
 
 void CommentNode::ChangeFontSize(float step) {

@@ -13,6 +13,9 @@ public:
       : comment(&comment), oldText(std::move(oldText)), newText(std::move(newText)) {}
   void Do() override { comment->SetCommentText(newText); }
   void Undo() override { comment->SetCommentText(oldText); }
+  StepDescription Description() const override {
+    return {"Changed", "change of", "text to " + QuotedForUser(newText.View())};
+  }
   size_t HeldBytes() const override { return oldText.Length(); }
 
 private:
@@ -27,6 +30,9 @@ public:
       : comment(&comment), oldSize(oldSize), newSize(newSize) {}
   void Do() override { comment->SetCommentFontSize(newSize); }
   void Undo() override { comment->SetCommentFontSize(oldSize); }
+  StepDescription Description() const override {
+    return {"Changed", "change of", "font size to " + std::to_string(static_cast<int>(newSize))};
+  }
 
 private:
   Toolkit::Ptr<CommentNode> comment;

@@ -148,7 +148,7 @@ size_t JsonNesting(std::string_view text) {
     else if (c == '{' || c == '[')
       deepest = std::max(deepest, ++depth);
     else if (c == '}' || c == ']')
-      --depth;
+      depth -= depth > 0 ? 1 : 0;
   }
   return deepest;
 }

@@ -66,7 +66,7 @@ enum class JsonForm {
   Compact,
 };
 
-/// How deeply a valid text nests: 1 for an object without objects or arrays in it.
+/// How deeply a text nests, if it is valid, else about how deeply: 1 for an object without objects or arrays in it.
 size_t JsonNesting(std::string_view text);
 
 /// Empty if memory runs out.

@@ -9,15 +9,27 @@ ActionHistory& ActionHistory::Instance() {
   return history;
 }
 
+void ActionHistory::PutInFront(std::unique_ptr<IActionCommand> command) {
+  ++revision;
+  commands.erase(commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(undoneCount));
+  undoneCount = 0;
+  commands.push_front(std::move(command));
+}
+
+void ActionHistory::PushUndone(std::unique_ptr<IActionCommand> command) {
+  if (isStepping) return;
+  PutInFront(std::move(command));
+  undoneCount = 1;
+  ForgetOldSteps();
+}
+
 void ActionHistory::Push(std::unique_ptr<IActionCommand> command) {
   if (isStepping) {
     waiting.push_back(std::move(command));
     return;
   }
-  ++revision;
-  commands.erase(commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(undoneCount));
-  undoneCount = 0;
-  commands.push_front(std::move(command));
+  PutInFront(std::move(command));
+  Tell(StepEvent::Made, *commands.front());
   ForgetOldSteps();
 }
 
@@ -36,22 +48,30 @@ void ActionHistory::Run(std::unique_ptr<IActionCommand> command) {
   Push(std::move(command));
 }
 
-void ActionHistory::UndoLast() {
-  if (isStepping || undoneCount >= commands.size()) return;
+bool ActionHistory::UndoLast() {
+  if (isStepping || undoneCount >= commands.size()) return false;
   isStepping = true;
   ++revision;
   commands[undoneCount++]->Undo();
   isStepping = false;
+  Tell(StepEvent::Undone, *commands[undoneCount - 1]);
   PushWaiting();
+  return true;
 }
 
-void ActionHistory::RedoLast() {
-  if (isStepping || undoneCount == 0) return;
+bool ActionHistory::RedoLast() {
+  if (isStepping || undoneCount == 0) return false;
   isStepping = true;
   ++revision;
   commands[--undoneCount]->Do();
   isStepping = false;
+  Tell(StepEvent::Redone, *commands[undoneCount]);
   PushWaiting();
+  return true;
+}
+
+void ActionHistory::Tell(StepEvent event, const IActionCommand& command) const {
+  if (onStep) onStep(event, command);
 }
 
 void ActionHistory::PushWaiting() {

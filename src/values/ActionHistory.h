@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -18,20 +19,28 @@ public:
   static constexpr size_t capacity = 512;
   static constexpr size_t byteBudget = size_t(256) << 20;
 
+  enum class StepEvent { Made, Undone, Redone };
+
   static ActionHistory& Instance();
   ActionHistory() = default;
   ActionHistory(const ActionHistory&) = delete;
   ActionHistory& operator=(const ActionHistory&) = delete;
 
+  /// Called after each step, for whoever tells the user. It must leave the history alone.
+  std::function<void(StepEvent, const IActionCommand&)> onStep;
+
   /// Takes a step that has taken effect already; `Do` is not called. What was undone before can't be redone after. A
   /// step that is pushed while another one is undone or redone follows as soon as that is done.
   void Push(std::unique_ptr<IActionCommand> command);
+  /// Takes a step that was made and undone before it came here, such as a text in its own box: the next to be redone.
+  /// What was undone before it was made can't be redone any more.
+  void PushUndone(std::unique_ptr<IActionCommand> command);
   /// Runs a step and takes it. What is pushed meanwhile, such as the text that was typed into what leaves, comes first.
   void Run(std::unique_ptr<IActionCommand> command);
-  /// Does nothing if there is nothing to undo.
-  void UndoLast();
-  /// Does nothing if there is nothing to redo.
-  void RedoLast();
+  /// False if there is nothing to undo.
+  bool UndoLast();
+  /// False if there is nothing to redo.
+  bool RedoLast();
   /// Forgets all steps, and with them whatever only they kept alive.
   void Clear();
 
@@ -41,6 +50,8 @@ public:
   size_t UndoneCount() const { return undoneCount; }
 
 private:
+  void Tell(StepEvent event, const IActionCommand& command) const;
+  void PutInFront(std::unique_ptr<IActionCommand> command);
   void PushWaiting();
   void ForgetOldSteps();
 

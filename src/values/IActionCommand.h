@@ -1,5 +1,7 @@
 #pragma once
 
+#include "values/StepDescription.h"
+
 #include <cstddef>
 
 namespace Tesselor {
@@ -13,6 +15,8 @@ public:
   virtual void Do() = 0;
   /// Reverts what `Do` did.
   virtual void Undo() = 0;
+  /// Told to the user. Of the step as it stands after the last `Do` or `Undo`.
+  virtual StepDescription Description() const { return {"Made", "edit:", "a change"}; }
   /// Roughly how much memory goes with the step as it stands now, because nothing else holds it. In bytes; what is less
   /// than some kilobytes need not be told. Takes no time.
   virtual size_t HeldBytes() const { return 0; }

@@ -259,6 +259,43 @@ TEST_F(ClipboardKeys, TellOfACopyThatIsNestedTooDeeply) {
   }
 }
 
+TEST_F(ClipboardKeys, TellOnceOfWhatCannotBePastedAsItIs) {
+  std::string deep = "{}";
+  for (size_t i = 0; i < JsonNestingLimit; ++i) deep = R"({"a":)" + deep + "}";
+  const auto node = [](const std::string& type) { return R"({"$NodeId": ")" + type + "\"}"; };
+  const auto unknown = [](const std::string& type) {
+    return "Could not find node id: " + type + ". A generic node will be created";
+  };
+  const std::string deepTold = "Cannot Paste: Not all of the clipboard's text can be pasted: it nests more than 1000 "
+                               "levels deep.";
+  const struct {
+    std::string text, box;
+    std::vector<std::string> log;
+    size_t nodes;
+  } cases[] = {
+      {node("Nix") + node("Generic") + node("Nix") + node("Nil"),
+       "Attention!: Could not find node ids: Nix, Nil. Generic nodes will be created",
+       {unknown("Nix"), unknown("Nix"), unknown("Nil")},
+       4},
+      {node("Nix") + node("Nix"), "Attention!: " + unknown("Nix"), {unknown("Nix"), unknown("Nix")}, 2},
+      {deep + node("Generic") + deep,
+       deepTold,
+       {"Pasted content is nested too deeply, ignoring...", "Pasted content is nested too deeply, ignoring..."},
+       1},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.text.substr(0, 60));
+    const size_t before = Count();
+    window.clipboard.text = each.text;
+    window.boxes.boxes.clear();
+    window.log.lines.clear();
+    Paste();
+    EXPECT_EQ(window.boxes.Texts(), std::vector<std::string>{each.box});
+    EXPECT_EQ(window.log.lines, each.log);
+    EXPECT_EQ(Count(), before + each.nodes);
+  }
+}
+
 TEST_F(ClipboardKeys, DuplicateBesideTheOriginals) {
   window.clipboard.text = "former";
   ContentNode& node = window.Node("The nest");

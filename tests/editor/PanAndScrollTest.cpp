@@ -1,6 +1,7 @@
 // How the mouse moves the view: by panning, and by a gesture near the view's edge.
 #include "GestureTest.h"
 #include "editor/NodesMenu.h"
+#include "editor/StatusLine.h"
 #include "toolkit/base/Dispatcher.h"
 
 #include <cmath>
@@ -330,7 +331,7 @@ TEST_F(PanAndScroll, APressAtTheEdgeDoesNotScroll) {
   window.Wait(300);
   EXPECT_LT(Translation().x, start.x) << "nearer again than it was meanwhile";
   window.MoveTo({640, 400});
-  window.Wait(100);
+  window.Wait(StatusLine::FreshFor);
   EXPECT_FALSE(Toolkit::Dispatcher::Current().HasWork()) << "away from the edge nothing is due";
   window.Press(Key::Escape);
   window.Release({640, 400});
@@ -338,7 +339,7 @@ TEST_F(PanAndScroll, APressAtTheEdgeDoesNotScroll) {
   const Point now = Translation();
   window.Press({640, 400}, MouseButton::Middle);
   window.MoveTo({1275, 400});
-  window.Wait(300);
+  window.Wait(StatusLine::FreshFor);
   ExpectView(now + Point{635, 0});
   EXPECT_FALSE(Toolkit::Dispatcher::Current().HasWork());
   window.Release({1275, 400}, MouseButton::Middle);

@@ -236,5 +236,48 @@ TEST_F(ValueUndo, TakesBackWhatIsDoneToAComment) {
   EXPECT_EQ(window.History().Size(), 2u);
 }
 
+TEST_F(ValueUndo, KeepsWhatWasUndoneInItsOwnBoxWhenTheBoxIsLeft) {
+  Graph& graph = window.View().GetGraph();
+  CommentNode& comment = graph.AddCommentNode(node.Bounds().x, node.Bounds().Bottom() + 100);
+  window.Settle();
+  const auto move = [&] {
+    ClickOnCanvas();
+    graph.Selected().Clear();
+    graph.Selected().Add(comment);
+    window.Press(Key::Right);
+  };
+  for (TextBox* box : {&Part<TextBox>("text"), &Part<TextBox>("small"), comment.FindName<TextBox>("CommentTextBox")}) {
+    window.History().Clear();
+    move();
+    window.Undo();
+    window.Focus(box);
+    window.Type("one ");
+    window.Type("two");
+    window.Undo();
+    EXPECT_EQ(box->GetText(), "one ");
+    EXPECT_EQ(window.History().Size(), 1u) << "in the box it is no step yet";
+    ClickOnCanvas();
+    EXPECT_EQ(box->GetText(), "one ");
+    EXPECT_EQ(window.History().Size(), 2u) << "the move that was undone before is gone";
+    window.Redo();
+    EXPECT_EQ(box->GetText(), "one two");
+    window.Redo();
+    EXPECT_EQ(box->GetText(), "one two");
+    window.Undo();
+    window.Undo();
+    EXPECT_EQ(box->GetText(), "");
+    // Undone and redone in the box, it is a step like any other.
+    window.Focus(box);
+    window.Type("new");
+    window.Undo();
+    window.Redo();
+    ClickOnCanvas();
+    EXPECT_EQ(box->GetText(), "new");
+    EXPECT_EQ(window.History().UndoneCount(), 0u);
+    window.Undo();
+    EXPECT_EQ(box->GetText(), "");
+  }
+}
+
 } // namespace
 } // namespace Tesselor

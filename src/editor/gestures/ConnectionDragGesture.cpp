@@ -1,6 +1,8 @@
 #include "editor/gestures/ConnectionDragGesture.h"
 
+#include "editor/ConnectionRefusal.h"
 #include "editor/NodeEditorCanvas.h"
+#include "graph/LooseConnection.h"
 #include "nodes/NodePinControl.h"
 #include "toolkit/visual/Input.h"
 
@@ -10,31 +12,43 @@ using Toolkit::Point;
 
 namespace {
 
-constexpr int32_t ConnectionZIndex = -10;
-
 /// The pin that the mouse is over, whatever has captured it; null if there is none.
-NodePinData* PinUnderMouse() {
+NodePinControl* ControlUnderMouse() {
   const Toolkit::InputState* input = Toolkit::InputState::Current();
-  for (const Toolkit::UIElement* e = input ? input->ElementAt(input->MousePosition()) : nullptr; e; e = e->UIParent())
-    if (const auto* control = Toolkit::DynamicCast<NodePinControl>(e)) return control->PinData();
+  for (Toolkit::UIElement* e = input ? input->ElementAt(input->MousePosition()) : nullptr; e; e = e->UIParent())
+    if (auto* control = Toolkit::DynamicCast<NodePinControl>(e)) return control;
   return nullptr;
+}
+
+NodePinData* PinUnderMouse() {
+  const NodePinControl* control = ControlUnderMouse();
+  return control ? control->PinData() : nullptr;
 }
 
 } // namespace
 
 ConnectionDragGesture::ConnectionDragGesture(NodeEditorCanvas& canvas, NodePinData& pin, Point mouse,
                                              Callbacks callbacks)
-    : canvas(canvas), source(pin), callbacks(std::move(callbacks)), connection(Toolkit::MakePtr<Connection>(pin)) {
-  ConnectionPath& path = connection->GetPath();
-  path.SetValue(Toolkit::UIElement::IsHitTestVisibleProperty, false);
-  Toolkit::Panel::SetZIndex(&path, ConnectionZIndex);
-  connection->SetFreeEnd(mouse);
-  canvas.GetPanel()->AddChild(&path);
+    : source(pin), callbacks(std::move(callbacks)), connection(MakeLooseConnection(*canvas.GetPanel(), pin, mouse)) {}
+
+void ConnectionDragGesture::Mark(NodePinControl* target) {
+  if (marked == target) return;
+  if (marked) marked->SetPendingConnection(false);
+  // One that pulses already, since a connection was begun at it, goes on when the mouse has left it.
+  const bool isNew = target && !target->Get<bool>(NodePinControl::IsPendingConnectionProperty);
+  marked = Toolkit::Ptr<NodePinControl>(isNew ? target : nullptr);
+  if (marked) marked->SetPendingConnection(true);
 }
 
-void ConnectionDragGesture::Move(Point mouse) { connection->SetFreeEnd(mouse); }
+void ConnectionDragGesture::Move(Point mouse) {
+  connection->SetFreeEnd(mouse);
+  NodePinControl* target = ControlUnderMouse();
+  const NodePinData* pin = target ? target->PinData() : nullptr;
+  Mark(pin && ConnectionRefusal(*pin, source).empty() ? target : nullptr);
+}
 
 void ConnectionDragGesture::End(Point mouse) {
+  Mark(nullptr);
   NodePinData* target = PinUnderMouse();
   if (!target) {
     callbacks.drop(std::move(connection), mouse);
@@ -47,7 +61,10 @@ void ConnectionDragGesture::End(Point mouse) {
     callbacks.connect(*target, source);
 }
 
-void ConnectionDragGesture::Cancel() { connection.Reset(); }
+void ConnectionDragGesture::Cancel() {
+  Mark(nullptr);
+  connection.Reset();
+}
 
 const char* ConnectionDragGesture::Cursor() const {
   const NodePinData* target = PinUnderMouse();

@@ -2,6 +2,7 @@
 
 #include "editor/gestures/Gesture.h"
 #include "graph/Connection.h"
+#include "nodes/NodePinControl.h"
 
 #include <functional>
 
@@ -27,10 +28,13 @@ public:
   const char* Cursor() const override;
 
 private:
-  NodeEditorCanvas& canvas;
+  /// Shows the pin at which the connection would end; null shows none.
+  void Mark(NodePinControl* target);
+
   NodePinData& source;
   Callbacks callbacks;
   Toolkit::Ptr<Connection> connection;
+  Toolkit::Ptr<NodePinControl> marked;
 };
 
 } // namespace Tesselor

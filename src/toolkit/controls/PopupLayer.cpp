@@ -250,7 +250,8 @@ void PopupLayer::OnWindowEvent(const RoutedEventArgs& args) {
   toolTips->Observe(args);
   const RoutedEvent* event = args.event;
   if (popups.empty()) {
-    if (event == &KeyDownEvent && static_cast<const KeyEventArgs&>(args).key == Key::F10 && menuBar) {
+    if (event == &KeyDownEvent && static_cast<const KeyEventArgs&>(args).key == Key::F10 && menuBar &&
+        !Keyboard::IsKeyDown(Key::LeftShift) && !Keyboard::IsKeyDown(Key::RightShift)) {
       menuBar->Toggle();
       args.handled = true;
     }

@@ -62,6 +62,8 @@ TextEditor& TextBox::Editor() const {
   return *editor;
 }
 
+std::optional<std::string> TextBox::UndoneText() const { return editor ? editor->UndoneText() : std::nullopt; }
+
 size_t TextBox::CaretIndex() const { return editor ? editor->Caret() : 0; }
 size_t TextBox::SelectionStart() const { return editor ? editor->SelectionStart() : 0; }
 size_t TextBox::SelectionLength() const { return editor ? editor->SelectionEnd() - editor->SelectionStart() : 0; }

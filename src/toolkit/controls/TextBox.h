@@ -4,6 +4,7 @@
 #include "toolkit/controls/TextElement.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace Toolkit {
@@ -50,6 +51,10 @@ public:
   size_t SelectionLength() const;
   /// Bytes of the given visual line, its line end included; 0 if there is no such line.
   size_t LineLength(size_t line) const;
+
+  /// When the focus has left: what the text would be if all were done again that was undone while it was there. Nothing
+  /// if nothing was.
+  std::optional<std::string> UndoneText() const;
 
   Rect CaretRectangle() const override;
   void SetComposition(std::string_view text, size_t caret) override;

@@ -74,6 +74,14 @@ std::optional<TextEditHistory::State> TextEditHistory::Redo(std::string_view tex
   return State{std::move(*result), step.after};
 }
 
+std::optional<std::string> TextEditHistory::Redone(std::string_view text) const {
+  if (!CanRedo()) return std::nullopt;
+  std::optional<std::string> result(text);
+  for (size_t i = next; i < steps.size() && result; ++i)
+    result = Replaced(*result, steps[i].start, steps[i].removed, steps[i].inserted);
+  return result;
+}
+
 void TextEditHistory::Clear() {
   steps.clear();
   next = 0;

@@ -29,6 +29,9 @@ public:
   /// What the text becomes. Nothing if there is no step, or if `text` is not what the step led to.
   std::optional<State> Undo(std::string_view text);
   std::optional<State> Redo(std::string_view text);
+  /// What the text becomes when all that was undone is done again. Nothing if nothing was undone, or if `text` is not
+  /// what the steps led to.
+  std::optional<std::string> Redone(std::string_view text) const;
   bool CanUndo() const { return next > 0; }
   bool CanRedo() const { return next < steps.size(); }
   void Clear();

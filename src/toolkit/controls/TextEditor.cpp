@@ -268,7 +268,8 @@ bool TextEditor::HandleKey(Key key) {
     if (shift) Paste();
     return shift;
   case Key::Return:
-    if (IsReadOnly() || !AcceptsReturn()) return false;
+    // With Alt it is the window's.
+    if (IsReadOnly() || !AcceptsReturn() || IsDown(Key::LeftAlt, Key::RightAlt)) return false;
     Replace(SelectionStart(), SelectionEnd(), "\n", false);
     return true;
   default: return false;
@@ -354,11 +355,13 @@ void TextEditor::StretchTo(Point point) {
 
 void TextEditor::BeginSession() {
   history.Clear();
+  undoneText.reset();
   lastAction = Dispatcher::Current().Now();
   RestartBlinking();
 }
 
 void TextEditor::EndSession() {
+  undoneText = history.Redone(box.GetText());
   history.Clear();
   composition.clear();
   EndDrag();

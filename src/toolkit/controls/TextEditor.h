@@ -47,6 +47,7 @@ public:
   /// A session begins when the focus comes and ends when it goes.
   void BeginSession();
   void EndSession();
+  const std::optional<std::string>& UndoneText() const { return undoneText; }
   void SetComposition(std::string_view text, size_t caretInside);
 
   /// The text as shown, with what an input method composes.
@@ -98,6 +99,8 @@ private:
   Point scroll;
   ScrollThumb bar;
   TextEditHistory history;
+  /// When the last session ended.
+  std::optional<std::string> undoneText;
   /// The text is being changed from here.
   bool isEditing = false;
   Unit dragUnit = Unit::Character;

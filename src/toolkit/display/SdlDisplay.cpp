@@ -19,15 +19,16 @@ Key KeyOf(SDL_Keycode code) {
   if (code >= SDLK_0 && code <= SDLK_9) return static_cast<Key>(static_cast<int>(Key::D0) + (code - SDLK_0));
   if (code >= SDLK_F1 && code <= SDLK_F12) return static_cast<Key>(static_cast<int>(Key::F1) + (code - SDLK_F1));
   static const std::unordered_map<SDL_Keycode, Key> keys{
-      {SDLK_BACKSPACE, Key::Back},  {SDLK_TAB, Key::Tab},           {SDLK_RETURN, Key::Return},
-      {SDLK_KP_ENTER, Key::Return}, {SDLK_ESCAPE, Key::Escape},     {SDLK_SPACE, Key::Space},
-      {SDLK_PAGEUP, Key::PageUp},   {SDLK_PAGEDOWN, Key::PageDown}, {SDLK_END, Key::End},
-      {SDLK_HOME, Key::Home},       {SDLK_LEFT, Key::Left},         {SDLK_UP, Key::Up},
-      {SDLK_RIGHT, Key::Right},     {SDLK_DOWN, Key::Down},         {SDLK_INSERT, Key::Insert},
-      {SDLK_DELETE, Key::Delete},   {SDLK_LSHIFT, Key::LeftShift},  {SDLK_RSHIFT, Key::RightShift},
-      {SDLK_LCTRL, Key::LeftCtrl},  {SDLK_RCTRL, Key::RightCtrl},   {SDLK_LALT, Key::LeftAlt},
-      {SDLK_RALT, Key::RightAlt},   {SDLK_LGUI, Key::LeftWin},      {SDLK_RGUI, Key::RightWin},
-      {SDLK_APPLICATION, Key::Apps}};
+      {SDLK_BACKSPACE, Key::Back},   {SDLK_TAB, Key::Tab},           {SDLK_RETURN, Key::Return},
+      {SDLK_KP_ENTER, Key::Return},  {SDLK_ESCAPE, Key::Escape},     {SDLK_SPACE, Key::Space},
+      {SDLK_PAGEUP, Key::PageUp},    {SDLK_PAGEDOWN, Key::PageDown}, {SDLK_END, Key::End},
+      {SDLK_HOME, Key::Home},        {SDLK_LEFT, Key::Left},         {SDLK_UP, Key::Up},
+      {SDLK_RIGHT, Key::Right},      {SDLK_DOWN, Key::Down},         {SDLK_INSERT, Key::Insert},
+      {SDLK_DELETE, Key::Delete},    {SDLK_LSHIFT, Key::LeftShift},  {SDLK_RSHIFT, Key::RightShift},
+      {SDLK_LCTRL, Key::LeftCtrl},   {SDLK_RCTRL, Key::RightCtrl},   {SDLK_LALT, Key::LeftAlt},
+      {SDLK_RALT, Key::RightAlt},    {SDLK_LGUI, Key::LeftWin},      {SDLK_RGUI, Key::RightWin},
+      {SDLK_APPLICATION, Key::Apps}, {SDLK_PLUS, Key::Plus},         {SDLK_EQUALS, Key::Plus},
+      {SDLK_KP_PLUS, Key::Plus},     {SDLK_MINUS, Key::Minus},       {SDLK_KP_MINUS, Key::Minus}};
   auto found = keys.find(code);
   return found == keys.end() ? Key::None : found->second;
 }

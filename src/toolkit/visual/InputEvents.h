@@ -84,6 +84,8 @@ enum class Key : uint8_t {
   LeftWin,
   RightWin,
   Apps,
+  Plus,
+  Minus,
   Count
 };
 
