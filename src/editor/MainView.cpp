@@ -1,6 +1,7 @@
 #include "editor/MainView.h"
 
 #include "editor/CreateNodeButton.h"
+#include "editor/EditInProgress.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -76,7 +77,11 @@ MainView::MainView() {
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
   noticeBar = FindName<NoticeBar>("NoticeBar");
   TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar);
+  documentName = FindName<Toolkit::TextBlock>("DocumentName");
   AddCommandStates();
+  editInProgress = std::make_unique<EditInProgress>(*this, [this] { ShowDocumentName(); });
+  ActionHistory::Instance().onChanged = [this] { ShowDocumentName(); };
+  NoteSaved();
   FileDialogs::SetCurrentFile([this] { return filePath; });
   workspaceOverlay =
       std::make_unique<Overlay>(*FindName<Toolkit::UIElement>("WorkspaceOverlay"), [this] { CancelLoadWorkspace(); });
@@ -97,6 +102,8 @@ MainView::MainView() {
 }
 
 MainView::~MainView() {
+  ActionHistory::Instance().onChanged = nullptr;
+  editInProgress.reset();
   // Steps refer to nodes and connections, which go with the view.
   ActionHistory::Instance().Clear();
   graph->Selected().onChanged = nullptr;

@@ -13,6 +13,7 @@
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/MenuItem.h"
+#include "toolkit/controls/TextBlock.h"
 #include "toolkit/visual/InputEvents.h"
 #include "workspace/Workspaces.h"
 
@@ -24,6 +25,7 @@
 
 namespace Tesselor {
 
+class EditInProgress;
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
@@ -38,7 +40,7 @@ struct ShowNodesMenuEventArgs;
 /// The application's window. It owns the document's graph and the path of its file, and forwards what the user does to
 /// whoever does it. Its sources are parted by concept: MainView.cpp (start and events), MainViewDocument.cpp (the
 /// graph and what gestures do to it), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar),
-/// MainViewKeys.cpp (keys).
+/// MainViewKeys.cpp (keys), MainViewUnsaved.cpp (what is not saved).
 class MainView : public Toolkit::Window {
   TOOLKIT_TYPE(MainView)
 public:
@@ -79,6 +81,10 @@ public:
   bool SaveAs();
   /// Reads `filePath` into the view; what fails is told to the user.
   void LoadFileAndWorkspace();
+  /// False while the document holds what its file does not, an edit that is still under way included.
+  bool IsSaved() const;
+  /// Closes at once if everything is saved; else the user is asked what becomes of the changes.
+  void RequestClose() override;
 
 private:
   void BuildRootMenu();
@@ -88,9 +94,12 @@ private:
   /// What the save commands refuse without: a root with a workspace.
   bool HasWorkspace() const { return workspaces.currentRoot && workspaces.currentRoot->workspace; }
   void ShowTitleOfFile();
-  /// The history has no step that the file doesn't know.
-  bool IsSaved() const;
+  /// The document is what its file holds, or nothing that could be lost.
   void NoteSaved();
+  /// Of the file, without directories.
+  std::string DocumentName() const;
+  /// At the menu bar's right end, with a dot while there are changes.
+  void ShowDocumentName();
   void OfferRoots(const std::string& unknownId);
   void ResetViewToRoot();
   Toolkit::ObservableCollectionBase* ReflectedWorkspaceList() const { return workspaceList.Get(); }
@@ -184,7 +193,9 @@ private:
   std::unique_ptr<Nudges> nudges;
   std::string filePath;
   /// Of the history, when the document was last loaded or saved.
-  uint64_t savedRevision = 0;
+  uint64_t savedState = 0;
+  std::unique_ptr<EditInProgress> editInProgress;
+  bool isAskedToClose = false;
   /// The file at `filePath` while the user chooses a workspace for it; else null.
   JsonPtr waitingDocument;
 
@@ -197,6 +208,7 @@ private:
   NodePanel* nodePanel = nullptr;
   NodeSearchPanel* nodeSearchPanel = nullptr;
   NoticeBar* noticeBar = nullptr;
+  Toolkit::TextBlock* documentName = nullptr;
   Toolkit::MenuItem* workspaceMenu = nullptr;
   std::unique_ptr<CommandStates> commandStates;
   std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay;

@@ -83,6 +83,7 @@ void MainView::ClearDocument() {
   nodeSearchPanel->Forget();
   pendingPin.Clear();
   commandStates->Refresh();
+  NoteSaved();
 }
 
 } // namespace Tesselor

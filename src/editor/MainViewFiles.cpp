@@ -105,6 +105,7 @@ void MainView::Open() {
 void MainView::ShowTitleOfFile() {
   std::string name = filePath.substr(filePath.find_last_of("/\\") + 1);
   SetTitle(name.substr(0, name.find('.')));
+  ShowDocumentName();
 }
 
 bool MainView::Save() {
@@ -133,10 +134,6 @@ bool MainView::SaveAs() {
   ShowTitleOfFile();
   return Export();
 }
-
-bool MainView::IsSaved() const { return ActionHistory::Instance().Revision() == savedRevision; }
-
-void MainView::NoteSaved() { savedRevision = ActionHistory::Instance().Revision(); }
 
 bool MainView::Export() {
   // A root that was deleted is no root any more.
@@ -234,6 +231,7 @@ void MainView::CancelLoadWorkspace() {
   filePath.clear();
   waitingDocument.reset();
   workspaceList->Clear();
+  ShowDocumentName();
 }
 
 ImportTarget MainView::MakeImportTarget() {

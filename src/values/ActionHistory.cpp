@@ -14,21 +14,29 @@ void ActionHistory::Push(std::unique_ptr<IActionCommand> command) {
     waiting.push_back(std::move(command));
     return;
   }
-  ++revision;
   commands.erase(commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(undoneCount));
   undoneCount = 0;
-  commands.push_front(std::move(command));
+  commands.push_front({std::move(command), ++newestState});
   ForgetOldSteps();
+  NoteChange();
+}
+
+void ActionHistory::NoteChange() {
+  ++revision;
+  if (onChanged) onChanged();
 }
 
 void ActionHistory::ForgetOldSteps() {
   size_t kept = 0, bytes = 0;
   for (; kept < commands.size() && kept < capacity; ++kept) {
-    bytes += commands[kept]->HeldBytes();
+    bytes += commands[kept].command->HeldBytes();
     if (kept > 0 && bytes > byteBudget) break;
   }
   // Without the oldest no older one could be undone.
-  while (commands.size() > kept) commands.pop_back();
+  while (commands.size() > kept) {
+    oldestState = commands.back().state;
+    commands.pop_back();
+  }
 }
 
 void ActionHistory::Run(std::unique_ptr<IActionCommand> command) {
@@ -39,18 +47,18 @@ void ActionHistory::Run(std::unique_ptr<IActionCommand> command) {
 void ActionHistory::UndoLast() {
   if (isStepping || undoneCount >= commands.size()) return;
   isStepping = true;
-  ++revision;
-  commands[undoneCount++]->Undo();
+  commands[undoneCount++].command->Undo();
   isStepping = false;
+  NoteChange();
   PushWaiting();
 }
 
 void ActionHistory::RedoLast() {
   if (isStepping || undoneCount == 0) return;
   isStepping = true;
-  ++revision;
-  commands[--undoneCount]->Do();
+  commands[--undoneCount].command->Do();
   isStepping = false;
+  NoteChange();
   PushWaiting();
 }
 
@@ -59,10 +67,11 @@ void ActionHistory::PushWaiting() {
 }
 
 void ActionHistory::Clear() {
-  ++revision;
   undoneCount = 0;
+  oldestState = ++newestState;
   // What the commands kept alive goes here and may look at the history, which is empty by then.
   std::exchange(commands, {});
+  NoteChange();
 }
 
 } // namespace Tesselor
