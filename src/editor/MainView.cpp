@@ -6,10 +6,12 @@
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NoticeBar.h"
+#include "editor/WorkKeeper.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
 #include "nodes/NodePinControl.h"
+#include "platform/EndSignals.h"
 #include "platform/FileDialogs.h"
 #include "platform/LogFile.h"
 #include "toolkit/base/Diagnostics.h"
@@ -79,8 +81,8 @@ MainView::MainView() {
   TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar);
   documentName = FindName<Toolkit::TextBlock>("DocumentName");
   AddCommandStates();
-  editInProgress = std::make_unique<EditInProgress>(*this, [this] { ShowDocumentName(); });
-  ActionHistory::Instance().onChanged = [this] { ShowDocumentName(); };
+  editInProgress = std::make_unique<EditInProgress>(*this, [this] { OnDocumentChanged(); });
+  ActionHistory::Instance().onChanged = [this] { OnDocumentChanged(); };
   NoteSaved();
   FileDialogs::SetCurrentFile([this] { return filePath; });
   workspaceOverlay =
@@ -102,6 +104,8 @@ MainView::MainView() {
 }
 
 MainView::~MainView() {
+  endSignals.reset();
+  keeper.reset();
   ActionHistory::Instance().onChanged = nullptr;
   editInProgress.reset();
   // Steps refer to nodes and connections, which go with the view.

@@ -18,6 +18,7 @@
 #include "workspace/Workspaces.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -26,6 +27,7 @@
 namespace Tesselor {
 
 class EditInProgress;
+class EndSignals;
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
@@ -34,6 +36,8 @@ class NodeDictionary;
 struct CreateNodeEventArgs;
 struct CutLineUpEventArgs;
 struct ImportTarget;
+struct RescuedDocument;
+class WorkKeeper;
 struct SelectionUpEventArgs;
 struct ShowNodesMenuEventArgs;
 
@@ -85,6 +89,13 @@ public:
   bool IsSaved() const;
   /// Closes at once if everything is saved; else the user is asked what becomes of the changes.
   void RequestClose() override;
+  /// From now on unsaved work is kept below a directory, and what other runs have kept there is offered.
+  void KeepWork(const std::filesystem::path& directory);
+  /// Null unless work is kept.
+  WorkKeeper* Keeper() const { return keeper.get(); }
+
+protected:
+  void OnPresented() override;
 
 private:
   void BuildRootMenu();
@@ -100,6 +111,14 @@ private:
   std::string DocumentName() const;
   /// At the menu bar's right end, with a dot while there are changes.
   void ShowDocumentName();
+  void OnDocumentChanged();
+  /// What is unsaved is set aside before the document goes.
+  void KeepUnsaved();
+  RescuedDocument DescribeForRescue() const;
+  /// The text that a save would write, also of a document that can't be saved; empty if there is none.
+  std::string PrintDocument();
+  /// Shows what is no file's content as the unsaved document of that file; false, with a box, if it can't be read.
+  bool ShowAsUnsaved(const RescuedDocument& document, const std::string& text);
   void OfferRoots(const std::string& unknownId);
   void ResetViewToRoot();
   Toolkit::ObservableCollectionBase* ReflectedWorkspaceList() const { return workspaceList.Get(); }
@@ -196,6 +215,8 @@ private:
   uint64_t savedState = 0;
   std::unique_ptr<EditInProgress> editInProgress;
   bool isAskedToClose = false;
+  std::unique_ptr<WorkKeeper> keeper;
+  std::unique_ptr<EndSignals> endSignals;
   /// The file at `filePath` while the user chooses a workspace for it; else null.
   JsonPtr waitingDocument;
 

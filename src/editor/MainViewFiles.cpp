@@ -54,6 +54,7 @@ void MainView::ChangeRootType(const std::string& name) {
     return;
   }
   if (!root->workspace->LoadNodeDictionary()) return;
+  KeepUnsaved();
   workspaces.currentRoot = root;
   nodeEditorCanvas->GetNodesMenu()->SetWorkspace(root->workspace);
   nodePanel->Close();
@@ -90,6 +91,7 @@ void MainView::Open() {
   }
   const std::optional<std::string> chosen = FileDialogs::Open(workspaces.currentRoot->workspace->FileFormat);
   if (!chosen) return;
+  KeepUnsaved();
   ClearDocument();
   if (FindAssetRoot(*chosen) != FindAssetRoot(filePath)) {
     AssetFileIndex& index = AssetFileIndex::Instance();
@@ -182,6 +184,7 @@ void MainView::LoadFileAndWorkspace() {
     LogFile::Write("No workspace ID found in file, showing workspace selection modal");
   else
     LogFile::Write("Unknown workspace ID '" + id + "' in file, showing workspace selection modal");
+  KeepUnsaved();
   ClearDocument();
   waitingDocument = std::move(file.json);
   OfferRoots(id);

@@ -2,10 +2,23 @@
 
 #include "editor/MainView.h"
 
+#include "document/DocumentExport.h"
 #include "editor/EditInProgress.h"
+#include "editor/WorkKeeper.h"
+#include "nodes/CommentNode.h"
+#include "nodes/ContentNode.h"
+#include "nodes/GroupNode.h"
+#include "platform/CommandLineOptions.h"
+#include "platform/EndSignals.h"
+#include "platform/MessageBoxes.h"
+#include "platform/StateDirectory.h"
+#include "toolkit/application/Application.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/TextBlock.h"
 #include "values/ActionHistory.h"
+#include "workspace/NodeDictionary.h"
+#include "workspace/RootType.h"
+#include "workspace/Workspace.h"
 
 namespace Tesselor {
 
@@ -18,7 +31,12 @@ bool MainView::IsSaved() const {
 
 void MainView::NoteSaved() {
   savedState = ActionHistory::Instance().State();
+  OnDocumentChanged();
+}
+
+void MainView::OnDocumentChanged() {
   ShowDocumentName();
+  if (keeper) keeper->Follow();
 }
 
 std::string MainView::DocumentName() const {
@@ -43,8 +61,69 @@ void MainView::RequestClose() {
                   [view = Ptr<MainView>(this)](std::optional<size_t> choice) {
                     view->isAskedToClose = false;
                     if (choice == 0u && view->Save()) view->Close();
-                    if (choice == 1u) view->Close();
+                    if (choice != 1u) return;
+                    if (view->keeper) view->keeper->Discard();
+                    view->Close();
                   });
+}
+
+void MainView::KeepWork(const std::filesystem::path& directory) {
+  keeper = std::make_unique<WorkKeeper>(
+      WorkKeeper::Document{
+          [this] { return IsSaved(); }, [this] { return DescribeForRescue(); }, [this] { return PrintDocument(); },
+          [this](const RescuedDocument& document, const std::string& text) { return ShowAsUnsaved(document, text); }},
+      *noticeBar, directory / "rescue");
+  keeper->OfferAbandoned();
+}
+
+void MainView::OnPresented() {
+  // A build server's run leaves nothing behind and answers no offer.
+  if (!CommandLineOptions::Instance().saveTo.empty()) return;
+  if (const std::filesystem::path directory = FindStateDirectory(); !directory.empty()) KeepWork(directory);
+  endSignals = std::make_unique<EndSignals>([this](int signal) {
+    if (keeper) keeper->WriteNow();
+    if (auto* application = Toolkit::Application::Current()) application->SetExitCode(128 + signal);
+    Close();
+  });
+}
+
+void MainView::KeepUnsaved() {
+  if (keeper) keeper->SetAside();
+}
+
+RescuedDocument MainView::DescribeForRescue() const {
+  std::error_code error;
+  const std::string path = filePath.empty() ? std::string() : std::filesystem::absolute(filePath, error).string();
+  return {path, workspaces.currentRoot ? workspaces.currentRoot->MenuName : std::string(), {}};
+}
+
+std::string MainView::PrintDocument() {
+  if (!HasWorkspace() || graph->ContentNodes().empty()) return {};
+  const RootType& type = *workspaces.currentRoot;
+  Ptr<ContentNode> root(graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr);
+  // The rest of a document whose root was deleted floats beside a new one.
+  if (!root && Dictionary()) root = Dictionary()->CreateNode(type.RootNodeType, true);
+  if (!root) return {};
+  const FieldsToWrite fields = type.workspace->ExportDefaults ? FieldsToWrite::All : FieldsToWrite::Changed;
+  DocumentExport document(*root, graph->ContentNodes(), fields);
+  return PrintJson(document.Build(graph->GroupNodes(), graph->CommentNodes(), type.MenuName).get());
+}
+
+bool MainView::ShowAsUnsaved(const RescuedDocument& document, const std::string& text) {
+  JsonParseResult parsed = ParseJson(text);
+  if (parsed && workspaces.FindRoot(document.root)) ChangeRootType(document.root);
+  if (!parsed || !workspaces.currentRoot || workspaces.currentRoot->MenuName != document.root) {
+    ShowError("The kept state of \"" + document.path + "\" cannot be read.", "Error");
+    return false;
+  }
+  filePath = document.path;
+  FinishLoad(std::move(parsed.json));
+  if (graph->ContentNodes().empty()) return false;
+  // No state of the history is that of the file.
+  savedState = 0;
+  if (!filePath.empty()) ShowTitleOfFile();
+  OnDocumentChanged();
+  return true;
 }
 
 } // namespace Tesselor

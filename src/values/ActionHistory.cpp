@@ -44,6 +44,12 @@ void ActionHistory::Run(std::unique_ptr<IActionCommand> command) {
   Push(std::move(command));
 }
 
+void ActionHistory::NoteExtension() {
+  if (undoneCount > 0 || commands.empty()) return;
+  commands.front().state = ++newestState;
+  NoteChange();
+}
+
 void ActionHistory::UndoLast() {
   if (isStepping || undoneCount >= commands.size()) return;
   isStepping = true;

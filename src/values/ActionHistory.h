@@ -29,6 +29,8 @@ public:
   void Push(std::unique_ptr<IActionCommand> command);
   /// Runs a step and takes it. What is pushed meanwhile, such as the text that was typed into what leaves, comes first.
   void Run(std::unique_ptr<IActionCommand> command);
+  /// The newest step, which is not undone, has taken in more of the same: it leads to another state than before.
+  void NoteExtension();
   /// Does nothing if there is nothing to undo.
   void UndoLast();
   /// Does nothing if there is nothing to redo.

@@ -54,6 +54,10 @@ TEST_F(UnsavedWork, IsADotBehindTheNameUntilASaveOrAnUndo) {
   EXPECT_EQ(ShownName(), dotted);
   window.Chord({Key::LeftCtrl, Key::S});
   EXPECT_EQ(ShownName(), plain);
+  // A further press goes on with the same step.
+  Nudge();
+  EXPECT_EQ(ShownName(), dotted);
+  window.Chord({Key::LeftCtrl, Key::S});
   window.Undo();
   EXPECT_EQ(ShownName(), dotted) << "the file holds what was undone";
   // Another step in place of the undone one leads to another document, although there are as many steps.

@@ -61,7 +61,10 @@ TEST(ActionHistory, NamesEachStateOfTheDocumentAndComesBackToTheName) {
   history.RedoLast();
   EXPECT_EQ(history.State(), states[1]);
   EXPECT_EQ(changes, 7);
+  history.NoteExtension();
+  EXPECT_EQ(history.State(), states[1]) << "the newest step is undone";
   push();
+  history.NoteExtension();
   EXPECT_EQ(std::count(states.begin(), states.end(), history.State()), 0) << "another step leads elsewhere";
   // The oldest state that can be reached is that of the newest step which is forgotten.
   const uint64_t reached = history.State();

@@ -40,6 +40,8 @@ protected:
   Size ArrangeOverride(Size finalSize) override;
   void OnRoutedEvent(const RoutedEventArgs& args) override;
   void OnDetached() override;
+  /// A user sees the window from now on.
+  virtual void OnPresented() {}
 
 private:
   Ptr<PopupLayer> popups;
