@@ -8,6 +8,7 @@
 #include "editor/NodeTypeList.h"
 #include "editor/NoticeBar.h"
 #include "editor/PanelBaseField.h"
+#include "editor/VersionsPanel.h"
 #include "graph/Connection.h"
 #include "graph/ConnectionPath.h"
 
@@ -31,6 +32,8 @@ void RegisterEditorTypes() {
   NoticeAction::StaticType();
   NoticeLine::StaticType();
   NoticeBar::StaticType();
+  VersionLine::StaticType();
+  VersionsPanel::StaticType();
 }
 
 } // namespace Tesselor

@@ -1,11 +1,14 @@
 #include "editor/MainView.h"
 
+#include "document/FileHistory.h"
 #include "editor/CreateNodeButton.h"
 #include "editor/EditInProgress.h"
+#include "editor/FileGuard.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NoticeBar.h"
+#include "editor/VersionsPanel.h"
 #include "editor/WorkKeeper.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
@@ -31,6 +34,8 @@ void MainView::Describe(Toolkit::TypeBuilder<MainView>& type) {
       "LoadExternalAssetModalVisibility", Visibility::Collapsed, 0, &MainView::OnOverlayChanged);
   HotkeysModalVisibilityProperty =
       type.Property<Visibility>("HotkeysModalVisibility", Visibility::Collapsed, 0, &MainView::OnOverlayChanged);
+  VersionsModalVisibilityProperty =
+      type.Property<Visibility>("VersionsModalVisibility", Visibility::Collapsed, 0, &MainView::OnOverlayChanged);
   type.Member<&MainView::ReflectedWorkspaceList>("WorkspaceList");
   type.Handler<&MainView::Window_PreviewKeyDown>("Window_PreviewKeyDown", PreviewKeyDownEvent);
   type.Handler<&MainView::Window_KeyDown>("Window_KeyDown", KeyDownEvent);
@@ -45,6 +50,7 @@ void MainView::Describe(Toolkit::TypeBuilder<MainView>& type) {
   type.Handler<&MainView::OnClickGoToRoot>("OnClickGoToRoot", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::OnClickToggleCompactMode>("OnClickToggleCompactMode", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::OnClickFindNode>("OnClickFindNode", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::OnClickEarlierVersions>("OnClickEarlierVersions", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::OnClickShowHotkeys>("OnClickShowHotkeys", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::OnClickCloseHotkeys>("OnClickCloseHotkeys", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&MainView::OnClickLoadWorkspace>("OnClickLoadWorkspace", Toolkit::ButtonBase::ClickEvent);
@@ -78,7 +84,8 @@ MainView::MainView() {
   nodePanel = FindName<NodePanel>("NodePanel");
   nodeSearchPanel = FindName<NodeSearchPanel>("NodeSearchPanel");
   noticeBar = FindName<NoticeBar>("NoticeBar");
-  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar);
+  versionsPanel = FindName<VersionsPanel>("VersionsPanel");
+  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar && versionsPanel);
   documentName = FindName<Toolkit::TextBlock>("DocumentName");
   AddCommandStates();
   editInProgress = std::make_unique<EditInProgress>(*this, [this] { OnDocumentChanged(); });
@@ -90,6 +97,10 @@ MainView::MainView() {
   hotkeysOverlay = std::make_unique<Overlay>(*FindName<Toolkit::UIElement>("HotkeysOverlay"), Toolkit::Key::H, [this] {
     SetValue(HotkeysModalVisibilityProperty, Visibility::Collapsed);
   });
+  const auto closeVersions = [this] { SetValue(VersionsModalVisibilityProperty, Visibility::Collapsed); };
+  versionsOverlay = std::make_unique<Overlay>(*versionsPanel, closeVersions);
+  versionsPanel->closed = closeVersions;
+  versionsPanel->chosen = [this](const VersionLine& line) { OpenVersion(line); };
 
   if (!workspaces.ImportWorkspaces(FindWorkspacesDirectory())) {
     LogFile::Write("Failed to load any workspaces - editor may have limited functionality");
@@ -105,6 +116,7 @@ MainView::MainView() {
 
 MainView::~MainView() {
   endSignals.reset();
+  fileGuard.reset();
   keeper.reset();
   ActionHistory::Instance().onChanged = nullptr;
   editInProgress.reset();
@@ -121,6 +133,7 @@ void MainView::AddCommandStates() {
     if (auto* item = FindName<Toolkit::UIElement>(name)) commandStates->Add(*item, std::move(canRun));
   };
   for (const char* name : {"OpenItem", "SaveItem", "SaveAsItem"}) add(name, [this] { return HasWorkspace(); });
+  add("EarlierVersionsItem", [this] { return fileHistory && !filePath.empty(); });
   add("SetRootItem", [this] { return SelectedContentNode() != nullptr; });
   add("GoToRootItem", [this] { return graph->Root() && graph->Contains(*graph->Root()); });
   graph->Selected().onChanged = [this] { commandStates->Refresh(); };

@@ -28,10 +28,14 @@ namespace Tesselor {
 
 class EditInProgress;
 class EndSignals;
+class FileGuard;
+class FileHistory;
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
 class NoticeBar;
+class VersionLine;
+class VersionsPanel;
 class NodeDictionary;
 struct CreateNodeEventArgs;
 struct CutLineUpEventArgs;
@@ -50,6 +54,7 @@ class MainView : public Toolkit::Window {
 public:
   static inline const Toolkit::DependencyProperty* LoadExternalAssetModalVisibilityProperty = nullptr;
   static inline const Toolkit::DependencyProperty* HotkeysModalVisibilityProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* VersionsModalVisibilityProperty = nullptr;
 
   MainView();
   ~MainView() override;
@@ -89,7 +94,8 @@ public:
   bool IsSaved() const;
   /// Closes at once if everything is saved; else the user is asked what becomes of the changes.
   void RequestClose() override;
-  /// From now on unsaved work is kept below a directory, and what other runs have kept there is offered.
+  /// From now on unsaved work and what saves replace is kept below a directory, what other runs have kept there is
+  /// offered, and what other programs do to the file is told.
   void KeepWork(const std::filesystem::path& directory);
   /// Null unless work is kept.
   WorkKeeper* Keeper() const { return keeper.get(); }
@@ -102,6 +108,14 @@ private:
   void CheckRootItem(std::string_view name);
   void FinishLoad(JsonPtr document);
   bool Export();
+  /// Saves, after the questions that may have to be answered first; then `done` runs. True if the file was written by
+  /// the time the call returns.
+  bool SaveThen(const std::function<void()>& done);
+  /// Reads the file again; what can't be read changes nothing.
+  void Reload();
+  void AskAboutChangedFile(const std::function<void()>& done);
+  /// What the next load would make of the root; empty if it reads it as it is.
+  std::string DescribeRootMismatch() const;
   /// What the save commands refuse without: a root with a workspace.
   bool HasWorkspace() const { return workspaces.currentRoot && workspaces.currentRoot->workspace; }
   void ShowTitleOfFile();
@@ -139,6 +153,8 @@ private:
   void OnClickToggleCompactMode(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickFindNode(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnSearchResultSelected(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnClickEarlierVersions(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OpenVersion(const VersionLine& line);
   void OnClickShowHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickCloseHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   static void OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change);
@@ -217,6 +233,10 @@ private:
   bool isAskedToClose = false;
   std::unique_ptr<WorkKeeper> keeper;
   std::unique_ptr<EndSignals> endSignals;
+  std::unique_ptr<FileGuard> fileGuard;
+  std::unique_ptr<FileHistory> fileHistory;
+  /// Of the file when it was last read.
+  std::string readState;
   /// The file at `filePath` while the user chooses a workspace for it; else null.
   JsonPtr waitingDocument;
 
@@ -229,10 +249,11 @@ private:
   NodePanel* nodePanel = nullptr;
   NodeSearchPanel* nodeSearchPanel = nullptr;
   NoticeBar* noticeBar = nullptr;
+  VersionsPanel* versionsPanel = nullptr;
   Toolkit::TextBlock* documentName = nullptr;
   Toolkit::MenuItem* workspaceMenu = nullptr;
   std::unique_ptr<CommandStates> commandStates;
-  std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay;
+  std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay, versionsOverlay;
   PendingPin pendingPin;
   /// The next toggle of the compact mode collapses the fields.
   bool compactModeFlag = true;

@@ -142,6 +142,7 @@ void MainView::ShowOrHideOverlays() {
   };
   follow(*hotkeysOverlay, HotkeysModalVisibilityProperty);
   follow(*workspaceOverlay, LoadExternalAssetModalVisibilityProperty);
+  follow(*versionsOverlay, VersionsModalVisibilityProperty);
 }
 
 void MainView::OnClickShowHotkeys(Toolkit::Object*, const RoutedEventArgs&) {

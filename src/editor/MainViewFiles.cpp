@@ -2,8 +2,10 @@
 
 #include "commands/BatchMoveActionCommand.h"
 #include "document/AssetFile.h"
+#include "document/FileHistory.h"
 #include "document/ImportTarget.h"
 #include "document/NodeImporterExporter.h"
+#include "editor/FileGuard.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
@@ -13,6 +15,7 @@
 #include "nodes/GroupNode.h"
 #include "platform/CommandLineOptions.h"
 #include "platform/FileDialogs.h"
+#include "platform/FileState.h"
 #include "platform/LogFile.h"
 #include "platform/MessageBoxes.h"
 #include "toolkit/application/Application.h"
@@ -108,16 +111,10 @@ void MainView::ShowTitleOfFile() {
   std::string name = filePath.substr(filePath.find_last_of("/\\") + 1);
   SetTitle(name.substr(0, name.find('.')));
   ShowDocumentName();
+  commandStates->Refresh();
 }
 
-bool MainView::Save() {
-  if (filePath.empty()) return SaveAs();
-  if (!workspaces.currentRoot) {
-    ShowError("No workspace selected. Cannot save file.", "Cannot Save");
-    return false;
-  }
-  return Export();
-}
+bool MainView::Save() { return SaveThen({}); }
 
 bool MainView::SaveAs() {
   nodeEditorCanvas->GetNodesMenu()->Hide();
@@ -141,12 +138,15 @@ bool MainView::Export() {
   // A root that was deleted is no root any more.
   ContentNode* root = graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr;
   const RootType& type = *workspaces.currentRoot;
+  // A save that can't keep what it replaces is still the save that the user wants.
+  if (fileHistory && !fileHistory->Keep(filePath)) LogFile::Write("The former version could not be kept: " + filePath);
   bool isWritten = false;
   WithFinishedTyping([&] {
     isWritten = NodeImporterExporter::ExportNodeTree(filePath, root, graph->ContentNodes(), graph->GroupNodes(),
                                                      graph->CommentNodes(), type.MenuName,
                                                      type.workspace && type.workspace->ExportDefaults);
   });
+  if (isWritten && fileGuard) fileGuard->Take(filePath);
   if (isWritten) NoteSaved();
   return isWritten;
 }
@@ -161,6 +161,8 @@ void MainView::LoadFileAndWorkspace() {
     ShowError("No file path specified.", "Error");
     return;
   }
+  // Before it is read: what changes meanwhile is not in the document.
+  readState = FileStateOf(filePath);
   AssetFile file = AssetFile::Read(filePath);
   if (!file) {
     refuse(std::move(file.error), std::move(file.caption));
@@ -254,6 +256,7 @@ void MainView::FinishLoad(JsonPtr document) {
     ClearDocument();
     return;
   }
+  if (fileGuard) fileGuard->Take(filePath, readState);
   NoteSaved();
   commandStates->Refresh();
   UpdateLayout();

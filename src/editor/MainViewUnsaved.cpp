@@ -3,7 +3,12 @@
 #include "editor/MainView.h"
 
 #include "document/DocumentExport.h"
+#include "document/FileHistory.h"
+#include "document/NodeImporterExporter.h"
 #include "editor/EditInProgress.h"
+#include "editor/FileGuard.h"
+#include "editor/NoticeBar.h"
+#include "editor/VersionsPanel.h"
 #include "editor/WorkKeeper.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
@@ -60,11 +65,87 @@ void MainView::RequestClose() {
   MessageBox::Ask("\"" + DocumentName() + "\" has unsaved changes.", "Attention!", {"Save", "Don't save", "Cancel"},
                   [view = Ptr<MainView>(this)](std::optional<size_t> choice) {
                     view->isAskedToClose = false;
-                    if (choice == 0u && view->Save()) view->Close();
+                    if (choice == 0u) view->SaveThen([view] { view->Close(); });
                     if (choice != 1u) return;
                     if (view->keeper) view->keeper->Discard();
                     view->Close();
                   });
+}
+
+bool MainView::SaveThen(const std::function<void()>& done) {
+  const auto finish = [&done](bool isWritten) {
+    if (isWritten && done) done();
+    return isWritten;
+  };
+  if (filePath.empty()) return finish(SaveAs());
+  if (!workspaces.currentRoot) {
+    ShowError("No workspace selected. Cannot save file.", "Cannot Save");
+    return false;
+  }
+  if (const std::string mismatch = DescribeRootMismatch(); !mismatch.empty()) {
+    MessageBox::Ask(mismatch, "Attention!", {"Cancel", "Save anyway"},
+                    [view = Ptr<MainView>(this), done](std::optional<size_t> choice) {
+                      if (choice == 1u && view->Export() && done) done();
+                    });
+    return false;
+  }
+  if (fileGuard && fileGuard->IsChanged(filePath)) {
+    AskAboutChangedFile(done);
+    return false;
+  }
+  return finish(Export());
+}
+
+void MainView::Reload() {
+  const std::string path = filePath;
+  LoadFileAndWorkspace();
+  if (!filePath.empty() || graph->ContentNodes().empty()) return;
+  filePath = path;
+  ShowDocumentName();
+}
+
+void MainView::AskAboutChangedFile(const std::function<void()>& done) {
+  MessageBox::Ask("\"" + DocumentName() + "\" was changed by another program since it was opened here.", "Attention!",
+                  {"Overwrite", "Save as", "Reload", "Cancel"},
+                  [view = Ptr<MainView>(this), done](std::optional<size_t> choice) {
+                    if (choice == 2u) view->Reload();
+                    const bool isWritten = (choice == 0u && view->Export()) || (choice == 1u && view->SaveAs());
+                    if (isWritten && done) done();
+                  });
+}
+
+std::string MainView::DescribeRootMismatch() const {
+  const ContentNode* root = graph->Root();
+  const NodeDictionary* dictionary = Dictionary();
+  if (!root || !dictionary || !graph->Contains(*root)) return {};
+  const std::string& wanted = workspaces.currentRoot->RootNodeType;
+  bool fits = root->TypeId() == wanted;
+  if (const NodeVariant* family = dictionary->FindVariant(wanted))
+    for (const auto& [value, id] : family->Variants) fits = fits || root->TypeId() == id;
+  if (fits) return {};
+  return "The root is a node of the type \"" + root->TypeId() + "\". A file of the kind \"" +
+         workspaces.currentRoot->MenuName + "\" begins with \"" + wanted +
+         "\", and the next load would not read this one as it is.";
+}
+
+void MainView::OnClickEarlierVersions(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  if (!fileHistory || filePath.empty()) return;
+  versionsPanel->List(fileHistory->VersionsOf(filePath));
+  SetValue(VersionsModalVisibilityProperty, Toolkit::Visibility::Visible);
+}
+
+void MainView::OpenVersion(const VersionLine& line) {
+  SetValue(VersionsModalVisibilityProperty, Toolkit::Visibility::Collapsed);
+  const std::string text = ReadTextFile(line.Version().file.string()).value_or("");
+  RescuedDocument document = DescribeForRescue();
+  const JsonParseResult parsed = ParseJson(text);
+  if (const std::string root = NodeImporterExporter::GetWorkspaceID(parsed.json.get()); workspaces.FindRoot(root))
+    document.root = root;
+  if (!ShowAsUnsaved(document, text)) return;
+  noticeBar->Show({"earlier version",
+                   "This is \"" + DocumentName() + "\" as it was until " + std::string(line.GetTime().View()) +
+                       ". A save writes it over the present file.",
+                   {}});
 }
 
 void MainView::KeepWork(const std::filesystem::path& directory) {
@@ -74,6 +155,10 @@ void MainView::KeepWork(const std::filesystem::path& directory) {
           [this](const RescuedDocument& document, const std::string& text) { return ShowAsUnsaved(document, text); }},
       *noticeBar, directory / "rescue");
   keeper->OfferAbandoned();
+  fileGuard = std::make_unique<FileGuard>(*noticeBar, [this] { Reload(); });
+  if (!filePath.empty()) fileGuard->Take(filePath);
+  fileHistory = FileHistory::IsWanted() ? std::make_unique<FileHistory>(directory / "history") : nullptr;
+  commandStates->Refresh();
 }
 
 void MainView::OnPresented() {
@@ -94,7 +179,8 @@ void MainView::KeepUnsaved() {
 RescuedDocument MainView::DescribeForRescue() const {
   std::error_code error;
   const std::string path = filePath.empty() ? std::string() : std::filesystem::absolute(filePath, error).string();
-  return {path, workspaces.currentRoot ? workspaces.currentRoot->MenuName : std::string(), {}};
+  return {path, workspaces.currentRoot ? workspaces.currentRoot->MenuName : std::string(),
+          fileGuard && !path.empty() ? fileGuard->State() : std::string()};
 }
 
 std::string MainView::PrintDocument() {
@@ -121,6 +207,7 @@ bool MainView::ShowAsUnsaved(const RescuedDocument& document, const std::string&
   if (graph->ContentNodes().empty()) return false;
   // No state of the history is that of the file.
   savedState = 0;
+  if (fileGuard) fileGuard->Take(filePath, document.fileState);
   if (!filePath.empty()) ShowTitleOfFile();
   OnDocumentChanged();
   return true;
