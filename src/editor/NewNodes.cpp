@@ -106,6 +106,7 @@ void NewNodes::PutDown(BaseNode& node) {
 
 void NewNodes::FocusFirstField(ContentNode& node) {
   // Its fields are there from the first layout on.
+  node.MakeFieldControls();
   node.UpdateLayout();
   if (auto* body = node.FindName<Toolkit::UIElement>("NodeContent")) FocusFirstTextBox(*body);
 }

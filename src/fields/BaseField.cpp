@@ -4,6 +4,8 @@
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/markup/GUI.h"
 
+#include <utility>
+
 namespace Tesselor {
 
 TOOLKIT_TYPE_IMPL(BaseField, Toolkit::UserControl, "Tesselor.BaseField")
@@ -29,9 +31,29 @@ Toolkit::Ptr<BaseField> BaseField::MakeSecondControl(BaseField& field) {
 }
 
 void BaseField::ShowValueOf(BaseField& field) {
+  MakeControls();
   subject = Toolkit::Ptr<BaseField>(&field);
   // From here on the bindings of the control's document read the properties, carriers and collections of that one.
   SetDataContext(&field);
+}
+
+void BaseField::MakeControls() {
+  if (hasControls) return;
+  hasControls = true;
+  InitializeComponent();
+}
+
+void BaseField::ShareSize(std::shared_ptr<FieldSize> size) {
+  if (HasSizeOfItsOptions()) sharedSize = std::move(size);
+}
+
+Toolkit::Size BaseField::MeasureOverride(Toolkit::Size available) {
+  if (!hasControls && sharedSize && sharedSize->isKnown && sharedSize->available == available)
+    return sharedSize->wanted;
+  MakeControls();
+  const Toolkit::Size wanted = UserControl::MeasureOverride(available);
+  if (sharedSize && !sharedSize->isKnown) *sharedSize = {true, available, wanted};
+  return wanted;
 }
 
 void BaseField::BindToSelf() { SetDataContext(this); }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "toolkit/controls/UserControl.h"
+#include "workspace/FieldSize.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -14,6 +16,9 @@ class FieldOwner;
 /// One typed editor inside a node: the control that shows and edits one value of an asset, and the code that moves
 /// the value from and to JSON. Made by `sCreateField`, owned by the node's field tables or by a `FieldObject`. A field
 /// never reaches into its node but through `FieldOwner`, and never keeps the JSON that it is given.
+///
+/// The controls of most fields are made when somebody first sees them: what a field holds, reads and writes needs none,
+/// and neither does the layout where the field's size is known (`ShareSize`).
 class BaseField : public Toolkit::UserControl {
   TOOLKIT_TYPE(BaseField)
 public:
@@ -48,13 +53,23 @@ public:
   /// and no options of its own, and keeps the field alive.
   static Toolkit::Ptr<BaseField> MakeSecondControl(BaseField& field);
 
+  /// Makes the controls now, if they still wait. With the same place and size as without.
+  void MakeControls();
+  bool HasControls() const { return hasControls; }
+  /// Until its controls are made, the field takes the room that the first one of its schema entry took, if its class
+  /// says that the value doesn't matter for that.
+  void ShareSize(std::shared_ptr<FieldSize> size);
+
   /// The node that holds the field, which outlives this; null for a field nested in another and for a copy.
   FieldOwner* OwnerNode() const { return ownerNode; }
   void SetOwnerNode(FieldOwner* node) { ownerNode = node; }
 
 private:
-  /// Loads the class's document; called once, from the constructor.
+  /// Loads the class's document; called once, by `MakeControls`.
   virtual void InitializeComponent() = 0;
+  /// Whether the options alone decide about the size, so that the controls may wait. The constructors of other classes
+  /// make them.
+  virtual bool HasSizeOfItsOptions() const { return false; }
 
 protected:
   BaseField() = default;
@@ -64,6 +79,7 @@ protected:
   void LoadDocument(std::string_view name);
   /// This control, which is new, becomes a second one of `field`, which is of the same class.
   virtual void ShowValueOf(BaseField& field);
+  Toolkit::Size MeasureOverride(Toolkit::Size available) override;
   /// The field whose value this control shows: itself, or the one that it is a second control of. What the user does to
   /// the control is done to it.
   template <class T> T& Subject() { return static_cast<T&>(subject ? *subject : *this); }
@@ -77,6 +93,8 @@ protected:
 
 private:
   Toolkit::Ptr<BaseField> subject;
+  std::shared_ptr<FieldSize> sharedSize;
+  bool hasControls = false;
 };
 
 } // namespace Tesselor

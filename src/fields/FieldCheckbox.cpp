@@ -11,7 +11,7 @@ void FieldCheckbox::Describe(Toolkit::TypeBuilder<FieldCheckbox>& type) {
   type.Member<&FieldCheckbox::GetFieldCheckboxData>("FieldCheckboxData");
 }
 
-FieldCheckbox::FieldCheckbox() : fieldCheckboxData(Toolkit::MakePtr<FieldCheckboxData>()) { InitializeComponent(); }
+FieldCheckbox::FieldCheckbox() : fieldCheckboxData(Toolkit::MakePtr<FieldCheckboxData>()) {}
 
 void FieldCheckbox::InitializeComponent() {
   BindToSelf();

@@ -20,6 +20,7 @@ public:
 
 private:
   void InitializeComponent() override;
+  bool HasSizeOfItsOptions() const override { return true; }
 
   Toolkit::Ptr<FieldCheckboxData> fieldCheckboxData;
   bool defaultValue = false;

@@ -15,7 +15,7 @@ void FieldDictionary::Describe(Toolkit::TypeBuilder<FieldDictionary>& type) {
   type.Handler<&FieldDictionary::OnDictionaryLoaded>("OnDictionaryLoaded", LoadedEvent);
 }
 
-FieldDictionary::FieldDictionary() : rows(Toolkit::MakePtr<Rows>()) { InitializeComponent(); }
+FieldDictionary::FieldDictionary() : rows(Toolkit::MakePtr<Rows>()) { MakeControls(); }
 
 void FieldDictionary::InitializeComponent() {
   BindToSelf();

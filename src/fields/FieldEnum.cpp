@@ -19,19 +19,16 @@ void FieldEnum::Describe(Toolkit::TypeBuilder<FieldEnum>& type) {
   type.Member<&FieldEnum::ReflectedSelection, &FieldEnum::ReflectedChoice>("SelectedOption");
 }
 
-FieldEnum::FieldEnum() : FieldEnum(WithoutDocument()) {
-  InitializeComponent();
-  Complete();
-}
+FieldEnum::FieldEnum() : enumOptions(Toolkit::MakePtr<Options>()) {}
 
-FieldEnum::FieldEnum(WithoutDocument) : enumOptions(Toolkit::MakePtr<Options>()) {}
+void FieldEnum::InitializeComponent() { LoadEnumDocument("FieldEnum.xaml"); }
 
-void FieldEnum::InitializeComponent() {
+void FieldEnum::LoadEnumDocument(std::string_view name) {
   BindToSelf();
-  LoadDocument("FieldEnum.xaml");
+  LoadDocument(name);
+  comboBox = Toolkit::Ptr<ComboBox>(FindName<ComboBox>("FieldComboBox"));
+  ShowSelectionOf(*this);
 }
-
-void FieldEnum::Complete() { comboBox = Toolkit::Ptr<ComboBox>(FindName<ComboBox>("FieldComboBox")); }
 
 void FieldEnum::Serialize(cJSON* object, const std::string& key) {
   if (const EnumItemData* selected = SelectedOption())
@@ -94,8 +91,12 @@ void FieldEnum::SetSelectedEnum(std::string_view value) {
 
 void FieldEnum::ShowValueOf(BaseField& field) {
   BaseField::ShowValueOf(field);
-  // The selection may have come before the list that it stands in.
-  if (comboBox) comboBox->SetSelectedItem(static_cast<FieldEnum&>(field).SelectedOption());
+  ShowSelectionOf(static_cast<FieldEnum&>(field));
+}
+
+void FieldEnum::ShowSelectionOf(const FieldEnum& field) {
+  // It may have come before the list that it stands in.
+  if (comboBox) comboBox->SetSelectedItem(field.SelectedOption());
 }
 
 void FieldEnum::Select(EnumItemData* option) {

@@ -31,11 +31,8 @@ public:
   std::string GetValueAsString() const override;
 
 protected:
-  /// For a class with a document of its own, whose constructor calls `Complete`.
-  struct WithoutDocument {};
-  explicit FieldEnum(WithoutDocument);
-  /// Finds the elements of the loaded document.
-  void Complete();
+  /// Loads the class's document, whose combo box is named "FieldComboBox".
+  void LoadEnumDocument(std::string_view name);
 
   /// Selects the first option of that text, or else the first option at all, with a box. Without any option there is
   /// a box and a log line, and no selection.
@@ -49,7 +46,9 @@ protected:
 private:
   friend class FieldEnumActionCommand;
   void InitializeComponent() override;
+  bool HasSizeOfItsOptions() const override { return true; }
   void ShowValueOf(BaseField& field) override;
+  void ShowSelectionOf(const FieldEnum& field);
   void Select(EnumItemData* option);
   /// By the user: an undo step. A list that is being filtered has nothing selected for a moment, which counts for
   /// nothing.

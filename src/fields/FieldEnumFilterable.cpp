@@ -13,15 +13,9 @@ void FieldEnumFilterable::Describe(Toolkit::TypeBuilder<FieldEnumFilterable>& ty
       });
 }
 
-FieldEnumFilterable::FieldEnumFilterable() : FieldEnum(WithoutDocument()), allOptions(Toolkit::MakePtr<Options>()) {
-  InitializeComponent();
-  Complete();
-}
+FieldEnumFilterable::FieldEnumFilterable() : allOptions(Toolkit::MakePtr<Options>()) {}
 
-void FieldEnumFilterable::InitializeComponent() {
-  BindToSelf();
-  LoadDocument("FieldEnumFilterable.xaml");
-}
+void FieldEnumFilterable::InitializeComponent() { LoadEnumDocument("FieldEnumFilterable.xaml"); }
 
 void FieldEnumFilterable::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   FieldEnum::DeserializeOptions(options, applyDefaults);

@@ -51,7 +51,9 @@ const std::unordered_map<std::string_view, Factory> factories = {
 } // namespace
 
 Toolkit::Ptr<BaseField> sCreateField(const NodeFieldBlueprint* blueprint, bool applyDefaults) {
-  return CreateField(blueprint->Type, blueprint->Options.get(), applyDefaults);
+  Toolkit::Ptr<BaseField> field = CreateField(blueprint->Type, blueprint->Options.get(), applyDefaults);
+  if (field) field->ShareSize(blueprint->size);
+  return field;
 }
 
 Toolkit::Ptr<BaseField> CreateField(std::string_view type, const cJSON* options, bool applyDefaults) {

@@ -31,7 +31,7 @@ void FieldFilePath::Describe(Toolkit::TypeBuilder<FieldFilePath>& type) {
   type.Handler<&FieldFilePath::FieldNameMouseDown>("FieldNameMouseDown", MouseDownEvent);
 }
 
-FieldFilePath::FieldFilePath() : fileUUID(Toolkit::MakePtr<FieldTextData>()) { InitializeComponent(); }
+FieldFilePath::FieldFilePath() : fileUUID(Toolkit::MakePtr<FieldTextData>()) { MakeControls(); }
 
 void FieldFilePath::InitializeComponent() {
   BindToSelf();

@@ -24,7 +24,7 @@ using Limits = std::numeric_limits<double>;
 TOOLKIT_TYPE_IMPL(FieldFloat, FieldNumber, "Tesselor.FieldFloat")
 void FieldFloat::Describe(Toolkit::TypeBuilder<FieldFloat>&) {}
 
-FieldFloat::FieldFloat() : FieldNumber(InitialText(), {Limits::lowest(), Limits::max()}) { InitializeComponent(); }
+FieldFloat::FieldFloat() : FieldNumber(InitialText(), {Limits::lowest(), Limits::max()}) {}
 
 void FieldFloat::InitializeComponent() { LoadNumberDocument("FieldFloat.xaml"); }
 

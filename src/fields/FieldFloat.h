@@ -12,6 +12,7 @@ public:
 
 private:
   void InitializeComponent() override;
+  bool HasSizeOfItsOptions() const override { return true; }
   std::optional<double> ReadDefault(const FieldOptions& options) const override;
   double NumberOf(const cJSON& item) const override;
   std::string TextOf(double number) const override;

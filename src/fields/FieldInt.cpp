@@ -25,7 +25,7 @@ using Limits = std::numeric_limits<int32_t>;
 TOOLKIT_TYPE_IMPL(FieldInt, FieldNumber, "Tesselor.FieldInt")
 void FieldInt::Describe(Toolkit::TypeBuilder<FieldInt>&) {}
 
-FieldInt::FieldInt() : FieldNumber(InitialText(), {Limits::min(), Limits::max()}) { InitializeComponent(); }
+FieldInt::FieldInt() : FieldNumber(InitialText(), {Limits::min(), Limits::max()}) {}
 
 void FieldInt::InitializeComponent() { LoadNumberDocument("FieldInt.xaml"); }
 

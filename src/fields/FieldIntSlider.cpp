@@ -16,7 +16,7 @@ void FieldIntSlider::Describe(Toolkit::TypeBuilder<FieldIntSlider>& type) {
   type.Member<&FieldIntSlider::GetFieldIntData>("FieldIntData");
 }
 
-FieldIntSlider::FieldIntSlider() : fieldIntData(Toolkit::MakePtr<FieldIntData>()) { InitializeComponent(); }
+FieldIntSlider::FieldIntSlider() : fieldIntData(Toolkit::MakePtr<FieldIntData>()) { MakeControls(); }
 
 void FieldIntSlider::InitializeComponent() {
   BindToSelf();

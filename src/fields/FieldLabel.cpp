@@ -9,7 +9,7 @@ void FieldLabel::Describe(Toolkit::TypeBuilder<FieldLabel>& type) {
   FontSizeProperty = type.Property<double>("FontSize", 16.0);
 }
 
-FieldLabel::FieldLabel() { InitializeComponent(); }
+FieldLabel::FieldLabel() {}
 
 void FieldLabel::InitializeComponent() {
   BindToSelf();

@@ -19,6 +19,7 @@ public:
 
 private:
   void InitializeComponent() override;
+  bool HasSizeOfItsOptions() const override { return true; }
 };
 
 } // namespace Tesselor

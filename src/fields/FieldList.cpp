@@ -15,7 +15,7 @@ void FieldList::Describe(Toolkit::TypeBuilder<FieldList>& type) {
   type.Handler<&FieldList::OnListLoaded>("OnListLoaded", LoadedEvent);
 }
 
-FieldList::FieldList() : rows(Toolkit::MakePtr<Rows>()) { InitializeComponent(); }
+FieldList::FieldList() : rows(Toolkit::MakePtr<Rows>()) { MakeControls(); }
 
 void FieldList::InitializeComponent() {
   BindToSelf();

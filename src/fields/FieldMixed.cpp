@@ -13,7 +13,7 @@ void FieldMixed::Describe(Toolkit::TypeBuilder<FieldMixed>& type) {
   type.Member<&FieldMixed::GetFieldTextData>("FieldTextData");
 }
 
-FieldMixed::FieldMixed() : fieldTextData(Toolkit::MakePtr<FieldTextData>()) { InitializeComponent(); }
+FieldMixed::FieldMixed() : fieldTextData(Toolkit::MakePtr<FieldTextData>()) {}
 
 void FieldMixed::InitializeComponent() {
   BindToSelf();

@@ -22,6 +22,7 @@ public:
 
 private:
   void InitializeComponent() override;
+  bool HasSizeOfItsOptions() const override { return true; }
 
   Toolkit::Ptr<FieldTextData> fieldTextData;
 };

@@ -46,7 +46,7 @@ void FieldNumber::DeserializeOptions(const cJSON* options, bool applyDefaults) {
   if (const auto value = ReadDefault(own)) {
     defaultValue = *value;
     hasDefault = true;
-    if (applyDefaults) fieldTextData->SetValue(TextOf(defaultValue));
+    if (applyDefaults) TakeText(TextOf(defaultValue));
   }
   if (const auto maximum = own.Integer(FieldOption::Max)) bounds.max = *maximum;
   if (const auto minimum = own.Integer(FieldOption::Min)) bounds.min = *minimum;
@@ -54,8 +54,15 @@ void FieldNumber::DeserializeOptions(const cJSON* options, bool applyDefaults) {
 
 void FieldNumber::DeserializeValue(const cJSON* item) {
   if (!cJSON_IsNumber(item)) return;
-  fieldTextData->SetValue(TextOf(NumberOf(*item)));
+  TakeText(TextOf(NumberOf(*item)));
   hasLoadedValue = true;
+}
+
+void FieldNumber::TakeText(const std::string& text) {
+  if (!fieldTextData->SetValue(text) || HasControls()) return;
+  // What the box would make of a text that it is given.
+  while (const auto filtered = Filter(fieldTextData->GetValue(), bounds, NumberEntry::Complete))
+    if (!fieldTextData->SetValue(*filtered)) break;
 }
 
 bool FieldNumber::IsDefault() const { return hasDefault && IsSame(defaultValue, fieldTextData->GetValue()); }

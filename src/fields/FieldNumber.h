@@ -57,6 +57,8 @@ private:
   virtual std::optional<std::string> Filter(std::string_view text, Bounds bounds, NumberEntry entry) const = 0;
   /// The text that is left when the editing ends; nothing if it may stay as it is.
   virtual std::optional<std::string> Finish(std::string_view text, Bounds bounds) const = 0;
+  /// The value from an option or a file.
+  void TakeText(const std::string& text);
   void ReplaceText(const std::string& text);
   void OnTextChanged(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   /// The box shows from now on what a save writes.

@@ -14,7 +14,7 @@ TOOLKIT_TYPE_IMPL(FieldObject, BaseField, "Tesselor.FieldObject")
 void FieldObject::Describe(Toolkit::TypeBuilder<FieldObject>&) {}
 
 FieldObject::FieldObject() {
-  InitializeComponent();
+  MakeControls();
   fieldsContainer = Toolkit::Ptr<StackPanel>(FindName<StackPanel>("FieldsContainer"));
 }
 

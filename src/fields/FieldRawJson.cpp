@@ -29,7 +29,7 @@ FieldRawJson::FieldRawJson() {
   static const Toolkit::SharedString initialText("{\n    \n}");
   lastValidText = initialText;
   fieldTextData = Toolkit::MakePtr<FieldTextData>(initialText);
-  InitializeComponent();
+  MakeControls();
 }
 
 void FieldRawJson::InitializeComponent() {

@@ -24,7 +24,7 @@ void FieldSmallText::Describe(Toolkit::TypeBuilder<FieldSmallText>& type) {
   type.Handler<&FieldSmallText::OnInputLostFocus>("OnInputLostFocus", LostFocusEvent);
 }
 
-FieldSmallText::FieldSmallText() : fieldTextData(Toolkit::MakePtr<FieldTextData>()) { InitializeComponent(); }
+FieldSmallText::FieldSmallText() : fieldTextData(Toolkit::MakePtr<FieldTextData>()) {}
 
 void FieldSmallText::InitializeComponent() {
   BindToSelf();

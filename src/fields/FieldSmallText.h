@@ -26,6 +26,7 @@ public:
 
 private:
   void InitializeComponent() override;
+  bool HasSizeOfItsOptions() const override { return true; }
   /// Takes a text that a button made, as an undo step.
   void Replace(const Toolkit::SharedString& text);
   void GenerateUUIDEvent(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);

@@ -14,7 +14,7 @@ void FieldText::Describe(Toolkit::TypeBuilder<FieldText>& type) {
   type.Handler<&FieldText::OnInputLostFocus>("OnInputLostFocus", LostFocusEvent);
 }
 
-FieldText::FieldText() : fieldTextData(Toolkit::MakePtr<FieldTextData>()) { InitializeComponent(); }
+FieldText::FieldText() : fieldTextData(Toolkit::MakePtr<FieldTextData>()) {}
 
 void FieldText::InitializeComponent() {
   BindToSelf();

@@ -23,6 +23,7 @@ public:
 
 private:
   void InitializeComponent() override;
+  bool HasSizeOfItsOptions() const override { return true; }
   void OnInputLostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args) {}
 
   Toolkit::Ptr<FieldTextData> fieldTextData;

@@ -226,6 +226,16 @@ void ContentNode::OnLayoutChanged(Toolkit::LayoutChange change) {
   if (observer) observer->OnNodeLayoutChanged(*this);
 }
 
+void ContentNode::MakeFieldControls() {
+  for (const FieldTable* fields : {&inputFields, &contentFields, &outputFields})
+    for (const auto& [id, field] : *fields)
+      if (field->GetVisibility() == Visibility::Visible) field->MakeControls();
+}
+
+void ContentNode::PrepareToRender(float detail) {
+  if (detail > LargestDetailOfBoxes) MakeFieldControls();
+}
+
 void ContentNode::RenderChildren(Toolkit::Painter& painter) {
   const auto* frame = Toolkit::DynamicCast<Toolkit::Border>(ContentElement());
   if (!frame || painter.Detail() > LargestDetailOfBoxes) {

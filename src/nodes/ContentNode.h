@@ -120,6 +120,8 @@ public:
   /// Where connections end at one of this node's pins, in the coordinates of its panel: the middle of the pin's shape.
   /// The node's corner before layout, or if the pin is not shown.
   Toolkit::Point AnchorOf(const NodePinData& pin) const;
+  /// Makes the controls of all fields that show and still wait to be seen.
+  void MakeFieldControls();
   /// Shows or hides the fields of the body, as the compact view does.
   void ShowInFull(bool isFull);
   /// Whether all fields of the body show.
@@ -176,6 +178,7 @@ protected:
   /// For a class with a document of its own, which its constructor loads.
   ContentNode(WithoutDocument, std::string typeId, const NodeBlueprint& blueprint);
   void InitializeComponent() override;
+  void PrepareToRender(float detail) override;
   /// From so far away that no text can be read: a solid box in the title's colour, so that the shape of a graph can.
   void RenderChildren(Toolkit::Painter& painter) override;
   void OnLayoutChanged(Toolkit::LayoutChange change) override;

@@ -141,6 +141,7 @@ Toolkit::Ptr<BaseField> ReferenceNode::AddField(const char* name, const char* ty
   Toolkit::Ptr<BaseField> field = CreateField(type, options.get(), true);
   if (!field) return nullptr;
   field->SetOwnerNode(this);
+  field->MakeControls();
   if (panel) panel->AddChild(field.Get());
   return field;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "platform/JsonFile.h"
+#include "workspace/FieldSize.h"
 
+#include <memory>
 #include <string>
 
 namespace Tesselor {
@@ -13,6 +15,8 @@ struct NodeFieldBlueprint {
   std::string Type;
   /// The schema's options as a copy of their own, of whatever JSON type they are; null if the schema gives none.
   JsonPtr Options;
+  /// Shared by all fields of this entry; they may outlive it.
+  std::shared_ptr<FieldSize> size = std::make_shared<FieldSize>();
 };
 
 } // namespace Tesselor

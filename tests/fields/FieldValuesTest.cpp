@@ -5,6 +5,9 @@
 #include "fields/FieldLabel.h"
 #include "fields/FieldObject.h"
 
+#include <memory>
+#include <set>
+
 namespace {
 
 using namespace TestSupport;
@@ -87,6 +90,56 @@ TEST_F(FieldValues, AreReadShownAndWrittenByTheirKind) {
     EXPECT_TRUE(field.HasLoadedValue()) << name;
   });
   ExpectText("FieldValues", dump);
+}
+
+TEST_F(FieldValues, TakeTheSameRoomBeforeTheirControlsAreMade) {
+  const char* large = R"({"K":"a text of several\nlines, wider \u4e16\u754c than most boxes that it stands in"})";
+  std::set<std::string> waited;
+  for (const Matrix& matrix : matrices)
+    for (const std::string& type : matrix.types)
+      for (const std::string& options : matrix.options) {
+        Words files = matrix.files;
+        files.insert(files.begin(), R"({"K":"first"})");
+        files.emplace_back(large);
+        const auto size = std::make_shared<Tesselor::FieldSize>();
+        auto column = Toolkit::MakePtr<Toolkit::StackPanel>();
+        std::vector<Toolkit::Ptr<BaseField>> fields;
+        for (const std::string& file : files) {
+          fields.push_back(MakeField(type, options));
+          fields.back()->ShareSize(size);
+          if (!file.empty()) Load(*fields.back(), file);
+          column->AddChild(fields.back().Get());
+        }
+        Stage stage(*column, {1000, 4000});
+        for (size_t i = 0; i < fields.size(); ++i) {
+          BaseField& field = *fields[i];
+          if (field.HasControls()) continue;
+          waited.insert(type);
+          const Toolkit::Size before = field.RenderSize();
+          const std::string value = field.GetValueAsString(), saved = Saved(field);
+          field.MakeControls();
+          stage.Settle();
+          EXPECT_EQ(field.RenderSize(), before) << type << options << " reads " << files[i];
+          EXPECT_GT(field.VisualChild(0)->DesiredSize().height, 0);
+          EXPECT_EQ(field.GetValueAsString(), value) << type << options << " reads " << files[i];
+          EXPECT_EQ(Saved(field), saved) << type << options << " reads " << files[i];
+        }
+        stage.TakeDown();
+        column->ClearChildren();
+      }
+  // What was measured holds for the same room only.
+  const auto size = std::make_shared<Tesselor::FieldSize>();
+  for (const float width : {500.0f, 500.0f, 50.0f}) {
+    const auto field = MakeField("String");
+    field->ShareSize(size);
+    const bool isKnown = size->isKnown && size->available.width == width;
+    Stage stage(*field, {width, 100});
+    EXPECT_EQ(field->HasControls(), !isKnown) << width;
+    stage.TakeDown();
+  }
+  // The size of the others follows from what they hold.
+  EXPECT_EQ(waited, (std::set<std::string>{"Checkbox", "Enum", "EnumFilterable", "Float", "Int", "Label", "Mixed",
+                                           "SmallString", "Spacer", "String"}));
 }
 
 TEST_F(FieldValues, TakeTheCommonOptionsInAnyLetterCase) {

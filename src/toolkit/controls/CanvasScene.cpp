@@ -1,6 +1,7 @@
 #include "toolkit/controls/CanvasScene.h"
 
 #include "toolkit/render/Painter.h"
+#include "toolkit/visual/LayoutQueue.h"
 #include "toolkit/visual/UIElement.h"
 
 #include <algorithm>
@@ -154,6 +155,8 @@ void CanvasScene::RenderItem(Painter& painter, Item& item, float detail) {
     isCoarse |= !isDue;
   }
   if (isDue) {
+    element.PrepareToRender(detail);
+    LayoutQueue::Current().Run();
     Painter own = painter.Nested(detail);
     element.RenderContent(own);
     item.isComplete = !own.HasLeftOut();

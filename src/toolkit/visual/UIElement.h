@@ -102,6 +102,9 @@ public:
   virtual UIElement* HitTest(Point point);
 
   // Drawing.
+  /// On a canvas that keeps drawings: the element is about to be recorded with so many pixels per unit. It may change
+  /// what is inside of it, but neither its size nor its place.
+  virtual void PrepareToRender(float detail) {}
   /// Records this element and all below it in the coordinates of its parent, as `OnRender` and `RenderChildren` tell,
   /// with its transform, effect, opacity and clip. What is hidden is left out, and so is what the painter's detail does
   /// not show.
