@@ -82,10 +82,14 @@ TEST(AtomicFile, WritesInPlaceWhatNoOtherFileCanReplace) {
   chmod(locked.c_str(), 0444);
   chmod((directory / "closed").c_str(), 0555);
   chmod(directory.Path().c_str(), 0755);
+  const std::string foreign = directory.Write("open/asset.json", "old");
+  chmod(foreign.c_str(), 0666);
+  chmod((directory / "open").c_str(), 0777);
   EXPECT_EXIT(
       {
         if (geteuid() == 0 && seteuid(65534) != 0) std::_Exit(9);
-        const bool isWritten = AtomicFile::Write(closed, "a longer new text") == FileWriteResult::Written;
+        const bool isWritten = AtomicFile::Write(closed, "a longer new text") == FileWriteResult::Written &&
+                               AtomicFile::Write(foreign, "new") == FileWriteResult::Written;
         const bool isRefused = AtomicFile::Write(locked, "new") == FileWriteResult::OpenFailed &&
                                AtomicFile::Write(directory / "closed/new.json", "new") == FileWriteResult::OpenFailed;
         std::_Exit((isWritten ? 0 : 1) + (isRefused ? 0 : 2));
@@ -93,6 +97,10 @@ TEST(AtomicFile, WritesInPlaceWhatNoOtherFileCanReplace) {
       testing::ExitedWithCode(0), "");
   EXPECT_EQ(TemporaryDirectory::Read(closed), "a longer new text");
   EXPECT_EQ(TemporaryDirectory::Read(locked), "old");
+  struct stat status {};
+  EXPECT_EQ(stat(foreign.c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, geteuid()) << "the file changed hands";
+  EXPECT_EQ(TemporaryDirectory::Read(foreign), "new");
   chmod((directory / "closed").c_str(), 0755);
   unsetenv("XDG_STATE_HOME");
 }
