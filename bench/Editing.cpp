@@ -41,6 +41,9 @@ public:
 
 private:
   void MakeSteps() override {
+    // A child writes the copy of unsaved work; until it is there nothing else waits for it.
+    Measure("start of a rescue copy", [this] { View().Keeper()->StartCopy(); });
+    Measure("rescue copy until it is there", [this] { View().Keeper()->Finish(); });
     Add([this] {
       // In the middle of the view stands a node that is pressed below.
       const Toolkit::Rect bounds = View().ContentNodes().back()->Bounds();

@@ -3,6 +3,7 @@
 #include "app/AppLauncher.h"
 #include "editor/MainView.h"
 #include "editor/NodeEditorCanvas.h"
+#include "editor/WorkKeeper.h"
 #include "platform/ExecutableDirectory.h"
 #include "platform/LogFile.h"
 #include "toolkit/base/Dispatcher.h"
@@ -12,7 +13,9 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -52,7 +55,7 @@ public:
   Toolkit::Size ClientSize() const override { return {Width, Height}; }
   bool HasUser() const override { return true; }
   bool ShowsFrames() const override { return true; }
-  bool TakeCloseRequest() override { return isDone; }
+  bool TakeCloseRequest() override { return false; }
   bool TakeSizeChange() override { return false; }
   void SetTitle(const std::string&) override {}
 
@@ -72,7 +75,8 @@ public:
     hasFrame = false;
     if (steps.empty() && !IsOpened()) return;
     if (next == steps.size()) {
-      isDone = true;
+      // Nobody is there to be asked about unsaved changes.
+      View().Close();
       return;
     }
     frameStart = Clock::now();
@@ -119,7 +123,6 @@ private:
   std::vector<Toolkit::Pixel> pixels;
   std::vector<std::function<void()>> steps;
   size_t next = 0;
-  bool isDone = false;
   Clock::time_point frameStart;
   double processorStart = 0;
   bool hasFrame = false;
@@ -139,6 +142,9 @@ inline int RunEditor(const char* program, const char* asset,
   private:
     std::function<std::unique_ptr<Toolkit::Display>()> make;
   };
+  // What is kept of unsaved work is the measurement's own.
+  std::string state = (std::filesystem::temp_directory_path() / "tesselor-bench-XXXXXX").string();
+  setenv("XDG_STATE_HOME", mkdtemp(state.data()), 1);
   Tesselor::LogFile::Open("");
   Tesselor::ExecutableDirectory::SetFromProgram(program);
   Tesselor::AssetFileIndex& index = Tesselor::AssetFileIndex::Instance();
@@ -146,7 +152,9 @@ inline int RunEditor(const char* program, const char* asset,
   index.BuildAsync(asset);
   ScriptedLauncher launcher(std::move(makeDisplay));
   launcher.SetApplicationFile("App.xaml");
-  return launcher.Run();
+  const int result = launcher.Run();
+  std::filesystem::remove_all(state);
+  return result;
 }
 
 } // namespace Bench

@@ -6,7 +6,7 @@ set(TESSELOR_DOCUMENTS
   App MainView FieldCheckbox FieldDictionary FieldSmallText FieldText FieldInt FieldList FieldMixed FieldEnum
   FieldEnumFilterable FieldIntSlider FieldFloat FieldRawJson FieldLabel PanelBaseField FieldFilePath FieldObject
   NodePin ContentNode ReferenceNode GroupNode CommentNode NodesMenu NodeSearchPanel NodeEditorCanvas NodePanel
-  CreateNodeButton NodeCategoryHeader NoticeBar LossPanel StatusLine)
+  CreateNodeButton NodeCategoryHeader NoticeBar LossPanel StatusLine VersionsPanel)
 
 function(tesselor_find_font variable file)
   find_file(${variable} ${file}

@@ -1,5 +1,6 @@
 #include "app/AppLauncher.h"
 #include "platform/CommandLineOptions.h"
+#include "platform/EndSignals.h"
 #include "platform/ExecutableDirectory.h"
 #include "platform/LogFile.h"
 #include "toolkit/base/Diagnostics.h"
@@ -63,6 +64,7 @@ void ReadOptions(Arguments arguments) {
 }
 
 int Run(int argc, const char* const* argv) {
+  TakeFailedWritesAsErrors();
   Toolkit::SetLogHandler(&OnLog);
   Toolkit::SetErrorHandler(&OnError);
   Toolkit::SetAssertHandler(&OnAssert);

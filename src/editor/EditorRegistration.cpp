@@ -10,6 +10,7 @@
 #include "editor/NoticeBar.h"
 #include "editor/PanelBaseField.h"
 #include "editor/StatusLine.h"
+#include "editor/VersionsPanel.h"
 #include "graph/Connection.h"
 #include "graph/ConnectionPath.h"
 
@@ -36,6 +37,8 @@ void RegisterEditorTypes() {
   NoticeLine::StaticType();
   NoticeBar::StaticType();
   StatusLine::StaticType();
+  VersionLine::StaticType();
+  VersionsPanel::StaticType();
 }
 
 } // namespace Tesselor

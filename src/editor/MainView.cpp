@@ -1,6 +1,9 @@
 #include "editor/MainView.h"
 
+#include "document/FileHistory.h"
 #include "editor/CreateNodeButton.h"
+#include "editor/EditInProgress.h"
+#include "editor/FileGuard.h"
 #include "editor/LossNotice.h"
 #include "editor/LossPanel.h"
 #include "editor/NodeEditorCanvas.h"
@@ -8,10 +11,13 @@
 #include "editor/NodeSearchPanel.h"
 #include "editor/NoticeBar.h"
 #include "editor/StatusLine.h"
+#include "editor/VersionsPanel.h"
+#include "editor/WorkKeeper.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
 #include "nodes/GroupNode.h"
 #include "nodes/NodePinControl.h"
+#include "platform/EndSignals.h"
 #include "platform/FileDialogs.h"
 #include "platform/LogFile.h"
 #include "toolkit/base/Diagnostics.h"
@@ -31,6 +37,8 @@ void MainView::Describe(Toolkit::TypeBuilder<MainView>& type) {
       "LoadExternalAssetModalVisibility", Visibility::Collapsed, 0, &MainView::OnOverlayChanged);
   HotkeysModalVisibilityProperty =
       type.Property<Visibility>("HotkeysModalVisibility", Visibility::Collapsed, 0, &MainView::OnOverlayChanged);
+  VersionsModalVisibilityProperty =
+      type.Property<Visibility>("VersionsModalVisibility", Visibility::Collapsed, 0, &MainView::OnOverlayChanged);
   type.Member<&MainView::ReflectedWorkspaceList>("WorkspaceList");
   type.Handler<&MainView::Window_PreviewKeyDown>("Window_PreviewKeyDown", PreviewKeyDownEvent);
   type.Handler<&MainView::Window_KeyDown>("Window_KeyDown", KeyDownEvent);
@@ -45,6 +53,7 @@ void MainView::Describe(Toolkit::TypeBuilder<MainView>& type) {
   type.Handler<&MainView::OnClickGoToRoot>("OnClickGoToRoot", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::OnClickToggleCompactMode>("OnClickToggleCompactMode", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::OnClickFindNode>("OnClickFindNode", Toolkit::MenuItem::ClickEvent);
+  type.Handler<&MainView::OnClickEarlierVersions>("OnClickEarlierVersions", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::OnClickShowHotkeys>("OnClickShowHotkeys", Toolkit::MenuItem::ClickEvent);
   type.Handler<&MainView::OnClickCloseHotkeys>("OnClickCloseHotkeys", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&MainView::OnClickLoadWorkspace>("OnClickLoadWorkspace", Toolkit::ButtonBase::ClickEvent);
@@ -83,7 +92,9 @@ MainView::MainView() {
   noticeBar = FindName<NoticeBar>("NoticeBar");
   lossPanel = FindName<LossPanel>("LossPanel");
   statusLine = FindName<StatusLine>("StatusLine");
-  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar && lossPanel && statusLine);
+  versionsPanel = FindName<VersionsPanel>("VersionsPanel");
+  TOOLKIT_ASSERT(nodePanel && nodeSearchPanel && noticeBar && lossPanel && statusLine && versionsPanel);
+  documentName = FindName<Toolkit::TextBlock>("DocumentName");
   lossNotice = std::make_unique<LossNotice>(*noticeBar, *lossPanel, *graph);
   ActionHistory::Instance().onStep = [this](ActionHistory::StepEvent event, const IActionCommand& step) {
     const StepDescription description = step.Description();
@@ -94,12 +105,19 @@ MainView::MainView() {
     }
   };
   AddCommandStates();
+  editInProgress = std::make_unique<EditInProgress>(*this, [this] { OnDocumentChanged(); });
+  ActionHistory::Instance().onChanged = [this] { OnDocumentChanged(); };
+  NoteSaved();
   FileDialogs::SetCurrentFile([this] { return filePath; });
   workspaceOverlay =
       std::make_unique<Overlay>(*FindName<Toolkit::UIElement>("WorkspaceOverlay"), [this] { CancelLoadWorkspace(); });
   hotkeysOverlay = std::make_unique<Overlay>(*FindName<Toolkit::UIElement>("HotkeysOverlay"), Toolkit::Key::H, [this] {
     SetValue(HotkeysModalVisibilityProperty, Visibility::Collapsed);
   });
+  const auto closeVersions = [this] { SetValue(VersionsModalVisibilityProperty, Visibility::Collapsed); };
+  versionsOverlay = std::make_unique<Overlay>(*versionsPanel, closeVersions);
+  versionsPanel->closed = closeVersions;
+  versionsPanel->chosen = [this](const VersionLine& line) { OpenVersion(line); };
 
   if (!workspaces.ImportWorkspaces(FindWorkspacesDirectory())) {
     LogFile::Write("Failed to load any workspaces - editor may have limited functionality");
@@ -113,6 +131,11 @@ MainView::MainView() {
 }
 
 MainView::~MainView() {
+  endSignals.reset();
+  fileGuard.reset();
+  keeper.reset();
+  ActionHistory::Instance().onChanged = nullptr;
+  editInProgress.reset();
   // Steps refer to nodes and connections, which go with the view.
   ActionHistory::Instance().onStep = nullptr;
   ActionHistory::Instance().Clear();
@@ -127,6 +150,7 @@ void MainView::AddCommandStates() {
     if (auto* item = FindName<Toolkit::UIElement>(name)) commandStates->Add(*item, std::move(canRun));
   };
   for (const char* name : {"OpenItem", "SaveItem", "SaveAsItem"}) add(name, [this] { return HasWorkspace(); });
+  add("EarlierVersionsItem", [this] { return fileHistory && !filePath.empty(); });
   add("SetRootItem", [this] { return SelectedContentNode() != nullptr; });
   add("GoToRootItem", [this] { return graph->Root() && graph->Contains(*graph->Root()); });
   graph->Selected().onChanged = [this] { commandStates->Refresh(); };

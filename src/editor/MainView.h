@@ -15,10 +15,12 @@
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/controls/Border.h"
 #include "toolkit/controls/MenuItem.h"
+#include "toolkit/controls/TextBlock.h"
 #include "toolkit/visual/InputEvents.h"
 #include "workspace/Workspaces.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -27,18 +29,26 @@
 namespace Tesselor {
 
 class ActionHistory;
+class EditInProgress;
+class EndSignals;
+class FileGuard;
+class FileHistory;
 class LossNotice;
 class LossPanel;
 class NodeEditorCanvas;
 class NodePanel;
 class NodeSearchPanel;
 class NoticeBar;
+class VersionLine;
+class VersionsPanel;
 class NodeDictionary;
 class StatusLine;
 struct CreateNodeEventArgs;
 struct CutLineUpEventArgs;
 struct DocumentLoss;
 struct ImportTarget;
+struct RescuedDocument;
+class WorkKeeper;
 struct SelectionUpEventArgs;
 struct ShowNodesMenuEventArgs;
 enum class WalkTo;
@@ -46,12 +56,14 @@ enum class WalkTo;
 /// The application's window. It owns the document's graph and the path of its file, and forwards what the user does to
 /// whoever does it. Its sources are parted by concept: MainView.cpp (start and events), MainViewDocument.cpp (the
 /// graph and what gestures do to it), MainViewFiles.cpp (opening and saving), MainViewCommands.cpp (menu bar),
-/// MainViewKeys.cpp (the table of keys), MainViewCanvasKeys.cpp (what they do on the canvas).
+/// MainViewKeys.cpp (the table of keys), MainViewCanvasKeys.cpp (what they do on the canvas), MainViewUnsaved.cpp (what
+/// is not saved, and the questions before a save).
 class MainView : public Toolkit::Window {
   TOOLKIT_TYPE(MainView)
 public:
   static inline const Toolkit::DependencyProperty* LoadExternalAssetModalVisibilityProperty = nullptr;
   static inline const Toolkit::DependencyProperty* HotkeysModalVisibilityProperty = nullptr;
+  static inline const Toolkit::DependencyProperty* VersionsModalVisibilityProperty = nullptr;
 
   MainView();
   ~MainView() override;
@@ -87,6 +99,18 @@ public:
   bool SaveAs();
   /// Reads `filePath` into the view; what fails is told to the user.
   void LoadFileAndWorkspace();
+  /// False while the document holds what its file does not, an edit that is still under way included.
+  bool IsSaved() const;
+  /// Closes at once if everything is saved; else the user is asked what becomes of the changes.
+  void RequestClose() override;
+  /// From now on unsaved work and what saves replace is kept below a directory, what other runs have kept there is
+  /// offered, and what other programs do to the file is told.
+  void KeepWork(const std::filesystem::path& directory);
+  /// Null unless work is kept.
+  WorkKeeper* Keeper() const { return keeper.get(); }
+
+protected:
+  void OnPresented() override;
 
 private:
   void BuildRootMenu();
@@ -94,16 +118,41 @@ private:
   void FinishLoad(AssetFile file);
   void SaveUnattended(const std::vector<DocumentLoss>& losses);
   bool Export();
-  /// Asks about a save that makes much more of the document than its file held, which goes on with the answer.
-  bool MaySaveSize(ContentNode& root);
   /// How many nodes a save writes; one with several parents counts below each.
   double MeasureNodes() const;
+  /// In the order in which they are asked.
+  enum class SaveQuestion { RootType, Size, ChangedFile, None };
+  static SaveQuestion Next(SaveQuestion question);
+  /// Asks what has to be answered before a save, from the one question on, then saves, then runs `done`. True if the
+  /// file was written by the time the call returns.
+  bool SaveThen(const std::function<void()>& done, SaveQuestion question = SaveQuestion::RootType);
+  /// The same under a name that the user chooses.
+  bool SaveAsThen(const std::function<void()>& done);
+  /// Asks unless there is nothing to ask; what is answered goes on with the question behind this one.
+  bool IsAsked(SaveQuestion question, const std::function<void()>& done);
+  /// About a save that makes much more of the document than its file held.
+  bool AskAboutSize(const std::function<void()>& goOn);
+  /// Reads the file again; what can't be read changes nothing.
+  void Reload();
+  /// What the next load would make of the root; empty if it reads it as it is.
+  std::string DescribeRootMismatch() const;
   /// What the save commands refuse without: a root with a workspace.
   bool HasWorkspace() const { return workspaces.currentRoot && workspaces.currentRoot->workspace; }
   void ShowTitleOfFile();
-  /// The history has no step that the file doesn't know.
-  bool IsSaved() const;
+  /// The document is what its file holds, or nothing that could be lost.
   void NoteSaved();
+  /// Of the file, without directories.
+  std::string DocumentName() const;
+  /// At the menu bar's right end, with a dot while there are changes.
+  void ShowDocumentName();
+  void OnDocumentChanged();
+  /// What is unsaved is set aside before the document goes.
+  void KeepUnsaved();
+  RescuedDocument DescribeForRescue() const;
+  /// The text that a save would write, also of a document that can't be saved; empty if there is none.
+  std::string PrintDocument();
+  /// Shows what is no file's content as the unsaved document of that file; false, with a box, if it can't be read.
+  bool ShowAsUnsaved(const RescuedDocument& document, const std::string& text);
   void OfferRoots(const std::string& unknownId);
   void ResetViewToRoot();
   Toolkit::ObservableCollectionBase* ReflectedWorkspaceList() const { return workspaceList.Get(); }
@@ -126,6 +175,8 @@ private:
   void OnSearchResultSelected(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnLossChosen(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void ShowNode(BaseNode& node);
+  void OnClickEarlierVersions(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OpenVersion(const VersionLine& line);
   void OnClickShowHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickCloseHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   static void OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change);
@@ -245,11 +296,21 @@ private:
   std::unique_ptr<ViewGlide> glide;
   std::string filePath;
   /// Of the history, when the document was last loaded or saved.
-  uint64_t savedRevision = 0;
+  uint64_t savedState = 0;
+  /// Of the root as it was loaded.
+  std::string loadedRootType;
   /// How many nodes the file held when it was loaded, or when the user agreed to a larger one.
   double nodesOfFile = 0;
   /// Nobody is there to answer.
   bool isUnattended = false;
+  std::unique_ptr<EditInProgress> editInProgress;
+  bool isAskedToClose = false;
+  std::unique_ptr<WorkKeeper> keeper;
+  std::unique_ptr<EndSignals> endSignals;
+  std::unique_ptr<FileGuard> fileGuard;
+  std::unique_ptr<FileHistory> fileHistory;
+  /// Of the file when it was last read.
+  std::string readState;
   /// The file at `filePath` while the user chooses a workspace for it; else without JSON.
   AssetFile waitingFile;
 
@@ -263,11 +324,13 @@ private:
   NodeSearchPanel* nodeSearchPanel = nullptr;
   NoticeBar* noticeBar = nullptr;
   StatusLine* statusLine = nullptr;
+  VersionsPanel* versionsPanel = nullptr;
+  Toolkit::TextBlock* documentName = nullptr;
   Toolkit::MenuItem* workspaceMenu = nullptr;
   LossPanel* lossPanel = nullptr;
   std::unique_ptr<LossNotice> lossNotice;
   std::unique_ptr<CommandStates> commandStates;
-  std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay;
+  std::unique_ptr<Overlay> workspaceOverlay, hotkeysOverlay, versionsOverlay;
   PendingPin pendingPin;
   KeyMenu keyMenu;
   /// The next toggle of the compact mode collapses the fields.

@@ -37,25 +37,14 @@ void MainView::OnCanvasLoaded(Toolkit::Object*, const RoutedEventArgs&) {
   if (asset.empty()) return;
   filePath = asset;
   LoadFileAndWorkspace();
+  ShowDocumentName();
 }
 
 void MainView::OpenMenuItem_Click(Toolkit::Object*, const RoutedEventArgs&) { Open(); }
 void MainView::SaveMenuItem_Click(Toolkit::Object*, const RoutedEventArgs&) { Save(); }
 void MainView::SaveAsMenuItem_Click(Toolkit::Object*, const RoutedEventArgs&) { SaveAs(); }
 
-void MainView::CloseMenuItem_Click(Toolkit::Object*, const RoutedEventArgs&) {
-  bool isSaved = false;
-  WithFinishedTyping([&] { isSaved = IsSaved(); });
-  if (isSaved) {
-    Close();
-    return;
-  }
-  Ptr<MainView> view(this);
-  MessageBox::Show("All unsaved changes will be lost. Do you want to continue?", "Attention!",
-                   MessageBoxButton::OKCancel, MessageBoxImage::None, [view](MessageBoxResult result) {
-                     if (result == MessageBoxResult::OK) view->Close();
-                   });
-}
+void MainView::CloseMenuItem_Click(Toolkit::Object*, const RoutedEventArgs&) { RequestClose(); }
 
 void MainView::OnRootSelected(Toolkit::Object* sender, const RoutedEventArgs&) {
   CheckRootItem(workspaces.currentRoot ? workspaces.currentRoot->MenuName : std::string());
@@ -177,6 +166,7 @@ void MainView::ShowOrHideOverlays() {
   };
   follow(*hotkeysOverlay, HotkeysModalVisibilityProperty);
   follow(*workspaceOverlay, LoadExternalAssetModalVisibilityProperty);
+  follow(*versionsOverlay, VersionsModalVisibilityProperty);
 }
 
 void MainView::OnClickShowHotkeys(Toolkit::Object*, const RoutedEventArgs&) {

@@ -91,6 +91,7 @@ void MainView::ClearDocument() {
   lossNotice->End();
   pendingPin.Clear();
   commandStates->Refresh();
+  NoteSaved();
 }
 
 } // namespace Tesselor

@@ -3,9 +3,10 @@
 #include "commands/BatchMoveActionCommand.h"
 #include "document/AssetFile.h"
 #include "document/DocumentExport.h"
+#include "document/FileHistory.h"
 #include "document/ImportTarget.h"
 #include "document/NodeImporterExporter.h"
-#include "document/RoundedCount.h"
+#include "editor/FileGuard.h"
 #include "editor/LossNotice.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
@@ -17,6 +18,7 @@
 #include "nodes/GroupNode.h"
 #include "platform/CommandLineOptions.h"
 #include "platform/FileDialogs.h"
+#include "platform/FileState.h"
 #include "platform/LogFile.h"
 #include "platform/MessageBoxes.h"
 #include "toolkit/application/Application.h"
@@ -59,6 +61,7 @@ bool MainView::ChangeRootType(const std::string& name) {
     return false;
   }
   const bool isLoaded = root->workspace->LoadNodeDictionary();
+  KeepUnsaved();
   nodePanel->Close();
   ClearDocument();
   if (!isLoaded) {
@@ -101,6 +104,7 @@ void MainView::Open() {
   }
   const std::optional<std::string> chosen = FileDialogs::Open(workspaces.currentRoot->workspace->FileFormat);
   if (!chosen) return;
+  KeepUnsaved();
   ClearDocument();
   if (FindAssetRoot(*chosen) != FindAssetRoot(filePath)) {
     AssetFileIndex& index = AssetFileIndex::Instance();
@@ -116,18 +120,13 @@ void MainView::Open() {
 void MainView::ShowTitleOfFile() {
   std::string name = filePath.substr(filePath.find_last_of("/\\") + 1);
   SetTitle(name.substr(0, name.find('.')));
+  ShowDocumentName();
+  commandStates->Refresh();
 }
 
-bool MainView::Save() {
-  if (filePath.empty()) return SaveAs();
-  if (!workspaces.currentRoot) {
-    ShowError("No workspace selected. Cannot save file.", "Cannot Save");
-    return false;
-  }
-  return Export();
-}
+bool MainView::SaveAs() { return SaveAsThen({}); }
 
-bool MainView::SaveAs() {
+bool MainView::SaveAsThen(const std::function<void()>& done) {
   nodeEditorCanvas->GetNodesMenu()->Hide();
   if (!HasWorkspace()) {
     ShowError("No workspace selected. Cannot save file.", "Cannot Save");
@@ -142,18 +141,15 @@ bool MainView::SaveAs() {
   const bool hasExtension = dot != std::string::npos && (slash == std::string::npos || dot > slash);
   filePath = chosen->substr(0, hasExtension ? dot : std::string::npos) + "." + format;
   ShowTitleOfFile();
-  return Export();
+  return SaveThen(done);
 }
-
-bool MainView::IsSaved() const { return ActionHistory::Instance().Revision() == savedRevision; }
-
-void MainView::NoteSaved() { savedRevision = ActionHistory::Instance().Revision(); }
 
 bool MainView::Export() {
   // A root that was deleted is no root any more.
   ContentNode* root = graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr;
   const RootType& type = *workspaces.currentRoot;
-  if (root && !isUnattended && !MaySaveSize(*root)) return false;
+  // A save that can't keep what it replaces is still the save that the user wants.
+  if (fileHistory && !fileHistory->Keep(filePath)) LogFile::Write("The former version could not be kept: " + filePath);
   bool isWritten = false;
   WithFinishedTyping([&] {
     isWritten = NodeImporterExporter::ExportNodeTree(filePath, root, graph->ContentNodes(), graph->GroupNodes(),
@@ -161,6 +157,7 @@ bool MainView::Export() {
                                                      type.workspace && type.workspace->ExportDefaults);
   });
   if (isWritten) {
+    if (fileGuard) fileGuard->Take(filePath);
     NoteSaved();
     lossNotice->End();
   }
@@ -174,29 +171,6 @@ bool MainView::Export() {
   return isWritten;
 }
 
-bool MainView::MaySaveSize(ContentNode& root) {
-  const DocumentExport::Size size = DocumentExport(root, graph->ContentNodes(), FieldsToWrite::Changed).Measure();
-  const size_t count = graph->ContentNodes().size();
-  // What is too large is refused by the export.
-  if (!size.IsMultiplied(count) || size.nodes <= nodesOfFile || size.IsTooLarge()) return true;
-  const Ptr<MainView> view(this);
-  Toolkit::MessageBox::Show("Nodes with several parents are written below each of them. The file will hold " +
-                                RoundedCount(size.nodes) + " nodes, and the document has " + std::to_string(count) +
-                                ". Do you want to save it?",
-                            AttentionCaption, Toolkit::MessageBoxButton::OKCancel, Toolkit::MessageBoxImage::Warning,
-                            [view, nodes = size.nodes](Toolkit::MessageBoxResult result) {
-                              if (result != Toolkit::MessageBoxResult::OK) return;
-                              view->nodesOfFile = nodes;
-                              view->Save();
-                            });
-  return false;
-}
-
-double MainView::MeasureNodes() const {
-  if (!graph->Root() || !graph->Contains(*graph->Root())) return 0;
-  return DocumentExport(*graph->Root(), graph->ContentNodes(), FieldsToWrite::Changed).Measure().nodes;
-}
-
 void MainView::LoadFileAndWorkspace() {
   waitingFile = {};
   auto refuse = [this](std::string text, std::string caption) {
@@ -207,6 +181,8 @@ void MainView::LoadFileAndWorkspace() {
     ShowError("No file path specified.", "Error");
     return;
   }
+  // Before it is read: what changes meanwhile is not in the document.
+  readState = FileStateOf(filePath);
   AssetFile file = AssetFile::Read(filePath);
   if (!file) {
     refuse(std::move(file.error), std::move(file.caption));
@@ -229,6 +205,7 @@ void MainView::LoadFileAndWorkspace() {
     LogFile::Write("No workspace ID found in file, showing workspace selection modal");
   else
     LogFile::Write("Unknown workspace ID '" + id + "' in file, showing workspace selection modal");
+  KeepUnsaved();
   ClearDocument();
   waitingFile = std::move(file);
   OfferRoots(id);
@@ -278,6 +255,7 @@ void MainView::CancelLoadWorkspace() {
   filePath.clear();
   waitingFile = {};
   workspaceList->Clear();
+  ShowDocumentName();
 }
 
 ImportTarget MainView::MakeImportTarget() {
@@ -293,8 +271,10 @@ void MainView::FinishLoad(AssetFile file) {
     ClearDocument();
     return;
   }
+  if (fileGuard) fileGuard->Take(filePath, readState);
   NoteSaved();
   nodesOfFile = MeasureNodes();
+  loadedRootType = graph->Root() ? graph->Root()->TypeId() : std::string();
   Tell("Opened " + filePath.substr(filePath.find_last_of("/\\") + 1));
   commandStates->Refresh();
   UpdateLayout();

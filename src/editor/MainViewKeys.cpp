@@ -122,7 +122,7 @@ void MainView::RunKeyBindings(const Toolkit::KeyEventArgs& args) {
 }
 
 void MainView::Window_PreviewKeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {
-  for (Overlay* overlay : {workspaceOverlay.get(), hotkeysOverlay.get()})
+  for (Overlay* overlay : {workspaceOverlay.get(), hotkeysOverlay.get(), versionsOverlay.get()})
     if (overlay->IsShown()) return overlay->OnPreviewKey(args);
 }
 

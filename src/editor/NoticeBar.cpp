@@ -23,11 +23,12 @@ void NoticeAction::Run() const {
 TOOLKIT_TYPE_IMPL(NoticeLine, Toolkit::NotifyPropertyChangedBase, "Tesselor.NoticeLine")
 void NoticeLine::Describe(Toolkit::TypeBuilder<NoticeLine>& type) {
   type.Member<&NoticeLine::GetText>("Text");
+  type.Member<&NoticeLine::GetDismiss>("Dismiss");
   type.Member<&NoticeLine::ReflectedActions>("Actions");
 }
 
 NoticeLine::NoticeLine(Notice notice)
-    : id(std::move(notice.id)), text(notice.text),
+    : id(std::move(notice.id)), text(notice.text), dismiss(notice.dismiss),
       actions(Toolkit::MakePtr<Toolkit::ObservableCollection<NoticeAction>>()) {
   for (Notice::Action& action : notice.actions) actions->Add(Toolkit::MakePtr<NoticeAction>(std::move(action)));
 }

@@ -24,6 +24,8 @@ struct Notice {
   std::string id;
   std::string text;
   std::vector<Action> actions;
+  /// Of the button that takes the notice away.
+  std::string dismiss = "Dismiss";
 };
 
 /// One button of a notice.
@@ -48,13 +50,14 @@ public:
   explicit NoticeLine(Notice notice);
   const std::string& Id() const { return id; }
   Toolkit::SharedString GetText() const { return text; }
+  Toolkit::SharedString GetDismiss() const { return dismiss; }
   const Toolkit::ObservableCollection<NoticeAction>* Actions() const { return actions.Get(); }
 
 private:
   Toolkit::ObservableCollectionBase* ReflectedActions() const { return actions.Get(); }
 
   std::string id;
-  Toolkit::SharedString text;
+  Toolkit::SharedString text, dismiss;
   Toolkit::Ptr<Toolkit::ObservableCollection<NoticeAction>> actions;
 };
 

@@ -55,7 +55,10 @@ void Nudges::Move(Toolkit::Point distance) {
   moved = moved + distance;
   run->MoveBy(moved);
   run->Settle();
-  if (begun) history.Push(std::move(begun));
+  if (begun)
+    history.Push(std::move(begun));
+  else
+    history.NoteExtension();
   revision = history.Revision();
 }
 

@@ -1,13 +1,22 @@
 #include "platform/AtomicFile.h"
 
+#include "platform/JsonFile.h"
+#include "platform/StateDirectory.h"
+
 #include <atomic>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <ctime>
 #include <fcntl.h>
 #include <filesystem>
+#include <optional>
+#include <set>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <vector>
 
 namespace Tesselor {
 
@@ -15,6 +24,8 @@ namespace {
 
 constexpr int mostLinks = 40;
 constexpr int mostAttempts = 100;
+constexpr std::string_view temporaryPrefix = ".tesselor-", temporarySuffix = ".tmp";
+constexpr std::time_t leftoverSeconds = 600;
 
 /// The path that the chain of symbolic links at `path` ends in, whether there is a file or not.
 std::filesystem::path FollowLinks(std::filesystem::path path) {
@@ -37,22 +48,96 @@ bool WriteAll(int descriptor, std::string_view text) {
   return true;
 }
 
-/// A new empty file in `directory`; its path goes into `path`. Negative on failure.
-int CreateTemporary(const std::filesystem::path& directory, std::string& path) {
+/// A new empty file whose name lies between two texts; its path goes into `path`. Negative on failure.
+int CreateNew(const std::filesystem::path& beginning, std::string_view end, mode_t mode, std::string& path) {
   static std::atomic<unsigned> counter = 0;
   for (int i = 0; i < mostAttempts; ++i) {
-    path = (directory / (".tesselor-" + std::to_string(getpid()) + "-" + std::to_string(counter++) + ".tmp")).string();
-    const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    path = beginning.string() + std::to_string(getpid()) + "-" + std::to_string(counter++) + std::string(end);
+    const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     if (descriptor >= 0 || errno != EEXIST) return descriptor;
   }
   return -1;
 }
 
-FileWriteResult WriteInPlace(const std::string& path, std::string_view text) {
+/// What is no regular file takes bytes and keeps none.
+FileWriteResult WriteToDevice(const std::string& path, std::string_view text) {
   const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
   if (descriptor < 0) return FileWriteResult::OpenFailed;
   const bool isWritten = WriteAll(descriptor, text);
   return close(descriptor) == 0 && isWritten ? FileWriteResult::Written : FileWriteResult::WriteFailed;
+}
+
+/// The file's bytes become the text's, and nothing of a longer file stays behind it.
+bool Overwrite(int descriptor, std::string_view text) {
+  return lseek(descriptor, 0, SEEK_SET) == 0 && WriteAll(descriptor, text) &&
+         ftruncate(descriptor, static_cast<off_t>(text.size())) == 0 && fsync(descriptor) == 0;
+}
+
+/// Asks for the room before the first byte of the old file is touched. Not every file system can tell.
+bool HasRoom(int descriptor, size_t size, size_t oldSize) {
+  if (size <= oldSize) return true;
+  const int error = posix_fallocate(descriptor, 0, static_cast<off_t>(size));
+  if (error == 0 || error == EOPNOTSUPP || error == EINVAL) return true;
+  [[maybe_unused]] const int truncated = ftruncate(descriptor, static_cast<off_t>(oldSize));
+  return false;
+}
+
+bool IsDiskFull(int error) { return error == ENOSPC || error == EDQUOT || error == EFBIG || error == EIO; }
+
+/// A copy of what a file holds, in a place of the user's, for as long as the file is being overwritten. It stays if
+/// the process ends meanwhile.
+std::string WriteSpare(const std::string& path, std::string_view text) {
+  std::filesystem::path directory = FindStateDirectory();
+  if (!directory.empty()) directory /= "overwritten";
+  std::error_code error;
+  if (!MakePrivateDirectory(directory)) directory = std::filesystem::temp_directory_path(error);
+  if (error) return {};
+  std::string spare;
+  const int descriptor =
+      CreateNew(directory / (std::filesystem::path(path).filename().string() + "-"), ".before", 0600, spare);
+  if (descriptor < 0) return {};
+  const bool isWritten = WriteAll(descriptor, text) && fsync(descriptor) == 0;
+  if (close(descriptor) == 0 && isWritten) return spare;
+  unlink(spare.c_str());
+  return {};
+}
+
+/// For a file that no other can take the place of: one with more names, or in a directory that takes no new entry.
+FileWriteResult WriteInPlace(const std::string& path, std::string_view text) {
+  const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+  if (descriptor < 0) return FileWriteResult::OpenFailed;
+  const std::optional<std::string> old = ReadTextFile(path);
+  const std::string spare = old ? WriteSpare(path, *old) : std::string();
+  bool isWritten = false, isWhole = true;
+  if (!spare.empty() && HasRoom(descriptor, text.size(), old->size())) {
+    isWritten = Overwrite(descriptor, text);
+    isWhole = isWritten || Overwrite(descriptor, *old);
+  }
+  // The bytes have reached the disk by now, or the old ones are back.
+  close(descriptor);
+  // Of a file that is neither the old nor the new one the spare is the last copy.
+  if (isWhole && !spare.empty()) unlink(spare.c_str());
+  return isWritten ? FileWriteResult::Written : FileWriteResult::WriteFailed;
+}
+
+/// Removes what processes that don't run any more have left in a directory: once for each that is written to. A file
+/// that was touched lately may be another machine's.
+void RemoveLeftovers(const std::filesystem::path& directory) {
+  static std::set<std::string> visited;
+  if (!visited.insert(directory.string()).second) return;
+  std::error_code error;
+  std::filesystem::directory_iterator entries(directory, error);
+  std::vector<std::filesystem::path> old;
+  for (const std::filesystem::directory_iterator end; !error && entries != end; entries.increment(error)) {
+    const std::string name = entries->path().filename().string();
+    if (!name.starts_with(temporaryPrefix) || !name.ends_with(temporarySuffix)) continue;
+    const int owner = std::atoi(name.c_str() + temporaryPrefix.size());
+    struct stat status {};
+    if (owner <= 0 || stat(entries->path().c_str(), &status) != 0) continue;
+    if (std::time(nullptr) - status.st_mtime < leftoverSeconds) continue;
+    if (kill(owner, 0) != 0 && errno == ESRCH) old.push_back(entries->path());
+  }
+  for (const std::filesystem::path& path : old) unlink(path.c_str());
 }
 
 /// Makes the new name itself survive a power failure. Not every file system can; the file is complete either way.
@@ -71,32 +156,40 @@ FileWriteResult AtomicFile::Write(const std::string& path, std::string_view text
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
   if (exists && S_ISDIR(old.st_mode)) return FileWriteResult::OpenFailed;
-  if (exists && !S_ISREG(old.st_mode)) return WriteInPlace(target.string(), text);
+  if (exists && !S_ISREG(old.st_mode)) return WriteToDevice(target.string(), text);
   // Renaming asks nothing of the file that goes, so a write-protected one has to be refused here.
   if (exists && access(target.c_str(), W_OK) != 0) return FileWriteResult::OpenFailed;
+  if (exists && old.st_nlink > 1) return WriteInPlace(target.string(), text);
 
   const std::filesystem::path directory = target.has_parent_path() ? target.parent_path() : ".";
+  RemoveLeftovers(directory);
   std::string temporary;
-  const int descriptor = CreateTemporary(directory, temporary);
-  if (descriptor < 0) return FileWriteResult::OpenFailed;
-
-  bool isWritten = WriteAll(descriptor, text);
+  const int descriptor = CreateNew(directory / temporaryPrefix, temporarySuffix, 0666, temporary);
+  if (descriptor < 0) {
+    if (IsDiskFull(errno)) return FileWriteResult::WriteFailed;
+    return exists ? WriteInPlace(target.string(), text) : FileWriteResult::OpenFailed;
+  }
+  bool isWritten = WriteAll(descriptor, text), isReplaceable = true;
   if (exists) {
-    // A change of owner clears special mode bits, so the mode comes last. Only a privileged process may give files
-    // away; for others the new file is simply theirs.
+    // Only a privileged process may give files away: what belongs to another user or group stays theirs in place. A
+    // change of owner clears special mode bits, so the mode comes last.
     if (old.st_uid != geteuid() || old.st_gid != getegid())
-      if (fchown(descriptor, old.st_uid, old.st_gid) != 0) errno = 0;
+      isReplaceable = fchown(descriptor, old.st_uid, old.st_gid) == 0;
     isWritten = isWritten && fchmod(descriptor, old.st_mode & 07777) == 0;
   }
   isWritten = isWritten && fsync(descriptor) == 0;
   isWritten = close(descriptor) == 0 && isWritten;
-  isWritten = isWritten && std::rename(temporary.c_str(), target.c_str()) == 0;
-  if (!isWritten) {
-    unlink(temporary.c_str());
-    return FileWriteResult::WriteFailed;
+  if (isWritten && isReplaceable) {
+    if (std::rename(temporary.c_str(), target.c_str()) == 0) {
+      FlushDirectory(directory);
+      return FileWriteResult::Written;
+    }
+    // As in a directory where each may only replace what is theirs.
+    isReplaceable = !exists || (errno != EPERM && errno != EACCES);
+    isWritten = !isReplaceable;
   }
-  FlushDirectory(directory);
-  return FileWriteResult::Written;
+  unlink(temporary.c_str());
+  return isWritten ? WriteInPlace(target.string(), text) : FileWriteResult::WriteFailed;
 }
 
 } // namespace Tesselor

@@ -10,10 +10,9 @@ ActionHistory& ActionHistory::Instance() {
 }
 
 void ActionHistory::PutInFront(std::unique_ptr<IActionCommand> command) {
-  ++revision;
   commands.erase(commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(undoneCount));
   undoneCount = 0;
-  commands.push_front(std::move(command));
+  commands.push_front({std::move(command), ++newestState});
 }
 
 void ActionHistory::PushUndone(std::unique_ptr<IActionCommand> command) {
@@ -21,6 +20,7 @@ void ActionHistory::PushUndone(std::unique_ptr<IActionCommand> command) {
   PutInFront(std::move(command));
   undoneCount = 1;
   ForgetOldSteps();
+  NoteChange();
 }
 
 void ActionHistory::Push(std::unique_ptr<IActionCommand> command) {
@@ -29,18 +29,27 @@ void ActionHistory::Push(std::unique_ptr<IActionCommand> command) {
     return;
   }
   PutInFront(std::move(command));
-  Tell(StepEvent::Made, *commands.front());
+  Tell(StepEvent::Made, *commands.front().command);
   ForgetOldSteps();
+  NoteChange();
+}
+
+void ActionHistory::NoteChange() {
+  ++revision;
+  if (onChanged) onChanged();
 }
 
 void ActionHistory::ForgetOldSteps() {
   size_t kept = 0, bytes = 0;
   for (; kept < commands.size() && kept < capacity; ++kept) {
-    bytes += commands[kept]->HeldBytes();
+    bytes += commands[kept].command->HeldBytes();
     if (kept > 0 && bytes > byteBudget) break;
   }
   // Without the oldest no older one could be undone.
-  while (commands.size() > kept) commands.pop_back();
+  while (commands.size() > kept) {
+    oldestState = commands.back().state;
+    commands.pop_back();
+  }
 }
 
 void ActionHistory::Run(std::unique_ptr<IActionCommand> command) {
@@ -48,13 +57,19 @@ void ActionHistory::Run(std::unique_ptr<IActionCommand> command) {
   Push(std::move(command));
 }
 
+void ActionHistory::NoteExtension() {
+  if (undoneCount > 0 || commands.empty()) return;
+  commands.front().state = ++newestState;
+  NoteChange();
+}
+
 bool ActionHistory::UndoLast() {
   if (isStepping || undoneCount >= commands.size()) return false;
   isStepping = true;
-  ++revision;
-  commands[undoneCount++]->Undo();
+  commands[undoneCount++].command->Undo();
   isStepping = false;
-  Tell(StepEvent::Undone, *commands[undoneCount - 1]);
+  Tell(StepEvent::Undone, *commands[undoneCount - 1].command);
+  NoteChange();
   PushWaiting();
   return true;
 }
@@ -62,10 +77,10 @@ bool ActionHistory::UndoLast() {
 bool ActionHistory::RedoLast() {
   if (isStepping || undoneCount == 0) return false;
   isStepping = true;
-  ++revision;
-  commands[--undoneCount]->Do();
+  commands[--undoneCount].command->Do();
   isStepping = false;
-  Tell(StepEvent::Redone, *commands[undoneCount]);
+  Tell(StepEvent::Redone, *commands[undoneCount].command);
+  NoteChange();
   PushWaiting();
   return true;
 }
@@ -79,10 +94,11 @@ void ActionHistory::PushWaiting() {
 }
 
 void ActionHistory::Clear() {
-  ++revision;
   undoneCount = 0;
+  oldestState = ++newestState;
   // What the commands kept alive goes here and may look at the history, which is empty by then.
   std::exchange(commands, {});
+  NoteChange();
 }
 
 } // namespace Tesselor

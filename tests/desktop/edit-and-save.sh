@@ -12,8 +12,8 @@ ln -s "$data/Assets" "$data/Workspaces" .
 cp "$data/samples/quest.json" quest.json
 OpenEditor "$program" quest.json
 
-# What the window shows, as a number.
-Picture() { xwd -silent -id "$window" | tail -c +4000 | md5sum | cut -d ' ' -f 1; }
+# What the window shows, as a number, without its lowest lines: what was told there dims by itself.
+Picture() { xwd -silent -id "$window" | tail -c +4000 | head -c $((1280 * 4 * 720)) | md5sum | cut -d ' ' -f 1; }
 Shows() { [ "$(Picture)" = "$1" ]; }
 Differs() { [ "$(Picture)" != "$1" ]; }
 # The number of a picture that stays for a while.

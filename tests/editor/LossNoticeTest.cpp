@@ -142,14 +142,14 @@ TEST_F(LossNotices, AskBeforeASaveMultipliesTheDocument) {
     above = &next;
   }
   const std::string before = TestSupport::TemporaryDirectory::Read(none);
-  window->boxes.answer = Toolkit::MessageBoxResult::Cancel;
+  window->boxes.choice = 1;
   EXPECT_FALSE(view.Save());
   EXPECT_EQ(
       window->boxes.Texts(),
       Texts{"Attention!: Nodes with several parents are written below each of them. The file will hold 510 nodes, "
             "and the document has 23. Do you want to save it?"});
   EXPECT_EQ(TestSupport::TemporaryDirectory::Read(none), before);
-  window->boxes.answer = Toolkit::MessageBoxResult::OK;
+  window->boxes.choice = 0;
   EXPECT_FALSE(view.Save()) << "the answer saves";
   EXPECT_NE(TestSupport::TemporaryDirectory::Read(none), before);
   window->boxes.boxes.clear();

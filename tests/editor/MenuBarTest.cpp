@@ -87,44 +87,6 @@ TEST(MenuBar, GreysTheFilesCommandsWithoutAWorkspace) {
   for (const char* name : {"Open", "Save", "SaveAs"}) EXPECT_FALSE(Item(*view, name).IsEnabled()) << name;
 }
 
-TEST(MenuBar, ClosesTheWindowUnlessChangesWouldBeLost) {
-  WindowStage window("quest");
-  const std::vector<std::string> question{"Attention!: All unsaved changes will be lost. Do you want to continue?"};
-  const auto close = [&] {
-    window.boxes.boxes.clear();
-    window.Click(Item(window, "File"));
-    window.Click(Item(window, "Close"));
-    return window.boxes.Texts();
-  };
-  // A text that is still being typed is a change as well.
-  ContentNode& nest = window.Node("The nest");
-  window.LookAt(nest);
-  window.boxes.answer = Toolkit::MessageBoxResult::Cancel;
-  window.TypeInto(FirstBoxOf(nest), "another");
-  EXPECT_EQ(close(), question);
-  EXPECT_FALSE(window.View().IsClosed());
-  window.boxes.answer = Toolkit::MessageBoxResult::OK;
-  EXPECT_EQ(close(), question);
-  EXPECT_TRUE(window.View().IsClosed());
-}
-
-TEST(MenuBar, ClosesAtOnceAfterALoadOrASave) {
-  for (const bool isChanged : {false, true}) {
-    SCOPED_TRACE(isChanged);
-    WindowStage window("quest");
-    if (isChanged) {
-      window.Focus(&window.View().GetGraph().Panel());
-      window.View().GetGraph().Selected().Add(window.Node("The nest"));
-      window.Press(Key::Right);
-      window.Chord({Key::LeftCtrl, Key::S});
-    }
-    window.Click(Item(window, "File"));
-    window.Click(Item(window, "Close"));
-    EXPECT_EQ(window.boxes.Texts(), std::vector<std::string>());
-    EXPECT_TRUE(window.View().IsClosed());
-  }
-}
-
 TEST(FileDialogs, StartAtTheCurrentFile) {
   WindowStage window;
   const auto startOf = [&](const std::vector<Key>& chord) {

@@ -2,10 +2,12 @@
 #include "platform/JsonFile.h"
 #include "support/TemporaryDirectory.h"
 
+#include <chrono>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -64,6 +66,64 @@ TEST(AtomicFile, FollowsLinksAndLeavesThemInPlace) {
   EXPECT_TRUE(fs::is_symlink(directory / "dangling.json"));
   EXPECT_EQ(TemporaryDirectory::Read(directory / "real/asset.json"), "new");
   EXPECT_EQ(TemporaryDirectory::Read(directory / "real/fresh.json"), "made");
+}
+
+TEST(AtomicFile, WritesInPlaceWhatNoOtherFileCanReplace) {
+  TemporaryDirectory directory, state;
+  setenv("XDG_STATE_HOME", state.Path().c_str(), 1);
+  const std::string path = directory.Write("asset.json", "a much longer old text"), twin = directory / "twin.json";
+  fs::create_hard_link(path, twin);
+  EXPECT_EQ(AtomicFile::Write(path, "new"), FileWriteResult::Written);
+  EXPECT_EQ(TemporaryDirectory::Read(twin), "new");
+  // What only the file itself takes, for one who may not do all.
+  const std::string closed = directory.Write("closed/asset.json", "old"),
+                    locked = directory.Write("closed/b.json", "old");
+  chmod(closed.c_str(), 0666);
+  chmod(locked.c_str(), 0444);
+  chmod((directory / "closed").c_str(), 0555);
+  chmod(directory.Path().c_str(), 0755);
+  const std::string foreign = directory.Write("open/asset.json", "old");
+  chmod(foreign.c_str(), 0666);
+  chmod((directory / "open").c_str(), 0777);
+  EXPECT_EXIT(
+      {
+        if (geteuid() == 0 && seteuid(65534) != 0) std::_Exit(9);
+        const bool isWritten = AtomicFile::Write(closed, "a longer new text") == FileWriteResult::Written &&
+                               AtomicFile::Write(foreign, "new") == FileWriteResult::Written;
+        const bool isRefused = AtomicFile::Write(locked, "new") == FileWriteResult::OpenFailed &&
+                               AtomicFile::Write(directory / "closed/new.json", "new") == FileWriteResult::OpenFailed;
+        std::_Exit((isWritten ? 0 : 1) + (isRefused ? 0 : 2));
+      },
+      testing::ExitedWithCode(0), "");
+  EXPECT_EQ(TemporaryDirectory::Read(closed), "a longer new text");
+  EXPECT_EQ(TemporaryDirectory::Read(locked), "old");
+  struct stat status {};
+  EXPECT_EQ(stat(foreign.c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, geteuid()) << "the file changed hands";
+  EXPECT_EQ(TemporaryDirectory::Read(foreign), "new");
+  chmod((directory / "closed").c_str(), 0755);
+  unsetenv("XDG_STATE_HOME");
+}
+
+TEST(AtomicFile, TakesAwayWhatDeadProcessesLeft) {
+  TemporaryDirectory directory;
+  const pid_t dead = fork();
+  if (dead == 0) _exit(0);
+  int status = 0;
+  waitpid(dead, &status, 0);
+  const auto leave = [&](const std::string& name, int minutes) {
+    const std::string path = directory.Write(name, "half");
+    fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::minutes(minutes));
+    return path;
+  };
+  const std::string gone = leave(".tesselor-" + std::to_string(dead) + "-3.tmp", 60);
+  const std::string kept[] = {leave(".tesselor-" + std::to_string(dead) + "-4.tmp", 1),
+                              leave(".tesselor-" + std::to_string(getpid()) + "-99.tmp", 60),
+                              leave(".tesselor-other.tmp", 60),
+                              leave("tesselor-" + std::to_string(dead) + "-3.tmp", 60)};
+  EXPECT_EQ(AtomicFile::Write(directory / "asset.json", "new"), FileWriteResult::Written);
+  EXPECT_FALSE(fs::exists(gone));
+  for (const std::string& path : kept) EXPECT_TRUE(fs::exists(path)) << path;
 }
 
 TEST(AtomicFile, TellsWhenNothingCanBeOpened) {

@@ -2,20 +2,24 @@
 
 #include "toolkit/application/MessageBox.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace TestSupport {
 
-/// Takes the place of the screen for message boxes: keeps every request and answers it at once with `answer`.
+/// Takes the place of the screen for message boxes: keeps every request and answers it at once with `answer`, or with
+/// `choice` if it has buttons of its own.
 class CapturedBoxes {
 public:
   explicit CapturedBoxes(Toolkit::MessageBoxResult answer = Toolkit::MessageBoxResult::OK) : answer(answer) {
     former = Toolkit::MessageBox::SetPresenter([this](Toolkit::MessageBox::Request request) {
       const auto callback = request.callback;
+      const auto chosen = request.chosen;
       boxes.push_back(std::move(request));
       if (callback) callback(this->answer);
+      if (chosen) chosen(choice);
     });
   }
   ~CapturedBoxes() { Toolkit::MessageBox::SetPresenter(std::move(former)); }
@@ -30,6 +34,7 @@ public:
   }
 
   Toolkit::MessageBoxResult answer;
+  std::optional<size_t> choice;
   std::vector<Toolkit::MessageBox::Request> boxes;
 
 private:

@@ -66,6 +66,25 @@ TEST_F(MessageBoxTest, IsAnsweredByButtonsAndKeys) {
   EXPECT_EQ(answers, "a20 b10 ");
 }
 
+TEST_F(MessageBoxTest, HasButtonsOfItsOwn) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"Return", "0"}, {"Tab Return", "1"}, {"Tab Tab Space", "2"}, {"Escape", "none"}, {"click", "1"}};
+  ShowWindow();
+  for (const auto& [keys, expected] : cases) {
+    std::string chosen;
+    MessageBox::Ask("a", "Caption", {"Save", "Discard", "Cancel"},
+                    [&](std::optional<size_t> choice) { chosen += choice ? std::to_string(*choice) : "none"; });
+    Settle();
+    EXPECT_FALSE(Part("OK"));
+    if (keys == std::string("click"))
+      Click(Part("Discard"));
+    else
+      Run(keys);
+    EXPECT_EQ(chosen, expected) << keys;
+    EXPECT_TRUE(Find("Text").IsFocused());
+  }
+}
+
 TEST_F(MessageBoxTest, KeepsInputFromTheWindow) {
   ShowWindow();
   Ask("a", MessageBoxButton::OK);

@@ -1,5 +1,6 @@
 #include "values/ActionHistory.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -40,6 +41,39 @@ TEST(ActionHistory, WalksBackAndForthWithoutDoingWhatIsPushed) {
   for (int i = 0; i < 3; ++i) history.RedoLast();
   EXPECT_EQ(Take(journal), "doA doB ");
   EXPECT_EQ(history.UndoneCount(), 0u);
+}
+
+TEST(ActionHistory, NamesEachStateOfTheDocumentAndComesBackToTheName) {
+  std::string journal;
+  ActionHistory history;
+  int changes = 0;
+  history.onChanged = [&] { ++changes; };
+  const auto push = [&] { history.Push(std::make_unique<Recorded>(journal, "A")); };
+  std::vector<uint64_t> states{history.State()};
+  for (int i = 0; i < 3; ++i) {
+    push();
+    states.push_back(history.State());
+  }
+  for (size_t i = 3; i-- > 0;) {
+    history.UndoLast();
+    EXPECT_EQ(history.State(), states[i]);
+  }
+  history.RedoLast();
+  EXPECT_EQ(history.State(), states[1]);
+  EXPECT_EQ(changes, 7);
+  history.NoteExtension();
+  EXPECT_EQ(history.State(), states[1]) << "the newest step is undone";
+  push();
+  history.NoteExtension();
+  EXPECT_EQ(std::count(states.begin(), states.end(), history.State()), 0) << "another step leads elsewhere";
+  // The oldest state that can be reached is that of the newest step which is forgotten.
+  const uint64_t reached = history.State();
+  for (size_t i = 0; i < ActionHistory::capacity; ++i) push();
+  for (size_t i = 0; i < ActionHistory::capacity; ++i) history.UndoLast();
+  EXPECT_EQ(history.State(), reached);
+  history.Clear();
+  EXPECT_NE(history.State(), reached);
+  EXPECT_NE(history.State(), 0u);
 }
 
 TEST(ActionHistory, ForgetsWhatWasUndoneWhenSomethingNewIsPushed) {

@@ -113,7 +113,7 @@ int Launcher::RunWindow(Window& window) {
     // Layout that came meanwhile, and what a frame left for the next one, wait only for the input that has come.
     const bool isDue = !layout.IsEmpty() || (display->ShowsFrames() && layout.HasVisualChange());
     display->WaitForInput(isDue ? 0 : dispatcher.TimeToNext());
-    if (display->TakeCloseRequest()) window.Close();
+    if (display->TakeCloseRequest()) window.RequestClose();
   }
   return Application::Current()->ExitCode();
 }

@@ -16,11 +16,26 @@ MessageBox::Presenter& CurrentPresenter() {
 void MessageBox::Show(std::string text, std::string caption, MessageBoxButton buttons, MessageBoxImage image,
                       Callback callback) {
   if (CurrentPresenter()) {
-    CurrentPresenter()({std::move(text), std::move(caption), buttons, image, std::move(callback)});
+    CurrentPresenter()({std::move(text), std::move(caption), buttons, image, std::move(callback), {}, {}});
     return;
   }
   TOOLKIT_WARN("MessageBox", caption + ": " + text);
   if (callback) callback(MessageBoxResult::None);
+}
+
+void MessageBox::Ask(std::string text, std::string caption, std::vector<std::string> choices, ChoiceCallback chosen) {
+  if (CurrentPresenter()) {
+    CurrentPresenter()({std::move(text),
+                        std::move(caption),
+                        MessageBoxButton::OKCancel,
+                        MessageBoxImage::None,
+                        {},
+                        std::move(choices),
+                        std::move(chosen)});
+    return;
+  }
+  TOOLKIT_WARN("MessageBox", caption + ": " + text);
+  if (chosen) chosen(std::nullopt);
 }
 
 MessageBox::Presenter MessageBox::SetPresenter(Presenter presenter) {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace Toolkit {
 
@@ -14,6 +17,8 @@ enum class MessageBoxResult { None = 0, OK = 1, Cancel = 2 };
 class MessageBox {
 public:
   using Callback = std::function<void(MessageBoxResult)>;
+  /// Gets the index of the caption that was chosen; nothing if none was, as by Escape.
+  using ChoiceCallback = std::function<void(std::optional<size_t>)>;
 
   struct Request {
     std::string text;
@@ -21,6 +26,9 @@ public:
     MessageBoxButton buttons = MessageBoxButton::OK;
     MessageBoxImage image = MessageBoxImage::None;
     Callback callback;
+    /// The captions of the buttons, from left to right, that take the place of `buttons`. Empty for an ordinary box.
+    std::vector<std::string> choices = {};
+    ChoiceCallback chosen = {};
   };
   /// Shows requests. The display installs one; tests install their own.
   using Presenter = std::function<void(Request)>;
@@ -28,8 +36,12 @@ public:
   static void Show(std::string text, std::string caption, MessageBoxButton buttons = MessageBoxButton::OK,
                    MessageBoxImage image = MessageBoxImage::None, Callback callback = {});
 
+  /// A box whose buttons are the question's own. Return means the first unless another one has the focus.
+  static void Ask(std::string text, std::string caption, std::vector<std::string> choices, ChoiceCallback chosen);
+
   /// Replaces the presenter and returns the former one. An empty presenter writes each box to the toolkit's log at
-  /// level Warning (caption and text) and answers it with None, so nothing that needs a user's consent goes on.
+  /// level Warning (caption and text) and answers it with None or no choice, so nothing that needs a user's consent
+  /// goes on.
   static Presenter SetPresenter(Presenter presenter);
 };
 

@@ -24,7 +24,7 @@ MessageBoxPresenter::~MessageBoxPresenter() {
 
 void MessageBoxPresenter::ShowNext() {
   const MessageBox::Request& request = requests.front();
-  auto view = MakePtr<MessageBoxView>(request, [this](MessageBoxResult result) { Answer(result); });
+  auto view = MakePtr<MessageBoxView>(request, [this](const MessageBoxAnswer& answer) { Answer(answer); });
   popup = MakePtr<Popup>(window, *view, PopupKind::Modal, PopupPlacement::Cover);
   popup->takesText = false;
   popup->keyPressed = [shown = view.Get()](const KeyEventArgs& args) { return shown->OnKey(args); };
@@ -50,14 +50,17 @@ void MessageBoxPresenter::TakeDown() {
   input->SetFocus(formerFocus.Get());
 }
 
-void MessageBoxPresenter::Answer(MessageBoxResult result) {
+void MessageBoxPresenter::Answer(const MessageBoxAnswer& answer) {
   if (!popup) return;
   Ptr<Window> keepsWindow(&window);
   const std::shared_ptr<bool> isAlive = alive;
+  const MessageBoxAnswer given = answer;
   TakeDown();
   // The request stays the first until its callback is done, so that a box it asks for comes after those that wait.
   const MessageBox::Callback callback = std::move(requests.front().callback);
-  if (callback) callback(result);
+  const MessageBox::ChoiceCallback chosen = std::move(requests.front().chosen);
+  if (callback) callback(given.result);
+  if (chosen) chosen(given.choice);
   if (!*isAlive) return;
   requests.pop_front();
   if (!requests.empty()) ShowNext();

@@ -8,6 +8,7 @@
 
 namespace Toolkit {
 
+struct MessageBoxAnswer;
 class Popup;
 class UIElement;
 class Window;
@@ -24,7 +25,7 @@ public:
 
 private:
   void ShowNext();
-  void Answer(MessageBoxResult result);
+  void Answer(const MessageBoxAnswer& answer);
   void TakeDown();
 
   Window& window;

@@ -1,7 +1,8 @@
 #include "toolkit/application/MessageBoxView.h"
 
-#include "toolkit/controls/ButtonBase.h"
 #include "toolkit/visual/Input.h"
+
+#include <algorithm>
 
 namespace Toolkit {
 
@@ -11,8 +12,8 @@ void MessageBoxView::Describe(TypeBuilder<MessageBoxView>& type) {
   TextProperty = type.Property<SharedString>("Text");
 }
 
-MessageBoxView::MessageBoxView(const MessageBox::Request& request, std::function<void(MessageBoxResult)> answered)
-    : buttons(request.buttons), image(request.image), answered(std::move(answered)) {
+MessageBoxView::MessageBoxView(const MessageBox::Request& request, std::function<void(MessageBoxAnswer)> answered)
+    : buttons(request.buttons), image(request.image), choices(request.choices), answered(std::move(answered)) {
   SetValue(CaptionProperty, request.caption);
   SetValue(TextProperty, request.text);
 }
@@ -26,15 +27,38 @@ void MessageBoxView::OnApplyTemplate() {
     if (auto* element = DynamicCast<UIElement>(part))
       element->SetVisibility(shown ? Visibility::Visible : Visibility::Collapsed);
   };
-  show(cancel, buttons == MessageBoxButton::OKCancel);
+  auto* panel = DynamicCast<Panel>(GetTemplateChild("Buttons"));
+  if (panel && !choices.empty()) AddChoices(*panel);
+  show(ok, choices.empty());
+  show(cancel, choices.empty() && buttons == MessageBoxButton::OKCancel);
   show(GetTemplateChild("ErrorSign"), image == MessageBoxImage::Error);
   show(GetTemplateChild("WarningSign"), image == MessageBoxImage::Warning);
+}
+
+void MessageBoxView::AddChoices(Panel& panel) {
+  for (const std::string& caption : choices) {
+    auto button = MakePtr<Button>();
+    button->SetContent(Value(caption));
+    button->SetValue(FrameworkElement::MinWidthProperty, 80.0f);
+    button->SetValue(FrameworkElement::MarginProperty, Thickness{8, 0, 0, 0});
+    button->AddHandler(ButtonBase::ClickEvent, RoutedEventHandler::From<&MessageBoxView::OnChoice>(this));
+    // A button takes the focus only once its style says so, and the first one gets it before any layout.
+    button->ApplyThemeStyle();
+    choiceButtons.push_back(button.Get());
+    panel.AddChild(button.Get());
+  }
+}
+
+void MessageBoxView::OnChoice(Object* sender, const RoutedEventArgs&) {
+  const auto chosen = std::find(choiceButtons.begin(), choiceButtons.end(), sender);
+  if (chosen == choiceButtons.end()) return;
+  answered({MessageBoxResult::None, static_cast<size_t>(chosen - choiceButtons.begin())});
 }
 
 void MessageBoxView::FocusDefault() {
   ApplyThemeStyle();
   ApplyTemplate();
-  auto* ok = DynamicCast<Button>(GetTemplateChild("OK"));
+  auto* ok = choiceButtons.empty() ? DynamicCast<Button>(GetTemplateChild("OK")) : choiceButtons.front();
   // The box waits for a key as well as for a click, so it shows what Return would press.
   if (ok && ok->Focus()) ok->SetValue(IsFocusVisibleProperty, true);
 }
@@ -42,10 +66,18 @@ void MessageBoxView::FocusDefault() {
 bool MessageBoxView::OnKey(const KeyEventArgs& args) {
   if (args.isRepeat) return args.key == Key::Return || args.key == Key::Escape;
   if (args.key == Key::Escape) {
-    answered(buttons == MessageBoxButton::OKCancel ? MessageBoxResult::Cancel : MessageBoxResult::OK);
+    if (!choices.empty())
+      answered({});
+    else
+      answered({buttons == MessageBoxButton::OKCancel ? MessageBoxResult::Cancel : MessageBoxResult::OK});
+  } else if (args.key == Key::Return && !choices.empty()) {
+    const auto focused = std::find_if(choiceButtons.begin(), choiceButtons.end(),
+                                      [](const Button* button) { return button->IsFocused(); });
+    answered({MessageBoxResult::None,
+              focused == choiceButtons.end() ? 0 : static_cast<size_t>(focused - choiceButtons.begin())});
   } else if (args.key == Key::Return) {
     const auto* cancel = DynamicCast<Button>(GetTemplateChild("Cancel"));
-    answered(cancel && cancel->IsFocused() ? MessageBoxResult::Cancel : MessageBoxResult::OK);
+    answered({cancel && cancel->IsFocused() ? MessageBoxResult::Cancel : MessageBoxResult::OK});
   } else {
     return false;
   }

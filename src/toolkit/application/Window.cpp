@@ -31,7 +31,9 @@ void Window::SetClientSize(Size size) {
 }
 
 void Window::PresentMessageBoxes() {
-  if (!messageBoxes) messageBoxes = std::make_unique<MessageBoxPresenter>(*this);
+  if (messageBoxes) return;
+  messageBoxes = std::make_unique<MessageBoxPresenter>(*this);
+  OnPresented();
 }
 
 Size Window::MeasureOverride(Size available) {

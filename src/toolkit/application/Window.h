@@ -22,6 +22,8 @@ public:
   void SetTitle(std::string_view title) { SetValue(TitleProperty, title); }
   /// Ends the window; the display takes it down in its next turn.
   void Close() { closed = true; }
+  /// The user wants to close the window. One that has something to ask first closes itself later, or never.
+  virtual void RequestClose() { Close(); }
   bool IsClosed() const { return closed; }
   /// Lays the window out in `size`; called by the display when it opens and when its size changes.
   void SetClientSize(Size size);
@@ -38,6 +40,8 @@ protected:
   Size ArrangeOverride(Size finalSize) override;
   void OnRoutedEvent(const RoutedEventArgs& args) override;
   void OnDetached() override;
+  /// A user sees the window from now on.
+  virtual void OnPresented() {}
 
 private:
   Ptr<PopupLayer> popups;

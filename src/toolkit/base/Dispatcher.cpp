@@ -20,6 +20,22 @@ Dispatcher& Dispatcher::Current() {
 
 void Dispatcher::Post(Task task) { tasks.push_back(std::move(task)); }
 
+void Dispatcher::PostFromThread(Task task) {
+  const std::lock_guard lock(threadLock);
+  threadTasks.push_back(std::move(task));
+  if (wake) wake();
+}
+
+void Dispatcher::SetWake(std::function<void()> newWake) {
+  const std::lock_guard lock(threadLock);
+  wake = std::move(newWake);
+}
+
+bool Dispatcher::HasThreadTasks() const {
+  const std::lock_guard lock(threadLock);
+  return !threadTasks.empty();
+}
+
 Dispatcher::TimerId Dispatcher::StartTimer(double milliseconds, Task task) {
   timers.push_back({nextId, Now() + milliseconds, std::move(task)});
   return nextId++;
@@ -33,6 +49,11 @@ bool Dispatcher::RunDue() {
   bool ran = false;
   std::vector<Task> current = std::move(tasks);
   tasks.clear();
+  {
+    const std::lock_guard lock(threadLock);
+    for (Task& task : threadTasks) current.push_back(std::move(task));
+    threadTasks.clear();
+  }
   for (Task& task : current) {
     task();
     ran = true;
@@ -51,7 +72,7 @@ bool Dispatcher::RunDue() {
 }
 
 double Dispatcher::TimeToNext() const {
-  if (!tasks.empty()) return 0;
+  if (!tasks.empty() || HasThreadTasks()) return 0;
   double next = -1;
   for (const Timer& timer : timers) {
     const double wait = std::max(0.0, timer.due - Now());
@@ -67,6 +88,8 @@ void Dispatcher::SetClock(std::function<double()> newClock) {
 void Dispatcher::Clear() {
   tasks.clear();
   timers.clear();
+  const std::lock_guard lock(threadLock);
+  threadTasks.clear();
 }
 
 } // namespace Toolkit

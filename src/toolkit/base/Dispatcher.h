@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <mutex>
 #include <vector>
 
 namespace Toolkit {
@@ -17,13 +18,17 @@ public:
 
   /// Runs `task` once in the next turn of the loop.
   void Post(Task task);
+  /// As `Post`, from any thread; wakes a loop that waits for input.
+  void PostFromThread(Task task);
+  /// How another thread wakes the loop; set by the display that waits. Empty without one.
+  void SetWake(std::function<void()> newWake);
   /// Runs `task` once after `milliseconds`. The result names it for `Cancel`; it is never 0.
   TimerId StartTimer(double milliseconds, Task task);
   void Cancel(TimerId timer);
 
   /// Runs what is due; true if anything ran.
   bool RunDue();
-  bool HasWork() const { return !tasks.empty() || !timers.empty(); }
+  bool HasWork() const { return !tasks.empty() || !timers.empty() || HasThreadTasks(); }
   /// Milliseconds until the next timer, 0 if something is due, negative if there is no work.
   double TimeToNext() const;
 
@@ -40,7 +45,11 @@ private:
     double due;
     Task task;
   };
+  bool HasThreadTasks() const;
   std::vector<Task> tasks;
+  mutable std::mutex threadLock;
+  std::vector<Task> threadTasks;
+  std::function<void()> wake;
   std::vector<Timer> timers;
   TimerId nextId = 1;
   std::function<double()> clock;

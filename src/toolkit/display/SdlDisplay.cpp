@@ -1,5 +1,6 @@
 #include "toolkit/display/SdlDisplay.h"
 
+#include "toolkit/base/Dispatcher.h"
 #include "toolkit/display/DesktopScale.h"
 #include "toolkit/visual/Input.h"
 
@@ -74,6 +75,7 @@ bool IsSet(const char* variable) {
 bool SdlDisplay::IsAvailable() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY"); }
 
 SdlDisplay::~SdlDisplay() {
+  Dispatcher::Current().SetWake(nullptr);
   if (input) Clipboard::SetBackend(nullptr);
   for (const auto& entry : cursors) SDL_FreeCursor(entry.second);
   if (window) SDL_DestroyWindow(window);
@@ -109,6 +111,11 @@ bool SdlDisplay::Open(UIElement&, InputState& inputState, const std::string& tit
   input = &inputState;
   SDL_StopTextInput();
   Clipboard::SetBackend(this);
+  Dispatcher::Current().SetWake([] {
+    SDL_Event nothing{};
+    nothing.type = SDL_USEREVENT;
+    SDL_PushEvent(&nothing);
+  });
   return true;
 }
 

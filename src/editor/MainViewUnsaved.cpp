@@ -1,0 +1,257 @@
+// What is changed and not saved, and what becomes of it.
+
+#include "editor/MainView.h"
+
+#include "document/DocumentExport.h"
+#include "document/FileHistory.h"
+#include "document/NodeImporterExporter.h"
+#include "document/RoundedCount.h"
+#include "editor/EditInProgress.h"
+#include "editor/FileGuard.h"
+#include "editor/NoticeBar.h"
+#include "editor/VersionsPanel.h"
+#include "editor/WorkKeeper.h"
+#include "nodes/CommentNode.h"
+#include "nodes/ContentNode.h"
+#include "nodes/GroupNode.h"
+#include "platform/CommandLineOptions.h"
+#include "platform/EndSignals.h"
+#include "platform/MessageBoxes.h"
+#include "platform/StateDirectory.h"
+#include "toolkit/application/Application.h"
+#include "toolkit/application/MessageBox.h"
+#include "toolkit/controls/TextBlock.h"
+#include "values/ActionHistory.h"
+#include "workspace/NodeDictionary.h"
+#include "workspace/RootType.h"
+#include "workspace/Workspace.h"
+
+namespace Tesselor {
+
+using Toolkit::MessageBox;
+using Toolkit::Ptr;
+
+MainView::SaveQuestion MainView::Next(SaveQuestion question) {
+  return static_cast<SaveQuestion>(static_cast<int>(question) + 1);
+}
+
+bool MainView::IsSaved() const {
+  return ActionHistory::Instance().State() == savedState && !(editInProgress && editInProgress->Differs());
+}
+
+void MainView::NoteSaved() {
+  savedState = ActionHistory::Instance().State();
+  OnDocumentChanged();
+}
+
+void MainView::OnDocumentChanged() {
+  ShowDocumentName();
+  if (keeper) keeper->Follow();
+}
+
+std::string MainView::DocumentName() const {
+  return filePath.empty() ? "Untitled" : filePath.substr(filePath.find_last_of("/\\") + 1);
+}
+
+void MainView::ShowDocumentName() {
+  if (documentName) documentName->SetText(IsSaved() ? DocumentName() : DocumentName() + " \u2022");
+}
+
+void MainView::RequestClose() {
+  bool isSaved = false;
+  WithFinishedTyping([&] { isSaved = IsSaved(); });
+  if (isSaved) {
+    Close();
+    return;
+  }
+  // A box that waits asks already.
+  if (isAskedToClose) return;
+  isAskedToClose = true;
+  MessageBox::Ask("\"" + DocumentName() + "\" has unsaved changes.", "Attention!", {"Save", "Don't save", "Cancel"},
+                  [view = Ptr<MainView>(this)](std::optional<size_t> choice) {
+                    view->isAskedToClose = false;
+                    if (choice == 0u) view->SaveThen([view] { view->Close(); });
+                    if (choice != 1u) return;
+                    if (view->keeper) view->keeper->Discard();
+                    view->Close();
+                  });
+}
+
+bool MainView::Save() { return SaveThen({}); }
+
+bool MainView::SaveThen(const std::function<void()>& done, SaveQuestion question) {
+  if (filePath.empty()) return SaveAsThen(done);
+  if (!workspaces.currentRoot) {
+    ShowError("No workspace selected. Cannot save file.", "Cannot Save");
+    return false;
+  }
+  for (; question != SaveQuestion::None && !isUnattended; question = Next(question))
+    if (IsAsked(question, done)) return false;
+  const bool isWritten = Export();
+  if (isWritten && done) done();
+  return isWritten;
+}
+
+bool MainView::IsAsked(SaveQuestion question, const std::function<void()>& done) {
+  // By the time of the answer the window may be gone for everybody else.
+  const auto goOn = [view = Ptr<MainView>(this), done, next = Next(question)] { view->SaveThen(done, next); };
+  switch (question) {
+  case SaveQuestion::RootType:
+    if (const std::string mismatch = DescribeRootMismatch(); !mismatch.empty()) {
+      MessageBox::Ask(mismatch, "Attention!", {"Cancel", "Save anyway"}, [goOn](std::optional<size_t> choice) {
+        if (choice == 1u) goOn();
+      });
+      return true;
+    }
+    return false;
+  case SaveQuestion::Size: return AskAboutSize(goOn);
+  case SaveQuestion::ChangedFile:
+    if (!fileGuard || !fileGuard->IsChanged(filePath)) return false;
+    MessageBox::Ask("\"" + DocumentName() + "\" was changed by another program since it was opened here.", "Attention!",
+                    {"Overwrite", "Save as", "Reload", "Cancel"},
+                    [goOn, view = Ptr<MainView>(this), done](std::optional<size_t> choice) {
+                      if (choice == 0u) goOn();
+                      if (choice == 1u) view->SaveAsThen(done);
+                      if (choice == 2u) view->Reload();
+                    });
+    return true;
+  case SaveQuestion::None: break;
+  }
+  return false;
+}
+
+bool MainView::AskAboutSize(const std::function<void()>& goOn) {
+  if (!graph->Root() || !graph->Contains(*graph->Root())) return false;
+  const DocumentExport::Size size =
+      DocumentExport(*graph->Root(), graph->ContentNodes(), FieldsToWrite::Changed).Measure();
+  const size_t count = graph->ContentNodes().size();
+  // What is too large is refused by the export.
+  if (!size.IsMultiplied(count) || size.nodes <= nodesOfFile || size.IsTooLarge()) return false;
+  MessageBox::Ask("Nodes with several parents are written below each of them. The file will hold " +
+                      RoundedCount(size.nodes) + " nodes, and the document has " + std::to_string(count) +
+                      ". Do you want to save it?",
+                  "Attention!", {"Save", "Cancel"},
+                  [view = Ptr<MainView>(this), goOn, nodes = size.nodes](std::optional<size_t> choice) {
+                    if (choice != 0u) return;
+                    view->nodesOfFile = nodes;
+                    goOn();
+                  });
+  return true;
+}
+
+double MainView::MeasureNodes() const {
+  if (!graph->Root() || !graph->Contains(*graph->Root())) return 0;
+  return DocumentExport(*graph->Root(), graph->ContentNodes(), FieldsToWrite::Changed).Measure().nodes;
+}
+
+void MainView::Reload() {
+  const std::string path = filePath;
+  LoadFileAndWorkspace();
+  if (!filePath.empty() || graph->ContentNodes().empty()) return;
+  filePath = path;
+  ShowDocumentName();
+}
+
+std::string MainView::DescribeRootMismatch() const {
+  const ContentNode* root = graph->Root();
+  const NodeDictionary* dictionary = Dictionary();
+  if (!root || !dictionary || !graph->Contains(*root)) return {};
+  const std::string& wanted = workspaces.currentRoot->RootNodeType;
+  // What a load has made of a file, it will make of it again.
+  bool fits = root->TypeId() == wanted || root->TypeId() == loadedRootType;
+  if (const NodeVariant* family = dictionary->FindVariant(wanted))
+    for (const auto& [value, id] : family->Variants) fits = fits || root->TypeId() == id;
+  if (fits) return {};
+  return "The root is a node of the type \"" + root->TypeId() + "\". A file of the kind \"" +
+         workspaces.currentRoot->MenuName + "\" begins with \"" + wanted +
+         "\", and the next load would not read this one as it is.";
+}
+
+void MainView::OnClickEarlierVersions(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  if (!fileHistory || filePath.empty()) return;
+  versionsPanel->List(fileHistory->VersionsOf(filePath));
+  SetValue(VersionsModalVisibilityProperty, Toolkit::Visibility::Visible);
+}
+
+void MainView::OpenVersion(const VersionLine& line) {
+  SetValue(VersionsModalVisibilityProperty, Toolkit::Visibility::Collapsed);
+  const std::string text = ReadTextFile(line.Version().file.string()).value_or("");
+  RescuedDocument document = DescribeForRescue();
+  const JsonParseResult parsed = ParseJson(text);
+  if (const std::string root = NodeImporterExporter::GetWorkspaceID(parsed.json.get()); workspaces.FindRoot(root))
+    document.root = root;
+  if (!ShowAsUnsaved(document, text)) return;
+  noticeBar->Show({"earlier version",
+                   "This is \"" + DocumentName() + "\" as it was until " + std::string(line.GetTime().View()) +
+                       ". A save writes it over the present file.",
+                   {}});
+}
+
+void MainView::KeepWork(const std::filesystem::path& directory) {
+  keeper = std::make_unique<WorkKeeper>(
+      WorkKeeper::Document{
+          [this] { return IsSaved(); }, [this] { return DescribeForRescue(); }, [this] { return PrintDocument(); },
+          [this](const RescuedDocument& document, const std::string& text) { return ShowAsUnsaved(document, text); }},
+      *noticeBar, directory / "rescue");
+  keeper->OfferAbandoned();
+  fileGuard = std::make_unique<FileGuard>(*noticeBar, [this] { Reload(); });
+  if (!filePath.empty()) fileGuard->Take(filePath);
+  fileHistory = FileHistory::IsWanted() ? std::make_unique<FileHistory>(directory / "history") : nullptr;
+  commandStates->Refresh();
+}
+
+void MainView::OnPresented() {
+  // A build server's run leaves nothing behind and answers no offer.
+  if (!CommandLineOptions::Instance().saveTo.empty()) return;
+  if (const std::filesystem::path directory = FindStateDirectory(); !directory.empty()) KeepWork(directory);
+  endSignals = std::make_unique<EndSignals>([this](int signal) {
+    if (keeper) keeper->WriteNow();
+    if (auto* application = Toolkit::Application::Current()) application->SetExitCode(128 + signal);
+    Close();
+  });
+}
+
+void MainView::KeepUnsaved() {
+  if (keeper) keeper->SetAside();
+}
+
+RescuedDocument MainView::DescribeForRescue() const {
+  std::error_code error;
+  const std::string path = filePath.empty() ? std::string() : std::filesystem::absolute(filePath, error).string();
+  return {path, workspaces.currentRoot ? workspaces.currentRoot->MenuName : std::string(),
+          fileGuard && !path.empty() ? fileGuard->State() : std::string()};
+}
+
+std::string MainView::PrintDocument() {
+  if (!HasWorkspace() || graph->ContentNodes().empty()) return {};
+  const RootType& type = *workspaces.currentRoot;
+  Ptr<ContentNode> root(graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr);
+  // The rest of a document whose root was deleted floats beside a new one.
+  if (!root && Dictionary()) root = Dictionary()->CreateNode(type.RootNodeType, true);
+  if (!root) return {};
+  const FieldsToWrite fields = type.workspace->ExportDefaults ? FieldsToWrite::All : FieldsToWrite::Changed;
+  DocumentExport document(*root, graph->ContentNodes(), fields);
+  return PrintJson(document.Build(graph->GroupNodes(), graph->CommentNodes(), type.MenuName).get());
+}
+
+bool MainView::ShowAsUnsaved(const RescuedDocument& document, const std::string& text) {
+  JsonParseResult parsed = ParseJson(text);
+  if (parsed && workspaces.FindRoot(document.root)) ChangeRootType(document.root);
+  if (!parsed || !workspaces.currentRoot || workspaces.currentRoot->MenuName != document.root) {
+    ShowError("The kept state of \"" + document.path + "\" cannot be read.", "Error");
+    return false;
+  }
+  filePath = document.path;
+  AssetFile file;
+  file.json = std::move(parsed.json);
+  FinishLoad(std::move(file));
+  if (graph->ContentNodes().empty()) return false;
+  // No state of the history is that of the file.
+  savedState = 0;
+  if (fileGuard) fileGuard->Take(filePath, document.fileState);
+  if (!filePath.empty()) ShowTitleOfFile();
+  OnDocumentChanged();
+  return true;
+}
+
+} // namespace Tesselor

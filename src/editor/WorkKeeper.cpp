@@ -1,0 +1,195 @@
+#include "editor/WorkKeeper.h"
+
+#include "editor/NoticeBar.h"
+#include "platform/LogFile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+
+namespace Tesselor {
+
+namespace {
+
+/// Milliseconds. With the second that a copy may take, a change is on the disk within two.
+constexpr double copyDelay = 1000, reapInterval = 50;
+
+std::string NameOf(const RescuedDocument& document) {
+  return document.path.empty() ? "Untitled" : std::filesystem::path(document.path).filename().string();
+}
+
+std::string LocalTime(std::time_t time) {
+  std::tm local{};
+  char text[32];
+  if (!localtime_r(&time, &local)) return {};
+  return std::string(text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M", &local));
+}
+
+} // namespace
+
+WorkKeeper::WorkKeeper(Document document, NoticeBar& notices, std::filesystem::path directory)
+    : document(std::move(document)), notices(notices), store(std::move(directory)) {}
+
+WorkKeeper::~WorkKeeper() {
+  Toolkit::Dispatcher::Current().Cancel(copyTimer);
+  Finish();
+}
+
+void WorkKeeper::Follow() {
+  if (document.isSaved()) {
+    Discard();
+    return;
+  }
+  isDiscarded = false;
+  if (changedAt < 0) changedAt = Toolkit::Dispatcher::Current().Now();
+  Schedule();
+}
+
+void WorkKeeper::Schedule() {
+  if (child >= 0 || copyTimer != 0 || changedAt < 0) return;
+  Toolkit::Dispatcher& dispatcher = Toolkit::Dispatcher::Current();
+  copyTimer = dispatcher.StartTimer(std::max(0.0, changedAt + copyDelay - dispatcher.Now()), [this] {
+    copyTimer = 0;
+    StartCopy();
+  });
+}
+
+void WorkKeeper::Discard() {
+  Toolkit::Dispatcher::Current().Cancel(std::exchange(copyTimer, 0));
+  changedAt = -1;
+  DeleteReplaced();
+  if (!mayExist) return;
+  // A child that is not done would bring the copy back.
+  if (child >= 0) {
+    kill(child, SIGKILL);
+    isDiscarded = true;
+  } else {
+    mayExist = false;
+  }
+  store.Remove();
+}
+
+void WorkKeeper::StartCopy() {
+  Finish();
+  Toolkit::Dispatcher::Current().Cancel(std::exchange(copyTimer, 0));
+  const RescuedDocument described = document.describe();
+  changedAt = -1;
+  mayExist = true;
+  child = fork();
+  if (child == 0) {
+    // The loop of the parent answers signals and writes the log.
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) std::signal(signal, SIG_IGN);
+    LogFile::SetSink([](std::string_view) {});
+    [[maybe_unused]] const int niceness = nice(10);
+    const std::string text = document.print();
+    _exit(!text.empty() && store.Write(described, text) ? 0 : 1);
+  }
+  if (child < 0) {
+    Ended(!store.Write(described, document.print()));
+    return;
+  }
+  Reap();
+}
+
+void WorkKeeper::Reap() {
+  reapTimer = 0;
+  int status = 0;
+  if (waitpid(child, &status, WNOHANG) == 0) {
+    reapTimer = Toolkit::Dispatcher::Current().StartTimer(reapInterval, [this] { Reap(); });
+    return;
+  }
+  Ended(status);
+}
+
+void WorkKeeper::Finish() {
+  if (child < 0) return;
+  Toolkit::Dispatcher::Current().Cancel(std::exchange(reapTimer, 0));
+  int status = 0;
+  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+  }
+  Ended(status);
+}
+
+void WorkKeeper::Ended(int status) {
+  child = -1;
+  if (isDiscarded) {
+    store.Remove();
+    isDiscarded = false;
+    mayExist = changedAt >= 0;
+  } else if (status != 0) {
+    LogFile::Write("The copy of the unsaved document could not be written");
+  } else {
+    DeleteReplaced();
+  }
+  Schedule();
+}
+
+void WorkKeeper::WriteNow() {
+  Toolkit::Dispatcher::Current().Cancel(std::exchange(copyTimer, 0));
+  const bool isBehind = changedAt >= 0;
+  changedAt = -1;
+  Finish();
+  if (!isBehind || document.isSaved()) return;
+  mayExist = true;
+  const std::string text = document.print();
+  if (!text.empty() && store.Write(document.describe(), text)) DeleteReplaced();
+}
+
+void WorkKeeper::SetAside() {
+  if (document.isSaved()) return;
+  const std::string text = document.print();
+  const RescuedDocument described = document.describe();
+  const std::optional<RescueCopy> copy = text.empty() ? std::nullopt : store.SetAside(described, text);
+  if (!copy) {
+    // The copy that follows the document is the last one then, and the next document's would take its place.
+    LogFile::Write("The unsaved changes of \"" + NameOf(described) + "\" could not be kept");
+    return;
+  }
+  Discard();
+  Offer(*copy, "The unsaved changes of \"" + NameOf(described) + "\" were kept.");
+}
+
+void WorkKeeper::OfferAbandoned() {
+  std::vector<RescueCopy> copies = store.Abandoned();
+  if (copies.size() > NoticeBar::MostLines) copies.resize(NoticeBar::MostLines);
+  for (auto copy = copies.rbegin(); copy != copies.rend(); ++copy)
+    Offer(*copy, "\"" + NameOf(copy->document) + "\" had unsaved changes when the editor ended. They were kept on " +
+                     LocalTime(copy->time) + ".");
+}
+
+void WorkKeeper::Offer(const RescueCopy& copy, std::string text) {
+  const std::string id = "rescue " + copy.file.string();
+  notices.Show({id,
+                std::move(text),
+                {{"Restore",
+                  [this, copy, id] {
+                    notices.Dismiss(id);
+                    Restore(copy);
+                  }},
+                 {"Delete",
+                  [this, copy, id] {
+                    notices.Dismiss(id);
+                    RescueStore::Delete(copy);
+                  }}},
+                "Later"});
+}
+
+void WorkKeeper::Restore(RescueCopy copy) {
+  const std::optional<std::string> text = store.Claim(copy);
+  if (!text) {
+    notices.Show({"rescue gone", "These changes are not there any more.", {}});
+    return;
+  }
+  if (!document.restore(copy.document, *text)) return;
+  replaced.push_back(std::move(copy));
+  Follow();
+}
+
+void WorkKeeper::DeleteReplaced() {
+  for (const RescueCopy& copy : std::exchange(replaced, {})) RescueStore::Delete(copy);
+}
+
+} // namespace Tesselor

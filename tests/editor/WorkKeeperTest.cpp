@@ -1,0 +1,230 @@
+// What is kept of unsaved work, and how it comes back.
+#include "editor/WorkKeeper.h"
+#include "WindowStage.h"
+#include "editor/NoticeBar.h"
+#include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/TextBlock.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace Tesselor {
+namespace {
+
+namespace fs = std::filesystem;
+using TestSupport::TemporaryDirectory;
+using TestSupport::WindowStage;
+using Toolkit::Key;
+
+class KeptWork : public testing::Test {
+protected:
+  KeptWork() : window("quest"), view(window.View()) { view.KeepWork(state.Path()); }
+
+  void Nudge() {
+    window.Focus(&view.GetGraph().Panel());
+    view.GetGraph().Selected().Clear();
+    view.GetGraph().Selected().Add(window.Node("The nest"));
+    window.Press(Key::Right);
+  }
+  std::vector<fs::path> Copies() const {
+    std::vector<fs::path> files;
+    if (fs::exists(state.Path() / "rescue"))
+      for (const auto& entry : fs::directory_iterator(state.Path() / "rescue")) files.push_back(entry.path());
+    return files;
+  }
+  /// The text of the one copy that is there; empty if there is none.
+  std::string Copied() const {
+    const auto files = Copies();
+    EXPECT_LE(files.size(), 1u);
+    if (files.empty()) return {};
+    const std::string text = TemporaryDirectory::Read(files.front());
+    return text.substr(text.find('\n') + 1);
+  }
+  void LetACopyBeWritten() {
+    window.Wait(1000);
+    view.Keeper()->Finish();
+  }
+  /// What a process that has ended leaves.
+  void Abandon(const RescuedDocument& document, const std::string& text) {
+    const pid_t child = fork();
+    if (child == 0) _exit(RescueStore(state.Path() / "rescue").Write(document, text) ? 0 : 1);
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_EQ(status, 0);
+  }
+  std::vector<std::string> Told() {
+    window.Settle();
+    std::vector<std::string> texts;
+    for (const auto* text : TestSupport::All<Toolkit::TextBlock>(view.Notices()))
+      if (text->GetName() == "Text") texts.emplace_back(text->GetText());
+    return texts;
+  }
+  void Press(const char* caption) {
+    window.Settle();
+    auto* button = TestSupport::Find<Toolkit::Button>(view.Notices(), [&](const Toolkit::Button& candidate) {
+      return candidate.GetContent().AsStringView() == caption;
+    });
+    ASSERT_TRUE(button) << caption;
+    window.Click(*button);
+  }
+  using Texts = std::vector<std::string>;
+
+  TemporaryDirectory state;
+  WindowStage window;
+  MainView& view;
+};
+
+TEST_F(KeptWork, IsThereAFewMomentsAfterAnEditAndGoesWithASave) {
+  const std::string file = TemporaryDirectory::Read(view.FilePath());
+  LetACopyBeWritten();
+  EXPECT_EQ(Copied(), "");
+  Nudge();
+  window.Wait(900);
+  view.Keeper()->Finish();
+  EXPECT_EQ(Copied(), "") << "what is edited in one go is written once";
+  LetACopyBeWritten();
+  EXPECT_TRUE(Copied() == window.Exported());
+  EXPECT_FALSE(Copied() == file);
+  EXPECT_EQ(TemporaryDirectory::Read(view.FilePath()), file);
+  // An edit while a copy is being written gets one of its own.
+  Nudge();
+  window.Wait(1000);
+  Nudge();
+  view.Keeper()->Finish();
+  LetACopyBeWritten();
+  EXPECT_TRUE(Copied() == window.Exported());
+  window.Chord({Key::LeftCtrl, Key::S});
+  EXPECT_EQ(Copied(), "");
+  // A save while a copy is being written.
+  Nudge();
+  window.Wait(1000);
+  window.Chord({Key::LeftCtrl, Key::S});
+  view.Keeper()->Finish();
+  EXPECT_EQ(Copied(), "");
+  // Back to what is saved by the history.
+  window.Undo();
+  LetACopyBeWritten();
+  EXPECT_TRUE(Copied() == window.Exported());
+  window.Redo();
+  EXPECT_EQ(Copied(), "");
+}
+
+TEST_F(KeptWork, HoldsWhatIsTypedAndChangesNothingInTheDocument) {
+  ContentNode& nest = window.Node("The nest");
+  window.LookAt(nest);
+  // A new node gets its identity in the file only by a save.
+  window.RightClick(window.EmptySpot());
+  window.Type("quest");
+  window.Press(Key::Return);
+  std::vector<std::string> identities;
+  for (const auto& node : view.ContentNodes()) identities.push_back(node->Identity());
+  LetACopyBeWritten();
+  for (size_t i = 0; i < identities.size(); ++i) EXPECT_EQ(view.ContentNodes()[i]->Identity(), identities[i]);
+  auto& box = TestSupport::First<Toolkit::TextBox>(TestSupport::Named<Toolkit::UIElement>(nest, "NodeContent"));
+  window.LookAt(nest);
+  window.TypeInto(box, "half a wor");
+  LetACopyBeWritten();
+  EXPECT_NE(Copied().find("half a wor"), std::string::npos);
+  EXPECT_TRUE(box.IsFocused());
+}
+
+TEST_F(KeptWork, SurvivesADocumentWithoutARoot) {
+  window.Focus(&view.GetGraph().Panel());
+  view.GetGraph().Selected().Add(*view.RootNode());
+  window.Press(Key::Delete);
+  LetACopyBeWritten();
+  EXPECT_NE(Copied().find("$FloatingNodes"), std::string::npos);
+  EXPECT_NE(Copied().find("The nest"), std::string::npos);
+}
+
+TEST_F(KeptWork, GoesWithTheUsersWordOnly) {
+  Nudge();
+  LetACopyBeWritten();
+  window.boxes.choice = 2;
+  view.RequestClose();
+  EXPECT_NE(Copied(), "");
+  window.boxes.choice = 1;
+  view.RequestClose();
+  EXPECT_EQ(Copied(), "");
+}
+
+TEST_F(KeptWork, IsBroughtUpToDateBeforeTheProcessEnds) {
+  Nudge();
+  view.Keeper()->WriteNow();
+  EXPECT_TRUE(Copied() == window.Exported());
+  window.Chord({Key::LeftCtrl, Key::S});
+  view.Keeper()->WriteNow();
+  EXPECT_EQ(Copied(), "");
+}
+
+TEST_F(KeptWork, IsSetAsideForAnotherDocumentAndRestored) {
+  const std::string dialogue = TESSELOR_DATA_DIR "/samples/dialogue.json";
+  const std::string path = view.FilePath();
+  const std::function<void()> ways[] = {
+      [&] { window.Open(dialogue); },
+      [&] { view.ChangeRootType("Dialogue"); },
+      [&] { window.Open("/nowhere/at/all.json"); },
+  };
+  for (const auto& replace : ways) {
+    SCOPED_TRACE(&replace - ways);
+    Nudge();
+    LetACopyBeWritten();
+    const std::string changed = window.Exported();
+    replace();
+    EXPECT_FALSE(window.Exported() == changed);
+    EXPECT_EQ(Told(), Texts{"The unsaved changes of \"quest.json\" were kept."});
+    EXPECT_TRUE(Copied() == changed);
+    Press("Restore");
+    EXPECT_EQ(Told(), Texts());
+    EXPECT_TRUE(window.Exported() == changed);
+    EXPECT_EQ(view.FilePath(), path);
+    EXPECT_FALSE(view.IsSaved());
+    LetACopyBeWritten();
+    EXPECT_TRUE(Copied() == changed) << "the copy that was restored goes when the next one is there";
+  }
+  window.Open(dialogue);
+  Press("Delete");
+  EXPECT_EQ(Copies().size(), 0u);
+  EXPECT_TRUE(view.IsSaved());
+}
+
+TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
+  const std::string text = window.Exported();
+  Abandon({"/somewhere/lost.json", "Quest", ""}, text);
+  Abandon({"", "Quest", ""}, text);
+  Abandon({"/somewhere/broken.json", "Nobody", ""}, "{");
+  view.KeepWork(state.Path());
+  ASSERT_EQ(Told().size(), 3u);
+  for (const std::string& told : Told())
+    EXPECT_NE(told.find("had unsaved changes when the editor ended"), std::string::npos);
+  for (int i = 0; i < 3; ++i) Press("Later");
+  EXPECT_EQ(Copies().size(), 3u);
+  view.KeepWork(state.Path());
+  EXPECT_EQ(Told().size(), 3u) << "later means the next start";
+  const auto restore = [&](const char* name) {
+    const Texts told = Told();
+    const auto line =
+        std::find_if(told.begin(), told.end(), [&](const std::string& text) { return text.starts_with(name); });
+    ASSERT_NE(line, told.end()) << name;
+    const auto fits = [](const Toolkit::Button& button) { return button.GetContent().AsStringView() == "Restore"; };
+    std::vector<Toolkit::Button*> buttons = TestSupport::All<Toolkit::Button>(view.Notices());
+    std::erase_if(buttons, [&](const Toolkit::Button* button) { return !fits(*button); });
+    window.Click(*buttons.at(static_cast<size_t>(line - told.begin())));
+  };
+  restore("\"broken.json\"");
+  EXPECT_EQ(window.boxes.Texts(), Texts{"Error: The kept state of \"/somewhere/broken.json\" cannot be read."});
+  EXPECT_TRUE(view.IsSaved());
+  restore("\"lost.json\"");
+  EXPECT_TRUE(window.Exported() == text);
+  EXPECT_EQ(view.FilePath(), "/somewhere/lost.json");
+  EXPECT_FALSE(view.IsSaved());
+  restore("\"Untitled\"");
+  EXPECT_TRUE(window.Exported() == text);
+  EXPECT_EQ(view.FilePath(), "");
+  EXPECT_EQ(Told().front(), "The unsaved changes of \"lost.json\" were kept.");
+}
+
+} // namespace
+} // namespace Tesselor
