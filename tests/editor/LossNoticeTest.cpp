@@ -11,6 +11,7 @@
 #include "workspace/Workspace.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace Tesselor {
 namespace {
@@ -118,6 +119,23 @@ TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
   EXPECT_EQ(SelectedId(), "2");
   window->Press(Key::Escape);
   EXPECT_FALSE(Panel().IsOpen());
+}
+
+TEST_F(LossNotices, ComeFromAChildForALargeDocument) {
+  std::string items;
+  for (int i = 0; i < 600; ++i)
+    items += (i ? "," : "") + std::string(R"({"$NodeId": "Item-n)") + std::to_string(i) + R"(", "Label": )" +
+             (i == 599 ? "5" : "\"t\"") + "}";
+  EXPECT_EQ(Told(Write("large.json", R"("Items": [)" + items + "]")), Texts()) << "the window waits for no child";
+  for (int i = 0; i < 1000 && window->View().Notices().Lines().Count() == 0; ++i) {
+    usleep(10000);
+    window->Settle();
+  }
+  ASSERT_EQ(window->View().Notices().Lines().Count(), 1u);
+  EXPECT_EQ(window->View().Notices().Lines().Get(0)->GetText(), "Saving this file changes 1 value");
+  window->Click(Button("Details"));
+  window->Press(Key::Return);
+  EXPECT_EQ(SelectedId(), "n599");
 }
 
 TEST_F(LossNotices, AskBeforeASaveMultipliesTheDocument) {
