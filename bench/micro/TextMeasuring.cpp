@@ -47,4 +47,47 @@ void LayOutLongText(benchmark::State& state) {
 }
 BENCHMARK(LayOutLongText)->Range(1000, 100000)->Complexity(benchmark::oN);
 
+/// What a text repeats until it is long enough, and the width that wraps it; 0 leaves it on one line.
+struct LongText {
+  const char* sample;
+  float wrapWidth;
+};
+
+constexpr LongText RightToLeftLine{"\u05e9\u05dc\u05d5\u05dd \u05e2\u05d5\u05dc\u05dd ", 0};
+constexpr LongText RightToLeftWrapped{"\u05e9\u05dc\u05d5\u05dd \u05e2\u05d5\u05dc\u05dd ", 300};
+constexpr LongText MixedDirections{"\u05e9\u05dc\u05d5\u05dd 12 abc ", 300};
+constexpr LongText UnbrokenLine{"unbroken", 0};
+constexpr LongText UnbrokenWrapped{"unbroken", 300};
+constexpr LongText Marks{"\u0301\u0302", 300};
+constexpr LongText Flags{"\U0001F1E9\U0001F1EA", 300};
+
+/// `state.range(0)` is a number of characters.
+void LayOut(benchmark::State& state, const LongText& kind) {
+  Toolkit::TextShaper shaper(Fonts());
+  Toolkit::DecodedText sample;
+  sample.Assign(kind.sample);
+  std::string text;
+  for (int64_t count = 0; count < state.range(0); count += static_cast<int64_t>(sample.Count())) text += kind.sample;
+  Toolkit::TextLayoutOptions options;
+  if (kind.wrapWidth > 0) options = {kind.wrapWidth, Toolkit::TextWrapping::Wrap};
+  for (auto _ : state) {
+    const Toolkit::TextLayout layout(text, {12}, options, Fonts(), shaper);
+    benchmark::DoNotOptimize(layout.Size());
+    // The first question for a caret makes the boxes of all graphemes.
+    benchmark::DoNotOptimize(layout.CaretPosition(text.size()));
+  }
+  state.SetComplexityN(state.range(0));
+}
+
+void ForEachLength(benchmark::internal::Benchmark* test) {
+  test->RangeMultiplier(10)->Range(10000, 1000000)->Unit(benchmark::kMillisecond)->Complexity();
+}
+BENCHMARK_CAPTURE(LayOut, right_to_left, RightToLeftLine)->Apply(ForEachLength);
+BENCHMARK_CAPTURE(LayOut, right_to_left_wrapped, RightToLeftWrapped)->Apply(ForEachLength);
+BENCHMARK_CAPTURE(LayOut, mixed_directions, MixedDirections)->Apply(ForEachLength);
+BENCHMARK_CAPTURE(LayOut, unbroken, UnbrokenLine)->Apply(ForEachLength);
+BENCHMARK_CAPTURE(LayOut, unbroken_wrapped, UnbrokenWrapped)->Apply(ForEachLength);
+BENCHMARK_CAPTURE(LayOut, marks, Marks)->Apply(ForEachLength);
+BENCHMARK_CAPTURE(LayOut, flags, Flags)->Apply(ForEachLength);
+
 } // namespace

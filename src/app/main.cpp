@@ -3,6 +3,7 @@
 #include "platform/EndSignals.h"
 #include "platform/ExecutableDirectory.h"
 #include "platform/LogFile.h"
+#include "platform/OutOfMemory.h"
 #include "toolkit/base/Diagnostics.h"
 #include "workspace/AssetFileIndex.h"
 
@@ -64,6 +65,8 @@ void ReadOptions(Arguments arguments) {
 }
 
 int Run(int argc, const char* const* argv) {
+  EndWhenOutOfMemory();
+  OccupyStandardDescriptors();
   TakeFailedWritesAsErrors();
   Toolkit::SetLogHandler(&OnLog);
   Toolkit::SetErrorHandler(&OnError);

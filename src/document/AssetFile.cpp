@@ -31,6 +31,7 @@ AssetFile AssetFile::Read(const std::string& path) {
   const std::optional<std::string> text = ReadTextFile(path);
   if (!text) return refuse("Failed to open file:\n" + path, opening);
   JsonParseResult parsed = ParseJson(*text, JsonTail::Refused);
+  if (parsed.ranOutOfMemory) return refuse("Not enough memory to open file:\n" + path, opening);
   const std::string detail = parsed ? DescribeTopLevel(*text, parsed.json.get()) : parsed.detail;
   if (!detail.empty()) return refuse("Invalid JSON in file:\n" + path + "\n\nError: " + detail, "Error Parsing File");
   file.json = std::move(parsed.json);

@@ -61,9 +61,10 @@ int CreateNew(const std::filesystem::path& beginning, std::string_view end, mode
 
 /// What is no regular file takes bytes and keeps none.
 FileWriteResult WriteToDevice(const std::string& path, std::string_view text) {
-  const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+  // A pipe that nobody reads is refused, where opening it otherwise would wait for a reader.
+  const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) return FileWriteResult::OpenFailed;
-  const bool isWritten = WriteAll(descriptor, text);
+  const bool isWritten = fcntl(descriptor, F_SETFL, 0) == 0 && WriteAll(descriptor, text);
   return close(descriptor) == 0 && isWritten ? FileWriteResult::Written : FileWriteResult::WriteFailed;
 }
 

@@ -55,4 +55,12 @@ void TakeFailedWritesAsErrors() {
   for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
 }
 
+void OccupyStandardDescriptors() {
+  for (int descriptor = open("/dev/null", O_RDONLY); descriptor >= 0; descriptor = open("/dev/null", O_RDONLY)) {
+    if (descriptor <= STDERR_FILENO) continue;
+    close(descriptor);
+    return;
+  }
+}
+
 } // namespace Tesselor

@@ -27,4 +27,9 @@ private:
 /// it would have ended the process.
 void TakeFailedWritesAsErrors();
 
+/// Puts something in the place of each standard stream that the process was started without, or the first files that it
+/// opens would take their numbers, and what is meant for standard error would stand in the log or in an asset. Writes
+/// to such a stream fail.
+void OccupyStandardDescriptors();
+
 } // namespace Tesselor

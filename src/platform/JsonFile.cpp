@@ -1,5 +1,7 @@
 #include "platform/JsonFile.h"
 
+#include "platform/JsonMemory.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
@@ -75,13 +77,15 @@ std::string WriteNulls(std::string_view text) {
 } // namespace
 
 std::optional<std::string> ReadTextFile(const std::string& path) {
-  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  // Opening a FIFO or some devices would wait for another process, for ever if there is none.
+  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) return std::nullopt;
   std::optional<std::string> text;
   struct stat status {};
-  if (fstat(descriptor, &status) == 0) {
+  if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
     text.emplace();
-    // One byte more than the file has lets the last read see the end. The size is only a hint: a pipe has none.
+    // One byte more than the file has lets the last read see the end. The size is only a hint: it may grow, and files
+    // that the system makes up have none.
     size_t used = 0;
     text->resize(static_cast<size_t>(status.st_size > 0 ? status.st_size : 0) + 1);
     for (;;) {
@@ -116,9 +120,14 @@ JsonParseResult ParseJson(const std::string& original, JsonTail tail) {
   JsonParseResult result;
   const std::optional<std::string> kept = KeepNulls(original);
   const std::string& text = kept ? *kept : original;
+  const JsonMemory memory;
   // The terminating zero belongs to the text, or a number at the very end would have no end.
   result.json.reset(cJSON_ParseWithLengthOpts(text.c_str(), text.size() + 1, nullptr, tail == JsonTail::Refused));
-  if (!result.json) {
+  result.ranOutOfMemory = memory.RanOut();
+  if (result.ranOutOfMemory) {
+    result.json.reset();
+    result.detail = "not enough memory";
+  } else if (!result.json) {
     const char* position = cJSON_GetErrorPtr();
     if (!position || position < text.c_str() || position > text.c_str() + text.size()) position = text.c_str();
     result.detail = DescribePlace(text, static_cast<size_t>(position - text.c_str()));

@@ -21,6 +21,8 @@ struct JsonParseResult {
   /// Where the parser gave up and what stands there: "line 3, column 7: nope}", on one printable line, cut to a length
   /// that suits a log line or a box. Columns are counted in characters. Empty only for a text that parses.
   std::string detail;
+  /// The text may be valid, but there was no memory for its tree.
+  bool ranOutOfMemory = false;
 
   explicit operator bool() const { return json != nullptr; }
 };
@@ -28,7 +30,8 @@ struct JsonParseResult {
 /// Such a detail for a place in a text.
 std::string DescribePlace(std::string_view text, size_t position);
 
-/// The whole file as bytes; nothing if it can't be opened or read, as for a directory.
+/// The whole file as bytes; nothing if it can't be opened or read. A directory, a pipe or a device is no file, and is
+/// never waited for.
 std::optional<std::string> ReadTextFile(const std::string& path);
 
 /// What to do about text behind the first value.

@@ -1,9 +1,11 @@
 #include "platform/LogFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <fcntl.h>
 #include <filesystem>
@@ -131,6 +133,7 @@ void LogFile::WriteLine(std::string_view time, std::string_view separator, std::
     ssize_t written = writev(descriptor, rest, count);
     if (written < 0) {
       if (errno == EINTR) continue;
+      TellInstead(errno, text);
       return;
     }
     while (count > 0 && static_cast<size_t>(written) >= rest->iov_len) {
@@ -143,6 +146,12 @@ void LogFile::WriteLine(std::string_view time, std::string_view separator, std::
       rest->iov_len -= static_cast<size_t>(written);
     }
   }
+}
+
+void LogFile::TellInstead(int error, std::string_view text) {
+  constexpr int longestLine = 200;
+  if (!std::exchange(hasFailed, true)) std::fprintf(stderr, "The log can't be written: %s\n", std::strerror(error));
+  std::fprintf(stderr, "%.*s\n", static_cast<int>(std::min<size_t>(text.size(), longestLine)), text.data());
 }
 
 void LogFile::End() {

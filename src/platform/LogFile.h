@@ -45,6 +45,8 @@ private:
 
   std::string_view CurrentTime();
   void WriteLine(std::string_view time, std::string_view separator, std::string_view text);
+  /// Says on standard error, cut to a length, what the log did not take.
+  void TellInstead(int error, std::string_view text);
   void End();
 
   int descriptor = -1;
@@ -56,6 +58,7 @@ private:
   size_t formattedLength = 0;
   /// Kept for its memory.
   std::string twoLines;
+  bool hasFailed = false;
 };
 
 } // namespace Tesselor

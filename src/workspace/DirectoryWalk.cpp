@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <set>
 #include <sys/stat.h>
 #include <system_error>
 #include <utility>
@@ -20,8 +21,8 @@ struct Walk {
   const std::function<void(const DirectoryEntry&)>& visit;
   const std::function<bool(const DirectoryEntry&)>& entersDirectory;
   const DirectoryErrorHandler& onError;
-  /// The directories around the one that is being read, which a link must not lead back into.
-  std::vector<DirectoryIdentity> open;
+  /// Links may lead back to a directory or to it by many ways, which multiply from one level to the next.
+  std::set<DirectoryIdentity> visited;
 
   void Enter(const std::filesystem::path& directory) {
     struct stat status {};
@@ -29,16 +30,13 @@ struct Walk {
       Report(onError, directory, std::error_code(errno, std::generic_category()));
       return;
     }
-    const DirectoryIdentity identity{status.st_dev, status.st_ino};
-    if (std::find(open.begin(), open.end(), identity) != open.end()) return;
-    open.push_back(identity);
+    if (!visited.emplace(status.st_dev, status.st_ino).second) return;
     for (const DirectoryEntry& entry : ListDirectory(directory, onError)) {
       if (!entry.isDirectory)
         visit(entry);
       else if (!entersDirectory || entersDirectory(entry))
         Enter(entry.path);
     }
-    open.pop_back();
   }
 };
 

@@ -25,8 +25,8 @@ std::vector<DirectoryEntry> ListDirectory(const std::filesystem::path& directory
                                           const DirectoryErrorHandler& onError = {});
 
 /// Visits what lies below a directory at any depth and is no directory itself, in the order of `ListDirectory`, a
-/// subdirectory's content in its place. `entersDirectory` may be empty, for all. A directory that links back to one
-/// around it is not entered again.
+/// subdirectory's content in its place. `entersDirectory` may be empty, for all. A directory that
+/// several links lead to is entered once, by the first way in that order.
 void WalkFiles(const std::filesystem::path& directory, const std::function<void(const DirectoryEntry&)>& visit,
                const std::function<bool(const DirectoryEntry&)>& entersDirectory = {},
                const DirectoryErrorHandler& onError = {});

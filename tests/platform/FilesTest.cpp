@@ -132,6 +132,8 @@ TEST(AtomicFile, TellsWhenNothingCanBeOpened) {
   EXPECT_EQ(AtomicFile::Write(directory / "missing/asset.json", "x"), FileWriteResult::OpenFailed);
   EXPECT_EQ(AtomicFile::Write(directory / "folder", "x"), FileWriteResult::OpenFailed);
   EXPECT_EQ(AtomicFile::Write("", "x"), FileWriteResult::OpenFailed);
+  ASSERT_EQ(mkfifo((directory / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(AtomicFile::Write(directory / "pipe", "x"), FileWriteResult::OpenFailed);
   EXPECT_EQ(CountEntries(directory / "folder"), 0u);
 }
 
@@ -156,13 +158,17 @@ TEST(AtomicFile, WritesADeviceInPlace) {
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
-TEST(JsonFile, ReadsWholeFilesAndNoDirectories) {
+TEST(JsonFile, ReadsWholeFilesAndNothingElse) {
   TemporaryDirectory directory;
   const std::string bytes("a\0\r\nb", 5);
   EXPECT_EQ(Tesselor::ReadTextFile(directory.Write("bytes", bytes)), bytes);
   EXPECT_EQ(Tesselor::ReadTextFile(directory.Write("empty", "")), "");
   EXPECT_EQ(Tesselor::ReadTextFile(directory / "missing"), std::nullopt);
-  EXPECT_EQ(Tesselor::ReadTextFile(directory.Path().string()), std::nullopt);
+  ASSERT_EQ(mkfifo((directory / "pipe").c_str(), 0600), 0);
+  for (const std::string& path : {directory.Path().string(), directory / "pipe", std::string("/dev/zero")})
+    EXPECT_EQ(Tesselor::ReadTextFile(path), std::nullopt) << path;
+  // A file of the system's own, without a size.
+  EXPECT_NE(Tesselor::ReadTextFile("/proc/self/status").value_or("").find("Pid:"), std::string::npos);
 }
 
 TEST(JsonFile, TellsWhereTheParserGaveUp) {

@@ -14,7 +14,8 @@ namespace TestSupport {
 
 namespace fs = std::filesystem;
 
-ProgramRun::ProgramRun(const fs::path& directory, const std::vector<std::string>& arguments) {
+ProgramRun::ProgramRun(const fs::path& directory, const std::vector<std::string>& arguments,
+                       const Surroundings& surroundings) {
   const fs::path errors = directory / "stderr.txt";
   fs::remove_all(directory / "NodeEditorLogs");
   const pid_t child = fork();
@@ -24,6 +25,8 @@ ProgramRun::ProgramRun(const fs::path& directory, const std::vector<std::string>
     if (chdir(directory.c_str()) != 0) _exit(126);
     const int file = open(errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     dup2(file, 2);
+    close(file);
+    if (surroundings) surroundings();
     std::vector<char*> argv{const_cast<char*>(TESSELOR_PROGRAM)};
     for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);

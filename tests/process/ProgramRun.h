@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,11 @@ struct ProgramRun {
   /// The run's log; empty if it wrote none below `directory`.
   std::string log;
 
-  ProgramRun(const std::filesystem::path& directory, const std::vector<std::string>& arguments);
+  /// What the run is given, in the child before the program starts.
+  using Surroundings = std::function<void()>;
+
+  ProgramRun(const std::filesystem::path& directory, const std::vector<std::string>& arguments,
+             const Surroundings& surroundings = {});
   bool Logged(const std::string& text) const { return log.find(text) != std::string::npos; }
 };
 

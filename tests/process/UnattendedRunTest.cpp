@@ -6,6 +6,9 @@
 
 #include <filesystem>
 #include <regex>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace Tesselor {
 namespace {
@@ -24,10 +27,11 @@ protected:
   ProgramRun RoundTripSample(const char* name, const std::string& output) {
     return RoundTrip(TESSELOR_DATA_DIR "/samples/" + std::string(name) + ".json", output);
   }
-  ProgramRun RoundTrip(const std::string& asset, const std::string& output, const std::vector<std::string>& more = {}) {
+  ProgramRun RoundTrip(const std::string& asset, const std::string& output, const std::vector<std::string>& more = {},
+                       const ProgramRun::Surroundings& surroundings = {}) {
     std::vector<std::string> arguments = {"--load-asset=" + asset, "--save-to=" + output, "--exit-after-save"};
     arguments.insert(arguments.end(), more.begin(), more.end());
-    return ProgramRun(Here(), arguments);
+    return ProgramRun(Here(), arguments, surroundings);
   }
   TestSupport::TemporaryDirectory directory;
 };
@@ -93,6 +97,9 @@ TEST_F(UnattendedRun, TellsEveryFailureByItsExitCodeAndLeavesTheOutputAlone) {
   directory.Write("two.json", "{\"a\": 1}\n{\"b\": 2}");
   directory.Write("unknown.json", "{\"$WorkspaceID\": \"No such root\"}");
   fs::create_directory(Here() / "folder.json");
+  ASSERT_EQ(mkfifo((Here() / "pipe.json").c_str(), 0600), 0);
+  fs::create_symlink("/dev/zero", Here() / "endless.json");
+  fs::create_symlink("loop.json", Here() / "loop.json");
   const std::pair<const char*, const char*> cases[] = {
       {"missing.json", "File not found:\nmissing.json"},
       {"truncated.json", "Invalid JSON in file:\ntruncated.json\n\nError: line 1, column 12, where the text ends"},
@@ -101,6 +108,9 @@ TEST_F(UnattendedRun, TellsEveryFailureByItsExitCodeAndLeavesTheOutputAlone) {
       {"binary.json", "Invalid JSON in file:\nbinary.json"},
       {"deep.json", "Invalid JSON in file:\ndeep.json"},
       {"folder.json", "Failed to open file:\nfolder.json"},
+      {"pipe.json", "Failed to open file:\npipe.json"},
+      {"endless.json", "Failed to open file:\nendless.json"},
+      {"loop.json", "File not found:\nloop.json"},
       {"array.json", "Error: The top level is no object at line 1, column 2: [1]"},
       {"unknown.json", "Unknown workspace ID 'No such root' in file"},
   };
@@ -151,6 +161,52 @@ TEST_F(UnattendedRun, FailsWhenTheOutputCannotBeWritten) {
   EXPECT_EQ(run.exitCode, 1);
   EXPECT_TRUE(run.Logged("ExportNodeTree: Failed to open file for writing: no/such/directory/out.json"));
   EXPECT_TRUE(run.Logged("Failed to save file:\nno/such/directory/out.json\n\nThe file may be in use"));
+}
+
+void Limit(__rlimit_resource_t resource, rlim_t bytes) {
+  const rlimit limit{bytes, bytes};
+  setrlimit(resource, &limit);
+}
+
+TEST_F(UnattendedRun, TellsWhenDiskOrMemoryRunsOutAndLosesNothing) {
+  std::string big = "{\"$WorkspaceID\": \"Quest\", \"Tags\": [";
+  for (int i = 0; i < 100000; ++i) big += "\"\", ";
+  directory.Write("big.json", big + "\"\"]}");
+  directory.Write("out.json", "old content");
+
+  // A pipe, which has no size, takes what the log and the errors' own file would not.
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  const ProgramRun quota = RoundTrip(TESSELOR_DATA_DIR "/samples/quest.json", "out.json", {}, [&ends] {
+    dup2(ends[1], STDERR_FILENO);
+    Limit(RLIMIT_FSIZE, 1000);
+  });
+  close(ends[1]);
+  std::string told;
+  char bytes[4096];
+  for (ssize_t count = 0; (count = read(ends[0], bytes, sizeof bytes)) > 0;)
+    told.append(bytes, static_cast<size_t>(count));
+  close(ends[0]);
+  EXPECT_EQ(quota.exitCode, 1);
+  for (const char* line :
+       {"The log can't be written: File too large\n", "ExportNodeTree: Write operation failed for: out.json\n"})
+    EXPECT_NE(told.find(line), std::string::npos) << told;
+  EXPECT_EQ(Read("out.json"), "old content");
+
+  const ProgramRun memory = RoundTrip("big.json", "out.json", {}, [] { Limit(RLIMIT_AS, 400 << 20); });
+  EXPECT_EQ(memory.exitCode, 1);
+  EXPECT_NE(memory.standardError.find("Out of memory: the editor ends"), std::string::npos) << memory.standardError;
+  EXPECT_TRUE(memory.Logged("Out of memory: the editor ends"));
+  EXPECT_EQ(Read("out.json"), "old content");
+
+  // Without its standard streams the program opens files under their numbers, and what it says there must not get in.
+  directory.Write("lossy.json", "{\"$WorkspaceID\": \"Quest\", \"unknown\": 1}");
+  const ProgramRun closed = RoundTrip("lossy.json", "out.json", {}, [] {
+    for (const int stream : {0, 1, 2}) close(stream);
+  });
+  EXPECT_EQ(closed.exitCode, 2);
+  EXPECT_TRUE(closed.Logged("$.unknown: was 1 becomes nothing"));
+  EXPECT_EQ(RoundTrip("out.json", "again.json").exitCode, 0);
 }
 
 TEST_F(UnattendedRun, EndsWithoutWorkToDoAndSaysWhy) {

@@ -135,5 +135,29 @@ TEST_F(TextLayoutTest, StaysLinearForLongTexts) {
   }
 }
 
+TEST_F(TextLayoutTest, ShapesLongTextsInPiecesThatDoNotShow) {
+  // Kerning and marks at each character, a direction against the paragraph's, and signs of several characters.
+  const std::string flag = "\U0001F1E9\U0001F1EA";
+  for (const std::string& part : {std::string("AVTo"), std::string("e\u0301V\u0300A"), Hebrew, flag}) {
+    std::string repeated;
+    while (repeated.size() < 200000) repeated += part;
+    const TextLayout sample = text.Layout(part + part + part), all = text.Layout(repeated);
+    const size_t period = sample.Glyphs().size() / 3;
+    const std::vector<LayoutGlyph>& glyphs = all.Glyphs();
+    ASSERT_EQ(glyphs.size(), repeated.size() / part.size() * period) << part;
+    size_t different = 0;
+    for (size_t i = period; i + period < glyphs.size(); ++i) {
+      const LayoutGlyph& expected = sample.Glyphs()[period + i % period];
+      if (glyphs[i].id != expected.id || glyphs[i].advance != expected.advance) ++different;
+    }
+    EXPECT_EQ(different, 0u) << part;
+    // Carets stand in each piece where a click finds them again.
+    for (size_t index = 0; index < repeated.size(); index += part.size() * 997) {
+      const float inside = all.Runs().front().isRightToLeft ? -1.0f : 1.0f;
+      EXPECT_EQ(all.HitTest(all.CaretPosition(index).x + inside, 1), index) << part;
+    }
+  }
+}
+
 } // namespace
 } // namespace Toolkit

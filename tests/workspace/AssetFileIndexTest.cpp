@@ -57,10 +57,16 @@ TEST(AssetFileIndex, ListsTheFilesOfTheTreeInTheOrderOfTheirNames) {
   EXPECT_TRUE(Scan(directory / "elsewhere.json", root).empty());
 }
 
-TEST(DirectoryWalk, TakesFilesAndDirectoriesInOneSortedOrderAndEndsInALoop) {
+TEST(DirectoryWalk, TakesFilesAndDirectoriesInOneSortedOrderAndEachDirectoryOnce) {
   TemporaryDirectory directory;
   for (const char* name : {"b.json", "a/z.json", "a/b/c.json", "B.json", "c/d.json"}) directory.Write(name, "");
   std::filesystem::create_directory_symlink("..", directory / "a/loop");
+  // Every level leads to the next by three ways.
+  std::string level = "many";
+  for (int i = 0; i < 20; ++i, level += "/in") {
+    std::filesystem::create_directories(directory / (level + "/in"));
+    for (const char* way : {"/by", "/of"}) std::filesystem::create_directory_symlink("in", directory / (level + way));
+  }
   std::filesystem::create_symlink("nowhere", directory / "broken");
   std::vector<std::string> visited;
   std::vector<std::string> errors;

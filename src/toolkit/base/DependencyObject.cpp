@@ -2,10 +2,10 @@
 
 #include "toolkit/base/DataContext.h"
 #include "toolkit/base/Diagnostics.h"
+#include "toolkit/base/FailedAllocation.h"
 
 #include <cstdlib>
 #include <cstring>
-#include <new>
 
 namespace Toolkit {
 
@@ -66,7 +66,7 @@ void DependencyObject::InsertEntry(Entry entry) {
     const size_t capacity = entryCount ? size_t(entryCount) * 2 : 2;
     // Entries may be moved bytewise: a value's reference moves with its bytes.
     void* grown = std::realloc(static_cast<void*>(entries), capacity * sizeof(Entry));
-    if (!grown) throw std::bad_alloc();
+    if (!grown) FailAllocation();
     entries = static_cast<Entry*>(grown);
   }
   const DependencyProperty& property = DependencyProperty::At(entry.propertyIndex);

@@ -2,14 +2,15 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <new>
+
+#include "toolkit/base/FailedAllocation.h"
 
 namespace Toolkit {
 
 SharedString::SharedString(std::string_view text) {
   if (text.empty()) return;
   block = static_cast<Block*>(std::malloc(sizeof(Block) + text.size() + 1));
-  if (!block) throw std::bad_alloc();
+  if (!block) FailAllocation();
   block->references = 1;
   block->length = static_cast<uint32_t>(text.size());
   std::memcpy(block->Text(), text.data(), text.size());

@@ -31,10 +31,11 @@ bool Extends(char32_t c) {
 /// True for the pictures that a zero width joiner may tie together.
 bool IsPicture(char32_t c) { return (c >= 0x2190 && c <= 0x2BFF) || (c >= 0x1F000 && c <= 0x1FAFF); }
 
-/// How many flags' halves stand right before `index`; an odd count means that a flag is half complete there.
-size_t RegionalIndicatorsBefore(std::string_view text, size_t index) {
+/// How many flags' halves stand right before `index` and not before `start`; an odd count means that a flag is half
+/// complete there.
+size_t RegionalIndicatorsBefore(std::string_view text, size_t index, size_t start) {
   size_t count = 0;
-  while (index >= 4) {
+  while (index >= start + 4) {
     const DecodedCharacter before = DecodeCharacter(text, index - 4);
     if (before.length != 4 || !IsRegionalIndicator(before.character)) break;
     ++count;
@@ -43,15 +44,17 @@ size_t RegionalIndicatorsBefore(std::string_view text, size_t index) {
   return count;
 }
 
-/// True if a grapheme ends between the character before `index` and the one at it; both exist.
-bool IsBoundary(std::string_view text, size_t beforeIndex, size_t index) {
+/// True if a grapheme ends between the character before `index` and the one at it; both exist. Flags are counted from
+/// `start`, which no flag's middle may be.
+bool IsBoundary(std::string_view text, size_t beforeIndex, size_t index, size_t start = 0) {
   const char32_t before = DecodeCharacter(text, beforeIndex).character;
   const char32_t after = DecodeCharacter(text, index).character;
   if (before == '\r' && after == '\n') return false;
   if (before < 0x20) return true;
   if (Extends(after)) return false;
   if (before == ZeroWidthJoiner && IsPicture(after)) return false;
-  if (IsRegionalIndicator(after) && IsRegionalIndicator(before)) return RegionalIndicatorsBefore(text, index) % 2 == 0;
+  if (IsRegionalIndicator(after) && IsRegionalIndicator(before))
+    return RegionalIndicatorsBefore(text, index, start) % 2 == 0;
   return true;
 }
 
@@ -82,6 +85,17 @@ size_t NextGrapheme(std::string_view text, size_t index) {
   if (before >= text.size()) return text.size();
   size_t at = before + DecodeCharacter(text, before).length;
   while (at < text.size() && !IsBoundary(text, before, at)) {
+    before = at;
+    at += DecodeCharacter(text, at).length;
+  }
+  return at;
+}
+
+size_t GraphemeEnd(std::string_view text, size_t start) {
+  if (start >= text.size()) return text.size();
+  size_t before = start;
+  size_t at = start + DecodeCharacter(text, start).length;
+  while (at < text.size() && !IsBoundary(text, before, at, start)) {
     before = at;
     at += DecodeCharacter(text, at).length;
   }

@@ -70,7 +70,7 @@ void TextLayout::Builder::MeasureClusters(const Paragraph& paragraph) {
     if (decoded.offsets[i] >= graphemeEnd) {
       start = i;
       const bool isAlone = i + 1 == paragraph.end || decoded.characters[i + 1] < firstMark;
-      graphemeEnd = isAlone ? decoded.offsets[i + 1] : NextGrapheme(layout.text, decoded.offsets[i]);
+      graphemeEnd = isAlone ? decoded.offsets[i + 1] : GraphemeEnd(layout.text, decoded.offsets[i]);
       continue;
     }
     float& width = widths[i - paragraph.first];

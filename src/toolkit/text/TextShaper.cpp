@@ -1,6 +1,7 @@
 #include "toolkit/text/TextShaper.h"
 
 #include <algorithm>
+#include <span>
 
 #include <fribidi.h>
 #include <hb.h>
@@ -35,6 +36,27 @@ void ShapeBuffer(FontFace& face, hb_buffer_t* buffer, Complexity complexity) {
   };
   const unsigned count = complexity == Complexity::Ascii ? 2 : complexity == Complexity::Simple ? 1 : 0;
   hb_shape(face.ShapingFont(), buffer, off, count);
+}
+
+/// A run is shaped in pieces of at most so many characters, since the shaper's own memory is several times the text,
+/// and its search for the base of a mark goes back over all marks before it.
+constexpr size_t LongestPiece = 1 << 14;
+/// How far before the end of a piece the characters behind it can still change its glyphs.
+constexpr size_t FurthestInfluence = 1 << 8;
+
+/// Where to end a piece of the characters [first, end) whose glyphs are given, so that what follows can be shaped for
+/// itself with the same result. If no such place is near the end, the cut is made at a cluster, and be it at `end`.
+size_t FindCut(std::span<const hb_glyph_info_t> glyphs, size_t first, size_t end) {
+  const size_t earliest = first + (end - first) / 2;
+  const size_t latest = end - FurthestInfluence;
+  size_t safe = 0, any = 0;
+  for (const hb_glyph_info_t& glyph : glyphs) {
+    if (glyph.cluster < earliest || glyph.cluster > latest) continue;
+    any = std::max<size_t>(any, glyph.cluster);
+    if ((hb_glyph_info_get_glyph_flags(&glyph) & HB_GLYPH_FLAG_UNSAFE_TO_BREAK) == 0)
+      safe = std::max<size_t>(safe, glyph.cluster);
+  }
+  return safe > 0 ? safe : any > 0 ? any : end;
 }
 
 bool IsMark(char32_t c) {
@@ -85,8 +107,7 @@ void TextShaper::Shape(const DecodedText& text, size_t first, size_t end, const 
     run.face = faces[start];
     run.level = levels[start];
     run.isTab = isTab(start);
-    ShapeRun(text, first + start, first + stop, run, script, result);
-    start = stop;
+    while (start < stop) start = ShapeRun(text, first + start, first + stop, run, script, result) - first;
   }
 }
 
@@ -135,10 +156,11 @@ void TextShaper::FindFaces(const DecodedText& text, size_t first, size_t end, co
   }
 }
 
-void TextShaper::ShapeRun(const DecodedText& text, size_t first, size_t end, ShapedRun run, uint32_t script,
-                          ShapedText& result) {
+size_t TextShaper::ShapeRun(const DecodedText& text, size_t first, size_t end, ShapedRun run, uint32_t script,
+                            ShapedText& result) {
+  const bool isCut = end - first > LongestPiece;
+  if (isCut) end = first + LongestPiece;
   run.firstCharacter = static_cast<uint32_t>(first);
-  run.endCharacter = static_cast<uint32_t>(end);
   run.firstGlyph = static_cast<uint32_t>(result.glyphs.size());
   FontFace& face = fonts.Face(run.face.face);
   if (run.isTab) {
@@ -163,15 +185,20 @@ void TextShaper::ShapeRun(const DecodedText& text, size_t first, size_t end, Sha
     unsigned count = 0;
     const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
     const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, &count);
+    if (isCut) end = FindCut({infos, count}, first, end);
     const float em = static_cast<float>(face.UnitsPerEm());
-    result.glyphs.reserve(result.glyphs.size() + count);
-    for (unsigned i = 0; i < count; ++i)
+    // No room is reserved for each run's glyphs: many short runs would each move all glyphs before them.
+    for (unsigned i = 0; i < count; ++i) {
+      if (infos[i].cluster >= end) continue;
       result.glyphs.push_back({infos[i].codepoint, infos[i].cluster, static_cast<float>(positions[i].x_advance) / em,
                                static_cast<float>(positions[i].x_offset) / em,
                                static_cast<float>(positions[i].y_offset) / em});
+    }
   }
+  run.endCharacter = static_cast<uint32_t>(end);
   run.endGlyph = static_cast<uint32_t>(result.glyphs.size());
   result.runs.push_back(run);
+  return end;
 }
 
 double TextShaper::MeasureAscii(std::string_view text, const FaceChoice& choice, float size) {

@@ -22,8 +22,8 @@ struct ShapedGlyph {
   float offsetY = 0;
 };
 
-/// Glyphs of one face and direction. The glyphs stand in visual order, from left to right; characters and glyphs are
-/// half-open ranges.
+/// Glyphs of one face and direction; very long ones are several runs. The glyphs stand in visual order, from left to
+/// right; characters and glyphs are half-open ranges.
 struct ShapedRun {
   FaceChoice face;
   uint8_t level = 0;
@@ -60,7 +60,9 @@ public:
 private:
   void FindLevels(const DecodedText& text, size_t first, size_t end, ShapedText& result);
   void FindFaces(const DecodedText& text, size_t first, size_t end, const TextStyle& style);
-  void ShapeRun(const DecodedText& text, size_t first, size_t end, ShapedRun run, uint32_t script, ShapedText& result);
+  /// Adds one run: all of the characters [first, end), or as many as are shaped at once. Returns its end.
+  size_t ShapeRun(const DecodedText& text, size_t first, size_t end, ShapedRun run, uint32_t script,
+                  ShapedText& result);
 
   FontCollection& fonts;
   hb_buffer_t* buffer;
