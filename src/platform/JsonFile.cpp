@@ -75,13 +75,15 @@ std::string WriteNulls(std::string_view text) {
 } // namespace
 
 std::optional<std::string> ReadTextFile(const std::string& path) {
-  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  // A pipe without a writer must not hold up the open.
+  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) return std::nullopt;
   std::optional<std::string> text;
   struct stat status {};
-  if (fstat(descriptor, &status) == 0) {
+  if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
     text.emplace();
-    // One byte more than the file has lets the last read see the end. The size is only a hint: a pipe has none.
+    // One byte more than the file has lets the last read see the end. The size is only a hint: the system's own files
+    // have none.
     size_t used = 0;
     text->resize(static_cast<size_t>(status.st_size > 0 ? status.st_size : 0) + 1);
     for (;;) {

@@ -156,13 +156,18 @@ TEST(AtomicFile, WritesADeviceInPlace) {
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
-TEST(JsonFile, ReadsWholeFilesAndNoDirectories) {
+TEST(JsonFile, ReadsWholeFilesAndNothingElse) {
   TemporaryDirectory directory;
   const std::string bytes("a\0\r\nb", 5);
   EXPECT_EQ(Tesselor::ReadTextFile(directory.Write("bytes", bytes)), bytes);
   EXPECT_EQ(Tesselor::ReadTextFile(directory.Write("empty", "")), "");
   EXPECT_EQ(Tesselor::ReadTextFile(directory / "missing"), std::nullopt);
   EXPECT_EQ(Tesselor::ReadTextFile(directory.Path().string()), std::nullopt);
+  EXPECT_EQ(Tesselor::ReadTextFile("/dev/null"), std::nullopt);
+  ASSERT_EQ(mkfifo((directory / "pipe").c_str(), 0600), 0);
+  alarm(10);
+  EXPECT_EQ(Tesselor::ReadTextFile(directory / "pipe"), std::nullopt) << "nobody writes to it";
+  alarm(0);
 }
 
 TEST(JsonFile, TellsWhereTheParserGaveUp) {
