@@ -114,6 +114,29 @@ TEST_F(TextBoxTest, EditsByKeys) {
   TestSupport::ExpectText("TextBoxEdits", dump);
 }
 
+TEST_F(TextBoxTest, TakesNoTextThatAKeyOfACommandMakes) {
+  using Keys = std::vector<Key>;
+  const std::pair<Keys, bool> cases[] = {
+      {{}, true},
+      {{Key::LeftShift}, true},
+      {{Key::LeftCtrl}, false},
+      {{Key::RightCtrl, Key::LeftShift}, false},
+      {{Key::LeftAlt}, false},
+      {{Key::LeftWin}, false},
+      {{Key::RightWin}, false},
+      // The third level of a keyboard, as some systems tell of it.
+      {{Key::RightAlt}, true},
+      {{Key::LeftCtrl, Key::RightAlt}, true},
+  };
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    ShowBox(Plain, "2|");
+    for (const Key key : cases[i].first) KeyDown(key);
+    Type("0");
+    for (const Key key : cases[i].first) KeyUp(key);
+    EXPECT_EQ(box->GetText(), cases[i].second ? "20" : "2") << i;
+  }
+}
+
 TEST_F(TextBoxTest, LeavesUndoToOthersOnceItHasNone) {
   ShowBox(Plain, "a|");
   EXPECT_FALSE(Run("Ctrl+Z"));

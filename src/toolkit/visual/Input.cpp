@@ -17,6 +17,13 @@ bool CanFocus(const UIElement& element) {
          element.IsAttached();
 }
 
+bool HoldsCommandKey(const InputState& input) {
+  // The right Alt key leads to a third level of text on many keyboards, and some systems tell of it with Ctrl.
+  if (input.IsKeyDown(Key::RightAlt)) return false;
+  constexpr Key commandKeys[] = {Key::LeftCtrl, Key::RightCtrl, Key::LeftAlt, Key::LeftWin, Key::RightWin};
+  return std::any_of(std::begin(commandKeys), std::end(commandKeys), [&](Key key) { return input.IsKeyDown(key); });
+}
+
 /// As `IsAncestorOf`, but along the way that events take: from a popup to its owner.
 bool IsAround(const UIElement* outer, const UIElement* element) {
   for (; element; element = element->UIParent())
@@ -195,7 +202,8 @@ bool InputState::KeyUp(Key key) {
 
 bool InputState::TextInput(std::string_view text) {
   UIElement* target = focused.Get();
-  if (!target) return false;
+  // The system makes a text even of Ctrl+0, which is a command whether or not somebody took it.
+  if (!target || HoldsCommandKey(*this)) return false;
   TextCompositionEventArgs args(UIElement::PreviewTextInputEvent);
   args.text = std::string(text);
   return Route(UIElement::PreviewTextInputEvent, UIElement::TextInputEvent, args, *target);
