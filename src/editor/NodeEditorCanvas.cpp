@@ -71,6 +71,8 @@ NodeEditorCanvas::NodeEditorCanvas()
   nodesMenu = Toolkit::MakePtr<NodesMenu>();
   panel->AddChild(nodesMenu.Get());
   Toolkit::Panel::SetZIndex(nodesMenu.Get(), NodesMenuZIndex);
+  nodesMenu->AddHandler(NodesMenu::ResizedEvent,
+                        Toolkit::RoutedEventHandler::From<&NodeEditorCanvas::OnNodesMenuResized>(this));
 }
 
 void NodeEditorCanvas::SetTranslationClamped(float x, float y) {
@@ -139,6 +141,10 @@ Toolkit::Rect NodeEditorCanvas::Reveal(const Toolkit::Rect& area) {
 
 Point NodeEditorCanvas::ClampMenuPosition(Point position) {
   nodesMenu->UpdateLayout();
+  return MenuPositionInView(position);
+}
+
+Point NodeEditorCanvas::MenuPositionInView(Point position) const {
   const float zoom = GetZoom();
   const auto clamp = [zoom](float at, float offset, float menuLength, float viewLength) {
     const float end = viewLength - MenuMargin;
@@ -149,6 +155,13 @@ Point NodeEditorCanvas::ClampMenuPosition(Point position) {
   };
   return {clamp(position.x, translation->GetX(), nodesMenu->ActualWidth(), ActualWidth()),
           clamp(position.y, translation->GetY(), nodesMenu->ActualHeight(), ActualHeight())};
+}
+
+void NodeEditorCanvas::OnNodesMenuResized(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  const Point place =
+      MenuPositionInView({Toolkit::Canvas::GetLeft(nodesMenu.Get()), Toolkit::Canvas::GetTop(nodesMenu.Get())});
+  Toolkit::Canvas::SetLeft(nodesMenu.Get(), place.x);
+  Toolkit::Canvas::SetTop(nodesMenu.Get(), place.y);
 }
 
 void NodeEditorCanvas::SetZoom(float zoom) {

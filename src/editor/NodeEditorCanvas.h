@@ -66,6 +66,9 @@ protected:
   Toolkit::Rect Reveal(const Toolkit::Rect& area) override;
 
 private:
+  /// The same as `ClampMenuPosition`, for the menu as it was laid out last.
+  Toolkit::Point MenuPositionInView(Toolkit::Point position) const;
+  void OnNodesMenuResized(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void SetZoom(float zoom);
   /// What lies at a point of the view stays there.
   void ZoomAround(Toolkit::Point fixed, float zoom);

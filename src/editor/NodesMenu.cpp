@@ -51,6 +51,7 @@ const Toolkit::RoutedEvent NodesMenu::CreateGroupEvent("CreateGroup", Toolkit::R
 const Toolkit::RoutedEvent NodesMenu::CreateLinkEvent("CreateLink", Toolkit::RoutingStrategy::Bubble);
 const Toolkit::RoutedEvent NodesMenu::CreateCommentEvent("CreateComment", Toolkit::RoutingStrategy::Bubble);
 const Toolkit::RoutedEvent NodesMenu::ClosedEvent("Closed", Toolkit::RoutingStrategy::Bubble);
+const Toolkit::RoutedEvent NodesMenu::ResizedEvent("Resized", Toolkit::RoutingStrategy::Direct);
 
 TOOLKIT_TYPE_IMPL(NodesMenu, Toolkit::UserControl, "Tesselor.NodesMenu")
 void NodesMenu::Describe(Toolkit::TypeBuilder<NodesMenu>& type) {
@@ -62,6 +63,7 @@ void NodesMenu::Describe(Toolkit::TypeBuilder<NodesMenu>& type) {
   type.Event(&CreateLinkEvent);
   type.Event(&CreateCommentEvent);
   type.Event(&ClosedEvent);
+  type.Event(&ResizedEvent);
   type.Handler<&NodesMenu::OnSearchKeyDown>("OnSearchKeyDown", KeyDownEvent);
   type.Handler<&NodesMenu::OnCreateGroup>("OnCreateGroup", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&NodesMenu::OnCreateLink>("OnCreateLink", Toolkit::ButtonBase::ClickEvent);
@@ -247,7 +249,12 @@ void NodesMenu::ExpandRows() {
   }
 }
 
-void NodesMenu::OnLayoutChanged(Toolkit::LayoutChange) { BringInEntries(); }
+void NodesMenu::OnLayoutChanged(Toolkit::LayoutChange) {
+  BringInEntries();
+  if (!IsOpen() || ActualHeight() == toldHeight) return;
+  toldHeight = ActualHeight();
+  RaiseEvent(Toolkit::RoutedEventArgs(ResizedEvent, this));
+}
 
 void NodesMenu::BringInEntries() {
   if (!IsOpen()) return;

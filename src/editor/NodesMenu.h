@@ -48,6 +48,8 @@ public:
   static const Toolkit::RoutedEvent CreateGroupEvent, CreateLinkEvent, CreateCommentEvent;
   /// Bubbling: the menu is no longer seen, for whatever reason.
   static const Toolkit::RoutedEvent ClosedEvent;
+  /// Direct: the open menu has another height, as when a category opens.
+  static const Toolkit::RoutedEvent ResizedEvent;
 
   NodesMenu();
 
@@ -129,6 +131,7 @@ private:
   Toolkit::ScrollViewer* viewer = nullptr;
   /// Of an entry, as the first one that was laid out has it.
   float entryHeight = 0;
+  float toldHeight = 0;
   std::vector<Row> rows;
   std::optional<Place> marked;
   /// What the rows show, or will show once they are made.

@@ -52,6 +52,19 @@ TEST_F(NewNodesByKeys, EscapeInTheBoxClosesTheMenuAndDropsTheCurve) {
   EXPECT_TRUE(Menu().GetFilter().IsDefault());
 }
 
+TEST_F(NewNodesByKeys, TheMenuStaysInTheViewWhenACategoryOpens) {
+  const Toolkit::Rect view = TestSupport::Stage::BoxOf(window.Canvas());
+  window.RightClick(Toolkit::Point{view.x + 20, view.Bottom() - 20});
+  ASSERT_TRUE(Menu().IsOpen());
+  const Toolkit::Rect closed = TestSupport::Stage::BoxOf(Menu());
+  window.Press(Key::Down);
+  window.Press(Key::Down);
+  const Toolkit::Rect opened = TestSupport::Stage::BoxOf(Menu());
+  ASSERT_GT(opened.height, closed.height);
+  EXPECT_LE(opened.Bottom(), view.Bottom());
+  EXPECT_EQ(opened.x, closed.x);
+}
+
 TEST_F(NewNodesByKeys, ReturnMakesTheNodeWithTheCaretInItsFirstField) {
   // The fields of one that came before were measured for this one as well.
   const Toolkit::Ptr<ContentNode> former =
