@@ -41,6 +41,7 @@ void CommentNode::Describe(Toolkit::TypeBuilder<CommentNode>& type) {
   FontControlsVisibilityProperty = type.Property<Visibility>("FontControlsVisibility", Visibility::Collapsed);
   type.Event(&CommentResizingEvent);
   type.Handler<&CommentNode::Comment_MouseMove>("Comment_MouseMove", MouseMoveEvent);
+  type.Handler<&CommentNode::FontControls_MouseDown>("FontControls_MouseDown", MouseDownEvent);
   type.Handler<&CommentNode::CommentTextBox_GotFocus>("CommentTextBox_GotFocus", GotFocusEvent);
   type.Handler<&CommentNode::CommentTextBox_LostFocus>("CommentTextBox_LostFocus", LostFocusEvent);
   type.Handler<&CommentNode::IncreaseFontSize_Click>("IncreaseFontSize_Click", Toolkit::ButtonBase::ClickEvent);
@@ -83,6 +84,10 @@ void CommentNode::Comment_MouseMove(Toolkit::Object*, const Toolkit::MouseEventA
   const bool isInside = margin <= mouse.x && mouse.x <= border->ActualWidth() - margin && margin <= mouse.y &&
                         mouse.y <= border->ActualHeight() - margin;
   SetCursor(isInside ? "Arrow" : CursorOf(HitTestEdge(*border)));
+}
+
+void CommentNode::FontControls_MouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
+  if (args.changedButton == Toolkit::MouseButton::Left) args.handled = true;
 }
 
 void CommentNode::CommentTextBox_GotFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {

@@ -35,6 +35,8 @@ private:
   static const Properties& FrameProperties();
   void InitializeComponent() override;
   void Comment_MouseMove(Toolkit::Object* sender, const Toolkit::MouseEventArgs& args);
+  /// Beside the buttons the row belongs to the text.
+  void FontControls_MouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   void CommentTextBox_GotFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void CommentTextBox_LostFocus(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   /// By the user: an undo step.

@@ -104,6 +104,19 @@ TEST_F(Clicks, OnFramesHaveTheirOwnRules) {
   EXPECT_EQ(window.Exported(), before);
 }
 
+TEST_F(Clicks, PutTheCaretIntoACommentsTextIfThereAreTwoAnywhereOnIt) {
+  CommentNode& comment = *graph.CommentNodes()[0];
+  window.LookAt(comment);
+  auto& text = TestSupport::Named<Toolkit::TextBox>(comment, "CommentTextBox");
+  const Rect box = WindowStage::BoxOf(text);
+  for (const float height : {2.0f, box.height / 2, box.height - 2}) {
+    window.Focus(nullptr);
+    const Point at{box.x + 5, box.y + height};
+    window.DoubleClick(at);
+    EXPECT_TRUE(text.IsFocused()) << height;
+  }
+}
+
 TEST_F(Clicks, OnAMixedNodeDoNothing) {
   ContentNode& node = NodeInSight("The nest", 0.5f);
   GroupNode& group = *graph.GroupNodes()[1];
