@@ -189,9 +189,13 @@ void MainView::OpenVersion(const VersionLine& line) {
 
 void MainView::KeepWork(const std::filesystem::path& directory) {
   keeper = std::make_unique<WorkKeeper>(
-      WorkKeeper::Document{
-          [this] { return IsSaved(); }, [this] { return DescribeForRescue(); }, [this] { return PrintDocument(); },
-          [this](const RescuedDocument& document, const std::string& text) { return ShowAsUnsaved(document, text); }},
+      WorkKeeper::Document{[this] { return IsSaved(); }, [this] { return DescribeForRescue(); },
+                           [this] { return PrintDocument(); },
+                           [this](const RescuedDocument& document, const std::string& text) {
+                             if (!ShowAsUnsaved(document, text)) return false;
+                             Tell("Restored the unsaved changes of \"" + DocumentName() + "\"");
+                             return true;
+                           }},
       *noticeBar, directory / "rescue");
   keeper->OfferAbandoned();
   fileGuard = std::make_unique<FileGuard>(*noticeBar, [this] { Reload(); });

@@ -2,6 +2,7 @@
 #include "editor/WorkKeeper.h"
 #include "WindowStage.h"
 #include "editor/NoticeBar.h"
+#include "editor/StatusLine.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/TextBlock.h"
 
@@ -221,6 +222,7 @@ TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
   EXPECT_EQ(view.FilePath(), "/somewhere/lost.json");
   EXPECT_FALSE(view.IsSaved());
   restore("\"Untitled\"");
+  EXPECT_EQ(TestSupport::All<StatusLine>(&view).at(0)->Text(), "Restored the unsaved changes of \"Untitled\"");
   EXPECT_TRUE(window.Exported() == text);
   EXPECT_EQ(view.FilePath(), "");
   EXPECT_EQ(Told().front(), "The unsaved changes of \"lost.json\" were kept.");
