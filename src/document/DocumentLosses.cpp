@@ -106,4 +106,33 @@ std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vecto
   return result;
 }
 
+std::string WriteLosses(const std::vector<DocumentLoss>& losses, const std::vector<Toolkit::Ptr<ContentNode>>& nodes) {
+  std::unordered_map<const ContentNode*, size_t> indices;
+  for (size_t i = 0; i < nodes.size(); ++i) indices.emplace(nodes[i].Get(), i);
+  const JsonPtr list(cJSON_CreateArray());
+  for (const auto& [loss, node] : losses) {
+    for (const std::string* text : {&loss.path, &loss.was, &loss.becomes})
+      cJSON_AddItemToArray(list.get(), cJSON_CreateString(text->c_str()));
+    const auto found = indices.find(node.Get());
+    cJSON_AddItemToArray(list.get(),
+                         cJSON_CreateNumber(found == indices.end() ? -1 : static_cast<double>(found->second)));
+  }
+  return PrintJson(list.get(), JsonForm::Compact);
+}
+
+std::vector<DocumentLoss> ReadLosses(const std::string& text, const std::vector<Toolkit::Ptr<ContentNode>>& nodes) {
+  const JsonPtr list = ParseJson(text).json;
+  std::vector<DocumentLoss> losses;
+  for (const cJSON* item = list ? list->child : nullptr; item; item = item->next) {
+    DocumentLoss& read = losses.emplace_back();
+    for (std::string* member : {&read.loss.path, &read.loss.was, &read.loss.becomes}) {
+      *member = JsonText(item).value_or(std::string());
+      if (item->next) item = item->next;
+    }
+    const auto index = static_cast<size_t>(item->valuedouble);
+    if (item->valuedouble >= 0 && index < nodes.size()) read.node = Toolkit::WeakPtr<ContentNode>(nodes[index].Get());
+  }
+  return losses;
+}
+
 } // namespace Tesselor

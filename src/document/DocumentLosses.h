@@ -28,4 +28,8 @@ struct DocumentLoss {
 std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vector<LongNumber>& longNumbers,
                                              const Graph& graph, const RootType& root);
 
+/// The losses as a text for another process that has the same nodes, and back.
+std::string WriteLosses(const std::vector<DocumentLoss>& losses, const std::vector<Toolkit::Ptr<ContentNode>>& nodes);
+std::vector<DocumentLoss> ReadLosses(const std::string& text, const std::vector<Toolkit::Ptr<ContentNode>>& nodes);
+
 } // namespace Tesselor

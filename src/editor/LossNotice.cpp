@@ -4,6 +4,7 @@
 #include "editor/LossPanel.h"
 #include "editor/NoticeBar.h"
 #include "graph/Graph.h"
+#include "platform/ForkedWork.h"
 #include "toolkit/base/Dispatcher.h"
 #include "values/ActionHistory.h"
 #include "workspace/RootType.h"
@@ -18,6 +19,8 @@ namespace {
 constexpr char NoticeId[] = "losses";
 /// Milliseconds: enough for the first frame to come before.
 constexpr double Pause = 50;
+/// With more a user would notice the comparison.
+constexpr size_t MostNodes = 500;
 
 } // namespace
 
@@ -37,6 +40,7 @@ void LossNotice::Begin(AssetFile file, std::shared_ptr<RootType> newRoot) {
 void LossNotice::End() {
   Toolkit::Dispatcher::Current().Cancel(timer);
   waiting = {};
+  comparison.reset();
   bar.Dismiss(NoticeId);
   panel.Close();
 }
@@ -44,7 +48,18 @@ void LossNotice::End() {
 void LossNotice::Compare() {
   const AssetFile file = std::exchange(waiting, {});
   if (revision != ActionHistory::Instance().Revision() || documentNumber != graph.DocumentNumber()) return;
-  std::vector<DocumentLoss> losses = FindDocumentLosses(*file.json, file.longNumbers, graph, *root);
+  const auto compare = [&] { return FindDocumentLosses(*file.json, file.longNumbers, graph, *root); };
+  const auto& nodes = graph.ContentNodes();
+  if (nodes.size() > MostNodes)
+    comparison = ForkedWork::Start([&] { return WriteLosses(compare(), nodes); },
+                                   [this, nodes](const ForkedWork::Result& found) {
+                                     if (found && documentNumber == graph.DocumentNumber())
+                                       Show(ReadLosses(*found, nodes));
+                                   });
+  if (!comparison) Show(compare());
+}
+
+void LossNotice::Show(std::vector<DocumentLoss> losses) {
   if (losses.empty()) return;
   const std::string count = losses.size() == 1 ? "1 value" : std::to_string(losses.size()) + " values";
   bar.Show({NoticeId, "Saving this file changes " + count, {{"Details", [this, losses = std::move(losses)] {

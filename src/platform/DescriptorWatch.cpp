@@ -34,11 +34,12 @@ void DescriptorWatch::Wait() {
     if (waiting[0].revents == 0) continue;
     const ssize_t count = ::read(descriptor, buffer, sizeof buffer);
     if (count < 0 && (errno == EINTR || errno == EAGAIN)) continue;
-    if (count <= 0) return;
+    if (count < 0) return;
     Toolkit::Dispatcher::Current().PostFromThread(
         [call = read, bytes = std::string(buffer, static_cast<size_t>(count))] {
           if (*call) (*call)(bytes);
         });
+    if (count == 0) return;
   }
 }
 

@@ -12,7 +12,7 @@ namespace Tesselor {
 /// window system alone, needn't look again and again. Owns the descriptor.
 class DescriptorWatch {
 public:
-  /// `read` gets what has come, on the loop.
+  /// `read` gets what has come, on the loop, and nothing when the other end is closed.
   DescriptorWatch(int descriptor, std::function<void(std::string_view bytes)> read);
   /// Afterwards `read` is not called any more.
   ~DescriptorWatch();

@@ -11,6 +11,7 @@
 #include "workspace/Workspace.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace Tesselor {
 namespace {
@@ -118,6 +119,33 @@ TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
   EXPECT_EQ(SelectedId(), "2");
   window->Press(Key::Escape);
   EXPECT_FALSE(Panel().IsOpen());
+}
+
+TEST_F(LossNotices, ComeFromAChildForALargeDocument) {
+  std::string items;
+  for (int i = 0; i < 600; ++i)
+    items += (i ? "," : "") + std::string(R"({"$NodeId": "Item-n)") + std::to_string(i) + R"(", "Label": )" +
+             (i == 599 ? "5" : "\"t\"") + "}";
+  const std::string large = Write("large.json", R"("Items": [)" + items + "]");
+  EXPECT_EQ(Told(large), Texts()) << "the window waits for no child";
+  const auto wait = [this](int tries) {
+    for (int i = 0; i < tries && window->View().Notices().Lines().Count() == 0; ++i) {
+      usleep(10000);
+      window->Settle();
+    }
+  };
+  wait(1000);
+  ASSERT_EQ(window->View().Notices().Lines().Count(), 1u);
+  EXPECT_EQ(window->View().Notices().Lines().Get(0)->GetText(), "Saving this file changes 1 value");
+  window->Click(Button("Details"));
+  window->Press(Key::Return);
+  EXPECT_EQ(SelectedId(), "n599");
+
+  Write("large.json", R"("Items": [)" + items + "]");
+  Told(large);
+  EXPECT_TRUE(window->View().Save());
+  wait(20);
+  EXPECT_EQ(window->View().Notices().Lines().Count(), 0u) << "the file is written as it is";
 }
 
 TEST_F(LossNotices, AskBeforeASaveMultipliesTheDocument) {

@@ -81,7 +81,7 @@ TEST_F(KeptWork, IsThereAFewMomentsAfterAnEditAndGoesWithASave) {
   LetACopyBeWritten();
   EXPECT_EQ(Copied(), "");
   Nudge();
-  window.Wait(900);
+  window.Wait(400);
   view.Keeper()->Finish();
   EXPECT_EQ(Copied(), "") << "what is edited in one go is written once";
   LetACopyBeWritten();

@@ -28,6 +28,11 @@ bool Touch(const Rect& a, const Rect& b) {
   return a.x <= b.Right() && b.x <= a.Right() && a.y <= b.Bottom() && b.y <= a.Bottom();
 }
 
+void Prepare(UIElement& element, float detail) {
+  element.PrepareToRender(detail);
+  LayoutQueue::Current().Run();
+}
+
 bool HasTransform(const UIElement& element) { return !element.GetValue(UIElement::RenderTransformProperty).IsNone(); }
 
 } // namespace
@@ -144,6 +149,7 @@ void CanvasScene::RenderItem(Painter& painter, Item& item, float detail) {
   if (element.GetVisibility() != Visibility::Visible) return;
   // A transform may change the detail by itself: such children are drawn as they come.
   if (!item.isIndexed) {
+    Prepare(element, painter.Detail());
     element.Render(painter);
     return;
   }
@@ -155,8 +161,7 @@ void CanvasScene::RenderItem(Painter& painter, Item& item, float detail) {
     isCoarse |= !isDue;
   }
   if (isDue) {
-    element.PrepareToRender(detail);
-    LayoutQueue::Current().Run();
+    Prepare(element, detail);
     Painter own = painter.Nested(detail);
     element.RenderContent(own);
     item.isComplete = !own.HasLeftOut();
