@@ -218,6 +218,7 @@ private:
   /// True if the keys are the graph's.
   bool IsCanvasFocused() const;
   void Walk(WalkTo way);
+  void WalkToRoot();
   void WalkToParent();
   void WalkToChild();
   void WalkToPrevious();

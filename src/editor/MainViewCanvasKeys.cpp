@@ -110,6 +110,12 @@ void MainView::Walk(WalkTo way) {
   glide->ToShow(to->Bounds());
 }
 
+void MainView::WalkToRoot() {
+  // The keys that follow are about what is in the middle now.
+  if (graph->Root()) SelectAlone(*graph->Root());
+  GoToRoot();
+}
+
 void MainView::EditFirstField() {
   BaseNode* node = SelectedNode();
   if (!node) return Tell("Select one node to edit it");
@@ -182,6 +188,7 @@ void MainView::OpenPinList() {
     ActionHistory::Instance().Run(
         std::make_unique<BatchDeleteConnectionActionCommand>(*graph, graph->Connections().ConnectionsOf(pin)));
   };
+  list.tell = [this](const std::string& text) { Tell(text); };
   const std::vector<KeyMenu::Entry> entries = list.EntriesFor(*node, pendingPin);
   if (entries.empty()) return Tell(NameOf(*node) + " has no pins");
   keyMenu.Open(graph->Panel(), TitleInWindow(*node), entries);

@@ -109,7 +109,7 @@ void MainView::RunKeyBindings(const Toolkit::KeyEventArgs& args) {
       {Held, B::Shift::Either, Key::Minus, B::Repeat::Yes, B::InText::No, &MainView::ZoomOut, NoAlt},
       {Held, B::Shift::Up, Key::D1, B::Repeat::No, B::InText::No, &MainView::ZoomToActualSize, NoAlt},
       {Held, B::Shift::Up, Key::D0, B::Repeat::No, B::InText::No, &MainView::ZoomToFit, NoAlt},
-      {Free, B::Shift::Up, Key::Home, B::Repeat::No, B::InText::No, &MainView::GoToRoot, NoAlt, OnCanvas},
+      {Free, B::Shift::Up, Key::Home, B::Repeat::No, B::InText::No, &MainView::WalkToRoot, NoAlt, OnCanvas},
   };
   const bool isInText = Toolkit::DynamicCast<Toolkit::TextBox>(args.source) != nullptr;
   // What one of them does, such as opening a dialog, must not decide whether another one runs.

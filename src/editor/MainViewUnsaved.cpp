@@ -107,13 +107,15 @@ bool MainView::IsAsked(SaveQuestion question, const std::function<void()>& done)
   case SaveQuestion::Size: return AskAboutSize(goOn);
   case SaveQuestion::ChangedFile:
     if (!fileGuard || !fileGuard->IsChanged(filePath)) return false;
-    MessageBox::Ask("\"" + DocumentName() + "\" was changed by another program since it was opened here.", "Attention!",
-                    {"Overwrite", "Save as", "Reload", "Cancel"},
-                    [goOn, view = Ptr<MainView>(this), done](std::optional<size_t> choice) {
-                      if (choice == 0u) goOn();
-                      if (choice == 1u) view->SaveAsThen(done);
-                      if (choice == 2u) view->Reload();
-                    });
+    MessageBox::Ask(
+        "\"" + DocumentName() + "\" was changed by another program since it was opened here.", "Attention!",
+        {"Overwrite", "Save as", "Reload", "Cancel"},
+        [goOn, view = Ptr<MainView>(this), done](std::optional<size_t> choice) {
+          if (choice == 0u) goOn();
+          if (choice == 1u) view->SaveAsThen(done);
+          if (choice == 2u) view->Reload();
+        },
+        3);
     return true;
   case SaveQuestion::None: break;
   }

@@ -1,6 +1,7 @@
 #include "editor/NodesMenu.h"
 
 #include "editor/CreateNodeButton.h"
+#include "nodes/NodeKeys.h"
 #include "platform/AsciiCase.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/controls/ButtonBase.h"
@@ -302,8 +303,17 @@ void NodesMenu::Mark(std::optional<Place> place) {
   row.types->BringIntoView(row.types->PlaceOf(place->position));
 }
 
+std::optional<NodesMenu::Place> NodesMenu::FirstToTake() const {
+  const std::optional<Place> first = Next({}, 1);
+  // A type of the schema fits a dropped pin better than the node that takes anything.
+  if (filter.pinSide != DroppedPinSide::None)
+    for (std::optional<Place> place = first; place; place = Next(place, 1))
+      if (rows[place->row].types->ShownAt(place->position).id != BuiltIn::Generic) return place;
+  return first;
+}
+
 void NodesMenu::TakeMarked() {
-  if (!marked) Mark(Next({}, 1));
+  if (!marked) Mark(FirstToTake());
   const NodeTypeList::Entry* entry = Marked();
   if (!entry) return;
   CreateNodeEventArgs create(CreateNodeButton::CreateNodeEvent, this);

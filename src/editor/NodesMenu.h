@@ -119,6 +119,7 @@ private:
   /// Marks an entry and brings it into sight, in a row that opens for it.
   void Mark(std::optional<Place> place);
   void TakeMarked();
+  std::optional<Place> FirstToTake() const;
   /// Typing must not go on in a box that is no longer seen.
   void HandFocusOn();
 

@@ -39,7 +39,11 @@ std::vector<KeyMenu::Entry> PinList::EntriesFor(ContentNode& node, PendingPin& p
       entries.push_back(
           {"Complete Connection: " + name, [alive, pin, begun, connect = connect] { connect(*pin, *begun); }});
     } else if (NodePinControl* control = begun ? nullptr : node.FindPinControl(*pin)) {
-      entries.push_back({"Start Connection: " + name, [alive, control, &pending] { pending.Set(*control); }});
+      entries.push_back({"Start Connection: " + name, [alive, control, &pending, pin, tell = tell] {
+                           pending.Set(*control);
+                           tell("Began a connection at " + NameOf(*pin) + " of " + alive->DisplayName() +
+                                ". Ctrl+P at another node completes it");
+                         }});
     }
   }
   if (begun) {

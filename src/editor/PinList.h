@@ -13,6 +13,8 @@ class PendingPin;
 struct PinList {
   std::function<void(NodePinData& target, NodePinData& source)> connect;
   std::function<void(NodePinData& pin)> cut;
+  /// Says what was begun.
+  std::function<void(const std::string& text)> tell;
 
   /// All that it names outlives the menu.
   std::vector<KeyMenu::Entry> EntriesFor(ContentNode& node, PendingPin& pending) const;

@@ -183,6 +183,7 @@ TEST_F(CanvasKeys, ConnectAndCutAtThePinsOfTheSelectedNode) {
   EXPECT_EQ(Entries(), (std::vector<std::string>{"Start Connection: output Out", "Start Connection: output Next",
                                                  "Start Connection: input In", "Cut 1 Connection: input In"}));
   Take("Start Connection: output Next");
+  EXPECT_EQ(Said(), "Began a connection at Next of a. Ctrl+P at another node completes it");
   Select(*lone);
   window.Chord(pins);
   EXPECT_EQ(Entries(), (std::vector<std::string>{"Complete Connection: input In", "Cancel Connection"}));
@@ -303,6 +304,7 @@ TEST_F(CanvasKeys, ReachTheCommandsOfMenus) {
   }
   window.Press(Key::Home);
   EXPECT_EQ(canvas.GetZoom(), 1);
+  EXPECT_TRUE(graph.Root()->IsSelected());
 }
 
 TEST_F(CanvasKeys, MarkThePinAtWhichADraggedConnectionWouldEnd) {

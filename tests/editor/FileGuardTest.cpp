@@ -93,6 +93,7 @@ TEST_F(GuardedFile, AsksBeforeASaveGoesOverWhatAnotherProgramWrote) {
       Save();
       EXPECT_EQ(window.boxes.Texts(), question);
       EXPECT_EQ(window.boxes.boxes.at(0).choices, (Texts{"Overwrite", "Save as", "Reload", "Cancel"}));
+      EXPECT_EQ(window.boxes.boxes.at(0).defaultChoice, 3u);
       EXPECT_TRUE(OnDisk() == other);
       EXPECT_FALSE(view.IsSaved());
     }

@@ -1,6 +1,7 @@
 // What comes from the nodes menu onto the canvas, by keys alone once the menu is open.
 #include "WindowStage.h"
 #include "editor/NodesMenu.h"
+#include "nodes/NodeKeys.h"
 #include "nodes/NodePinControl.h"
 #include "toolkit/controls/Canvas.h"
 #include "workspace/NodeDictionary.h"
@@ -89,6 +90,15 @@ TEST_F(NewNodesByKeys, ReturnMakesTheNodeWithTheCaretInItsFirstField) {
   window.Redo();
   window.Redo();
   EXPECT_EQ(Curves(), 1u);
+}
+
+TEST_F(NewNodesByKeys, ReturnAloneTakesATypeThatFitsThePin) {
+  Drop();
+  window.Press(Key::Return);
+  EXPECT_EQ(Newest().TypeId(), "Leaf") << "the node that takes anything stands before it";
+  window.RightClick(window.EmptySpot());
+  window.Press(Key::Return);
+  EXPECT_EQ(Newest().TypeId(), BuiltIn::Generic);
 }
 
 TEST_F(NewNodesByKeys, ANodeWithoutTextLeavesTheKeysToTheGraph) {

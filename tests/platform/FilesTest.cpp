@@ -165,7 +165,7 @@ TEST(JsonFile, ReadsWholeFilesAndNothingElse) {
   EXPECT_EQ(Tesselor::ReadTextFile(directory.Write("empty", "")), "");
   EXPECT_EQ(Tesselor::ReadTextFile(directory / "missing"), std::nullopt);
   ASSERT_EQ(mkfifo((directory / "pipe").c_str(), 0600), 0);
-  for (const std::string& path : {directory.Path().string(), directory / "pipe", std::string("/dev/zero")})
+  for (const std::string& path : {directory.Path().string(), directory / "pipe", std::string("/dev/null")})
     EXPECT_EQ(Tesselor::ReadTextFile(path), std::nullopt) << path;
   // A file of the system's own, without a size.
   EXPECT_NE(Tesselor::ReadTextFile("/proc/self/status").value_or("").find("Pid:"), std::string::npos);

@@ -98,7 +98,7 @@ TEST_F(UnattendedRun, TellsEveryFailureByItsExitCodeAndLeavesTheOutputAlone) {
   directory.Write("unknown.json", "{\"$WorkspaceID\": \"No such root\"}");
   fs::create_directory(Here() / "folder.json");
   ASSERT_EQ(mkfifo((Here() / "pipe.json").c_str(), 0600), 0);
-  fs::create_symlink("/dev/zero", Here() / "endless.json");
+  fs::create_symlink("/dev/null", Here() / "device.json");
   fs::create_symlink("loop.json", Here() / "loop.json");
   const std::pair<const char*, const char*> cases[] = {
       {"missing.json", "File not found:\nmissing.json"},
@@ -109,7 +109,7 @@ TEST_F(UnattendedRun, TellsEveryFailureByItsExitCodeAndLeavesTheOutputAlone) {
       {"deep.json", "Invalid JSON in file:\ndeep.json"},
       {"folder.json", "Failed to open file:\nfolder.json"},
       {"pipe.json", "Failed to open file:\npipe.json"},
-      {"endless.json", "Failed to open file:\nendless.json"},
+      {"device.json", "Failed to open file:\ndevice.json"},
       {"loop.json", "File not found:\nloop.json"},
       {"array.json", "Error: The top level is no object at line 1, column 2: [1]"},
       {"unknown.json", "Unknown workspace ID 'No such root' in file"},
@@ -199,13 +199,12 @@ TEST_F(UnattendedRun, TellsWhenDiskOrMemoryRunsOutAndLosesNothing) {
   EXPECT_TRUE(memory.Logged("Out of memory: the editor ends"));
   EXPECT_EQ(Read("out.json"), "old content");
 
-  // Without its standard streams the program opens files under their numbers, and what it says there must not get in.
+  // Without standard error the log is opened under its number, and what is said there must not get in.
   directory.Write("lossy.json", "{\"$WorkspaceID\": \"Quest\", \"unknown\": 1}");
-  const ProgramRun closed = RoundTrip("lossy.json", "out.json", {}, [] {
-    for (const int stream : {0, 1, 2}) close(stream);
-  });
+  const ProgramRun closed = RoundTrip("lossy.json", "out.json", {}, [] { close(STDERR_FILENO); });
   EXPECT_EQ(closed.exitCode, 2);
-  EXPECT_TRUE(closed.Logged("$.unknown: was 1 becomes nothing"));
+  EXPECT_TRUE(closed.Logged("::$.unknown: was 1 becomes nothing"));
+  EXPECT_FALSE(closed.Logged("\n$.unknown: was 1 becomes nothing"));
   EXPECT_EQ(RoundTrip("out.json", "again.json").exitCode, 0);
 }
 

@@ -83,6 +83,12 @@ TEST_F(MessageBoxTest, HasButtonsOfItsOwn) {
     EXPECT_EQ(chosen, expected) << keys;
     EXPECT_TRUE(Find("Text").IsFocused());
   }
+  size_t chosen = 0;
+  MessageBox::Ask(
+      "a", "Caption", {"Overwrite", "Cancel"}, [&](std::optional<size_t> choice) { chosen = *choice; }, 1);
+  Settle();
+  Run("Return");
+  EXPECT_EQ(chosen, 1u) << "the default";
 }
 
 TEST_F(MessageBoxTest, KeepsInputFromTheWindow) {

@@ -157,6 +157,10 @@ TEST_F(TextLayoutTest, ShapesLongTextsInPiecesThatDoNotShow) {
       EXPECT_EQ(all.HitTest(all.CaretPosition(index).x + inside, 1), index) << part;
     }
   }
+  const TextLayout wrapped = text.Layout(std::string(50000, 'x'), Wrapped(200));
+  const uint32_t onLine = wrapped.Lines().front().textEnd;
+  for (const LayoutLine& line : wrapped.Lines())
+    EXPECT_EQ(line.textEnd, std::min(line.textStart + onLine, 50000u)) << line.textStart;
 }
 
 } // namespace

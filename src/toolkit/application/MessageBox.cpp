@@ -23,7 +23,8 @@ void MessageBox::Show(std::string text, std::string caption, MessageBoxButton bu
   if (callback) callback(MessageBoxResult::None);
 }
 
-void MessageBox::Ask(std::string text, std::string caption, std::vector<std::string> choices, ChoiceCallback chosen) {
+void MessageBox::Ask(std::string text, std::string caption, std::vector<std::string> choices, ChoiceCallback chosen,
+                     size_t defaultChoice) {
   if (CurrentPresenter()) {
     CurrentPresenter()({std::move(text),
                         std::move(caption),
@@ -31,7 +32,8 @@ void MessageBox::Ask(std::string text, std::string caption, std::vector<std::str
                         MessageBoxImage::None,
                         {},
                         std::move(choices),
-                        std::move(chosen)});
+                        std::move(chosen),
+                        defaultChoice});
     return;
   }
   TOOLKIT_WARN("MessageBox", caption + ": " + text);

@@ -29,6 +29,8 @@ public:
     /// The captions of the buttons, from left to right, that take the place of `buttons`. Empty for an ordinary box.
     std::vector<std::string> choices = {};
     ChoiceCallback chosen = {};
+    /// The index of the choice that Return means until another one gets the focus.
+    size_t defaultChoice = 0;
   };
   /// Shows requests. The display installs one; tests install their own.
   using Presenter = std::function<void(Request)>;
@@ -36,8 +38,9 @@ public:
   static void Show(std::string text, std::string caption, MessageBoxButton buttons = MessageBoxButton::OK,
                    MessageBoxImage image = MessageBoxImage::None, Callback callback = {});
 
-  /// A box whose buttons are the question's own. Return means the first unless another one has the focus.
-  static void Ask(std::string text, std::string caption, std::vector<std::string> choices, ChoiceCallback chosen);
+  /// A box whose buttons are the question's own. Return means the default one unless another one has the focus.
+  static void Ask(std::string text, std::string caption, std::vector<std::string> choices, ChoiceCallback chosen,
+                  size_t defaultChoice = 0);
 
   /// Replaces the presenter and returns the former one. An empty presenter writes each box to the toolkit's log at
   /// level Warning (caption and text) and answers it with None or no choice, so nothing that needs a user's consent

@@ -13,7 +13,8 @@ void MessageBoxView::Describe(TypeBuilder<MessageBoxView>& type) {
 }
 
 MessageBoxView::MessageBoxView(const MessageBox::Request& request, std::function<void(MessageBoxAnswer)> answered)
-    : buttons(request.buttons), image(request.image), choices(request.choices), answered(std::move(answered)) {
+    : buttons(request.buttons), image(request.image), choices(request.choices), defaultChoice(request.defaultChoice),
+      answered(std::move(answered)) {
   SetValue(CaptionProperty, request.caption);
   SetValue(TextProperty, request.text);
 }
@@ -58,7 +59,7 @@ void MessageBoxView::OnChoice(Object* sender, const RoutedEventArgs&) {
 void MessageBoxView::FocusDefault() {
   ApplyThemeStyle();
   ApplyTemplate();
-  auto* ok = choiceButtons.empty() ? DynamicCast<Button>(GetTemplateChild("OK")) : choiceButtons.front();
+  auto* ok = choiceButtons.empty() ? DynamicCast<Button>(GetTemplateChild("OK")) : choiceButtons.at(defaultChoice);
   // The box waits for a key as well as for a click, so it shows what Return would press.
   if (ok && ok->Focus()) ok->SetValue(IsFocusVisibleProperty, true);
 }
@@ -74,7 +75,7 @@ bool MessageBoxView::OnKey(const KeyEventArgs& args) {
     const auto focused = std::find_if(choiceButtons.begin(), choiceButtons.end(),
                                       [](const Button* button) { return button->IsFocused(); });
     answered({MessageBoxResult::None,
-              focused == choiceButtons.end() ? 0 : static_cast<size_t>(focused - choiceButtons.begin())});
+              focused == choiceButtons.end() ? defaultChoice : static_cast<size_t>(focused - choiceButtons.begin())});
   } else if (args.key == Key::Return) {
     const auto* cancel = DynamicCast<Button>(GetTemplateChild("Cancel"));
     answered({cancel && cancel->IsFocused() ? MessageBoxResult::Cancel : MessageBoxResult::OK});

@@ -50,6 +50,7 @@ private:
   MessageBoxButton buttons = MessageBoxButton::OK;
   MessageBoxImage image = MessageBoxImage::None;
   std::vector<std::string> choices;
+  size_t defaultChoice = 0;
   /// One for each of them, which the template's panel owns.
   std::vector<Button*> choiceButtons;
   std::function<void(MessageBoxAnswer)> answered;

@@ -115,16 +115,17 @@ void TextLayout::AddRunCells(const LayoutRun& run) const {
     const bool isLastOfText = run.isRightToLeft ? i == run.firstGlyph : next == run.endGlyph;
     const uint32_t end = isLastOfText ? run.textEnd : glyphs[run.isRightToLeft ? i - 1 : next].cluster;
 
-    // A ligature's width is shared out evenly among the graphemes that it stands for.
+    // A ligature's width is shared out evenly among the graphemes that it stands for. A grapheme may go on behind it.
+    const std::string_view covered = std::string_view(text).substr(0, end);
     uint32_t count = 0;
     if (!run.isEllipsis)
-      for (size_t at = start; at < end; at = GraphemeEnd(text, at)) ++count;
+      for (size_t at = start; at < end; at = GraphemeEnd(covered, at)) ++count;
     count = std::max(count, 1u);
     const float step = (right - x) / static_cast<float>(count);
     const size_t firstCell = cells.size();
     size_t at = start;
     for (uint32_t part = 0; part < count; ++part) {
-      const size_t partEnd = part + 1 == count ? end : GraphemeEnd(text, at);
+      const size_t partEnd = part + 1 == count ? end : GraphemeEnd(covered, at);
       const float offset = step * static_cast<float>(part);
       const float left = run.isRightToLeft ? right - offset - step : x + offset;
       cells.push_back(
