@@ -302,6 +302,7 @@ TEST_F(CanvasKeys, ReachTheCommandsOfMenus) {
     const Rect box = TestSupport::Stage::BoxOf(*node);
     EXPECT_TRUE(box.x > view.x && box.y > view.y && box.Right() < view.Right() && box.Bottom() < view.Bottom());
   }
+  graph.Selected().Clear();
   window.Press(Key::Home);
   EXPECT_EQ(canvas.GetZoom(), 1);
   EXPECT_TRUE(graph.Root()->IsSelected());
