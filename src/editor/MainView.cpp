@@ -20,6 +20,7 @@
 #include "platform/EndSignals.h"
 #include "platform/FileDialogs.h"
 #include "platform/LogFile.h"
+#include "toolkit/application/MessageBox.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/markup/GUI.h"
@@ -156,7 +157,10 @@ void MainView::AddCommandStates() {
   graph->Selected().onChanged = [this] { commandStates->Refresh(); };
 }
 
-void MainView::Tell(std::string_view text) { statusLine->Tell(text); }
+void MainView::Tell(std::string_view text) {
+  // An unattended run would wait until the line fades.
+  if (Toolkit::MessageBox::HasPresenter()) statusLine->Tell(text);
+}
 
 void MainView::BuildRootMenu() {
   for (const std::string& name : workspaces.GetRootNames()) {

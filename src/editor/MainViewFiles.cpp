@@ -281,7 +281,7 @@ void MainView::FinishLoad(AssetFile file) {
   ResetViewToRoot();
   nodeSearchPanel->Reset();
   if (CommandLineOptions::Instance().saveTo.empty()) {
-    lossNotice->Begin(std::move(file), workspaces.currentRoot);
+    if (Toolkit::MessageBox::HasPresenter()) lossNotice->Begin(std::move(file), workspaces.currentRoot);
     return;
   }
   SaveUnattended(FindDocumentLosses(*file.json, file.longNumbers, *graph, *workspaces.currentRoot));

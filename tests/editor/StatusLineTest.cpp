@@ -128,5 +128,14 @@ TEST(ConnectionRefusals, NameTheReason) {
   }
 }
 
+TEST_F(StatusLineTest, SaysNothingWhereNobodyReadsIt) {
+  const auto former = Toolkit::MessageBox::SetPresenter({});
+  const double next = Toolkit::Dispatcher::Current().TimeToNext();
+  window.Undo();
+  EXPECT_NE(Said(), "Nothing to undo");
+  EXPECT_EQ(Toolkit::Dispatcher::Current().TimeToNext(), next) << "an unattended run would wait for it";
+  Toolkit::MessageBox::SetPresenter(former);
+}
+
 } // namespace
 } // namespace Tesselor

@@ -40,6 +40,8 @@ void MessageBox::Ask(std::string text, std::string caption, std::vector<std::str
   if (chosen) chosen(std::nullopt);
 }
 
+bool MessageBox::HasPresenter() { return CurrentPresenter() != nullptr; }
+
 MessageBox::Presenter MessageBox::SetPresenter(Presenter presenter) {
   return std::exchange(CurrentPresenter(), std::move(presenter));
 }

@@ -46,6 +46,8 @@ public:
   /// level Warning (caption and text) and answers it with None or no choice, so nothing that needs a user's consent
   /// goes on.
   static Presenter SetPresenter(Presenter presenter);
+  /// Somebody is there to be told and to answer.
+  static bool HasPresenter();
 };
 
 } // namespace Toolkit
