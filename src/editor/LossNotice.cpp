@@ -46,15 +46,17 @@ void LossNotice::End() {
 }
 
 void LossNotice::Compare() {
-  const AssetFile file = std::exchange(waiting, {});
+  const auto file = std::make_shared<AssetFile>(std::exchange(waiting, {}));
   if (revision != ActionHistory::Instance().Revision() || documentNumber != graph.DocumentNumber()) return;
-  const auto compare = [&] { return FindDocumentLosses(*file.json, file.longNumbers, graph, *root); };
+  const auto compare = [this, file] { return FindDocumentLosses(*file->json, file->longNumbers, graph, *root); };
   const auto& nodes = graph.ContentNodes();
   if (nodes.size() > MostNodes)
     comparison = ForkedWork::Start([&] { return WriteLosses(compare(), nodes); },
-                                   [this, nodes](const ForkedWork::Result& found) {
-                                     if (found && documentNumber == graph.DocumentNumber())
-                                       Show(ReadLosses(*found, nodes));
+                                   [this, nodes, compare](const ForkedWork::Result& found) {
+                                     if (documentNumber != graph.DocumentNumber()) return;
+                                     if (found) return Show(ReadLosses(*found, nodes));
+                                     // A child that was ended has told nothing. What was edited meanwhile is no loss.
+                                     if (revision == ActionHistory::Instance().Revision()) Show(compare());
                                    });
   if (!comparison) Show(compare());
 }

@@ -115,6 +115,8 @@ protected:
 private:
   void BuildRootMenu();
   void CheckRootItem(std::string_view name);
+  /// In the menu bar.
+  void ShowRootName(const std::string& name);
   void FinishLoad(AssetFile file);
   void SaveUnattended(const std::vector<DocumentLoss>& losses);
   bool Export();
@@ -147,7 +149,7 @@ private:
   void ShowDocumentName();
   void OnDocumentChanged();
   /// What is unsaved is set aside before the document goes.
-  void KeepUnsaved();
+  bool KeepUnsaved();
   RescuedDocument DescribeForRescue() const;
   /// The text that a save would write, also of a document that can't be saved; empty if there is none.
   std::string PrintDocument();

@@ -49,8 +49,7 @@ bool MainView::ChangeRootType(const std::string& name) {
     ShowError("Root type not found: " + name, "Error");
     return false;
   }
-  CheckRootItem(name);
-  workspaceMenu->SetHeader(Toolkit::Value("Root Node: " + name));
+  ShowRootName(name);
   std::shared_ptr<RootType> root = workspaces.FindRoot(name);
   if (!root) {
     ShowError("Failed to get root type: " + name, "Error");
@@ -60,8 +59,11 @@ bool MainView::ChangeRootType(const std::string& name) {
     ShowError("No workspace associated with root type: " + name, "Error");
     return false;
   }
+  if (!KeepUnsaved()) {
+    ShowRootName(workspaces.currentRoot ? workspaces.currentRoot->MenuName : std::string());
+    return false;
+  }
   const bool isLoaded = root->workspace->LoadNodeDictionary();
-  KeepUnsaved();
   nodePanel->Close();
   ClearDocument();
   if (!isLoaded) {
@@ -71,6 +73,11 @@ bool MainView::ChangeRootType(const std::string& name) {
   workspaces.currentRoot = root;
   nodeEditorCanvas->GetNodesMenu()->SetWorkspace(root->workspace);
   return true;
+}
+
+void MainView::ShowRootName(const std::string& name) {
+  CheckRootItem(name);
+  workspaceMenu->SetHeader(Toolkit::Value("Root Node: " + name));
 }
 
 void MainView::CheckRootItem(std::string_view name) {
@@ -103,8 +110,7 @@ void MainView::Open() {
     return;
   }
   const std::optional<std::string> chosen = FileDialogs::Open(workspaces.currentRoot->workspace->FileFormat);
-  if (!chosen) return;
-  KeepUnsaved();
+  if (!chosen || !KeepUnsaved()) return;
   ClearDocument();
   if (FindAssetRoot(*chosen) != FindAssetRoot(filePath)) {
     AssetFileIndex& index = AssetFileIndex::Instance();
@@ -205,7 +211,7 @@ void MainView::LoadFileAndWorkspace() {
     LogFile::Write("No workspace ID found in file, showing workspace selection modal");
   else
     LogFile::Write("Unknown workspace ID '" + id + "' in file, showing workspace selection modal");
-  KeepUnsaved();
+  if (!KeepUnsaved()) return;
   ClearDocument();
   waitingFile = std::move(file);
   OfferRoots(id);

@@ -147,6 +147,7 @@ double MainView::MeasureNodes() const {
 }
 
 void MainView::Reload() {
+  if (!KeepUnsaved()) return;
   const std::string path = filePath;
   LoadFileAndWorkspace();
   if (!filePath.empty() || graph->ContentNodes().empty()) return;
@@ -217,8 +218,12 @@ void MainView::OnPresented() {
   });
 }
 
-void MainView::KeepUnsaved() {
-  if (keeper) keeper->SetAside();
+bool MainView::KeepUnsaved() {
+  if (!keeper || keeper->SetAside()) return true;
+  ShowError("The unsaved changes of \"" + DocumentName() +
+                "\" cannot be kept, so the document stays open. Save it first.",
+            "Error");
+  return false;
 }
 
 RescuedDocument MainView::DescribeForRescue() const {

@@ -138,18 +138,18 @@ void WorkKeeper::WriteNow() {
   if (!text.empty() && store.Write(document.describe(), text)) DeleteReplaced();
 }
 
-void WorkKeeper::SetAside() {
-  if (document.isSaved()) return;
+bool WorkKeeper::SetAside() {
+  if (document.isSaved()) return true;
   const std::string text = document.print();
   const RescuedDocument described = document.describe();
   const std::optional<RescueCopy> copy = text.empty() ? std::nullopt : store.SetAside(described, text);
   if (!copy) {
-    // The copy that follows the document is the last one then, and the next document's would take its place.
     LogFile::Write("The unsaved changes of \"" + NameOf(described) + "\" could not be kept");
-    return;
+    return false;
   }
   Discard();
   Offer(*copy, "The unsaved changes of \"" + NameOf(described) + "\" were kept.");
+  return true;
 }
 
 void WorkKeeper::OfferAbandoned() {

@@ -39,8 +39,9 @@ public:
   void Follow();
   /// The user gives the changes up.
   void Discard();
-  /// Another document is about to take the place of this one: what is unsaved is set aside, and the user told.
-  void SetAside();
+  /// Another document is about to take the place of this one: what is unsaved is set aside, and the user told. False
+  /// if it can't be kept.
+  bool SetAside();
   /// Offers the copies that other runs have left.
   void OfferAbandoned();
   /// Brings the copy up to date before it returns, as the process is about to end.

@@ -191,6 +191,30 @@ TEST_F(KeptWork, IsSetAsideForAnotherDocumentAndRestored) {
   EXPECT_TRUE(view.IsSaved());
 }
 
+TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
+  const std::string path = view.FilePath();
+  Nudge();
+  const std::string changed = window.Exported();
+  // Nothing can be written below a file.
+  fs::remove_all(state.Path() / "rescue");
+  state.Write("rescue", "");
+  const std::function<void()> ways[] = {
+      [&] { window.Open(TESSELOR_DATA_DIR "/samples/dialogue.json"); },
+      [&] { EXPECT_FALSE(view.ChangeRootType("Dialogue")); },
+  };
+  for (const auto& replace : ways) {
+    window.boxes.boxes.clear();
+    replace();
+    EXPECT_EQ(window.boxes.Texts(),
+              Texts{"Error: The unsaved changes of \"quest.json\" cannot be kept, so the document "
+                    "stays open. Save it first."});
+    EXPECT_TRUE(window.Exported() == changed);
+    EXPECT_EQ(view.FilePath(), path);
+    EXPECT_FALSE(view.IsSaved());
+    EXPECT_TRUE(window.Shows("Root Node: Quest"));
+  }
+}
+
 TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
   const std::string text = window.Exported();
   Abandon({"/somewhere/lost.json", "Quest", ""}, text);
