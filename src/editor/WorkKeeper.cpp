@@ -4,10 +4,6 @@
 #include "platform/LogFile.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <csignal>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <utility>
 
 namespace Tesselor {
@@ -15,7 +11,7 @@ namespace Tesselor {
 namespace {
 
 /// Milliseconds. With the time that a copy of fifty thousand nodes takes, a change is on the disk within two seconds.
-constexpr double copyDelay = 500, reapInterval = 50;
+constexpr double copyDelay = 500;
 
 std::string NameOf(const RescuedDocument& document) {
   return document.path.empty() ? "Untitled" : std::filesystem::path(document.path).filename().string();
@@ -43,13 +39,12 @@ void WorkKeeper::Follow() {
     Discard();
     return;
   }
-  isDiscarded = false;
   if (changedAt < 0) changedAt = Toolkit::Dispatcher::Current().Now();
   Schedule();
 }
 
 void WorkKeeper::Schedule() {
-  if (child >= 0 || copyTimer != 0 || changedAt < 0) return;
+  if ((copying && copying->IsRunning()) || copyTimer != 0 || changedAt < 0) return;
   Toolkit::Dispatcher& dispatcher = Toolkit::Dispatcher::Current();
   copyTimer = dispatcher.StartTimer(std::max(0.0, changedAt + copyDelay - dispatcher.Now()), [this] {
     copyTimer = 0;
@@ -62,13 +57,9 @@ void WorkKeeper::Discard() {
   changedAt = -1;
   DeleteReplaced();
   if (!mayExist) return;
-  // A child that is not done would bring the copy back.
-  if (child >= 0) {
-    kill(child, SIGKILL);
-    isDiscarded = true;
-  } else {
-    mayExist = false;
-  }
+  // One that is not done would bring the copy back.
+  copying.reset();
+  mayExist = false;
   store.Remove();
 }
 
@@ -78,52 +69,24 @@ void WorkKeeper::StartCopy() {
   const RescuedDocument described = document.describe();
   changedAt = -1;
   mayExist = true;
-  child = fork();
-  if (child == 0) {
-    // The loop of the parent answers signals and writes the log.
-    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) std::signal(signal, SIG_IGN);
-    LogFile::SetSink([](std::string_view) {});
-    [[maybe_unused]] const int niceness = nice(10);
+  const auto write = [this, &described] {
     const std::string text = document.print();
-    _exit(!text.empty() && store.Write(described, text) ? 0 : 1);
-  }
-  if (child < 0) {
-    Ended(!store.Write(described, document.print()));
-    return;
-  }
-  Reap();
-}
-
-void WorkKeeper::Reap() {
-  reapTimer = 0;
-  int status = 0;
-  if (waitpid(child, &status, WNOHANG) == 0) {
-    reapTimer = Toolkit::Dispatcher::Current().StartTimer(reapInterval, [this] { Reap(); });
-    return;
-  }
-  Ended(status);
+    return !text.empty() && store.Write(described, text);
+  };
+  copying = ForkedWork::Start([&write] { return write() ? ForkedWork::Result("") : std::nullopt; },
+                              [this](const ForkedWork::Result& result) { Ended(result.has_value()); });
+  if (!copying) Ended(write());
 }
 
 void WorkKeeper::Finish() {
-  if (child < 0) return;
-  Toolkit::Dispatcher::Current().Cancel(std::exchange(reapTimer, 0));
-  int status = 0;
-  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-  }
-  Ended(status);
+  if (copying) copying->Finish();
 }
 
-void WorkKeeper::Ended(int status) {
-  child = -1;
-  if (isDiscarded) {
-    store.Remove();
-    isDiscarded = false;
-    mayExist = changedAt >= 0;
-  } else if (status != 0) {
-    LogFile::Write("The copy of the unsaved document could not be written");
-  } else {
+void WorkKeeper::Ended(bool isWritten) {
+  if (isWritten)
     DeleteReplaced();
-  }
+  else
+    LogFile::Write("The copy of the unsaved document could not be written");
   Schedule();
 }
 

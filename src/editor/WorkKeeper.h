@@ -1,11 +1,12 @@
 #pragma once
 
 #include "document/RescueStore.h"
+#include "platform/ForkedWork.h"
 #include "toolkit/base/Dispatcher.h"
 
 #include <functional>
+#include <memory>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 namespace Tesselor {
@@ -52,8 +53,7 @@ public:
   void Finish();
 
 private:
-  void Reap();
-  void Ended(int status);
+  void Ended(bool isWritten);
   void Schedule();
   void Offer(const RescueCopy& copy, std::string text);
   void Restore(RescueCopy copy);
@@ -62,15 +62,12 @@ private:
   Document document;
   NoticeBar& notices;
   RescueStore store;
-  Toolkit::Dispatcher::TimerId copyTimer = 0, reapTimer = 0;
-  /// Negative while none runs.
-  pid_t child = -1;
+  Toolkit::Dispatcher::TimerId copyTimer = 0;
+  std::unique_ptr<ForkedWork> copying;
   /// When the document first changed since the copy that is there or being written, by the dispatcher's clock; negative
   /// if it did not.
   double changedAt = -1;
   bool mayExist = false;
-  /// What the child writes is not wanted any more.
-  bool isDiscarded = false;
   /// Restored copies, which go when the document's own copy is there.
   std::vector<RescueCopy> replaced;
 };

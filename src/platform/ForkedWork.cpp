@@ -14,14 +14,15 @@ namespace Tesselor {
 
 namespace {
 
-[[noreturn]] void RunChild(int descriptor, const std::function<std::string()>& work) {
+[[noreturn]] void RunChild(int descriptor, const std::function<ForkedWork::Result()>& work) {
   // The loop of the parent answers signals and writes the log.
   for (const int signal : {SIGTERM, SIGHUP, SIGINT}) std::signal(signal, SIG_IGN);
   LogFile::SetSink([](std::string_view) {});
   [[maybe_unused]] const int niceness = nice(10);
-  const std::string text = work();
-  for (size_t at = 0; at < text.size();) {
-    const ssize_t count = write(descriptor, text.data() + at, text.size() - at);
+  const ForkedWork::Result text = work();
+  if (!text) _exit(1);
+  for (size_t at = 0; at < text->size();) {
+    const ssize_t count = write(descriptor, text->data() + at, text->size() - at);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) _exit(1);
     at += static_cast<size_t>(count);
@@ -31,8 +32,7 @@ namespace {
 
 } // namespace
 
-std::unique_ptr<ForkedWork> ForkedWork::Start(const std::function<std::string()>& work,
-                                              std::function<void(Result)> done) {
+std::unique_ptr<ForkedWork> ForkedWork::Start(const std::function<Result()>& work, std::function<void(Result)> done) {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return nullptr;
   const pid_t child = fork();
@@ -56,9 +56,18 @@ ForkedWork::~ForkedWork() {
   }
 }
 
+void ForkedWork::Finish() {
+  if (!IsRunning()) return;
+  watch.reset();
+  Ended();
+}
+
 void ForkedWork::Take(std::string_view bytes) {
   text += bytes;
-  if (!bytes.empty()) return;
+  if (bytes.empty()) Ended();
+}
+
+void ForkedWork::Ended() {
   int status = 0;
   while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
   }
