@@ -147,7 +147,6 @@ double MainView::MeasureNodes() const {
 }
 
 void MainView::Reload() {
-  if (!KeepUnsaved()) return;
   const std::string path = filePath;
   LoadFileAndWorkspace();
   if (!filePath.empty() || graph->ContentNodes().empty()) return;
