@@ -56,6 +56,8 @@ bool RescueStore::Write(const RescuedDocument& document, std::string_view text) 
 void RescueStore::Remove() const {
   std::error_code error;
   fs::remove(FileOf(""), error);
+  // Of a child that was ended while it wrote.
+  AtomicFile::RemoveLeftovers(directory);
 }
 
 std::optional<RescueCopy> RescueStore::SetAside(const RescuedDocument& document, std::string_view text) {

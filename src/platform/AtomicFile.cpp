@@ -11,6 +11,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <filesystem>
+#include <limits>
 #include <optional>
 #include <set>
 #include <sys/stat.h>
@@ -121,24 +122,29 @@ FileWriteResult WriteInPlace(const std::string& path, std::string_view text) {
   return isWritten ? FileWriteResult::Written : FileWriteResult::WriteFailed;
 }
 
-/// Removes what processes that don't run any more have left in a directory: once for each that is written to. A file
-/// that was touched lately may be another machine's.
-void RemoveLeftovers(const std::filesystem::path& directory) {
-  static std::set<std::string> visited;
-  if (!visited.insert(directory.string()).second) return;
+/// Whether a temporary file's process doesn't run any more, as far as this machine can tell.
+bool IsLeftover(const std::string& name) {
+  if (!name.starts_with(temporaryPrefix) || !name.ends_with(temporarySuffix)) return false;
+  const int owner = std::atoi(name.c_str() + temporaryPrefix.size());
+  return owner > 0 && kill(owner, 0) != 0 && errno == ESRCH;
+}
+
+void RemoveLeftoversOf(const std::filesystem::path& directory, std::time_t before) {
   std::error_code error;
   std::filesystem::directory_iterator entries(directory, error);
-  std::vector<std::filesystem::path> old;
+  std::vector<std::filesystem::path> leftovers;
   for (const std::filesystem::directory_iterator end; !error && entries != end; entries.increment(error)) {
-    const std::string name = entries->path().filename().string();
-    if (!name.starts_with(temporaryPrefix) || !name.ends_with(temporarySuffix)) continue;
-    const int owner = std::atoi(name.c_str() + temporaryPrefix.size());
     struct stat status {};
-    if (owner <= 0 || stat(entries->path().c_str(), &status) != 0) continue;
-    if (std::time(nullptr) - status.st_mtime < leftoverSeconds) continue;
-    if (kill(owner, 0) != 0 && errno == ESRCH) old.push_back(entries->path());
+    if (!IsLeftover(entries->path().filename().string()) || stat(entries->path().c_str(), &status) != 0) continue;
+    if (status.st_mtime < before) leftovers.push_back(entries->path());
   }
-  for (const std::filesystem::path& path : old) unlink(path.c_str());
+  for (const std::filesystem::path& path : leftovers) unlink(path.c_str());
+}
+
+/// Once for each directory that is written to. A file that was touched lately may be another machine's.
+void RemoveOldLeftovers(const std::filesystem::path& directory) {
+  static std::set<std::string> visited;
+  if (visited.insert(directory.string()).second) RemoveLeftoversOf(directory, std::time(nullptr) - leftoverSeconds);
 }
 
 /// Makes the new name itself survive a power failure. Not every file system can; the file is complete either way.
@@ -150,6 +156,10 @@ void FlushDirectory(const std::filesystem::path& directory) {
 }
 
 } // namespace
+
+void AtomicFile::RemoveLeftovers(const std::filesystem::path& directory) {
+  RemoveLeftoversOf(directory, std::numeric_limits<std::time_t>::max());
+}
 
 FileWriteResult AtomicFile::Write(const std::string& path, std::string_view text) {
   const std::filesystem::path target = FollowLinks(path);
@@ -163,7 +173,7 @@ FileWriteResult AtomicFile::Write(const std::string& path, std::string_view text
   if (exists && old.st_nlink > 1) return WriteInPlace(target.string(), text);
 
   const std::filesystem::path directory = target.has_parent_path() ? target.parent_path() : ".";
-  RemoveLeftovers(directory);
+  RemoveOldLeftovers(directory);
   std::string temporary;
   const int descriptor = CreateNew(directory / temporaryPrefix, temporarySuffix, 0666, temporary);
   if (descriptor < 0) {

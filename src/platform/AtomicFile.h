@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,8 @@ public:
   /// symbolic link is followed, and the file behind it replaced. What is no regular file, such as a device, is written
   /// in place. Takes away what writes of processes that have ended left in the directory.
   static FileWriteResult Write(const std::string& path, std::string_view text);
+  /// Takes away what ended processes have left in a directory that no other machine writes to.
+  static void RemoveLeftovers(const std::filesystem::path& directory);
 };
 
 } // namespace Tesselor

@@ -104,6 +104,16 @@ TEST_F(KeptWork, IsThereAFewMomentsAfterAnEditAndGoesWithASave) {
   window.Chord({Key::LeftCtrl, Key::S});
   view.Keeper()->Finish();
   EXPECT_EQ(Copied(), "");
+  // A child that is ended while it writes leaves its temporary file.
+  const pid_t ended = fork();
+  if (ended == 0) _exit(0);
+  waitpid(ended, nullptr, 0);
+  Nudge();
+  LetACopyBeWritten();
+  state.Write("rescue/.tesselor-" + std::to_string(ended) + "-0.tmp", "half a copy");
+  EXPECT_EQ(Copies().size(), 2u);
+  window.Chord({Key::LeftCtrl, Key::S});
+  EXPECT_TRUE(Copies().empty());
   // Back to what is saved by the history.
   window.Undo();
   LetACopyBeWritten();
