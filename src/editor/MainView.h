@@ -150,6 +150,8 @@ private:
   void OnDocumentChanged();
   /// What is unsaved is set aside before the document goes.
   bool KeepUnsaved();
+  /// Closes the document, and keeps what is unsaved of it. False if it stays open, which the user was told.
+  bool LeaveDocument();
   RescuedDocument DescribeForRescue() const;
   /// The text that a save would write, also of a document that can't be saved; empty if there is none.
   std::string PrintDocument();

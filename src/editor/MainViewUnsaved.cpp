@@ -255,6 +255,12 @@ bool MainView::KeepUnsaved() {
   return false;
 }
 
+bool MainView::LeaveDocument() {
+  if (!KeepUnsaved()) return false;
+  ClearDocument();
+  return true;
+}
+
 RescuedDocument MainView::DescribeForRescue() const {
   std::error_code error;
   const std::string path = filePath.empty() ? std::string() : std::filesystem::absolute(filePath, error).string();
@@ -276,8 +282,9 @@ std::string MainView::PrintDocument() {
 
 bool MainView::ShowAsUnsaved(const RescuedDocument& document, const std::string& text) {
   JsonParseResult parsed = ParseJson(text);
-  if (parsed && workspaces.FindRoot(document.root)) ChangeRootType(document.root);
-  if (!parsed || !workspaces.currentRoot || workspaces.currentRoot->MenuName != document.root) {
+  const bool isReadable = parsed && workspaces.FindRoot(document.root);
+  if (isReadable && !LeaveDocument()) return false;
+  if (!isReadable || !ChangeRootType(document.root)) {
     ShowError("The kept state of \"" + document.path + "\" cannot be read.", "Error");
     return false;
   }

@@ -57,6 +57,13 @@ protected:
     waitpid(child, &status, 0);
     ASSERT_EQ(status, 0);
   }
+  /// As if a process had ended between the copy of a file that it writes in place and the last byte.
+  void LeaveSpare(const std::string& path, const std::string& text) {
+    setenv("XDG_STATE_HOME", state.Path().c_str(), 1);
+    const pid_t child = fork();
+    if (child == 0) _exit(SpareCopy().Write(path, text) ? 0 : 1);
+    waitpid(child, nullptr, 0);
+  }
   std::vector<std::string> Told() {
     window.Settle();
     std::vector<std::string> texts;
@@ -205,6 +212,8 @@ TEST_F(KeptWork, IsSetAsideForAnotherDocumentAndRestored) {
 
 TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
   const std::string path = view.FilePath();
+  LeaveSpare(path, window.Exported());
+  window.Open(path);
   Nudge();
   const std::string changed = window.Exported();
   // Nothing can be written below a file.
@@ -213,6 +222,9 @@ TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
   const std::function<void()> ways[] = {
       [&] { window.Open(TESSELOR_DATA_DIR "/samples/dialogue.json"); },
       [&] { EXPECT_FALSE(view.ChangeRootType("Dialogue")); },
+      [&] { window.Open(path); },
+      [&] { view.LoadFileAndWorkspace(); },
+      [&] { Press("Open"); },
   };
   for (const auto& replace : ways) {
     window.boxes.boxes.clear();
@@ -225,6 +237,7 @@ TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
     EXPECT_FALSE(view.IsSaved());
     EXPECT_TRUE(window.Shows("Root Node: Quest"));
   }
+  unsetenv("XDG_STATE_HOME");
 }
 
 TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
@@ -265,14 +278,11 @@ TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
 }
 
 TEST_F(KeptWork, OffersWhatAFileHeldWhereASaveWasCutOff) {
-  setenv("XDG_STATE_HOME", state.Path().c_str(), 1);
   const std::string text = window.Exported(), path = view.FilePath();
-  // A process that ends between the spare copy and the last byte; and one that is still at it.
+  LeaveSpare(path, text);
+  // Of a process that is still at it.
   SpareCopy present;
   ASSERT_TRUE(present.Write(path, "{}"));
-  const pid_t child = fork();
-  if (child == 0) _exit(SpareCopy().Write(path, text) ? 0 : 1);
-  waitpid(child, nullptr, 0);
   std::ofstream(path) << text.substr(0, text.size() / 2);
   const Texts told{"A save of \"" + fs::path(path).filename().string() +
                    "\" was cut off. What the file held before is kept."};
