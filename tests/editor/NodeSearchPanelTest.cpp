@@ -218,18 +218,6 @@ TEST_F(NodeSearchPanelTest, IsWorkedByTheKeysOfItsTextBox) {
   EXPECT_FALSE(panel->IsOpen());
 }
 
-TEST_F(NodeSearchPanelTest, MakesMoreLinesAsTheListIsScrolled) {
-  for (int i = 0; i < 300; ++i) AddNode(("Apple " + std::to_string(i)).c_str(), "", "");
-  panel->Open(snapshot);
-  stage.Settle();
-  auto* viewer = panel->FindName<Toolkit::ScrollViewer>("ResultViewer");
-  const float before = viewer->Extent().height;
-  for (int i = 0; i < 300; ++i) stage.Wheel(*viewer, -1);
-  EXPECT_GT(viewer->Extent().height, before * 3);
-  EXPECT_EQ(viewer->ScrollOffset().y + viewer->Viewport().height, viewer->Extent().height);
-  EXPECT_TRUE(stage.Shows("Apple 299"));
-}
-
 TEST_F(NodeSearchPanelTest, MarksWhatWasFoundAndTellsWhereTheNodeHangs) {
   const std::string far = std::string(80, 'a') + " needle " + std::string(80, 'b');
   AddNode("The needle in a title", "", "");
