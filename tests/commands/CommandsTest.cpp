@@ -213,7 +213,7 @@ TEST_F(Commands, OfAPasteTakeAwayAllThatCame) {
   ASSERT_TRUE(out);
   window.Exported();
   const std::string after = State();
-  BatchPasteNodeActionCommand paste(graph, {Ptr<BaseNode>(parent.Get()), Ptr<BaseNode>(child.Get())});
+  BatchPasteNodeActionCommand paste(graph, {Ptr<BaseNode>(parent.Get()), Ptr<BaseNode>(child.Get())}, {});
   paste.Undo();
   EXPECT_EQ(State(), before);
   paste.Do();
