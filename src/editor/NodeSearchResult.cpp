@@ -117,7 +117,10 @@ SharedString NodeSearchResult::Naming() const {
 
 SharedString NodeSearchResult::TypeTitle() const {
   const auto* content = DynamicCast<ContentNode>(node.Get());
-  return content ? SharedString(content->Blueprint().title) : SharedString(nodeType);
+  const std::string_view type = content ? std::string_view(content->Blueprint().title) : nodeType;
+  std::string_view shown = title;
+  if (shown.starts_with(RootTitlePrefix)) shown.remove_prefix(RootTitlePrefix.size());
+  return shown == type ? SharedString() : SharedString(type);
 }
 
 SharedString NodeSearchResult::Path() const {

@@ -35,7 +35,7 @@ public:
   Toolkit::SharedString ContextAfter() const { return PartOf(Where::Context, Part::After); }
   /// What tells the node from others of its type, behind a title that doesn't.
   Toolkit::SharedString Naming() const;
-  /// The title of the node's type; of a frame what it is.
+  /// The title of the node's type; of a frame what it is. Empty if the title says the same.
   Toolkit::SharedString TypeTitle() const;
   /// The titles from the root to the node's parent; empty for what hangs on nothing.
   Toolkit::SharedString Path() const;

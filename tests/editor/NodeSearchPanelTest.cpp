@@ -222,6 +222,9 @@ TEST_F(NodeSearchPanelTest, MarksWhatWasFoundAndTellsWhereTheNodeHangs) {
   const std::string far = std::string(80, 'a') + " needle " + std::string(80, 'b');
   AddNode("The needle in a title", "", "");
   AddNode("Other", far, "");
+  AddNode("Kind", "needle", "");
+  AddNode("[ROOT] Kind", "needle", "");
+  AddFrame(snapshot.groupNodes, "Group needle");
   panel->Open(snapshot);
   panel->Search("NEEDLE");
   const auto parts = [this](size_t index) {
@@ -233,6 +236,15 @@ TEST_F(NodeSearchPanelTest, MarksWhatWasFoundAndTellsWhereTheNodeHangs) {
   };
   EXPECT_EQ(parts(0), "The [needle] in a title | [] | Kind");
   EXPECT_EQ(parts(1), "Other[] | Z: ..." + std::string(14, 'a') + " [needle] " + std::string(25, 'b') + "... | Kind");
+  EXPECT_EQ(parts(2), "Kind[] | Z: [needle] | ") << "the type says nothing that the title doesn't";
+  EXPECT_EQ(parts(3), "[ROOT] Kind[] | Z: [needle] | ");
+  EXPECT_EQ(parts(4), "Group [needle] | [] | Group");
+  stage.Settle();
+  const auto* list = panel->FindName<Toolkit::ItemsControl>("ResultList");
+  for (size_t i = 0; i < 5; ++i) {
+    const auto badges = TestSupport::All<Toolkit::Border>(list->GetItemContainerGenerator().ContainerFromIndex(i));
+    EXPECT_EQ(badges.at(1)->IsVisible(), i != 2 && i != 3) << i;
+  }
 }
 
 } // namespace
