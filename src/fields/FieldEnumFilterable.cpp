@@ -39,10 +39,9 @@ void FieldEnumFilterable::Filter(std::string_view searchText) {
     control->comboBox->SetIsDropDownOpen(true);
 }
 
-void FieldEnumFilterable::OnSearchTyped(Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {
-  // The box of another control follows by its binding.
-  const auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(args.source);
-  if (box && box->IsFocused()) Subject<FieldEnumFilterable>().typedInto = Toolkit::WeakPtr<FieldEnumFilterable>(this);
+void FieldEnumFilterable::OnSearchTyped(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  // The box of another control follows by its binding, but only once the list was opened.
+  Subject<FieldEnumFilterable>().typedInto = Toolkit::WeakPtr<FieldEnumFilterable>(this);
 }
 
 void FieldEnumFilterable::OnSearchKeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {

@@ -316,6 +316,7 @@ TEST_F(ClipboardKeys, DuplicateBesideTheOriginals) {
   EXPECT_NE(Selected(), originals) << "the first copies, which were selected when they were duplicated";
   window.Undo();
   EXPECT_EQ(Selected(), originals);
+  EXPECT_FALSE(graph.Selected().GroupContents().empty()) << "a drag takes them along";
   EXPECT_EQ(window.Exported(), before);
   // What the user has selected since stays, and so does what is gone.
   Duplicate();
