@@ -213,15 +213,15 @@ TEST_F(Commands, OfAPasteTakeAwayAllThatCame) {
   ASSERT_TRUE(out);
   window.Exported();
   const std::string after = State();
-  BatchPasteNodeActionCommand paste(graph, {Ptr<BaseNode>(parent.Get()), Ptr<BaseNode>(child.Get())},
-                                    {Ptr<BaseNode>(graph.CommentNodes()[0].Get())});
+  BatchPasteNodeActionCommand paste(graph, {Ptr<BaseNode>(parent.Get()), Ptr<BaseNode>(child.Get())}, {});
   paste.Undo();
   EXPECT_EQ(State(), before);
   paste.Do();
   EXPECT_EQ(State(), after);
   const Ptr<BaseNode> selectedBefore(graph.CommentNodes()[0].Get());
+  BatchPasteNodeActionCommand second(graph, {Ptr<BaseNode>(child.Get())}, {selectedBefore});
   graph.Remove(*selectedBefore);
-  paste.Undo();
+  second.Undo();
   EXPECT_TRUE(graph.Selected().IsEmpty()) << "what has gone is not selected again";
 }
 
