@@ -179,6 +179,10 @@ private:
   void ShowNode(BaseNode& node);
   void OnClickEarlierVersions(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OpenVersion(const VersionLine& line);
+  /// Shows what a file held as its unsaved document.
+  bool ShowFormerText(const std::string& path, const std::filesystem::path& kept);
+  /// Tells of copies of the file that is to be loaded which a save that was cut off has left.
+  void OfferCutOffSaves();
   void OnClickShowHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickCloseHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   static void OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change);

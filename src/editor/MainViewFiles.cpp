@@ -187,6 +187,7 @@ void MainView::LoadFileAndWorkspace() {
     ShowError("No file path specified.", "Error");
     return;
   }
+  OfferCutOffSaves();
   // Before it is read: what changes meanwhile is not in the document.
   readState = FileStateOf(filePath);
   AssetFile file = AssetFile::Read(filePath);

@@ -3,10 +3,12 @@
 #include "editor/KeptFileTest.h"
 #include "editor/NoticeBar.h"
 #include "editor/StatusLine.h"
+#include "platform/SpareCopy.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/TextBlock.h"
 
 #include <algorithm>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -240,6 +242,39 @@ TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
   EXPECT_TRUE(window.Exported() == text);
   EXPECT_EQ(view.FilePath(), "");
   EXPECT_EQ(window.NoticesShown().front(), "The unsaved changes of \"lost.json\" were kept.");
+}
+
+TEST_F(KeptWork, OffersWhatAFileHeldWhereASaveWasCutOff) {
+  setenv("XDG_STATE_HOME", state.Path().c_str(), 1);
+  const std::string text = window.Exported(), path = view.FilePath();
+  // A process that ends between the spare copy and the last byte; and one that is still at it.
+  SpareCopy present;
+  ASSERT_TRUE(present.Write(path, "{}"));
+  const pid_t child = fork();
+  if (child == 0) _exit(SpareCopy().Write(path, text) ? 0 : 1);
+  waitpid(child, nullptr, 0);
+  std::ofstream(path) << text.substr(0, text.size() / 2);
+  const Texts told{"A save of \"" + fs::path(path).filename().string() +
+                   "\" was cut off. What the file held before is kept."};
+  window.Open(path);
+  EXPECT_EQ(window.boxes.boxes.size(), 1u) << "the file can't be read";
+  EXPECT_EQ(Told(), told);
+  EXPECT_EQ(view.FilePath(), "");
+  Press("Later");
+  window.Open(path);
+  EXPECT_EQ(Told(), told);
+  Press("Open");
+  EXPECT_TRUE(window.Exported() == text);
+  EXPECT_EQ(view.FilePath(), path);
+  EXPECT_FALSE(view.IsSaved());
+  window.Chord({Key::LeftCtrl, Key::S});
+  EXPECT_TRUE(TemporaryDirectory::Read(path) == text) << "no question stands in the way";
+  window.Open(path);
+  EXPECT_EQ(Told(), told);
+  Press("Delete");
+  EXPECT_TRUE(SpareCopy::LeftOf(path).empty());
+  present.Remove();
+  unsetenv("XDG_STATE_HOME");
 }
 
 } // namespace
