@@ -258,11 +258,11 @@ TEST_F(KeptWork, OffersWhatAFileHeldWhereASaveWasCutOff) {
                    "\" was cut off. What the file held before is kept."};
   window.Open(path);
   EXPECT_EQ(window.boxes.boxes.size(), 1u) << "the file can't be read";
-  EXPECT_EQ(Told(), told);
+  EXPECT_EQ(window.NoticesShown(), told);
   EXPECT_EQ(view.FilePath(), "");
   Press("Later");
   window.Open(path);
-  EXPECT_EQ(Told(), told);
+  EXPECT_EQ(window.NoticesShown(), told);
   Press("Open");
   EXPECT_TRUE(window.Exported() == text);
   EXPECT_EQ(view.FilePath(), path);
@@ -270,7 +270,7 @@ TEST_F(KeptWork, OffersWhatAFileHeldWhereASaveWasCutOff) {
   window.Chord({Key::LeftCtrl, Key::S});
   EXPECT_TRUE(TemporaryDirectory::Read(path) == text) << "no question stands in the way";
   window.Open(path);
-  EXPECT_EQ(Told(), told);
+  EXPECT_EQ(window.NoticesShown(), told);
   Press("Delete");
   EXPECT_TRUE(SpareCopy::LeftOf(path).empty());
   present.Remove();
