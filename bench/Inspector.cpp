@@ -12,7 +12,6 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <unistd.h>
 
 namespace {
 
@@ -95,12 +94,7 @@ int main(int argc, char** argv) {
   const int fields = argc > 1 ? std::atoi(argv[1]) : 200;
   const int times = argc > 2 ? std::atoi(argv[2]) : 20;
   const int threads = argc > 3 ? std::atoi(argv[3]) : 0;
-  const std::filesystem::path home =
-      std::filesystem::temp_directory_path() / ("tesselor-inspector-" + std::to_string(getpid()));
-  const std::filesystem::path asset = MakeDocument(home, fields);
-  std::filesystem::current_path(home);
-  const int result =
-      Bench::RunEditor(argv[0], asset.c_str(), [&] { return std::make_unique<InspectorKeys>(threads, times); });
-  std::filesystem::remove_all(home);
-  return result;
+  return Bench::RunEditorInHome(
+      argv[0], [&](const std::filesystem::path& home) { return MakeDocument(home, fields); },
+      [&] { return std::make_unique<InspectorKeys>(threads, times); });
 }

@@ -12,7 +12,6 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -106,11 +105,7 @@ int main(int argc, char** argv) {
   const int types = argc > 1 ? std::atoi(argv[1]) : 2000;
   const int categories = argc > 2 ? std::atoi(argv[2]) : 40;
   const int threads = argc > 3 ? std::atoi(argv[3]) : 0;
-  const std::filesystem::path home =
-      std::filesystem::temp_directory_path() / ("tesselor-nodes-menu-" + std::to_string(getpid()));
-  const std::filesystem::path asset = MakeDocument(home, types, categories);
-  std::filesystem::current_path(home);
-  const int result = Bench::RunEditor(argv[0], asset.c_str(), [&] { return std::make_unique<MenuKeys>(threads); });
-  std::filesystem::remove_all(home);
-  return result;
+  return Bench::RunEditorInHome(
+      argv[0], [&](const std::filesystem::path& home) { return MakeDocument(home, types, categories); },
+      [&] { return std::make_unique<MenuKeys>(threads); });
 }

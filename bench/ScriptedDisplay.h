@@ -167,4 +167,17 @@ inline int RunEditor(const char* program, const char* asset,
   return result;
 }
 
+/// The same with an asset and workspaces that `makeDocument` writes into an empty directory; it returns the asset.
+inline int RunEditorInHome(const char* program,
+                           const std::function<std::filesystem::path(const std::filesystem::path& home)>& makeDocument,
+                           std::function<std::unique_ptr<Toolkit::Display>()> makeDisplay) {
+  std::string pattern = (std::filesystem::temp_directory_path() / "tesselor-bench-home-XXXXXX").string();
+  const std::filesystem::path home = mkdtemp(pattern.data());
+  const std::filesystem::path asset = makeDocument(home);
+  std::filesystem::current_path(home);
+  const int result = RunEditor(program, asset.c_str(), std::move(makeDisplay));
+  std::filesystem::remove_all(home);
+  return result;
+}
+
 } // namespace Bench

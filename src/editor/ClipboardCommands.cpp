@@ -67,11 +67,13 @@ Point NodePasting::PastePlace() const {
 void NodePasting::PasteAt(const std::vector<JsonPtr>& objects, Point place) {
   // What is being edited becomes a step of its own before, and keys go to what was pasted.
   canvas.GetPanel()->Focus();
+  const Selection::Nodes selectedBefore = graph.Selected().GetNodes();
   std::vector<Ptr<BaseNode>> nodes = NodePaste(graph, workspace).Run(objects, place);
   if (nodes.empty()) return;
   for (const Ptr<BaseNode>& node : nodes)
     if (auto* frame = Toolkit::DynamicCast<FrameNode>(node.Get())) frame->SetZoom(canvas.GetZoom());
-  ActionHistory::Instance().Push(std::make_unique<BatchPasteNodeActionCommand>(graph, std::move(nodes)));
+  ActionHistory::Instance().Push(
+      std::make_unique<BatchPasteNodeActionCommand>(graph, std::move(nodes), selectedBefore));
   canvas.GetPanel()->UpdateLayout();
 }
 

@@ -2,35 +2,30 @@
 
 #include "document/DocumentLosses.h"
 #include "nodes/ContentNode.h"
-#include "toolkit/base/Observable.h"
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/base/SharedString.h"
+#include "toolkit/controls/LongList.h"
 #include "toolkit/controls/UserControl.h"
-#include "toolkit/visual/InputEvents.h"
 
-#include <cstddef>
 #include <vector>
 
 namespace Tesselor {
 
 /// One line of the list: a value, what it is and what it becomes.
-class LossLine : public Toolkit::NotifyPropertyChangedBase {
+class LossLine : public Toolkit::ListLine {
   TOOLKIT_TYPE(LossLine)
 public:
   LossLine() = default;
-  LossLine(const DocumentLoss& loss, size_t index);
+  explicit LossLine(DocumentLoss told) : told(std::move(told)) {}
 
-  size_t Index() const { return index; }
-  Toolkit::SharedString GetPath() const { return path; }
-  Toolkit::SharedString GetWas() const { return was; }
-  Toolkit::SharedString GetBecomes() const { return becomes; }
-  bool IsSelected() const { return isSelected; }
-  void SetIsSelected(bool value);
+  Toolkit::SharedString GetPath() const { return told.loss.path; }
+  Toolkit::SharedString GetWas() const { return told.loss.was; }
+  Toolkit::SharedString GetBecomes() const { return told.loss.becomes; }
+  /// Null once it is gone.
+  ContentNode* Node() const { return told.node.Get(); }
 
 private:
-  Toolkit::SharedString path, was, becomes;
-  size_t index = 0;
-  bool isSelected = false;
+  DocumentLoss told;
 };
 
 struct LossChosenEventArgs : Toolkit::RoutedEventArgs {
@@ -50,7 +45,7 @@ public:
   LossPanel();
   bool IsOpen() const { return Get<Toolkit::Visibility>(PanelVisibilityProperty) == Toolkit::Visibility::Visible; }
   /// Takes the focus, so that the keys are the list's.
-  void Open(std::vector<DocumentLoss> newLosses);
+  void Open(std::vector<DocumentLoss> losses);
   /// Forgets what it lists as well.
   void Close();
 
@@ -58,18 +53,12 @@ private:
   using Lines = Toolkit::ObservableCollection<LossLine>;
   Toolkit::ObservableCollectionBase* ReflectedLines() const { return lines.Get(); }
   void OnPanelKeyDown(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
-  void OnLineClicked(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
-  void OnCloseClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void OnListScrolled(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void ShowMore(size_t count);
-  void Step(int distance);
-  void Mark(LossLine* line);
-  void Choose(LossLine& line);
+  void OnLineChosen(Toolkit::Object* sender, const Toolkit::LineChosenEventArgs& args);
+  void OnCloseClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args) { Close(); }
 
-  std::vector<DocumentLoss> losses;
-  /// Of the first of them, as far as the list was scrolled.
   Toolkit::Ptr<Lines> lines;
-  Toolkit::Ptr<LossLine> selected;
+  /// Held by the tree that the document describes.
+  Toolkit::LongList* list = nullptr;
 };
 
 } // namespace Tesselor

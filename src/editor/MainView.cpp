@@ -162,6 +162,10 @@ void MainView::Tell(std::string_view text) {
   if (Toolkit::MessageBox::HasPresenter()) statusLine->Tell(text);
 }
 
+void MainView::TellForAWhile(std::string_view text) {
+  if (Toolkit::MessageBox::HasPresenter()) statusLine->Tell(text, StatusLine::Stays::AShortWhile);
+}
+
 void MainView::BuildRootMenu() {
   for (const std::string& name : workspaces.GetRootNames()) {
     auto item = Toolkit::MakePtr<Toolkit::MenuItem>();

@@ -291,6 +291,7 @@ private:
   void CloseInspectorOfGoneNode();
   /// Says in the status line what a command did, or why it did nothing. Steps of the history tell of themselves.
   void Tell(std::string_view text);
+  void TellForAWhile(std::string_view text);
   void AddCommandStates();
   /// Null unless it is the one selected node.
   ContentNode* SelectedContentNode() const;

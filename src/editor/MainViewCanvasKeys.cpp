@@ -274,7 +274,8 @@ void MainView::ZoomToFit() {
 }
 
 void MainView::TellZoom() {
-  Tell("Zoom " + std::to_string(static_cast<int>(std::lround(nodeEditorCanvas->GetZoom() * 100))) + " %");
+  // The wheel may change it at any time, and tells nothing.
+  TellForAWhile("Zoom " + std::to_string(static_cast<int>(std::lround(nodeEditorCanvas->GetZoom() * 100))) + " %");
 }
 
 } // namespace Tesselor

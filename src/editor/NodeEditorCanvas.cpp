@@ -141,10 +141,10 @@ Toolkit::Rect NodeEditorCanvas::Reveal(const Toolkit::Rect& area) {
 
 Point NodeEditorCanvas::ClampMenuPosition(Point position) {
   nodesMenu->UpdateLayout();
-  return MenuPositionInView(position);
+  return MenuPositionInView(position, RenderSize());
 }
 
-Point NodeEditorCanvas::MenuPositionInView(Point position) const {
+Point NodeEditorCanvas::MenuPositionInView(Point position, Toolkit::Size view) const {
   const float zoom = GetZoom();
   const auto clamp = [zoom](float at, float offset, float menuLength, float viewLength) {
     const float end = viewLength - MenuMargin;
@@ -153,15 +153,25 @@ Point NodeEditorCanvas::MenuPositionInView(Point position) const {
     if (zoom * at + offset < MenuMargin) at = (MenuMargin - offset) / zoom;
     return at;
   };
-  return {clamp(position.x, translation->GetX(), nodesMenu->ActualWidth(), ActualWidth()),
-          clamp(position.y, translation->GetY(), nodesMenu->ActualHeight(), ActualHeight())};
+  return {clamp(position.x, translation->GetX(), nodesMenu->ActualWidth(), view.width),
+          clamp(position.y, translation->GetY(), nodesMenu->ActualHeight(), view.height)};
 }
 
 void NodeEditorCanvas::OnNodesMenuResized(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  KeepNodesMenuIn(RenderSize());
+}
+
+void NodeEditorCanvas::KeepNodesMenuIn(Toolkit::Size view) {
   const Point place =
-      MenuPositionInView({Toolkit::Canvas::GetLeft(nodesMenu.Get()), Toolkit::Canvas::GetTop(nodesMenu.Get())});
+      MenuPositionInView({Toolkit::Canvas::GetLeft(nodesMenu.Get()), Toolkit::Canvas::GetTop(nodesMenu.Get())}, view);
   Toolkit::Canvas::SetLeft(nodesMenu.Get(), place.x);
   Toolkit::Canvas::SetTop(nodesMenu.Get(), place.y);
+}
+
+Toolkit::Size NodeEditorCanvas::ArrangeOverride(Toolkit::Size finalSize) {
+  nodesMenu->FitInto({finalSize.width - 2 * MenuMargin, finalSize.height - 2 * MenuMargin});
+  if (nodesMenu->IsOpen()) KeepNodesMenuIn(finalSize);
+  return UserControl::ArrangeOverride(finalSize);
 }
 
 void NodeEditorCanvas::SetZoom(float zoom) {

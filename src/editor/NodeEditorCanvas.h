@@ -64,10 +64,13 @@ public:
 protected:
   /// Pans to what takes the focus by Tab or is typed into, if it is outside the view.
   Toolkit::Rect Reveal(const Toolkit::Rect& area) override;
+  /// The open menu follows the edges of the view.
+  Toolkit::Size ArrangeOverride(Toolkit::Size finalSize) override;
 
 private:
-  /// The same as `ClampMenuPosition`, for the menu as it was laid out last.
-  Toolkit::Point MenuPositionInView(Toolkit::Point position) const;
+  /// The same as `ClampMenuPosition`, for the menu as it was laid out last, in a view of that size.
+  Toolkit::Point MenuPositionInView(Toolkit::Point position, Toolkit::Size view) const;
+  void KeepNodesMenuIn(Toolkit::Size view);
   void OnNodesMenuResized(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void SetZoom(float zoom);
   /// What lies at a point of the view stays there.

@@ -1,29 +1,18 @@
 #include "editor/NodeSearchPanel.h"
 
 #include "platform/AsciiCase.h"
+#include "toolkit/base/Diagnostics.h"
 #include "toolkit/base/Dispatcher.h"
 #include "toolkit/controls/ButtonBase.h"
-#include "toolkit/controls/ItemsControl.h"
-#include "toolkit/controls/ScrollViewer.h"
 #include "toolkit/controls/TextBox.h"
 #include "toolkit/markup/GUI.h"
 #include "values/ActionHistory.h"
 
-#include <algorithm>
-
 namespace Tesselor {
 
+using Toolkit::LongList;
 using Toolkit::Ptr;
 using Toolkit::Visibility;
-
-namespace {
-
-/// Lines that are made at once.
-constexpr size_t LinesAtOnce = 60;
-/// More lines are made when the end of the list comes as near as this, in pixels.
-constexpr float NearTheEnd = 600;
-
-} // namespace
 
 const Toolkit::RoutedEvent NodeSearchPanel::SearchResultSelectedEvent("SearchResultSelected",
                                                                       Toolkit::RoutingStrategy::Bubble);
@@ -35,20 +24,18 @@ void NodeSearchPanel::Describe(Toolkit::TypeBuilder<NodeSearchPanel>& type) {
                                                             &NodeSearchPanel::OnSearchTextChanged);
   CountTextProperty = type.Property<Toolkit::SharedString>("CountText");
   type.Member<&NodeSearchPanel::ReflectedResults>("SearchResults");
-  type.Member<&NodeSearchPanel::ReflectedShownResults>("ShownResults");
   type.Handler<&NodeSearchPanel::OnSearchKeyDown>("OnSearchKeyDown", KeyDownEvent);
   type.Event(&SearchResultSelectedEvent);
   type.Handler<&NodeSearchPanel::OnClearButtonClicked>("OnClearButtonClicked", Toolkit::ButtonBase::ClickEvent);
-  type.Handler<&NodeSearchPanel::OnResultClicked>("OnResultClicked", MouseLeftButtonUpEvent);
+  type.Handler<&NodeSearchPanel::OnResultClicked>("OnResultClicked", LongList::LineChosenEvent);
+  type.Handler<&NodeSearchPanel::OnResultsLeft>("OnResultsLeft", LongList::ListLeftEvent);
 }
 
-NodeSearchPanel::NodeSearchPanel() : results(Toolkit::MakePtr<Results>()), shownResults(Toolkit::MakePtr<Results>()) {
+NodeSearchPanel::NodeSearchPanel() : results(Toolkit::MakePtr<Results>()) {
   SetDataContext(this);
   Toolkit::GUI::LoadComponent(*this, "NodeSearchPanel.xaml");
-  // The viewer keeps what it scrolls by to itself.
-  if (auto* viewer = FindName<Toolkit::UIElement>("ResultViewer"))
-    for (const Toolkit::RoutedEvent* event : {&MouseWheelEvent, &MouseMoveEvent})
-      viewer->AddHandler(*event, Toolkit::RoutedEventHandler::From<&NodeSearchPanel::OnListScrolled>(this), true);
+  list = FindName<LongList>("ResultList");
+  TOOLKIT_ASSERT(list);
 }
 
 void NodeSearchPanel::Open(Snapshot newSnapshot) {
@@ -64,13 +51,11 @@ void NodeSearchPanel::Open(Snapshot newSnapshot) {
 }
 
 void NodeSearchPanel::Reset() {
-  Mark(nullptr);
+  list->Mark(nullptr);
   SetValue(PanelVisibilityProperty, Visibility::Collapsed);
 }
 
 void NodeSearchPanel::Forget() {
-  selectedResult.Reset();
-  shownResults->Clear();
   results->Clear();
   snapshot = Snapshot();
   index = NodeSearchIndex();
@@ -78,8 +63,6 @@ void NodeSearchPanel::Forget() {
 }
 
 void NodeSearchPanel::Search(std::string_view text) {
-  selectedResult.Reset();
-  shownResults->Clear();
   results->Clear();
   RefreshIndex();
   const std::string upperText = UpperCase(text);
@@ -91,9 +74,7 @@ void NodeSearchPanel::Search(std::string_view text) {
       results->Add(Toolkit::MakePtr<NodeSearchResult>(*index.GetNodes()[i], type, *std::move(match)));
   }
   searchedText = text;
-  ShowMore(LinesAtOnce);
   ShowCount();
-  if (auto* viewer = FindName<Toolkit::ScrollViewer>("ResultViewer")) viewer->ScrollTo({});
 }
 
 void NodeSearchPanel::RefreshIndex() {
@@ -122,11 +103,6 @@ void NodeSearchPanel::ReadAhead() {
   });
 }
 
-void NodeSearchPanel::ShowMore(size_t count) {
-  const size_t end = std::min(results->Count(), shownResults->Count() + count);
-  for (size_t i = shownResults->Count(); i < end; ++i) shownResults->Add(results->Get(i));
-}
-
 void NodeSearchPanel::ShowCount() {
   const size_t count = results->Count();
   SetValue(CountTextProperty, count == 0   ? std::string("No node matches")
@@ -143,52 +119,10 @@ void NodeSearchPanel::SearchNow() {
 }
 
 void NodeSearchPanel::OnSearchKeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {
-  switch (args.key) {
-  case Toolkit::Key::Down: Step(1); break;
-  case Toolkit::Key::Up: Step(-1); break;
-  case Toolkit::Key::PageDown: Step(5); break;
-  case Toolkit::Key::PageUp: Step(-5); break;
-  case Toolkit::Key::Return:
-    SearchNow();
-    if (!selectedResult) Step(1);
-    if (const Ptr<NodeSearchResult> chosen = selectedResult) Choose(*chosen);
-    break;
-  case Toolkit::Key::Escape: Reset(); break;
-  default: return;
-  }
-  args.handled = true;
-}
-
-void NodeSearchPanel::Step(int distance) {
+  if (!LongList::IsWorkedBy(args.key)) return;
   SearchNow();
-  const int count = static_cast<int>(results->Count());
-  if (count == 0) return;
-  const int from = selectedResult ? results->IndexOfItem(selectedResult.Get()) : distance > 0 ? -1 : count;
-  const auto index = static_cast<size_t>(std::clamp(from + distance, 0, count - 1));
-  if (index >= shownResults->Count()) ShowMore(index + LinesAtOnce - shownResults->Count());
-  Mark(results->Get(index));
-  UpdateLayout();
-  if (const auto* list = FindName<Toolkit::ItemsControl>("ResultList"))
-    if (auto* line = list->GetItemContainerGenerator().ContainerFromIndex(index)) line->BringIntoView();
-}
-
-void NodeSearchPanel::Mark(NodeSearchResult* result) {
-  if (selectedResult) selectedResult->SetIsSelected(false);
-  selectedResult = Ptr<NodeSearchResult>(result);
-  if (result) result->SetIsSelected(true);
-}
-
-void NodeSearchPanel::Choose(NodeSearchResult& result) {
-  Mark(&result);
-  SearchResultSelectedEventArgs selected(SearchResultSelectedEvent, this);
-  selected.node = Ptr<BaseNode>(result.GetNode());
-  RaiseEvent(selected);
-}
-
-void NodeSearchPanel::OnListScrolled(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
-  const auto* viewer = FindName<Toolkit::ScrollViewer>("ResultViewer");
-  if (viewer && viewer->ScrollOffset().y + viewer->Viewport().height + NearTheEnd > viewer->Extent().height)
-    ShowMore(LinesAtOnce);
+  list->Work(args.key);
+  args.handled = true;
 }
 
 void NodeSearchPanel::OnSearchTextChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange&) {
@@ -198,13 +132,10 @@ void NodeSearchPanel::OnSearchTextChanged(Toolkit::DependencyObject& object, con
 
 void NodeSearchPanel::OnClearButtonClicked(Toolkit::Object*, const Toolkit::RoutedEventArgs&) { SetSearchText({}); }
 
-void NodeSearchPanel::OnResultClicked(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
-  const auto* source = Toolkit::DynamicCast<Toolkit::FrameworkElement>(args.source);
-  const Ptr<NodeSearchResult> result(source ? Toolkit::DynamicCast<NodeSearchResult>(source->GetDataContext())
-                                            : nullptr);
-  if (!result || !result->GetNode()) return;
-  Choose(*result);
-  args.handled = true;
+void NodeSearchPanel::OnResultClicked(Toolkit::Object*, const Toolkit::LineChosenEventArgs& args) {
+  SearchResultSelectedEventArgs selected(SearchResultSelectedEvent, this);
+  selected.node = Ptr<BaseNode>(static_cast<const NodeSearchResult&>(*args.line).GetNode());
+  RaiseEvent(selected);
 }
 
 } // namespace Tesselor

@@ -42,7 +42,7 @@ public:
   std::string_view GetSearchText() const { return GetString(SearchTextProperty); }
   void SetSearchText(std::string_view text) { SetValue(SearchTextProperty, text); }
   Results* GetSearchResults() const { return results.Get(); }
-  NodeSearchResult* GetSelectedResult() const { return selectedResult.Get(); }
+  NodeSearchResult* GetSelectedResult() const { return static_cast<NodeSearchResult*>(list->Marked()); }
 
   /// Takes the snapshot, searches it for the present text, shows the panel and selects the text for overtyping.
   void Open(Snapshot newSnapshot);
@@ -56,26 +56,20 @@ public:
 private:
   static void OnSearchTextChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change);
   void OnClearButtonClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  void OnResultClicked(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
+  /// By the mouse or by Return.
+  void OnResultClicked(Toolkit::Object* sender, const Toolkit::LineChosenEventArgs& args);
+  void OnResultsLeft(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args) { Reset(); }
   Toolkit::ObservableCollectionBase* ReflectedResults() const { return results.Get(); }
   void OnSearchKeyDown(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
-  void OnListScrolled(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
-  Toolkit::ObservableCollectionBase* ReflectedShownResults() const { return shownResults.Get(); }
-  void ShowMore(size_t count);
   void ShowCount();
   /// What was typed last may wait for a pause in typing.
   void SearchNow();
-  void Mark(NodeSearchResult* result);
-  void Step(int distance);
-  void Choose(NodeSearchResult& result);
-
-  Toolkit::Ptr<Results> results;
-  /// The first of them, as far as the list was scrolled: a document has too many nodes to make a line for each.
-  Toolkit::Ptr<Results> shownResults;
-  Toolkit::Ptr<NodeSearchResult> selectedResult;
   void RefreshIndex();
   void ReadAhead();
 
+  Toolkit::Ptr<Results> results;
+  /// Held by the tree that the document describes.
+  Toolkit::LongList* list = nullptr;
   Snapshot snapshot;
   NodeSearchIndex index;
   /// Of the history when the texts were read.

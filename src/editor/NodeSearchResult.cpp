@@ -63,7 +63,7 @@ const ContentNode* ParentOf(const ContentNode& node) {
 
 } // namespace
 
-TOOLKIT_TYPE_IMPL(NodeSearchResult, Toolkit::NotifyPropertyChangedBase, "Tesselor.NodeSearchResult")
+TOOLKIT_TYPE_IMPL(NodeSearchResult, Toolkit::ListLine, "Tesselor.NodeSearchResult")
 void NodeSearchResult::Describe(Toolkit::TypeBuilder<NodeSearchResult>& type) {
   type.Member<&NodeSearchResult::GetTitle>("Title");
   type.Member<&NodeSearchResult::GetNodeType>("NodeType");
@@ -71,7 +71,6 @@ void NodeSearchResult::Describe(Toolkit::TypeBuilder<NodeSearchResult>& type) {
   type.Member<&NodeSearchResult::HasMatchContext>("HasMatchContext");
   type.Member<&NodeSearchResult::GetPositionX>("PositionX");
   type.Member<&NodeSearchResult::GetPositionY>("PositionY");
-  type.Member<&NodeSearchResult::IsSelected, &NodeSearchResult::SetIsSelected>("IsSelected");
   type.Member<&NodeSearchResult::TitleBefore>("TitleBefore");
   type.Member<&NodeSearchResult::TitleMatch>("TitleMatch");
   type.Member<&NodeSearchResult::TitleAfter>("TitleAfter");
@@ -118,7 +117,10 @@ SharedString NodeSearchResult::Naming() const {
 
 SharedString NodeSearchResult::TypeTitle() const {
   const auto* content = DynamicCast<ContentNode>(node.Get());
-  return content ? SharedString(content->Blueprint().title) : SharedString(nodeType);
+  const std::string_view type = content ? std::string_view(content->Blueprint().title) : nodeType;
+  std::string_view shown = title;
+  if (shown.starts_with(RootTitlePrefix)) shown.remove_prefix(RootTitlePrefix.size());
+  return shown == type ? SharedString() : SharedString(type);
 }
 
 SharedString NodeSearchResult::Path() const {
@@ -137,12 +139,6 @@ SharedString NodeSearchResult::Path() const {
     path += isLeftOut ? "..." : parents[i]->DisplayName();
   }
   return path;
-}
-
-void NodeSearchResult::SetIsSelected(bool value) {
-  if (isSelected == value) return;
-  isSelected = value;
-  OnPropertyChanged("IsSelected");
 }
 
 } // namespace Tesselor

@@ -2,14 +2,14 @@
 
 #include "editor/NodeSearchIndex.h"
 #include "nodes/BaseNode.h"
-#include "toolkit/base/Observable.h"
 #include "toolkit/base/SharedString.h"
+#include "toolkit/controls/LongList.h"
 
 namespace Tesselor {
 
 /// One line of the search panel: a node, and where it holds the text. What only the line shows is worked out when it
 /// is shown: a search may find every node of a document.
-class NodeSearchResult : public Toolkit::NotifyPropertyChangedBase {
+class NodeSearchResult : public Toolkit::ListLine {
   TOOLKIT_TYPE(NodeSearchResult)
 public:
   /// `nodeType` is "Content", "Group" or "Comment".
@@ -24,9 +24,6 @@ public:
   /// Panel coordinates.
   float GetPositionX() const { return positionX; }
   float GetPositionY() const { return positionY; }
-  /// The result was clicked or stepped to.
-  bool IsSelected() const { return isSelected; }
-  void SetIsSelected(bool value);
 
   // The parts of a line. The found text stands out between what is before and behind it.
   Toolkit::SharedString TitleBefore() const { return PartOf(Where::Title, Part::Before); }
@@ -38,7 +35,7 @@ public:
   Toolkit::SharedString ContextAfter() const { return PartOf(Where::Context, Part::After); }
   /// What tells the node from others of its type, behind a title that doesn't.
   Toolkit::SharedString Naming() const;
-  /// The title of the node's type; of a frame what it is.
+  /// The title of the node's type; of a frame what it is. Empty if the title says the same.
   Toolkit::SharedString TypeTitle() const;
   /// The titles from the root to the node's parent; empty for what hangs on nothing.
   Toolkit::SharedString Path() const;
@@ -54,7 +51,6 @@ private:
   SearchMatch match;
   float positionX;
   float positionY;
-  bool isSelected = false;
 };
 
 } // namespace Tesselor

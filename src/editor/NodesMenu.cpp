@@ -77,7 +77,9 @@ NodesMenu::NodesMenu() {
   scale = Toolkit::Ptr(Get<Toolkit::ScaleTransform*>(RenderTransformProperty));
   list = FindName<Toolkit::Grid>("NodesMenuGridList");
   viewer = FindName<Toolkit::ScrollViewer>("NodesMenuViewer");
-  TOOLKIT_ASSERT(scale && list && viewer);
+  body = FindName<Toolkit::FrameworkElement>("NodesMenuBody");
+  noMatchText = FindName<Toolkit::FrameworkElement>("NoMatchText");
+  TOOLKIT_ASSERT(scale && list && viewer && body && noMatchText);
   notesLayout = true;
 }
 
@@ -115,6 +117,11 @@ void NodesMenu::ApplyFilter(const NodeMenuFilter& newFilter) {
 void NodesMenu::Open() {
   SetNodesMenuVisibility(Visibility::Visible);
   if (Toolkit::TextBox* box = GetSearchTextBox()) box->Focus();
+}
+
+void NodesMenu::FitInto(Toolkit::Size room) {
+  body->SetValue(MaxWidthProperty, std::max(0.0f, room.width));
+  body->SetValue(MaxHeightProperty, std::max(0.0f, room.height));
 }
 
 void NodesMenu::Hide() {
@@ -188,6 +195,8 @@ void NodesMenu::MakeListIfDue() {
   if (rows.empty()) MakeRows();
   for (const Row& row : rows) FillRow(row);
   ExpandRows();
+  const bool isAnyListed = std::any_of(rows.begin(), rows.end(), [](const Row& row) { return row.IsListed(); });
+  noMatchText->SetVisibility(isAnyListed ? Visibility::Collapsed : Visibility::Visible);
   viewer->ScrollTo({});
   // Whoever types goes for the first that fits.
   if (!listFilter.searchText.empty()) Mark(Next({}, 1));
@@ -255,6 +264,12 @@ void NodesMenu::OnLayoutChanged(Toolkit::LayoutChange) {
   if (!IsOpen() || ActualHeight() == toldHeight) return;
   toldHeight = ActualHeight();
   RaiseEvent(Toolkit::RoutedEventArgs(ResizedEvent, this));
+}
+
+Toolkit::Rect NodesMenu::Reveal(const Toolkit::Rect& area) {
+  const float left = std::clamp(area.x, 0.0f, ActualWidth()), top = std::clamp(area.y, 0.0f, ActualHeight());
+  return {left, top, std::clamp(area.Right(), left, ActualWidth()) - left,
+          std::clamp(area.Bottom(), top, ActualHeight()) - top};
 }
 
 void NodesMenu::BringInEntries() {

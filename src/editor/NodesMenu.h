@@ -73,11 +73,15 @@ public:
   void ApplyFilter(const NodeMenuFilter& newFilter);
   /// Shows the menu with the focus in its search box.
   void Open();
+  /// At most so large, in pixels: the list becomes shorter and is scrolled instead.
+  void FitInto(Toolkit::Size room);
   /// Closes the menu and forgets text and filter. The list stays as it is if there was no text.
   void Hide();
 
 protected:
   void OnLayoutChanged(Toolkit::LayoutChange change) override;
+  /// An entry may be wider than the menu, which cuts it off: the canvas must not pan for that.
+  Toolkit::Rect Reveal(const Toolkit::Rect& area) override;
 
 private:
   /// One category: its parts belong to the tree.
@@ -130,6 +134,8 @@ private:
   /// Held by the tree that the document describes.
   Toolkit::Grid* list = nullptr;
   Toolkit::ScrollViewer* viewer = nullptr;
+  Toolkit::FrameworkElement* body = nullptr;
+  Toolkit::FrameworkElement* noMatchText = nullptr;
   /// Of an entry, as the first one that was laid out has it.
   float entryHeight = 0;
   float toldHeight = 0;

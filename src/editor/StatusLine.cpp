@@ -25,13 +25,18 @@ StatusLine::~StatusLine() {
   if (timer) Dispatcher::Current().Cancel(timer);
 }
 
-void StatusLine::Tell(std::string_view text) {
+void StatusLine::Tell(std::string_view text, Stays stays) {
+  const bool passes = stays == Stays::AShortWhile;
   SetValue(TextProperty, text);
   SetValue(LineVisibilityProperty, text.empty() ? Visibility::Collapsed : Visibility::Visible);
   SetValue(IsFreshProperty, true);
   if (timer) Dispatcher::Current().Cancel(timer);
-  timer = Dispatcher::Current().StartTimer(FreshFor, [this] {
+  timer = Dispatcher::Current().StartTimer(passes ? ShortWhile : FreshFor, [this, passes] {
     timer = 0;
+    if (passes) {
+      SetValue(TextProperty, std::string_view());
+      SetValue(LineVisibilityProperty, Visibility::Collapsed);
+    }
     SetValue(IsFreshProperty, false);
   });
 }

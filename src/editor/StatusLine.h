@@ -14,6 +14,8 @@ class StatusLine : public Toolkit::UserControl {
 public:
   /// Milliseconds until a text is dimmed.
   static constexpr double FreshFor = 6000;
+  /// Milliseconds until a text that stays a short while is gone.
+  static constexpr double ShortWhile = 3000;
 
   static inline const Toolkit::DependencyProperty* TextProperty = nullptr;
   static inline const Toolkit::DependencyProperty* LineVisibilityProperty = nullptr;
@@ -24,8 +26,10 @@ public:
 
   std::string_view Text() const { return GetString(TextProperty); }
   bool IsFresh() const { return Get<bool>(IsFreshProperty); }
+  /// How long a text stays.
+  enum class Stays { UntilTheNext, AShortWhile };
   /// Replaces what was told before.
-  void Tell(std::string_view text);
+  void Tell(std::string_view text, Stays stays = Stays::UntilTheNext);
 
 private:
   Toolkit::Dispatcher::TimerId timer = 0;

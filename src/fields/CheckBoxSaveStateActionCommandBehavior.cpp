@@ -1,6 +1,7 @@
 #include "fields/CheckBoxSaveStateActionCommandBehavior.h"
 
 #include "fields/CheckBoxValueActionCommand.h"
+#include "fields/FieldName.h"
 #include "toolkit/controls/CheckBox.h"
 #include "values/ActionHistory.h"
 
@@ -32,8 +33,8 @@ void CheckBoxSaveStateActionCommandBehavior::OnDetaching() {
 void CheckBoxSaveStateActionCommandBehavior::OnClick(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   // The binding has carried the new state to the carrier before the click is raised.
   if (auto* carrier = Get<FieldCheckboxData*>(FieldCheckboxDataProperty))
-    ActionHistory::Instance().Push(
-        std::make_unique<CheckBoxValueActionCommand>(Toolkit::Ptr<FieldCheckboxData>(carrier), carrier->GetValue()));
+    ActionHistory::Instance().Push(std::make_unique<CheckBoxValueActionCommand>(
+        Toolkit::Ptr<FieldCheckboxData>(carrier), carrier->GetValue(), NameOfFieldOf(GetAssociatedObject(), "a box")));
 }
 
 } // namespace Tesselor

@@ -8,17 +8,19 @@ namespace Tesselor {
 /// One click on a check box. A click always flips the value, so the old one need not be held.
 class CheckBoxValueActionCommand final : public IActionCommand {
 public:
-  CheckBoxValueActionCommand(Toolkit::Ptr<FieldCheckboxData> target, bool newValue)
-      : target(std::move(target)), newValue(newValue) {}
+  /// `name` tells the user what is checked.
+  CheckBoxValueActionCommand(Toolkit::Ptr<FieldCheckboxData> target, bool newValue, std::string name)
+      : target(std::move(target)), newValue(newValue), name(std::move(name)) {}
   void Do() override { target->SetValue(newValue); }
   void Undo() override { target->SetValue(!newValue); }
   StepDescription Description() const override {
-    return {newValue ? "Checked" : "Unchecked", newValue ? "check of" : "uncheck of", "a box"};
+    return {newValue ? "Checked" : "Unchecked", newValue ? "check of" : "uncheck of", name};
   }
 
 private:
   Toolkit::Ptr<FieldCheckboxData> target;
   bool newValue;
+  std::string name;
 };
 
 } // namespace Tesselor

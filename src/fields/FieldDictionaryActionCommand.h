@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fields/FieldDictionary.h"
+#include "fields/FieldName.h"
 #include "values/IActionCommand.h"
 
 namespace Tesselor {
@@ -13,9 +14,7 @@ public:
       : field(std::move(field)), oldValues(std::move(oldValues)), newValues(std::move(newValues)) {}
   void Do() override { field->SetValues(newValues); }
   void Undo() override { field->SetValues(oldValues); }
-  StepDescription Description() const override {
-    return {"Changed", "change of", "rows of " + std::string(field->GetLabel())};
-  }
+  StepDescription Description() const override { return {"Changed", "change of", "rows of " + NameOf(*field)}; }
   /// The texts are shared with the rows, for the most part.
   size_t HeldBytes() const override {
     return (oldValues.size() + newValues.size()) * sizeof(FieldDictionary::Values::value_type);

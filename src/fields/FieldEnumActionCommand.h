@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fields/FieldEnum.h"
+#include "fields/FieldName.h"
 #include "values/IActionCommand.h"
 
 namespace Tesselor {
@@ -16,7 +17,7 @@ public:
   StepDescription Description() const override {
     return {"Chose", "choice of",
             QuotedForUser(newOption ? newOption->GetValue().View() : std::string_view("nothing")) + " in " +
-                std::string(field->GetLabel())};
+                NameOf(*field)};
   }
 
 private:

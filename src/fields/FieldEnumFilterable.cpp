@@ -2,6 +2,7 @@
 
 #include "platform/AsciiCase.h"
 #include "toolkit/controls/ComboBox.h"
+#include "toolkit/controls/TextBox.h"
 
 namespace Tesselor {
 
@@ -11,6 +12,8 @@ void FieldEnumFilterable::Describe(Toolkit::TypeBuilder<FieldEnumFilterable>& ty
       "SearchText", "", 0, [](Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change) {
         static_cast<FieldEnumFilterable&>(object).Filter(change.newValue.AsStringView());
       });
+  type.Handler<&FieldEnumFilterable::OnSearchTyped>("OnSearchTyped", Toolkit::TextBox::TextChangedEvent);
+  type.Handler<&FieldEnumFilterable::OnSearchKeyDown>("OnSearchKeyDown", KeyDownEvent);
 }
 
 FieldEnumFilterable::FieldEnumFilterable() : allOptions(Toolkit::MakePtr<Options>()) {}
@@ -32,7 +35,17 @@ void FieldEnumFilterable::Filter(std::string_view searchText) {
     if (selected != option && ContainsUpperCase(option->GetValue(), wanted)) enumOptions->Add(option);
   }
   if (selected) SetSelectedEnum(selected->GetValue());
-  if (!wanted.empty()) comboBox->SetIsDropDownOpen(true);
+  if (const Toolkit::Ptr<FieldEnumFilterable> control = typedInto.Get(); control && !wanted.empty())
+    control->comboBox->SetIsDropDownOpen(true);
+}
+
+void FieldEnumFilterable::OnSearchTyped(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
+  // The box of another control follows by its binding, but only once the list was opened.
+  Subject<FieldEnumFilterable>().typedInto = Toolkit::WeakPtr<FieldEnumFilterable>(this);
+}
+
+void FieldEnumFilterable::OnSearchKeyDown(Toolkit::Object*, const Toolkit::KeyEventArgs& args) {
+  if (args.key == Toolkit::Key::Escape) Subject<FieldEnumFilterable>().typedInto.Reset();
 }
 
 } // namespace Tesselor

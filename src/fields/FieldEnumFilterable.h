@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fields/FieldEnum.h"
+#include "toolkit/visual/InputEvents.h"
 
 namespace Tesselor {
 
@@ -17,9 +18,13 @@ public:
 private:
   void InitializeComponent() override;
   void Filter(std::string_view searchText);
+  void OnSearchTyped(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
+  void OnSearchKeyDown(Toolkit::Object* sender, const Toolkit::KeyEventArgs& args);
 
   /// Every option, in the schema's order.
   Toolkit::Ptr<Options> allOptions;
+  /// The control, this one or a second one, whose list opens when the pause in typing is over.
+  Toolkit::WeakPtr<FieldEnumFilterable> typedInto;
 };
 
 } // namespace Tesselor

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fields/FieldFilePath.h"
+#include "fields/FieldName.h"
 #include "values/IActionCommand.h"
 
 namespace Tesselor {
@@ -14,7 +15,7 @@ public:
   void Do() override { field->SetFileName(newName); }
   void Undo() override { field->SetFileName(oldName); }
   StepDescription Description() const override {
-    return {"Chose", "choice of", "file " + QuotedForUser(newName.View())};
+    return {"Chose", "choice of", "file " + QuotedForUser(newName.View()) + " in " + NameOf(*field)};
   }
 
 private:

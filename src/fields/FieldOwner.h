@@ -13,6 +13,8 @@ public:
   virtual void SetNodeName(std::string_view name) = 0;
   /// The name of the nearest named node upstream; empty if there is none.
   virtual std::string FindUpstreamName() = 0;
+  /// How the user is told of the node.
+  virtual std::string NameForUser() const = 0;
 
 protected:
   ~FieldOwner() = default;

@@ -1,5 +1,6 @@
 #include "fields/FieldSmallText.h"
 
+#include "fields/FieldName.h"
 #include "fields/FieldOptions.h"
 #include "fields/FieldOwner.h"
 #include "fields/TextBoxValueActionCommand.h"
@@ -74,7 +75,8 @@ void FieldSmallText::GenerateUUIDEvent(Toolkit::Object*, const Toolkit::RoutedEv
 void FieldSmallText::Replace(const Toolkit::SharedString& text) {
   const Toolkit::SharedString before = fieldTextData->GetText();
   if (fieldTextData->SetValue(text))
-    ActionHistory::Instance().Push(std::make_unique<TextBoxValueActionCommand>(fieldTextData, before, text));
+    ActionHistory::Instance().Push(
+        std::make_unique<TextBoxValueActionCommand>(fieldTextData, before, text, NameOf(*this, text)));
 }
 
 void FieldSmallText::GenerateNodeNameEvent(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {

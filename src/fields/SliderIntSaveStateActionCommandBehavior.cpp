@@ -1,5 +1,6 @@
 #include "fields/SliderIntSaveStateActionCommandBehavior.h"
 
+#include "fields/FieldName.h"
 #include "fields/SliderIntValueActionCommand.h"
 #include "toolkit/controls/Slider.h"
 #include "values/ActionHistory.h"
@@ -47,8 +48,9 @@ void SliderIntSaveStateActionCommandBehavior::OnGotFocus(Toolkit::Object*, const
 void SliderIntSaveStateActionCommandBehavior::OnLostFocus(Toolkit::Object*, const Toolkit::RoutedEventArgs&) {
   FieldIntData* carrier = Carrier();
   if (!carrier || carrier->GetValue() == remembered) return;
-  ActionHistory::Instance().Push(std::make_unique<SliderIntValueActionCommand>(Toolkit::Ptr<FieldIntData>(carrier),
-                                                                               remembered, carrier->GetValue()));
+  ActionHistory::Instance().Push(std::make_unique<SliderIntValueActionCommand>(
+      Toolkit::Ptr<FieldIntData>(carrier), remembered, carrier->GetValue(),
+      NameOfFieldOf(GetAssociatedObject(), "number")));
   Remember();
 }
 

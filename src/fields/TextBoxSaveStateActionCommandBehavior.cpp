@@ -1,5 +1,6 @@
 #include "fields/TextBoxSaveStateActionCommandBehavior.h"
 
+#include "fields/FieldName.h"
 #include "fields/TextBoxValueActionCommand.h"
 #include "toolkit/controls/TextBox.h"
 #include "values/ActionHistory.h"
@@ -14,6 +15,7 @@ void TextBoxSaveStateActionCommandBehavior::Describe(
     Toolkit::TypeBuilder<TextBoxSaveStateActionCommandBehavior>& type) {
   FieldTextDataProperty = type.Property<FieldTextData*>("FieldTextData", nullptr);
   KeepsUndoneProperty = type.Property<bool>("KeepsUndone", true);
+  CaptionProperty = type.Property<Toolkit::SharedString>("Caption", "text");
 }
 
 void TextBoxSaveStateActionCommandBehavior::OnAttached() {
@@ -51,13 +53,18 @@ void TextBoxSaveStateActionCommandBehavior::OnLostFocus(Toolkit::Object*, const 
   ActionHistory& history = ActionHistory::Instance();
   const Toolkit::Ptr<FieldTextData> target(carrier);
   const Toolkit::SharedString text = carrier->GetText();
-  if (!(text == remembered)) history.Push(std::make_unique<TextBoxValueActionCommand>(target, remembered, text));
+  const auto name = [this](std::string_view value) {
+    return NameOfFieldOf(GetAssociatedObject(), GetString(CaptionProperty), value);
+  };
+  if (!(text == remembered))
+    history.Push(std::make_unique<TextBoxValueActionCommand>(target, remembered, text, name(text)));
   Remember();
   if (!Get<bool>(KeepsUndoneProperty)) return;
   const auto* box = Toolkit::DynamicCast<Toolkit::TextBox>(GetAssociatedObject());
   const std::optional<std::string> undone = box ? box->UndoneText() : std::nullopt;
   if (undone && undone != text.View())
-    history.PushUndone(std::make_unique<TextBoxValueActionCommand>(target, text, Toolkit::SharedString(*undone)));
+    history.PushUndone(
+        std::make_unique<TextBoxValueActionCommand>(target, text, Toolkit::SharedString(*undone), name(*undone)));
 }
 
 } // namespace Tesselor

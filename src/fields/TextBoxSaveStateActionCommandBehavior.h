@@ -15,6 +15,8 @@ public:
   /// What was typed and undone can be redone after the focus has left. Not where a text may stand while it is typed
   /// only.
   static inline const Toolkit::DependencyProperty* KeepsUndoneProperty = nullptr;
+  /// What the user is told of that was changed, where the element belongs to no field.
+  static inline const Toolkit::DependencyProperty* CaptionProperty = nullptr;
 
 protected:
   void OnAttached() override;

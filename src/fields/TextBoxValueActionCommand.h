@@ -8,13 +8,14 @@ namespace Tesselor {
 /// A text that was edited during one stay of the focus in its box.
 class TextBoxValueActionCommand final : public IActionCommand {
 public:
+  /// `name` tells the user what holds the text.
   TextBoxValueActionCommand(Toolkit::Ptr<FieldTextData> target, Toolkit::SharedString oldText,
-                            Toolkit::SharedString newText)
-      : target(std::move(target)), oldText(std::move(oldText)), newText(std::move(newText)) {}
+                            Toolkit::SharedString newText, std::string name)
+      : target(std::move(target)), oldText(std::move(oldText)), newText(std::move(newText)), name(std::move(name)) {}
   void Do() override { target->SetValue(newText); }
   void Undo() override { target->SetValue(oldText); }
   StepDescription Description() const override {
-    return {"Changed", "change of", "text to " + QuotedForUser(newText.View())};
+    return {"Changed", "change of", name + " to " + QuotedForUser(newText.View())};
   }
   /// The new text is the next step's, or the field's.
   size_t HeldBytes() const override { return oldText.Length(); }
@@ -22,6 +23,7 @@ public:
 private:
   Toolkit::Ptr<FieldTextData> target;
   Toolkit::SharedString oldText, newText;
+  std::string name;
 };
 
 } // namespace Tesselor

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nodes/CommentNode.h"
+#include "nodes/NodeNames.h"
 #include "toolkit/base/SharedString.h"
 #include "values/IActionCommand.h"
 
@@ -14,7 +15,7 @@ public:
   void Do() override { comment->SetCommentText(newText); }
   void Undo() override { comment->SetCommentText(oldText); }
   StepDescription Description() const override {
-    return {"Changed", "change of", "text to " + QuotedForUser(newText.View())};
+    return {"Changed", "change of", "text of " + NameOf(*comment) + " to " + QuotedForUser(newText.View())};
   }
   size_t HeldBytes() const override { return oldText.Length(); }
 
@@ -31,7 +32,8 @@ public:
   void Do() override { comment->SetCommentFontSize(newSize); }
   void Undo() override { comment->SetCommentFontSize(oldSize); }
   StepDescription Description() const override {
-    return {"Changed", "change of", "font size to " + std::to_string(static_cast<int>(newSize))};
+    return {"Changed", "change of",
+            "font size of " + NameOf(*comment) + " to " + std::to_string(static_cast<int>(newSize))};
   }
 
 private:

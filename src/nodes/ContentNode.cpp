@@ -2,6 +2,7 @@
 
 #include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
+#include "nodes/NodeNames.h"
 #include "nodes/NodeObserver.h"
 #include "nodes/NodePinControl.h"
 #include "nodes/TitleBrushes.h"
@@ -300,6 +301,8 @@ void ContentNode::SetArrayIndex(int32_t index) {
   SetValue(ArrayIndexTextProperty, index < 0 ? std::string() : "[" + std::to_string(index) + "]");
   SetValue(ArrayIndexVisibilityProperty, index < 0 ? Visibility::Collapsed : Visibility::Visible);
 }
+
+std::string ContentNode::NameForUser() const { return NameOf(*this); }
 
 std::string ContentNode::FindUpstreamName() {
   if (!nodeName.empty()) return nodeName;

@@ -148,6 +148,7 @@ public:
   std::string NodeName() const override { return nodeName; }
   void SetNodeName(std::string_view name) override { nodeName = name; }
   std::string FindUpstreamName() override;
+  std::string NameForUser() const override;
 
   // The forms of the node in JSON. Writing adds members to `json`.
   virtual void Serialize(cJSON* json, NodeWriter& writer, NodeIdMember nodeId);

@@ -1,6 +1,7 @@
 #include "platform/FileDialogs.h"
 
 #include "platform/ExecutableDirectory.h"
+#include "platform/MessageBoxes.h"
 
 #include <cstdlib>
 #include <dlfcn.h>
@@ -48,7 +49,14 @@ std::function<std::string()> currentFile;
 std::string StartPath() { return currentFile ? currentFile() : std::string(); }
 
 std::optional<std::string> Run(DialogFunction dialog, const std::string& filter, const std::string& startPath) {
-  if (!dialog) return std::nullopt;
+  if (!dialog) {
+    ReportError(
+        "No file dialog can be shown: libtesselor_filedialogs.so is missing or can't be loaded",
+        "Files can't be chosen here: the module with the desktop's file dialogs, libtesselor_filedialogs.so, is "
+        "missing or can't be loaded.",
+        "No File Dialog");
+    return std::nullopt;
+  }
   if (const auto set = DialogModule::Instance().setWhileOpen) set(whileOpen);
   char* chosen = nullptr;
   const int result =

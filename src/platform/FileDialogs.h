@@ -17,7 +17,8 @@ public:
 };
 
 /// The system's dialogs for choosing a file; both block until the dialog is closed and give the path in UTF-8.
-/// Nothing comes back from a dialog that was cancelled, and a dialog that can't be shown counts as cancelled.
+/// Nothing comes back from a dialog that was cancelled, and a dialog that can't be shown counts as cancelled; the user
+/// is told if there is none to show at all.
 ///
 /// `filter` lists extensions without dots: commas join extensions into one choice, semicolons separate choices
 /// ("json,txt;png"). An empty filter shows all files.

@@ -213,11 +213,16 @@ TEST_F(Commands, OfAPasteTakeAwayAllThatCame) {
   ASSERT_TRUE(out);
   window.Exported();
   const std::string after = State();
-  BatchPasteNodeActionCommand paste(graph, {Ptr<BaseNode>(parent.Get()), Ptr<BaseNode>(child.Get())});
+  BatchPasteNodeActionCommand paste(graph, {Ptr<BaseNode>(parent.Get()), Ptr<BaseNode>(child.Get())}, {});
   paste.Undo();
   EXPECT_EQ(State(), before);
   paste.Do();
   EXPECT_EQ(State(), after);
+  const Ptr<BaseNode> selectedBefore(graph.CommentNodes()[0].Get());
+  BatchPasteNodeActionCommand second(graph, {Ptr<BaseNode>(child.Get())}, {selectedBefore});
+  graph.Remove(*selectedBefore);
+  second.Undo();
+  EXPECT_TRUE(graph.Selected().IsEmpty()) << "what has gone is not selected again";
 }
 
 } // namespace

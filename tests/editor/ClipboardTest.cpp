@@ -102,8 +102,7 @@ TEST_F(ClipboardKeys, CopyAndPasteTheWholeDocument) {
   for (const auto& node : originals) EXPECT_FALSE(node->IsSelected());
   ExpectOneStep(before);
   EXPECT_EQ(Count(), 2 * originals.size());
-  // What comes back by redo is not selected, and what left by undo is forgotten.
-  EXPECT_TRUE(graph.Selected().IsEmpty());
+  EXPECT_EQ(Selected(), pasted) << "the undo and the redo in between have brought each selection back";
   // A second paste is a tree of its own.
   const std::string once = window.Exported();
   Paste();
@@ -313,8 +312,20 @@ TEST_F(ClipboardKeys, DuplicateBesideTheOriginals) {
   }
   EXPECT_EQ(Clipboard(), "former");
   window.Undo();
+  EXPECT_EQ(Layout(Selected()), Layout(originals));
+  EXPECT_NE(Selected(), originals) << "the first copies, which were selected when they were duplicated";
   window.Undo();
+  EXPECT_EQ(Selected(), originals);
+  EXPECT_FALSE(graph.Selected().GroupContents().empty()) << "a drag takes them along";
   EXPECT_EQ(window.Exported(), before);
+  // What the user has selected since stays, and so does what is gone.
+  Duplicate();
+  BaseNode& other = *graph.ContentNodes()[1];
+  ASSERT_NE(&other, &node);
+  Select({&other});
+  window.Undo();
+  window.Redo();
+  EXPECT_EQ(Selected(), Selection::Nodes{Ptr<BaseNode>(&other)});
 }
 
 TEST_F(ClipboardKeys, LetADragMoveWhatWasPastedOnce) {

@@ -1,5 +1,5 @@
 // What other programs do to the file, what saves replace, and what a save asks first.
-#include "WindowStage.h"
+#include "editor/KeptFileTest.h"
 #include "editor/NoticeBar.h"
 #include "editor/VersionsPanel.h"
 #include "toolkit/controls/ButtonBase.h"
@@ -19,19 +19,10 @@ using TestSupport::TemporaryDirectory;
 using TestSupport::WindowStage;
 using Toolkit::Key;
 
-class GuardedFile : public testing::Test {
+class GuardedFile : public TestSupport::KeptFileTest {
 protected:
-  GuardedFile()
-      : window("quest"), view(window.View()), path(view.FilePath()), original(TemporaryDirectory::Read(path)) {
-    view.KeepWork(state.Path());
-  }
+  GuardedFile() : path(view.FilePath()), original(TemporaryDirectory::Read(path)) {}
 
-  void Nudge() {
-    window.Focus(&view.GetGraph().Panel());
-    view.GetGraph().Selected().Clear();
-    view.GetGraph().Selected().Add(window.Node("The nest"));
-    window.Press(Key::Right);
-  }
   void Save() { window.Chord({Key::LeftCtrl, Key::S}); }
   /// As another program does it: in place, or by another file that takes the name.
   void Change(const std::string& text, bool inPlace = true) {
@@ -42,18 +33,11 @@ protected:
     fs::last_write_time(path, fs::last_write_time(path) + std::chrono::seconds(1));
   }
   std::string OnDisk() const { return TemporaryDirectory::Read(path); }
-  std::vector<std::string> Told() {
-    window.Settle();
-    std::vector<std::string> texts;
-    for (const auto* text : TestSupport::All<Toolkit::TextBlock>(view.Notices()))
-      if (text->GetName() == "Text") texts.emplace_back(text->GetText());
-    return texts;
-  }
   /// The system tells of a file on a thread of its own, soon.
   bool IsTold(const std::string& text) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     while (std::chrono::steady_clock::now() < end) {
-      for (const std::string& told : Told())
+      for (const std::string& told : window.NoticesShown())
         if (told == text) return true;
       std::this_thread::yield();
     }
@@ -70,11 +54,7 @@ protected:
     if (!found) throw std::runtime_error("there is no " + std::string(caption));
     return *found;
   }
-  using Texts = std::vector<std::string>;
 
-  TemporaryDirectory state;
-  WindowStage window;
-  MainView& view;
   const std::string path, original;
   const std::string changed = "\"quest.json\" was changed by another program.";
   const Texts question{"Attention!: \"quest.json\" was changed by another program since it was opened here."};
@@ -142,7 +122,7 @@ TEST_F(GuardedFile, TellsAtOnceAndReloads) {
   window.Click(Captioned<Toolkit::Button>(view.Notices(), "Reload"));
   EXPECT_TRUE(window.Exported() == other);
   EXPECT_TRUE(view.IsSaved());
-  EXPECT_EQ(Told(), Texts{"The unsaved changes of \"quest.json\" were kept."});
+  EXPECT_EQ(window.NoticesShown(), Texts{"The unsaved changes of \"quest.json\" were kept."});
   window.Click(Captioned<Toolkit::Button>(view.Notices(), "Restore"));
   EXPECT_TRUE(window.Exported() == edited);
   // What was restored came from a file that isn't there any more.
@@ -192,8 +172,8 @@ TEST_F(GuardedFile, ComesBackAsItWasBeforeASave) {
   EXPECT_FALSE(view.IsSaved());
   EXPECT_EQ(view.FilePath(), path);
   EXPECT_TRUE(OnDisk() == saved);
-  ASSERT_EQ(Told().size(), 1u);
-  EXPECT_NE(Told()[0].find("A save writes it over the present file."), std::string::npos);
+  ASSERT_EQ(window.NoticesShown().size(), 1u);
+  EXPECT_NE(window.NoticesShown()[0].find("A save writes it over the present file."), std::string::npos);
   Save();
   EXPECT_TRUE(OnDisk() == original);
   EXPECT_EQ(list().size(), 3u) << "what the save went over is kept too";

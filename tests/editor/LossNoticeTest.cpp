@@ -53,7 +53,8 @@ protected:
   size_t LineCount() {
     return TestSupport::Find<Toolkit::ItemsControl>(
                Panel(), [](const Toolkit::ItemsControl& list) { return list.GetName() == "LineList"; })
-        ->ItemCount();
+        ->ItemsHost()
+        ->ChildCount();
   }
   std::string SelectedId() const {
     const auto& selected = window->View().GetGraph().Selected().GetNodes();

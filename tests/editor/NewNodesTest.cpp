@@ -4,6 +4,7 @@
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePinControl.h"
 #include "toolkit/controls/Canvas.h"
+#include "toolkit/controls/ScrollViewer.h"
 #include "workspace/NodeDictionary.h"
 #include "workspace/RootType.h"
 #include "workspace/Workspace.h"
@@ -64,6 +65,42 @@ TEST_F(NewNodesByKeys, TheMenuStaysInTheViewWhenACategoryOpens) {
   ASSERT_GT(opened.height, closed.height);
   EXPECT_LE(opened.Bottom(), view.Bottom());
   EXPECT_EQ(opened.x, closed.x);
+}
+
+TEST_F(NewNodesByKeys, TheMenuShrinksItsListToStayInASmallWindow) {
+  // An edge that is rounded to a pixel may reach one into the margin.
+  const auto expectInside = [this](const char* when) {
+    const Toolkit::Rect view = TestSupport::Stage::BoxOf(window.Canvas());
+    for (const char* part : {"SearchTextBox", "NodesMenuViewer", "CreateComment"}) {
+      const Toolkit::Rect box = TestSupport::Stage::BoxOf(TestSupport::Named<Toolkit::UIElement>(Menu(), part));
+      EXPECT_GE(box.x, view.x + 10) << part << when;
+      EXPECT_GE(box.y, view.y + 10) << part << when;
+      EXPECT_LE(box.Right(), view.Right() - 9) << part << when;
+      EXPECT_LE(box.Bottom(), view.Bottom() - 9) << part << when;
+      EXPECT_GT(box.height, 20) << part << when;
+    }
+  };
+  window.Resize({400, 300});
+  for (const float zoom : {1.0f, 0.4f}) {
+    window.LookAt(*window.View().RootNode(), zoom);
+    const Toolkit::Rect view = TestSupport::Stage::BoxOf(window.Canvas());
+    window.RightClick(Toolkit::Point{view.x + 15, view.Bottom() - 15});
+    ASSERT_TRUE(Menu().IsOpen());
+    for (int i = 0; i < 20; ++i) window.Press(Key::Down);
+    expectInside(", with all categories open");
+    const auto& viewer = TestSupport::Named<Toolkit::ScrollViewer>(Menu(), "NodesMenuViewer");
+    EXPECT_GT(viewer.ScrollOffset().y, 0) << "the marked entry is in sight";
+    window.Press(Key::Escape);
+  }
+  // A window that changes under the open menu.
+  window.Resize({1280, 800});
+  const Toolkit::Rect view = TestSupport::Stage::BoxOf(window.Canvas());
+  window.RightClick(Toolkit::Point{view.Right() - 15, view.Bottom() - 15});
+  EXPECT_EQ(TestSupport::Stage::BoxOf(Menu()).width, 600);
+  window.Resize({800, 600});
+  expectInside(", once the window is smaller");
+  window.Resize({350, 280});
+  expectInside(", once the window is small");
 }
 
 TEST_F(NewNodesByKeys, ReturnMakesTheNodeWithTheCaretInItsFirstField) {

@@ -218,22 +218,13 @@ TEST_F(NodeSearchPanelTest, IsWorkedByTheKeysOfItsTextBox) {
   EXPECT_FALSE(panel->IsOpen());
 }
 
-TEST_F(NodeSearchPanelTest, MakesMoreLinesAsTheListIsScrolled) {
-  for (int i = 0; i < 300; ++i) AddNode(("Apple " + std::to_string(i)).c_str(), "", "");
-  panel->Open(snapshot);
-  stage.Settle();
-  auto* viewer = panel->FindName<Toolkit::ScrollViewer>("ResultViewer");
-  const float before = viewer->Extent().height;
-  for (int i = 0; i < 300; ++i) stage.Wheel(*viewer, -1);
-  EXPECT_GT(viewer->Extent().height, before * 3);
-  EXPECT_EQ(viewer->ScrollOffset().y + viewer->Viewport().height, viewer->Extent().height);
-  EXPECT_TRUE(stage.Shows("Apple 299"));
-}
-
 TEST_F(NodeSearchPanelTest, MarksWhatWasFoundAndTellsWhereTheNodeHangs) {
   const std::string far = std::string(80, 'a') + " needle " + std::string(80, 'b');
   AddNode("The needle in a title", "", "");
   AddNode("Other", far, "");
+  AddNode("Kind", "needle", "");
+  AddNode("[ROOT] Kind", "needle", "");
+  AddFrame(snapshot.groupNodes, "Group needle");
   panel->Open(snapshot);
   panel->Search("NEEDLE");
   const auto parts = [this](size_t index) {
@@ -245,6 +236,15 @@ TEST_F(NodeSearchPanelTest, MarksWhatWasFoundAndTellsWhereTheNodeHangs) {
   };
   EXPECT_EQ(parts(0), "The [needle] in a title | [] | Kind");
   EXPECT_EQ(parts(1), "Other[] | Z: ..." + std::string(14, 'a') + " [needle] " + std::string(25, 'b') + "... | Kind");
+  EXPECT_EQ(parts(2), "Kind[] | Z: [needle] | ") << "the type says nothing that the title doesn't";
+  EXPECT_EQ(parts(3), "[ROOT] Kind[] | Z: [needle] | ");
+  EXPECT_EQ(parts(4), "Group [needle] | [] | Group");
+  stage.Settle();
+  const auto* list = panel->FindName<Toolkit::ItemsControl>("ResultList");
+  for (size_t i = 0; i < 5; ++i) {
+    const auto badges = TestSupport::All<Toolkit::Border>(list->GetItemContainerGenerator().ContainerFromIndex(i));
+    EXPECT_EQ(badges.at(1)->IsVisible(), i != 2 && i != 3) << i;
+  }
 }
 
 } // namespace

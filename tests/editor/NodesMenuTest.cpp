@@ -87,10 +87,13 @@ protected:
 };
 
 TEST_F(NodesMenuTest, FiltersByTextAndByTheDroppedPin) {
+  menu->Open();
   std::string dump = "no filter: " + Listed() + "\n";
   const auto run = [&](const char* from, const NodeMenuFilter& filter) {
     menu->ApplyFilter(filter);
-    dump += from + std::string(" '") + filter.searchText + "': " + Listed() + "\n";
+    stage.Settle();
+    dump += from + std::string(" '") + filter.searchText + "': " + Listed() +
+            (stage.Shows("No node type matches") ? "nothing matches" : "") + "\n";
   };
   // A title counts and an id does not; a text opens every row.
   for (const char* text : {"A LINE", "E", "XYZ", ""}) run("anywhere", {text});

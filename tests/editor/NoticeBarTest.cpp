@@ -15,13 +15,6 @@ class Notices : public testing::Test {
 protected:
   Notices() : window("quest"), bar(window.View().Notices()) {}
 
-  std::vector<std::string> Shown() {
-    window.Settle();
-    std::vector<std::string> texts;
-    for (const auto* text : TestSupport::All<Toolkit::TextBlock>(bar))
-      if (text->GetName() == "Text") texts.emplace_back(text->GetText());
-    return texts;
-  }
   Toolkit::Button& Button(const char* caption) {
     window.Settle();
     return *TestSupport::Find<Toolkit::Button>(
@@ -37,15 +30,15 @@ TEST_F(Notices, StandNewestFirstAndAtMostThreeAtOnce) {
   const float canvasTop = WindowStage::BoxOf(window.Canvas()).y;
   EXPECT_EQ(bar.ActualHeight(), 0);
   for (const char* id : {"a", "b", "c", "d"}) bar.Show({id, std::string("text of ") + id, {}});
-  EXPECT_EQ(Shown(), (Texts{"text of d", "text of c", "text of b"}));
+  EXPECT_EQ(window.NoticesShown(), (Texts{"text of d", "text of c", "text of b"}));
   EXPECT_EQ(WindowStage::BoxOf(window.Canvas()).y, canvasTop + bar.ActualHeight()) << "the bar covers nothing";
   bar.Show({"b", "again", {}});
-  EXPECT_EQ(Shown(), (Texts{"again", "text of d", "text of c"}));
+  EXPECT_EQ(window.NoticesShown(), (Texts{"again", "text of d", "text of c"}));
   bar.Dismiss("d");
   bar.Dismiss("d");
-  EXPECT_EQ(Shown(), (Texts{"again", "text of c"}));
+  EXPECT_EQ(window.NoticesShown(), (Texts{"again", "text of c"}));
   window.Click(Button("Dismiss"));
-  EXPECT_EQ(Shown(), Texts{"text of c"});
+  EXPECT_EQ(window.NoticesShown(), Texts{"text of c"});
   window.Click(Button("Dismiss"));
   EXPECT_EQ(WindowStage::BoxOf(window.Canvas()).y, canvasTop);
 }
@@ -59,13 +52,13 @@ TEST_F(Notices, RunTheirActionsByMouseAndKeysAndLeaveTheRestOfTheKeysToTheGraph)
   window.Settle();
   EXPECT_EQ(window.Input().Focused(), nullptr) << "a notice takes no focus";
   window.Click(Button("Once"));
-  EXPECT_EQ(Shown(), Texts{"text"});
+  EXPECT_EQ(window.NoticesShown(), Texts{"text"});
   window.Focus(&Button("Once"));
   window.Press(Key::Tab);
   EXPECT_TRUE(Button("Last").IsFocused());
   window.Press(Key::Return);
   EXPECT_EQ(ran, "once last ");
-  EXPECT_EQ(Shown(), Texts{});
+  EXPECT_EQ(window.NoticesShown(), Texts{});
   const size_t nodes = window.View().ContentNodes().size();
   window.View().GetGraph().Selected().Add(window.Node("The nest"));
   window.Press(Key::Delete);

@@ -2,6 +2,10 @@
 #include "editor/StatusLine.h"
 #include "WindowStage.h"
 #include "editor/ConnectionRefusal.h"
+#include "toolkit/controls/ButtonBase.h"
+#include "toolkit/controls/CheckBox.h"
+#include "toolkit/controls/ComboBox.h"
+#include "toolkit/controls/Slider.h"
 #include "toolkit/controls/TextBlock.h"
 #include "toolkit/controls/TextElement.h"
 #include "toolkit/render/Brush.h"
@@ -11,6 +15,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <tuple>
 
 namespace Tesselor {
@@ -94,6 +99,87 @@ TEST_F(StatusLineTest, DimsAfterAWhileAndThenLeavesTheWindowAsleep) {
   // What lies behind the line takes the press.
   const Toolkit::Point at = TestSupport::Stage::MiddleOf(Line());
   for (const Toolkit::UIElement* e = window.Input().ElementAt(at); e; e = e->UIParent()) EXPECT_NE(e, &Line());
+}
+
+TEST_F(StatusLineTest, LetsGoOfTheZoomAfterAShortWhileOrByTheNextText) {
+  const StatusLine& line = Line();
+  const std::vector<Key> nearer{Key::LeftCtrl, Key::Plus};
+  window.Chord(nearer);
+  EXPECT_TRUE(line.Text().starts_with("Zoom "));
+  window.Chord({Key::LeftCtrl, Key::Z});
+  window.Wait(StatusLine::ShortWhile + 100);
+  EXPECT_EQ(line.Text(), "Nothing to undo");
+  window.Chord(nearer);
+  window.Wait(StatusLine::ShortWhile - 100);
+  EXPECT_TRUE(line.Text().starts_with("Zoom "));
+  window.Wait(200);
+  EXPECT_EQ(line.Text(), "");
+  EXPECT_EQ(line.Get<Toolkit::Visibility>(StatusLine::LineVisibilityProperty), Toolkit::Visibility::Collapsed);
+  EXPECT_FALSE(Toolkit::Dispatcher::Current().HasWork());
+}
+
+/// A root of each kind of field, with a type that can only be called by its title.
+class EditedValues : public testing::Test {
+protected:
+  std::string Said() const { return std::string(TestSupport::First<StatusLine>(window.Root()).Text()); }
+  template <class T> T& Part(const char* field, size_t index = 0) {
+    return window.FieldPart<T>(*window.View().RootNode(), field, index);
+  }
+  void Type(Toolkit::TextBox& box, const char* text) {
+    window.TypeInto(box, text);
+    window.Focus(&window.View().GetGraph().Panel());
+  }
+
+  TestSupport::TestWorkspace workspace{{R"({"id": "Line", "title": "Line", "color": "red", "content": [
+      {"Id": "text", "Type": "String", "Options": {"Label": "Words"}},
+      {"Id": "long", "Type": "SmallString", "Options": {"Label": "A caption that leaves no room for a node's name"}},
+      {"Id": "flag", "Type": "Checkbox", "Options": {"Label": "Is loud"}},
+      {"Id": "level", "Type": "IntSlider", "Options": {"Label": "Level", "Min": 0, "Max": 10}},
+      {"Id": "kind", "Type": "Enum", "Options": {"Label": "Kind", "Values": ["One", "Two"]}},
+      {"Id": "list", "Type": "List", "Options": {"Label": "Parts"}},
+      {"Id": "object", "Type": "Object", "Options": {"Label": "Inside", "Fields": [
+          {"Id": "inner", "Type": "String", "Options": {"Label": "Depth"}}]}}]})"}};
+  TestSupport::WindowStage window{{.directory = workspace.Path(), .size = {1280, 1400}}};
+};
+
+TEST_F(EditedValues, AreToldByTheCaptionOfTheirFieldAndTheirNode) {
+  window.LookAt(*window.View().RootNode());
+  struct Case {
+    std::function<void()> edit;
+    const char* done;
+    const char* undone;
+  };
+  const Case cases[] = {
+      {[&] { Type(Part<Toolkit::TextBox>("text"), "new"); }, "Changed Words of Line to \"new\"",
+       "Undone: change of Words of Line to \"new\""},
+      {[&] { Type(Part<Toolkit::TextBox>("text"), "Line"); }, "Changed Words to \"Line\"",
+       "Undone: change of Words to \"Line\""},
+      {[&] { Type(Part<Toolkit::TextBox>("long"), "n"); },
+       "Changed A caption that leaves no room for a node's name to \"n\"",
+       "Undone: change of A caption that leaves no room for a node's name to \"n\""},
+      {[&] { window.Click(Part<Toolkit::CheckBox>("flag")); }, "Checked Is loud of Line",
+       "Undone: check of Is loud of Line"},
+      {[&] {
+         window.Focus(&Part<Toolkit::Slider>("level"));
+         window.Press(Key::Right);
+         window.Focus(&window.View().GetGraph().Panel());
+       },
+       "Changed Level of Line to 1", "Undone: change of Level of Line to 1"},
+      {[&] { Part<Toolkit::ComboBox>("kind").SetSelectedIndex(1); }, "Chose \"Two\" in Kind of Line",
+       "Undone: choice of \"Two\" in Kind of Line"},
+      {[&] {
+         window.Click(*TestSupport::All<Toolkit::Button>(&window.Field(*window.View().RootNode(), "list")).back());
+       },
+       "Changed rows of Parts of Line", "Undone: change of rows of Parts of Line"},
+      {[&] { Type(Part<Toolkit::TextBox>("object"), "x"); }, "Changed Depth of Line to \"x\"",
+       "Undone: change of Depth of Line to \"x\""},
+  };
+  for (const Case& each : cases) {
+    each.edit();
+    EXPECT_EQ(Said(), each.done);
+    window.Undo();
+    EXPECT_EQ(Said(), each.undone);
+  }
 }
 
 TEST(ConnectionRefusals, NameTheReason) {

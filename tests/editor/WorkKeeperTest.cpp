@@ -1,6 +1,6 @@
 // What is kept of unsaved work, and how it comes back.
 #include "editor/WorkKeeper.h"
-#include "WindowStage.h"
+#include "editor/KeptFileTest.h"
 #include "editor/NoticeBar.h"
 #include "editor/StatusLine.h"
 #include "platform/SpareCopy.h"
@@ -21,16 +21,8 @@ using TestSupport::TemporaryDirectory;
 using TestSupport::WindowStage;
 using Toolkit::Key;
 
-class KeptWork : public testing::Test {
+class KeptWork : public TestSupport::KeptFileTest {
 protected:
-  KeptWork() : window("quest"), view(window.View()) { view.KeepWork(state.Path()); }
-
-  void Nudge() {
-    window.Focus(&view.GetGraph().Panel());
-    view.GetGraph().Selected().Clear();
-    view.GetGraph().Selected().Add(window.Node("The nest"));
-    window.Press(Key::Right);
-  }
   std::vector<fs::path> Copies() const {
     std::vector<fs::path> files;
     if (fs::exists(state.Path() / "rescue"))
@@ -64,13 +56,6 @@ protected:
     if (child == 0) _exit(SpareCopy().Write(path, text) ? 0 : 1);
     waitpid(child, nullptr, 0);
   }
-  std::vector<std::string> Told() {
-    window.Settle();
-    std::vector<std::string> texts;
-    for (const auto* text : TestSupport::All<Toolkit::TextBlock>(view.Notices()))
-      if (text->GetName() == "Text") texts.emplace_back(text->GetText());
-    return texts;
-  }
   void Press(const char* caption) {
     window.Settle();
     auto* button = TestSupport::Find<Toolkit::Button>(view.Notices(), [&](const Toolkit::Button& candidate) {
@@ -79,11 +64,6 @@ protected:
     ASSERT_TRUE(button) << caption;
     window.Click(*button);
   }
-  using Texts = std::vector<std::string>;
-
-  TemporaryDirectory state;
-  WindowStage window;
-  MainView& view;
 };
 
 TEST_F(KeptWork, IsThereAFewMomentsAfterAnEditAndGoesWithASave) {
@@ -194,10 +174,10 @@ TEST_F(KeptWork, IsSetAsideForAnotherDocumentAndRestored) {
     const std::string changed = window.Exported();
     replace();
     EXPECT_FALSE(window.Exported() == changed);
-    EXPECT_EQ(Told(), Texts{"The unsaved changes of \"quest.json\" were kept."});
+    EXPECT_EQ(window.NoticesShown(), Texts{"The unsaved changes of \"quest.json\" were kept."});
     EXPECT_TRUE(Copied() == changed);
     Press("Restore");
-    EXPECT_EQ(Told(), Texts());
+    EXPECT_EQ(window.NoticesShown(), Texts());
     EXPECT_TRUE(window.Exported() == changed);
     EXPECT_EQ(view.FilePath(), path);
     EXPECT_FALSE(view.IsSaved());
@@ -246,15 +226,15 @@ TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
   Abandon({"", "Quest", ""}, text);
   Abandon({"/somewhere/broken.json", "Nobody", ""}, "{");
   view.KeepWork(state.Path());
-  ASSERT_EQ(Told().size(), 3u);
-  for (const std::string& told : Told())
+  ASSERT_EQ(window.NoticesShown().size(), 3u);
+  for (const std::string& told : window.NoticesShown())
     EXPECT_NE(told.find("had unsaved changes when the editor ended"), std::string::npos);
   for (int i = 0; i < 3; ++i) Press("Later");
   EXPECT_EQ(Copies().size(), 3u);
   view.KeepWork(state.Path());
-  EXPECT_EQ(Told().size(), 3u) << "later means the next start";
+  EXPECT_EQ(window.NoticesShown().size(), 3u) << "later means the next start";
   const auto restore = [&](const char* name) {
-    const Texts told = Told();
+    const Texts told = window.NoticesShown();
     const auto line =
         std::find_if(told.begin(), told.end(), [&](const std::string& text) { return text.starts_with(name); });
     ASSERT_NE(line, told.end()) << name;
@@ -274,7 +254,7 @@ TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
   EXPECT_EQ(TestSupport::All<StatusLine>(&view).at(0)->Text(), "Restored the unsaved changes of \"Untitled\"");
   EXPECT_TRUE(window.Exported() == text);
   EXPECT_EQ(view.FilePath(), "");
-  EXPECT_EQ(Told().front(), "The unsaved changes of \"lost.json\" were kept.");
+  EXPECT_EQ(window.NoticesShown().front(), "The unsaved changes of \"lost.json\" were kept.");
 }
 
 TEST_F(KeptWork, OffersWhatAFileHeldWhereASaveWasCutOff) {
@@ -288,11 +268,11 @@ TEST_F(KeptWork, OffersWhatAFileHeldWhereASaveWasCutOff) {
                    "\" was cut off. What the file held before is kept."};
   window.Open(path);
   EXPECT_EQ(window.boxes.boxes.size(), 1u) << "the file can't be read";
-  EXPECT_EQ(Told(), told);
+  EXPECT_EQ(window.NoticesShown(), told);
   EXPECT_EQ(view.FilePath(), "");
   Press("Later");
   window.Open(path);
-  EXPECT_EQ(Told(), told);
+  EXPECT_EQ(window.NoticesShown(), told);
   Press("Open");
   EXPECT_TRUE(window.Exported() == text);
   EXPECT_EQ(view.FilePath(), path);
@@ -300,7 +280,7 @@ TEST_F(KeptWork, OffersWhatAFileHeldWhereASaveWasCutOff) {
   window.Chord({Key::LeftCtrl, Key::S});
   EXPECT_TRUE(TemporaryDirectory::Read(path) == text) << "no question stands in the way";
   window.Open(path);
-  EXPECT_EQ(Told(), told);
+  EXPECT_EQ(window.NoticesShown(), told);
   Press("Delete");
   EXPECT_TRUE(SpareCopy::LeftOf(path).empty());
   present.Remove();

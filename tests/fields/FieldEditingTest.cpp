@@ -128,6 +128,7 @@ public:
   std::string NodeName() const override { return name; }
   void SetNodeName(std::string_view newName) override { name = newName; }
   std::string FindUpstreamName() override { return upstream; }
+  std::string NameForUser() const override { return name; }
   std::string name, upstream;
 };
 

@@ -65,6 +65,44 @@ TEST_F(FieldEnums, NarrowTheListToWhatIsTyped) {
   EXPECT_EQ(field->GetValueAsString(), "Blue");
 }
 
+TEST_F(FieldEnums, OpenTheListThatWasTypedAtUnlessEscapeCameFirst) {
+  const auto field = Make<FieldEnumFilterable>("EnumFilterable", R"({"Values":["Red","Blue"]})");
+  FieldStage stage(*field);
+  const Toolkit::Ptr<Tesselor::BaseField> second = Tesselor::BaseField::MakeSecondControl(*field);
+  stage.column->AddChild(second.Get());
+  stage.Settle();
+  const auto opened = [&] {
+    std::string open;
+    for (Tesselor::BaseField* control : {static_cast<Tesselor::BaseField*>(field.Get()), second.Get()}) {
+      auto* combo = TestSupport::All<Toolkit::ComboBox>(control).at(0);
+      open += combo->IsDropDownOpen() ? "open " : "closed ";
+      combo->SetIsDropDownOpen(false);
+    }
+    return open;
+  };
+  struct Case {
+    Tesselor::BaseField* typedInto;
+    bool escapes;
+    const char* opened;
+  };
+  const Case cases[] = {
+      {field.Get(), false, "open closed "},  {field.Get(), true, "closed closed "},
+      {second.Get(), false, "closed open "}, {second.Get(), true, "closed closed "},
+      {field.Get(), false, "open closed "},
+  };
+  for (const Case& c : cases) {
+    stage.TypeInto(*TestSupport::All<Toolkit::TextBox>(c.typedInto).at(0), "re");
+    stage.Wait(100);
+    if (c.escapes) stage.Press(Toolkit::Key::Escape);
+    stage.Wait(500);
+    EXPECT_EQ(opened(), c.opened);
+    EXPECT_EQ(Offered(*field), "Red");
+    stage.TypeInto(*TestSupport::All<Toolkit::TextBox>(c.typedInto).at(0), "");
+    stage.Wait(500);
+    opened();
+  }
+}
+
 TEST_F(FieldEnums, LeaveOnlyTheSelectionWhereNothingMatches) {
   const auto field = Make<FieldEnumFilterable>("EnumFilterable", R"({"Values":["A","B"]})");
   FieldStage stage(*field);

@@ -3,6 +3,7 @@
 #include "platform/FileDialogs.h"
 #include "platform/TextureRoot.h"
 #include "platform/Uuid.h"
+#include "support/CapturedBoxes.h"
 #include "support/CapturedLog.h"
 #include "support/MemoryClipboard.h"
 #include "support/TemporaryDirectory.h"
@@ -85,10 +86,17 @@ TEST(TextureRoot, PrefersTheCurrentDirectoryToTheInstalledData) {
   ExecutableDirectory::Set({});
 }
 
-TEST(FileDialogs, CountAMissingModuleAsCancelled) {
+TEST(FileDialogs, CountAMissingModuleAsCancelledAndTellTheUser) {
   ExecutableDirectory::Set({});
+  TestSupport::CapturedLog log;
+  TestSupport::CapturedBoxes boxes;
   EXPECT_EQ(Tesselor::FileDialogs::Open("json"), std::nullopt);
   EXPECT_EQ(Tesselor::FileDialogs::Save("json"), std::nullopt);
+  const std::string line = "No file dialog can be shown: libtesselor_filedialogs.so is missing or can't be loaded";
+  EXPECT_EQ(log.lines, (std::vector<std::string>{line, line}));
+  const std::string box = "No File Dialog: Files can't be chosen here: the module with the desktop's file dialogs, "
+                          "libtesselor_filedialogs.so, is missing or can't be loaded.";
+  EXPECT_EQ(boxes.Texts(), (std::vector<std::string>{box, box}));
 }
 
 } // namespace

@@ -3,8 +3,10 @@
 #include "ToolkitEnvironment.h"
 #include "app/ComponentRegistration.h"
 #include "document/DocumentExport.h"
+#include "editor/NoticeBar.h"
 #include "nodes/NodePinControl.h"
 #include "platform/JsonFile.h"
+#include "toolkit/controls/TextBlock.h"
 #include "workspace/AssetFileIndex.h"
 #include "workspace/RootType.h"
 
@@ -110,6 +112,14 @@ Point WindowStage::EmptySpot() const {
 
 Point WindowStage::ToWindow(Point onPanel) const {
   return Canvas().GetPanel()->TransformToAncestor(nullptr).Map(onPanel);
+}
+
+std::vector<std::string> WindowStage::NoticesShown() {
+  Settle();
+  std::vector<std::string> texts;
+  for (const auto* text : All<Toolkit::TextBlock>(view->Notices()))
+    if (text->GetName() == "Text") texts.emplace_back(text->GetText());
+  return texts;
 }
 
 void WindowStage::Open(const std::string& path) {

@@ -84,6 +84,8 @@ public:
   // What a user does by keys.
   void Undo() { Chord({Toolkit::Key::LeftCtrl, Toolkit::Key::Z}); }
   void Redo() { Chord({Toolkit::Key::LeftCtrl, Toolkit::Key::LeftShift, Toolkit::Key::Z}); }
+  /// The texts of the bar, newest first. Settles before.
+  std::vector<std::string> NoticesShown();
   /// Opens a file by the dialog.
   void Open(const std::string& path);
 

@@ -19,6 +19,7 @@
 #include "toolkit/controls/Image.h"
 #include "toolkit/controls/Label.h"
 #include "toolkit/controls/ListView.h"
+#include "toolkit/controls/LongList.h"
 #include "toolkit/controls/Menu.h"
 #include "toolkit/controls/MenuItem.h"
 #include "toolkit/controls/Popup.h"
@@ -55,9 +56,9 @@ void RegisterToolkitTypes() {
   Describe<TextElement, TextBlock, Panel, StackPanel, Canvas, Grid, RowDefinition, ColumnDefinition, DockPanel, Border,
            Control, ContentControl, ContentPresenter, UserControl, ButtonBase, Button, CheckBox, Slider, TextBox,
            HeaderedContentControl, GroupBox, Expander, ScrollViewer, ItemsControl, Selector, ComboBox, ComboBoxList,
-           ListView, GridView, GridViewColumn, GridViewColumnHeader, GridViewRow, Label, ToolTip, Image, Shape,
-           Rectangle, Ellipse, Line, Path, HeaderedItemsControl, MenuItem, MenuBase, Menu, MenuSurface, ContextMenu,
-           Popup, PopupLayer, TriggerAction, ChangePropertyAction, EventTrigger>();
+           ListLine, LongList, ListView, GridView, GridViewColumn, GridViewColumnHeader, GridViewRow, Label, ToolTip,
+           Image, Shape, Rectangle, Ellipse, Line, Path, HeaderedItemsControl, MenuItem, MenuBase, Menu, MenuSurface,
+           ContextMenu, Popup, PopupLayer, TriggerAction, ChangePropertyAction, EventTrigger>();
   Describe<Application, Window, MessageBoxView>();
 }
 

@@ -92,6 +92,11 @@ void ItemsControl::OnCollectionChanged(const CollectionChange& change) {
   InvalidateMeasure();
 }
 
+void ItemsControl::InvalidateContainers() {
+  containersDue = true;
+  InvalidateMeasure();
+}
+
 Ptr<Panel> ItemsControl::CreateHost() {
   if (const auto* panelTemplate = static_cast<const ItemsPanelTemplate*>(GetValue(ItemsPanelProperty).AsObject())) {
     Ptr<FrameworkElement> made = panelTemplate->Instantiate(this, {});
@@ -128,7 +133,7 @@ void ItemsControl::GenerateContainers() {
     host = CreateHost();
     if (!host->VisualParent()) AddVisualChild(host.Get());
   }
-  const size_t count = ItemCount();
+  const size_t count = ContainerCount();
   // Containers of items that stayed are kept: equal ones at both ends do not move.
   const size_t before = containerItems.size();
   size_t front = 0, back = 0;

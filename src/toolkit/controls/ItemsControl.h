@@ -56,6 +56,10 @@ protected:
   Size ArrangeOverride(Size finalSize) override;
   /// A new container for `item`. The base makes a presenter of the item template, or takes an element item itself.
   virtual Ptr<FrameworkElement> CreateContainer(Object* item);
+  /// How many of the items have containers, from the first one on.
+  virtual size_t ContainerCount() const { return ItemCount(); }
+  /// Another number of containers is due.
+  void InvalidateContainers();
   /// The items changed; containers follow at the next measure.
   virtual void OnItemsChanged(const CollectionChange& change) {}
   /// The panel that containers go to: the host made here, or one that a template names.
