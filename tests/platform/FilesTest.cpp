@@ -22,6 +22,11 @@ unsigned ModeOf(const std::string& path) {
   return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
 }
 
+gid_t GroupOf(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 ? status.st_gid : static_cast<gid_t>(-1);
+}
+
 size_t CountEntries(const fs::path& directory) {
   return static_cast<size_t>(std::distance(fs::directory_iterator(directory), fs::directory_iterator()));
 }
@@ -52,6 +57,13 @@ TEST(AtomicFile, KeepsTheModeOfAFileAndGivesANewOneTheProcesss) {
   EXPECT_EQ(TemporaryDirectory::Read(path), "new");
   EXPECT_EQ(ModeOf(path), 0604u);
   EXPECT_EQ(ModeOf(fresh), 0640u);
+  // Nor does the file take the group of a directory that gives its own to new ones, where this user may set one up.
+  if (chown(directory.Path().c_str(), geteuid(), getegid() + 1) == 0) {
+    chmod(directory.Path().c_str(), 02755);
+    EXPECT_EQ(AtomicFile::Write(path, "newer"), FileWriteResult::Written);
+    EXPECT_EQ(GroupOf(path), getegid());
+    EXPECT_EQ(AtomicFile::Write(path, "new"), FileWriteResult::Written);
+  }
   EXPECT_EQ(CountEntries(directory.Path()), 2u);
 }
 
