@@ -153,7 +153,7 @@ private:
   /// Closes the document, and keeps what is unsaved of it. False if it stays open, which the user was told.
   bool LeaveDocument();
   RescuedDocument DescribeForRescue() const;
-  /// The text that a save would write, also of a document that can't be saved; empty if there is none.
+  /// The text that a save would write, also of a document that lacks a root; empty if it could not be read again.
   std::string PrintDocument();
   /// Shows what is no file's content as the unsaved document of that file; false, with a box, if it can't be read.
   bool ShowAsUnsaved(const RescuedDocument& document, const std::string& text);

@@ -269,15 +269,15 @@ RescuedDocument MainView::DescribeForRescue() const {
 }
 
 std::string MainView::PrintDocument() {
-  if (!HasWorkspace() || graph->ContentNodes().empty()) return {};
+  if (!HasWorkspace()) return {};
   const RootType& type = *workspaces.currentRoot;
   Ptr<ContentNode> root(graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr);
   // The rest of a document whose root was deleted floats beside a new one.
   if (!root && Dictionary()) root = Dictionary()->CreateNode(type.RootNodeType, true);
   if (!root) return {};
   const FieldsToWrite fields = type.workspace->ExportDefaults ? FieldsToWrite::All : FieldsToWrite::Changed;
-  DocumentExport document(*root, graph->ContentNodes(), fields);
-  return PrintJson(document.Build(graph->GroupNodes(), graph->CommentNodes(), type.MenuName).get());
+  return DocumentExport(*root, graph->ContentNodes(), fields)
+      .Print(graph->GroupNodes(), graph->CommentNodes(), type.MenuName);
 }
 
 bool MainView::ShowAsUnsaved(const RescuedDocument& document, const std::string& text) {

@@ -137,6 +137,13 @@ TEST_F(KeptWork, SurvivesADocumentWithoutARoot) {
   LetACopyBeWritten();
   EXPECT_NE(Copied().find("$FloatingNodes"), std::string::npos);
   EXPECT_NE(Copied().find("The nest"), std::string::npos);
+  // And one without any node, which no save takes.
+  window.Chord({Key::LeftCtrl, Key::A});
+  window.Press(Key::Delete);
+  ASSERT_TRUE(view.ContentNodes().empty());
+  window.Open(TESSELOR_DATA_DIR "/samples/dialogue.json");
+  EXPECT_EQ(window.boxes.Texts(), Texts());
+  EXPECT_EQ(window.NoticesShown(), Texts{"The unsaved changes of \"quest.json\" were kept."});
 }
 
 TEST_F(KeptWork, GoesWithTheUsersWordOnly) {
