@@ -197,6 +197,58 @@ TEST_F(KeptWork, IsSetAsideForAnotherDocumentAndRestored) {
   EXPECT_TRUE(view.IsSaved());
 }
 
+TEST_F(KeptWork, TellsOnceThatItIsNotThereAndIsTriedAgain) {
+  const std::string told = "The unsaved changes can't be kept beside the file for now. Only a save keeps them.";
+  // Nothing can be written below a file.
+  state.Write("rescue", "");
+  Nudge();
+  LetACopyBeWritten();
+  EXPECT_EQ(window.NoticesShown(), Texts{told});
+  Press("Dismiss");
+  Nudge();
+  LetACopyBeWritten();
+  EXPECT_EQ(window.NoticesShown(), Texts());
+  fs::remove(state.Path() / "rescue");
+  view.Keeper()->WriteNow();
+  EXPECT_TRUE(Copied() == window.Exported()) << "no edit came since the copy that failed";
+  // It is true as long as there is no copy, and something to keep.
+  for (const bool isSaved : {false, true}) {
+    SCOPED_TRACE(isSaved);
+    Nudge();
+    LetACopyBeWritten();
+    fs::remove_all(state.Path() / "rescue");
+    state.Write("rescue", "");
+    Nudge();
+    LetACopyBeWritten();
+    EXPECT_EQ(window.NoticesShown(), Texts{told});
+    if (!isSaved) fs::remove(state.Path() / "rescue");
+    Nudge();
+    if (isSaved)
+      window.Chord({Key::LeftCtrl, Key::S});
+    else
+      LetACopyBeWritten();
+    EXPECT_EQ(window.NoticesShown(), Texts());
+  }
+}
+
+TEST_F(KeptWork, NeedsNoKeeperAfterItsLastCopy) {
+  window.Wait(60000);
+  ASSERT_LT(Toolkit::Dispatcher::Current().TimeToNext(), 0);
+  {
+    WorkKeeper keeper({[] { return false; }, [] { return RescuedDocument(); },
+                       [] {
+                         usleep(100000);
+                         return std::string("text");
+                       },
+                       [](const RescuedDocument&, const std::string&) { return false; }},
+                      view.Notices(), state.Path() / "rescue");
+    keeper.StartCopy();
+    keeper.Follow();
+  }
+  EXPECT_EQ(Copied(), "text");
+  EXPECT_LT(Toolkit::Dispatcher::Current().TimeToNext(), 0) << "a copy is due that nobody can write";
+}
+
 TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
   const std::string path = view.FilePath();
   LeaveSpare(path, window.Exported());
@@ -252,6 +304,7 @@ TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
   };
   restore("\"broken.json\"");
   EXPECT_EQ(window.boxes.Texts(), Texts{"Error: The kept state of \"/somewhere/broken.json\" cannot be read."});
+  EXPECT_EQ(window.NoticesShown().size(), 3u) << "it is there for another try";
   EXPECT_TRUE(view.IsSaved());
   restore("\"lost.json\"");
   EXPECT_TRUE(window.Exported() == text);
