@@ -231,7 +231,7 @@ void MainView::KeepWork(const std::filesystem::path& directory) {
       *noticeBar, directory / "rescue");
   keeper->OfferAbandoned();
   fileGuard = std::make_unique<FileGuard>(*noticeBar, [this] { Reload(); });
-  if (!filePath.empty()) fileGuard->Take(filePath);
+  if (!filePath.empty()) fileGuard->Take(filePath, readState);
   fileHistory = FileHistory::IsWanted() ? std::make_unique<FileHistory>(directory / "history") : nullptr;
   commandStates->Refresh();
 }
@@ -291,6 +291,7 @@ bool MainView::ShowAsUnsaved(const RescuedDocument& document, const std::string&
   filePath = document.path;
   AssetFile file;
   file.json = std::move(parsed.json);
+  file.longNumbers = FindLongNumbers(text);
   FinishLoad(std::move(file));
   if (graph->ContentNodes().empty()) return false;
   // No state of the history is that of the file.

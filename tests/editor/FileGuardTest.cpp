@@ -102,6 +102,14 @@ TEST_F(GuardedFile, AsksBeforeASaveGoesOverWhatAnotherProgramWrote) {
   EXPECT_TRUE(fs::exists(elsewhere));
 }
 
+TEST_F(GuardedFile, KnowsWhatWasReadBeforeTheFileWasGuarded) {
+  Change(original + "\n");
+  view.KeepWork(state.Path());
+  Nudge();
+  Save();
+  EXPECT_EQ(window.boxes.Texts(), question);
+}
+
 TEST_F(GuardedFile, ClosesTheWindowOnceAllQuestionsAreAnswered) {
   Nudge();
   Change(original + "\n");

@@ -343,6 +343,13 @@ TEST_F(KeptWork, OffersWhatAFileHeldWhereASaveWasCutOff) {
   EXPECT_EQ(window.NoticesShown(), told);
   Press("Delete");
   EXPECT_TRUE(SpareCopy::LeftOf(path).empty());
+  // What a save changes of it is told as after any load.
+  std::string withDigits = text;
+  LeaveSpare(path, withDigits.insert(1, R"("Extra": {"n": 0.12345678901234567890123},)"));
+  window.Open(path);
+  Press("Open");
+  window.Wait(100);
+  EXPECT_EQ(window.NoticesShown(), Texts{"Saving this file changes 1 value"});
   present.Remove();
   unsetenv("XDG_STATE_HOME");
 }
