@@ -83,6 +83,8 @@ void MainView::RequestClose() {
 bool MainView::Save() { return SaveThen({}); }
 
 bool MainView::SaveThen(const std::function<void()>& done, SaveQuestion question) {
+  // A box that waits goes on with its own save.
+  if (isAskedBeforeSave) return false;
   if (filePath.empty()) return SaveAsThen(done);
   if (!workspaces.currentRoot) {
     ShowError("No workspace selected. Cannot save file.", "Cannot Save");
@@ -95,13 +97,25 @@ bool MainView::SaveThen(const std::function<void()>& done, SaveQuestion question
   return isWritten;
 }
 
-bool MainView::IsAsked(SaveQuestion question, const std::function<void()>& done) {
+void MainView::AskBeforeSave(std::string text, std::vector<std::string> choices, size_t defaultChoice,
+                             std::function<void(std::optional<size_t>)> chosen) {
+  isAskedBeforeSave = true;
   // By the time of the answer the window may be gone for everybody else.
-  const auto goOn = [view = Ptr<MainView>(this), done, next = Next(question)] { view->SaveThen(done, next); };
+  MessageBox::Ask(
+      std::move(text), "Attention!", std::move(choices),
+      [view = Ptr<MainView>(this), chosen = std::move(chosen)](std::optional<size_t> choice) {
+        view->isAskedBeforeSave = false;
+        chosen(choice);
+      },
+      defaultChoice);
+}
+
+bool MainView::IsAsked(SaveQuestion question, const std::function<void()>& done) {
+  const auto goOn = [this, done, next = Next(question)] { SaveThen(done, next); };
   switch (question) {
   case SaveQuestion::RootType:
     if (const std::string mismatch = DescribeRootMismatch(); !mismatch.empty()) {
-      MessageBox::Ask(mismatch, "Attention!", {"Cancel", "Save anyway"}, [goOn](std::optional<size_t> choice) {
+      AskBeforeSave(mismatch, {"Cancel", "Save anyway"}, 0, [goOn](std::optional<size_t> choice) {
         if (choice == 1u) goOn();
       });
       return true;
@@ -110,15 +124,12 @@ bool MainView::IsAsked(SaveQuestion question, const std::function<void()>& done)
   case SaveQuestion::Size: return AskAboutSize(goOn);
   case SaveQuestion::ChangedFile:
     if (!fileGuard || !fileGuard->IsChanged(filePath)) return false;
-    MessageBox::Ask(
-        "\"" + DocumentName() + "\" was changed by another program since it was opened here.", "Attention!",
-        {"Overwrite", "Save as", "Reload", "Cancel"},
-        [goOn, view = Ptr<MainView>(this), done](std::optional<size_t> choice) {
-          if (choice == 0u) goOn();
-          if (choice == 1u) view->SaveAsThen(done);
-          if (choice == 2u) view->Reload();
-        },
-        3);
+    AskBeforeSave("\"" + DocumentName() + "\" was changed by another program since it was opened here.",
+                  {"Overwrite", "Save as", "Reload", "Cancel"}, 3, [this, goOn, done](std::optional<size_t> choice) {
+                    if (choice == 0u) goOn();
+                    if (choice == 1u) SaveAsThen(done);
+                    if (choice == 2u) Reload();
+                  });
     return true;
   case SaveQuestion::None: break;
   }
@@ -132,15 +143,14 @@ bool MainView::AskAboutSize(const std::function<void()>& goOn) {
   const size_t count = graph->ContentNodes().size();
   // What is too large is refused by the export.
   if (!size.IsMultiplied(count) || size.nodes <= nodesOfFile || size.IsTooLarge()) return false;
-  MessageBox::Ask("Nodes with several parents are written below each of them. The file will hold " +
-                      RoundedCount(size.nodes) + " nodes, and the document has " + std::to_string(count) +
-                      ". Do you want to save it?",
-                  "Attention!", {"Save", "Cancel"},
-                  [view = Ptr<MainView>(this), goOn, nodes = size.nodes](std::optional<size_t> choice) {
-                    if (choice != 0u) return;
-                    view->nodesOfFile = nodes;
-                    goOn();
-                  });
+  AskBeforeSave("Nodes with several parents are written below each of them. The file will hold " +
+                    RoundedCount(size.nodes) + " nodes, and the document has " + std::to_string(count) +
+                    ". Do you want to save it?",
+                {"Save", "Cancel"}, 0, [this, goOn, nodes = size.nodes](std::optional<size_t> choice) {
+                  if (choice != 0u) return;
+                  nodesOfFile = nodes;
+                  goOn();
+                });
   return true;
 }
 

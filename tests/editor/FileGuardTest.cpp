@@ -2,6 +2,7 @@
 #include "editor/KeptFileTest.h"
 #include "editor/NoticeBar.h"
 #include "editor/VersionsPanel.h"
+#include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/MenuItem.h"
 #include "toolkit/controls/TextBlock.h"
@@ -108,6 +109,26 @@ TEST_F(GuardedFile, KnowsWhatWasReadBeforeTheFileWasGuarded) {
   Nudge();
   Save();
   EXPECT_EQ(window.boxes.Texts(), question);
+}
+
+TEST_F(GuardedFile, AsksOnceHoweverManySavesWaitForTheAnswer) {
+  std::vector<Toolkit::MessageBox::Request> waiting;
+  auto former = Toolkit::MessageBox::SetPresenter(
+      [&](Toolkit::MessageBox::Request request) { waiting.push_back(std::move(request)); });
+  for (const std::optional<size_t> answer : {std::optional<size_t>(), std::optional<size_t>(0)}) {
+    SCOPED_TRACE(answer.has_value());
+    waiting.clear();
+    Nudge();
+    Change(original + "\n");
+    Save();
+    Save();
+    ASSERT_EQ(waiting.size(), 1u);
+    waiting[0].chosen(answer);
+    EXPECT_EQ(waiting.size(), 1u);
+    EXPECT_EQ(view.IsSaved(), answer.has_value());
+  }
+  EXPECT_TRUE(OnDisk() == window.Exported());
+  Toolkit::MessageBox::SetPresenter(std::move(former));
 }
 
 TEST_F(GuardedFile, ClosesTheWindowOnceAllQuestionsAreAnswered) {
