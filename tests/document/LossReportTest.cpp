@@ -132,6 +132,28 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
   }
 }
 
+/// A file of few nodes whose save is larger by a factor for each level: two nodes with one and the same below them.
+std::string Diamonds(int levels) {
+  std::string text = "{'$NodeId':'Item-bottom'}";
+  for (int i = levels; i-- > 0;) {
+    const std::string number = std::to_string(i);
+    const std::string below = i + 1 == levels ? "Item-bottom" : "Item-" + std::to_string(i + 1);
+    text = "{'$NodeId':'Item-" + number + "','Items':[{'$NodeId':'Item-l" + number + "','One':" + text +
+           "},{'$NodeId':'Item-r" + number + "','Items':[{'$NodeId':'" + below + "'}]}]}";
+  }
+  return "{'$NodeId':'Doc-top','Unknown':5,'One':" + text + "}";
+}
+
+TEST_F(LossReport, TellsOfADocumentThatASaveMultipliesOnlyThat) {
+  const std::pair<int, const char*> cases[] = {
+      {4, "$.Unknown: was 5 becomes nothing\n"},
+      // The root, and three nodes for each of the levels and the bottom of them, doubled on every level.
+      {8, "$: was 26 nodes becomes 1022\n"},
+      {40, ""},
+  };
+  for (const auto& [levels, lines] : cases) EXPECT_EQ(Lines(Diamonds(levels)), lines) << levels;
+}
+
 TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
   const std::vector<std::pair<const char*, const char*>> cases = {
       {"defaults and identities that it adds, another order and case of keys",

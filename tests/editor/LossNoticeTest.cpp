@@ -2,6 +2,7 @@
 #include "WindowStage.h"
 #include "editor/LossPanel.h"
 #include "editor/NoticeBar.h"
+#include "platform/JsonMemory.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/ItemsControl.h"
@@ -10,7 +11,10 @@
 #include "workspace/RootType.h"
 #include "workspace/Workspace.h"
 
+#include <csignal>
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace Tesselor {
@@ -43,6 +47,20 @@ protected:
     const auto& lines = window->View().Notices().Lines();
     for (size_t i = 0; i < lines.Count(); ++i) texts.push_back(lines.Get(i)->GetText().ToString());
     return texts;
+  }
+  /// Of 600 nodes, the last of which has a value that a save changes.
+  static std::string ItemsOfALargeFile() {
+    std::string items;
+    for (int i = 0; i < 600; ++i)
+      items += (i ? "," : "") + std::string(R"({"$NodeId": "Item-n)") + std::to_string(i) + R"(", "Label": )" +
+               (i == 599 ? "5" : "\"t\"") + "}";
+    return R"("Items": [)" + items + "]";
+  }
+  void WaitForTheChild(int tries) {
+    for (int i = 0; i < tries && window->View().Notices().Lines().Count() == 0; ++i) {
+      usleep(10000);
+      window->Settle();
+    }
   }
   Toolkit::Button& Button(const char* caption) {
     return *TestSupport::Find<Toolkit::Button>(window->View().Notices(), [&](const Toolkit::Button& button) {
@@ -122,30 +140,64 @@ TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
 }
 
 TEST_F(LossNotices, ComeFromAChildForALargeDocument) {
-  std::string items;
-  for (int i = 0; i < 600; ++i)
-    items += (i ? "," : "") + std::string(R"({"$NodeId": "Item-n)") + std::to_string(i) + R"(", "Label": )" +
-             (i == 599 ? "5" : "\"t\"") + "}";
-  const std::string large = Write("large.json", R"("Items": [)" + items + "]");
+  const std::string items = ItemsOfALargeFile();
+  const std::string large = Write("large.json", items);
   EXPECT_EQ(Told(large), Texts()) << "the window waits for no child";
-  const auto wait = [this](int tries) {
-    for (int i = 0; i < tries && window->View().Notices().Lines().Count() == 0; ++i) {
-      usleep(10000);
-      window->Settle();
-    }
-  };
-  wait(1000);
+  WaitForTheChild(1000);
   ASSERT_EQ(window->View().Notices().Lines().Count(), 1u);
   EXPECT_EQ(window->View().Notices().Lines().Get(0)->GetText(), "Saving this file changes 1 value");
   window->Click(Button("Details"));
   window->Press(Key::Return);
   EXPECT_EQ(SelectedId(), "n599");
 
-  Write("large.json", R"("Items": [)" + items + "]");
+  Write("large.json", items);
   Told(large);
   EXPECT_TRUE(window->View().Save());
-  wait(20);
+  WaitForTheChild(20);
   EXPECT_EQ(window->View().Notices().Lines().Count(), 0u) << "the file is written as it is";
+}
+
+/// Ends each process but this one at its first allocation for JSON, as a system that is short of memory may.
+class DeadlyMemory {
+public:
+  DeadlyMemory() : former(JsonMemory::SetAllocator({&Allocate, &std::free})) { own = getpid(); }
+  ~DeadlyMemory() { JsonMemory::SetAllocator(former); }
+
+private:
+  static void* Allocate(size_t size) {
+    if (getpid() != own) raise(SIGKILL);
+    return std::malloc(size);
+  }
+  static inline pid_t own = 0;
+  JsonMemory::Allocator former;
+};
+
+TEST_F(LossNotices, ComeWithoutAChildIfItDiesOrCanNotBe) {
+  const std::string large = Write("large.json", ItemsOfALargeFile());
+  const Texts told{"Saving this file changes 1 value"};
+  const JsonMemory routed;
+  for (const bool isEdited : {false, true}) {
+    SCOPED_TRACE(isEdited);
+    const DeadlyMemory memory;
+    EXPECT_EQ(Told(large), Texts());
+    if (isEdited) {
+      window->Focus(&window->View().GetGraph().Panel());
+      window->View().GetGraph().Selected().Add(*window->View().RootNode());
+      window->Press(Key::Right);
+    }
+    WaitForTheChild(isEdited ? 20 : 1000);
+    EXPECT_EQ(window->View().Notices().Lines().Count(), isEdited ? 0u : 1u) << "what was edited since is no loss";
+    window->Undo();
+  }
+  // Without a descriptor for its answer.
+  window->Open(large);
+  rlimit former{};
+  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &former), 0);
+  const rlimit none{0, former.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+  window->Wait(100);
+  EXPECT_EQ(setrlimit(RLIMIT_NOFILE, &former), 0);
+  EXPECT_EQ(window->View().Notices().Lines().Count(), 1u);
 }
 
 TEST_F(LossNotices, AskBeforeASaveMultipliesTheDocument) {
