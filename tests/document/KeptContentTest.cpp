@@ -112,8 +112,16 @@ TEST_F(KeptContent, WhatHangsOnTheTreeButIsWrittenNowhereCountsAsFloating) {
   ContentNode& typed = Add("Item");
   typed.SetNodeId("typed");
   Connect(root, "Generic", typed, "in");
+  // What stands behind a pass-through node of a node that floats is written there alone.
+  ContentNode& behind = Add("Item");
+  behind.SetNodeId("behind");
+  ContentNode &between = Add(BuiltIn::Link), &above = Add("Item");
+  above.SetNodeId("above");
+  Connect(above, "items", between, "GenericIn");
+  Connect(between, "GenericOut", behind, "in");
   EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted("[{'$NodeId':'Item-second'},{'$NodeId':'Item-loose','Items':[{"
-                                                     "'$NodeId':'Item-below'}]},{'$NodeId':'Item-typed'}]"));
+                                                     "'$NodeId':'Item-below'}]},{'$NodeId':'Item-typed'},{'$NodeId':'"
+                                                     "Item-above','Items':[{'$NodeId':'Item-behind'}]}]"));
 }
 
 TEST_F(KeptContent, FloatingNodesKeepTheirPlaceOverTwoSaves) {

@@ -59,13 +59,23 @@ TEST_F(RescueStores, GiveBackWhatAProcessLeftThatIsGone) {
   EXPECT_EQ(copy.document.fileState, document.fileState);
   EXPECT_NEAR(static_cast<double>(copy.time), static_cast<double>(std::time(nullptr)), 60);
   RescueCopy twin = copy;
+  EXPECT_TRUE(here.SetAside({"", "Quest", ""}, "first"));
   EXPECT_EQ(here.Claim(copy), text);
+  EXPECT_TRUE(here.SetAside({"", "Quest", ""}, "second"));
   RescueStore other(place);
   EXPECT_EQ(other.Claim(twin), std::nullopt) << "one of two takes it";
   EXPECT_EQ(here.Abandoned().size(), 2u) << "what is claimed is offered by nobody else";
   RescueStore::Delete(copy);
   here.Remove();
-  EXPECT_EQ(FileCount(), 4u);
+  EXPECT_EQ(FileCount(), 6u) << "what one process sets aside stays apart";
+}
+
+TEST_F(RescueStores, OfferTheNewestFirst) {
+  for (const char* header : {R"({"root":"b","time":20})", R"({"root":"c","time":10})", R"({"root":"a","time":30})"})
+    directory.Write("state/rescue/gone." + std::string(header + 9, 1) + ".rescue", header + std::string("\n{}"));
+  std::string roots;
+  for (const RescueCopy& copy : RescueStore(place).Abandoned()) roots += copy.document.root;
+  EXPECT_EQ(roots, "abc");
 }
 
 TEST_F(RescueStores, AreTheUsersAlone) {

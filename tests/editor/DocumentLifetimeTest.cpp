@@ -128,6 +128,7 @@ TEST(DocumentLifetime, LeavesAnEmptyDocumentWhereALoadFails) {
   window.Open(good);
   window.dialogs.path.reset();
   EXPECT_FALSE(window.View().ChangeRootType("Lost"));
+  EXPECT_EQ(window.View().FilePath(), "");
   EXPECT_FALSE(window.View().Save());
   EXPECT_TRUE(graph.ContentNodes().empty());
   EXPECT_EQ(TemporaryDirectory::Read(good), R"({"$WorkspaceID": "Plain"})");

@@ -2,6 +2,7 @@
 #include "WindowStage.h"
 #include "editor/NoticeBar.h"
 #include "editor/VersionsPanel.h"
+#include "platform/FileWatch.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/MenuItem.h"
 #include "toolkit/controls/TextBlock.h"
@@ -163,6 +164,31 @@ TEST_F(GuardedFile, TellsAtOnceAndReloads) {
   EXPECT_TRUE(IsTold("\"quest.json\" was removed by another program."));
 }
 
+TEST_F(GuardedFile, TellsOfEachChangeOnceAndNotOfOneThatIsTakenBack) {
+  Change(original + "\n");
+  ASSERT_TRUE(IsTold(changed));
+  window.Click(Captioned<Toolkit::Button>(view.Notices(), "Dismiss"));
+  // Another program that opens the file to write and leaves it as it is, until a watch of the test's own has heard of
+  // it twice.
+  int heard = 0;
+  const FileWatch watch(path, [&heard] { ++heard; });
+  for (int i = 1; i <= 2; ++i) {
+    std::ofstream(path, std::ios::app).close();
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (heard < i && std::chrono::steady_clock::now() < end) window.Settle();
+  }
+  EXPECT_EQ(heard, 2);
+  EXPECT_EQ(Told(), Texts());
+  window.boxes.choice = 0;
+  Save();
+  fs::rename(path, path + ".away");
+  ASSERT_TRUE(IsTold("\"quest.json\" was removed by another program."));
+  fs::rename(path + ".away", path);
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (!Told().empty() && std::chrono::steady_clock::now() < end) std::this_thread::yield();
+  EXPECT_EQ(Told(), Texts());
+}
+
 TEST_F(GuardedFile, ComesBackAsItWasBeforeASave) {
   for (int i = 0; i < 2; ++i) {
     Nudge();
@@ -218,11 +244,15 @@ TEST_F(GuardedFile, IsNotWrittenWithARootThatTheNextLoadWouldNotTakeUnlessTheUse
   window.boxes.choice = 1;
   Save();
   EXPECT_FALSE(OnDisk() == original);
-  // A root of the right type asks nothing.
+  // A root of the right type asks nothing, and one that was deleted is none.
   window.boxes.boxes.clear();
   window.Undo();
   Save();
   EXPECT_EQ(window.boxes.Texts(), Texts());
+  window.Redo();
+  window.Press(Key::Delete);
+  Save();
+  EXPECT_EQ(window.boxes.Texts(), Texts{"Export Error: Cannot export: No root node defined."});
 }
 
 } // namespace

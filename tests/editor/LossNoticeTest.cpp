@@ -62,6 +62,11 @@ protected:
       window->Settle();
     }
   }
+  void Nudge() {
+    window->Focus(&window->View().GetGraph().Panel());
+    window->View().GetGraph().Selected().Add(*window->View().RootNode());
+    window->Press(Key::Right);
+  }
   Toolkit::Button& Button(const char* caption) {
     return *TestSupport::Find<Toolkit::Button>(window->View().Notices(), [&](const Toolkit::Button& button) {
       return button.GetContent().AsStringView() == caption;
@@ -115,6 +120,10 @@ TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
   for (const char* text : {"Saving changes 100 values", "$.Items[1].Label", "1", "nothing"})
     EXPECT_TRUE(shows(text)) << text;
 
+  for (int i = 0; i < 60 && LineCount() == 60; ++i) window->Wheel(Panel(), -1);
+  EXPECT_EQ(LineCount(), 100u);
+  window->Click(Button("Details"));
+  EXPECT_EQ(LineCount(), 60u) << "opened anew";
   window->Press(Key::Down);
   window->Press(Key::Down);
   EXPECT_EQ(SelectedId(), "") << "a step alone shows no node";
@@ -143,6 +152,7 @@ TEST_F(LossNotices, ComeFromAChildForALargeDocument) {
   const std::string items = ItemsOfALargeFile();
   const std::string large = Write("large.json", items);
   EXPECT_EQ(Told(large), Texts()) << "the window waits for no child";
+  Nudge();
   WaitForTheChild(1000);
   ASSERT_EQ(window->View().Notices().Lines().Count(), 1u);
   EXPECT_EQ(window->View().Notices().Lines().Get(0)->GetText(), "Saving this file changes 1 value");
@@ -180,11 +190,7 @@ TEST_F(LossNotices, ComeWithoutAChildIfItDiesOrCanNotBe) {
     SCOPED_TRACE(isEdited);
     const DeadlyMemory memory;
     EXPECT_EQ(Told(large), Texts());
-    if (isEdited) {
-      window->Focus(&window->View().GetGraph().Panel());
-      window->View().GetGraph().Selected().Add(*window->View().RootNode());
-      window->Press(Key::Right);
-    }
+    if (isEdited) Nudge();
     WaitForTheChild(isEdited ? 20 : 1000);
     EXPECT_EQ(window->View().Notices().Lines().Count(), isEdited ? 0u : 1u) << "what was edited since is no loss";
     window->Undo();

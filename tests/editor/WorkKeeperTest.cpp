@@ -96,6 +96,15 @@ TEST_F(KeptWork, IsThereAFewMomentsAfterAnEditAndGoesWithASave) {
   view.Keeper()->Finish();
   LetACopyBeWritten();
   EXPECT_TRUE(Copied() == window.Exported());
+  // Its time runs from the first of such edits.
+  view.Keeper()->StartCopy();
+  Nudge();
+  window.Wait(400);
+  Nudge();
+  view.Keeper()->Finish();
+  window.Wait(200);
+  view.Keeper()->Finish();
+  EXPECT_TRUE(Copied() == window.Exported());
   window.Chord({Key::LeftCtrl, Key::S});
   EXPECT_EQ(Copied(), "");
   // A save while a copy is being written.
