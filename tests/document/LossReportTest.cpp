@@ -128,6 +128,9 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "'$NodeEditorMetadata':{'$Nodes':{'Doc-1':{'$Extra':1}},'$Links':[1],'$Other':{}}",
        "$.$NodeEditorMetadata.$Nodes['Doc-1'].$Extra: was 1 becomes nothing\n"
        "$.$NodeEditorMetadata.$Links: was [1] becomes {}\n$.$NodeEditorMetadata.$Other: was {} becomes nothing\n"},
+      {"an object that goes, beside a floating node that was there before",
+       "'$Mystery':{'$a':1},'$FloatingNodes':[{'$NodeId':'Item-2'}]", "$.$Mystery: was {'$a': 1} becomes nothing\n"},
+      {"floating nodes that are no list", "'$FloatingNodes':5", "$.$FloatingNodes: was 5 becomes []\n"},
       {"ends of links that lead nowhere",
        "'Items':[{'$NodeId':'Item-2'}],'$NodeEditorMetadata':{'$Nodes':{'Item-2':{}},'$Links':{'L':{'$Position':{'$x':"
        "1,'$y':2},"
@@ -198,6 +201,8 @@ TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
       {"a floating node that hangs on the tree by a link",
        "{'$NodeId':'Doc-1','$FloatingNodes':[{'$NodeId':'Item-2','Label':'l'}],'$Links':{'L':{'inputConnections':"
        "['Doc-1:items'],'outputConnections':['Item-2:in']}}}"},
+      {"a floating node that stands there twice",
+       "{'$FloatingNodes':[{'$NodeId':'Item-2','Label':'l'},{'$NodeId':'Item-2','Label':'l'}]}"},
       {"places of nodes that aren't there, and the root that was chosen",
        "{'$NodeEditorMetadata':{'$Nodes':{'Item-9':{'$Position':{'$x':1,'$y':1}},'Item':5},'$WorkspaceID':'Other'}}"},
       {"fractions of frames",

@@ -253,6 +253,13 @@ TEST_F(GuardedFile, IsNotWrittenWithARootThatTheNextLoadWouldNotTakeUnlessTheUse
   window.Press(Key::Delete);
   Save();
   EXPECT_EQ(window.boxes.Texts(), Texts{"Export Error: Cannot export: No root node defined."});
+  window.boxes.boxes.clear();
+  EXPECT_TRUE(view.ChangeRootType("Dialogue"));
+  view.CreateDefaultRoot();
+  window.dialogs.path = state / "new.json";
+  window.Chord({Key::LeftCtrl, Key::LeftShift, Key::S});
+  EXPECT_EQ(window.boxes.Texts(), Texts());
+  EXPECT_TRUE(fs::exists(state / "new.json"));
 }
 
 } // namespace

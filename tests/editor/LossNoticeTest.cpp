@@ -106,6 +106,12 @@ TEST_F(LossNotices, TellHowManyValuesASaveChangesUntilTheyAreSavedOrLeft) {
   EXPECT_FALSE(Panel().IsOpen());
   EXPECT_EQ(window->View().Notices().Lines().Count(), 0u);
   EXPECT_EQ(Told(many), Texts()) << "the file is written as it is";
+  window->Open(none);
+  window->Focus(&window->View().GetGraph().Panel());
+  window->View().GetGraph().Selected().Add(*window->View().GetGraph().FindNodeById("1"));
+  window->Press(Key::Delete);
+  window->Wait(100);
+  EXPECT_EQ(window->View().Notices().Lines().Count(), 0u) << "what is deleted before is no loss";
 }
 
 TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
