@@ -89,8 +89,6 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "'Items':[{'$NodeId':'Item-2','One':{'$NodeId':'Item-9','Label':'a'}},{'$NodeId':'Item-3',"
        "'Items':[{'$NodeId':'Item-9','Label':'b'}]}]",
        "$.Items[1].Items[0].Label: was 'b' becomes 'a'\n"},
-      {"one node twice in an array", "'Items':[{'$NodeId':'Item-2'},{'$NodeId':'Item-2'},{'$NodeId':'Item-3'}]",
-       "$.Items[1]: was {'$NodeId': 'Item-2'} becomes nothing (the array holds the node already)\n"},
       {"another order",
        "'Items':[{'$NodeId':'Item-2','$Position':{'$x':0,'$y':90}},{'$NodeId':'Item-3',"
        "'$Position':{'$x':0,'$y':10}}]",
@@ -104,12 +102,18 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "]",
        "$.Items[1]: was {'$NodeId': 'Property', 'Value': 'v', 'x': 1} moves to $FloatingNodes\n"
        "$.Items[1].x: was 1 becomes nothing\n"},
-      {"the same in another order than theirs",
-       "'One':{'$NodeId':'Property','Value':'a','x':1},'Items':[{'$NodeId':'Property','Value':'b','y':2}]",
-       "$.One: was {'$NodeId': 'Property', 'Value': 'a', 'x': 1} moves to $FloatingNodes\n"
-       "$.One.x: was 1 becomes nothing\n"
-       "$.Items[0]: was {'$NodeId': 'Property', 'Value': 'b', 'y': 2} moves to $FloatingNodes\n"
-       "$.Items[0].y: was 2 becomes nothing\n"},
+      {"nodes with and without an identity that move, and one that stays",
+       "'Items':[{'$NodeId':'Item-2'},{'$NodeId':'Item-2'},{'$NodeId':'Property-3','Value':'a'},{'$NodeId':'Property',"
+       "'Value':'a','x':1}]",
+       "$.Items[1]: was {'$NodeId': 'Item-2'} becomes nothing (the array holds the node already)\n"
+       "$.Items[2]: was {'$NodeId': 'Property-3', 'Value': 'a'} moves to $FloatingNodes\n"
+       "$.Items[3]: was {'$NodeId': 'Property', 'Value': 'a', 'x': 1} moves to $FloatingNodes\n"
+       "$.Items[3].x: was 1 becomes nothing\n"},
+      {"an object that goes before one that moves",
+       "'$Mystery':{'Value':'a'},'Items':[{'$NodeId':'Property','Value':'b','x':1}]",
+       "$.$Mystery: was {'Value': 'a'} becomes nothing\n"
+       "$.Items[0]: was {'$NodeId': 'Property', 'Value': 'b', 'x': 1} moves to $FloatingNodes\n"
+       "$.Items[0].x: was 1 becomes nothing\n"},
       {"pass-through nodes behind a single pin: of several children, which get new identities, and of none",
        "'One':{'$Link':true,'Children':[{'$NodeId':'Item-2','Label':5},{'$NodeId':'Item-3','Label':'b','x':1}]},"
        "'Pair':{'$Link':true,'a':1}",
@@ -165,6 +169,17 @@ std::string Diamonds(int levels) {
            "},{'$NodeId':'Item-r" + number + "','Items':[{'$NodeId':'" + below + "'}]}]}";
   }
   return "{'$NodeId':'Doc-top','Unknown':5,'One':" + text + "}";
+}
+
+TEST_F(LossReport, FindsEachOfManyNodesThatMove) {
+  std::string items, lines;
+  for (int i = 0; i < 30; ++i) {
+    const std::string node = "{'$NodeId':'Property','Value':'" + std::to_string(i) + "'}";
+    items += (i ? "," : "") + node;
+    lines += "$.Items[" + std::to_string(i) + "]: was {'$NodeId': 'Property', 'Value': '" + std::to_string(i) +
+             "'} moves to $FloatingNodes\n";
+  }
+  EXPECT_EQ(Lines("{'Items':[" + items + "]}"), Quoted(lines));
 }
 
 TEST_F(LossReport, TellsOfADocumentThatASaveMultipliesOnlyThat) {
