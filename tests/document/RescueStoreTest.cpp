@@ -71,11 +71,14 @@ TEST_F(RescueStores, GiveBackWhatAProcessLeftThatIsGone) {
 }
 
 TEST_F(RescueStores, OfferTheNewestFirst) {
-  for (const char* header : {R"({"root":"b","time":20})", R"({"root":"c","time":10})", R"({"root":"a","time":30})"})
-    directory.Write("state/rescue/gone." + std::string(header + 9, 1) + ".rescue", header + std::string("\n{}"));
+  // Two of one second stand by their names.
+  const char* headers[] = {R"({"root":"b","time":20})", R"({"root":"d","time":10})", R"({"root":"a","time":30})",
+                           R"({"root":"c","time":20})"};
+  for (size_t i = 0; i < std::size(headers); ++i)
+    directory.Write("state/rescue/gone." + std::to_string(i) + ".rescue", headers[i] + std::string("\n{}"));
   std::string roots;
   for (const RescueCopy& copy : RescueStore(place).Abandoned()) roots += copy.document.root;
-  EXPECT_EQ(roots, "abc");
+  EXPECT_EQ(roots, "abcd");
 }
 
 TEST_F(RescueStores, AreTheUsersAlone) {
