@@ -216,8 +216,8 @@ TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
       {"a floating node that hangs on the tree by a link",
        "{'$NodeId':'Doc-1','$FloatingNodes':[{'$NodeId':'Item-2','Label':'l'}],'$Links':{'L':{'inputConnections':"
        "['Doc-1:items'],'outputConnections':['Item-2:in']}}}"},
-      {"a floating node that stands there twice",
-       "{'$FloatingNodes':[{'$NodeId':'Item-2','Label':'l'},{'$NodeId':'Item-2','Label':'l'}]}"},
+      {"a floating node that hangs on another one as well",
+       "{'$FloatingNodes':[{'$NodeId':'Item-2','Label':'l'},{'$NodeId':'Item-3','Items':[{'$NodeId':'Item-2'}]}]}"},
       {"places of nodes that aren't there, and the root that was chosen",
        "{'$NodeEditorMetadata':{'$Nodes':{'Item-9':{'$Position':{'$x':1,'$y':1}},'Item':5},'$WorkspaceID':'Other'}}"},
       {"fractions of frames",
