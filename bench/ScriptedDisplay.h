@@ -19,6 +19,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <sys/resource.h>
 #include <vector>
 
 namespace Bench {
@@ -31,6 +32,13 @@ inline double ProcessorTime() {
   timespec now{};
   clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
   return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
+}
+
+/// The part of it that the kernel took, such as for memory's first use, in milliseconds.
+inline double KernelTime() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return static_cast<double>(usage.ru_stime.tv_sec) * 1e3 + static_cast<double>(usage.ru_stime.tv_usec) * 1e-3;
 }
 
 template <class T> T* FindFirst(Toolkit::UIElement& element, const std::function<bool(T&)>& fits) {
@@ -81,13 +89,14 @@ public:
     }
     frameStart = Clock::now();
     processorStart = ProcessorTime();
+    kernelStart = KernelTime();
     steps[next++]();
   }
 
 protected:
   /// Of the steps since the last `Take`, one entry a frame, or one for a step without a frame, in milliseconds.
   struct Times {
-    std::vector<double> wall, processor, drawing;
+    std::vector<double> wall, processor, kernel, drawing;
   };
 
   /// Adds all steps, once the document is there.
@@ -110,6 +119,7 @@ private:
     taken.drawing.push_back(drawing);
     taken.wall.push_back(Milliseconds(Clock::now() - frameStart));
     taken.processor.push_back(ProcessorTime() - processorStart);
+    taken.kernel.push_back(KernelTime() - kernelStart);
   }
 
   bool IsOpened() {
@@ -124,7 +134,7 @@ private:
   std::vector<std::function<void()>> steps;
   size_t next = 0;
   Clock::time_point frameStart;
-  double processorStart = 0;
+  double processorStart = 0, kernelStart = 0;
   bool hasFrame = false;
   Times taken;
 };

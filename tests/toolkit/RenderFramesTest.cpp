@@ -64,6 +64,45 @@ TEST(RenderFrames, LeaveThePixelsBehindARowAlone) {
     for (size_t x = 61; x < 70; ++x) ASSERT_EQ(pixels[y * 70 + x], 0x12345678u);
 }
 
+/// What the painter knows of a run of pixels that hold a stroke's colour already must never show.
+TEST(RenderFrames, DrawFansOfStrokesAsEachStrokeBehindSomethingElse) {
+  const auto fan = [](bool isInterrupted) {
+    return [isInterrupted](Painter& p) {
+      const auto white = Solid(0xffffff), blue = Solid(0x3366cc), red = Solid(0xff0000), faint = Solid(0xff8800, 128);
+      std::mt19937 random(5);
+      const auto interrupt = [&] { p.DrawLine({2.5f, 0}, {2.5f, 150}, red.Get(), 1); };
+      const auto curve = [&](const Toolkit::Ptr<SolidColorBrush>& brush, bool isFree = false) {
+        const auto end = static_cast<float>(random() % 4000) / 10 - 150;
+        PathOutline path;
+        path.MoveTo({10, 30});
+        path.CurveTo({100, 30}, {120, end}, {static_cast<float>(random() % 100) + 130, end});
+        p.DrawPath(path, nullptr, brush.Get(), 2.3f);
+        if (isInterrupted && !isFree) interrupt();
+      };
+      for (const bool isClipped : {false, true}) {
+        const auto &main = isClipped ? white : blue, &other = isClipped ? blue : white;
+        if (isClipped) p.PushClip({0, 10, 200, 110}, {0, 40, 40, 0});
+        for (int i = 0; i < 120; ++i) curve(main);
+        for (int i = 0; i < 9; ++i) curve(i % 3 == 0 ? main : i % 3 == 1 ? other : faint);
+        for (int i = 0; i < 60; ++i) curve(main);
+        p.DrawRectangle({60, 25, 40, 20}, faint.Get());
+        for (int i = 0; i < 20; ++i) curve(main);
+        p.PushOpacity(0.7f);
+        for (int i = 0; i < 40; ++i) curve(main);
+        p.Pop();
+        for (int i = 0; i < 40; ++i) curve(main);
+        if (isClipped) p.Pop();
+        for (int i = 0; i < 40; ++i) curve(main);
+      }
+      interrupt();
+      for (int i = 0; i < 20; ++i) curve(blue, true);
+    };
+  };
+  // Several tiles of one column, and one that ends inside a group of four pixels.
+  for (const int width : {250, 203})
+    ExpectEqual(Draw(width, 150, fan(false)), Draw(width, 150, fan(true)), "RenderFrames-fan");
+}
+
 TEST(RenderText, KeepsTheAtlasWithinItsLimit) {
   Everything();
   constexpr size_t limit = 120000;

@@ -44,6 +44,7 @@ void TilePainter::Draw(const FramePlan& framePlan, std::span<const BinEntry> bin
   tileX = x;
   tileY = y;
   clip = part;
+  ForgetFullRuns();
   surfaces.assign(1, {target.pixels, target.stride, 0, 0});
   // Most often the first item, the canvas's background, hides this one.
   if (bin.empty() || !plan->HiddenBy(plan->items[bin[0].item]).Contains(clip))
@@ -57,6 +58,7 @@ void TilePainter::Draw(const FramePlan& framePlan, std::span<const BinEntry> bin
       continue;
     }
     ++i;
+    ForgetFullRuns();
     if (item.kind == PlanItem::Kind::GroupStart)
       BeginGroup();
     else if (item.kind == PlanItem::Kind::GroupEnd)
@@ -236,22 +238,47 @@ void TilePainter::DrawGlyphs(const PlanItem& item) {
 size_t TilePainter::DrawStroke(std::span<const BinEntry> bin, size_t at) {
   const uint32_t index = bin[at].item;
   const PlanItem& item = plan->items[index];
-  for (; at < bin.size() && bin[at].item == index; ++at)
-    for (uint32_t i = bin[at].first; i < bin[at].end; ++i) CoverSegment(plan->segments[i]);
-  if (area.IsEmpty()) return at;
   UseClips(item.clip);
   ink = InkOf(item.color, item.paint);
+  UseFullRuns();
+  for (; at < bin.size() && bin[at].item == index; ++at)
+    for (uint32_t i = bin[at].first; i < bin[at].end; ++i) CoverSegment(plan->segments[i]);
   for (int y = area.top; y < area.bottom; ++y) {
     const auto row = static_cast<size_t>(y - tileY);
     const int left = maskLeft[row], right = maskRight[row];
     if (left >= right) continue;
     uint8_t* values = &mask[row * TileWidth + static_cast<size_t>(left)];
     PaintMask(y, tileX + left, tileX + right, values);
+    if (fullColor != 0 && clips.empty()) ExtendFullRun(row, left, right, values);
     std::memset(values, 0, static_cast<size_t>(right - left));
     maskLeft[row] = TileWidth;
     maskRight[row] = 0;
   }
   return at;
+}
+
+void TilePainter::UseFullRuns() {
+  const Pixel color = !ink.paint && AlphaOf(ink.color) == 255 ? ink.color : 0;
+  if (color == fullColor) return;
+  fullColor = color;
+  fullLeft.fill(0);
+  fullRight.fill(0);
+}
+
+void TilePainter::ExtendFullRun(size_t row, int left, int right, const uint8_t* coverage) {
+  for (int x = left; x < right;) {
+    const int start = x;
+    while (x < right && coverage[x - left] == 255) ++x;
+    if (x == start) {
+      ++x;
+    } else if (start <= fullRight[row] && x >= fullLeft[row] && fullLeft[row] < fullRight[row]) {
+      fullLeft[row] = std::min(fullLeft[row], start);
+      fullRight[row] = std::max(fullRight[row], x);
+    } else if (x - start > fullRight[row] - fullLeft[row]) {
+      fullLeft[row] = start;
+      fullRight[row] = x;
+    }
+  }
 }
 
 /// Each pixel takes the greatest coverage of any segment, so joints are not painted twice.
@@ -269,14 +296,20 @@ void TilePainter::CoverSegment(const StrokeSegment& s) {
       low = std::max(low, middle - spread);
       high = std::min(high, middle + spread);
     }
-    const int left = FloorPixel(low - 0.5f, area.left, area.right);
-    const int right = CeilPixel(high + 0.5f, area.left, area.right);
-    if (left >= right) continue;
+    int left = FloorPixel(low - 0.5f, area.left, area.right);
+    int right = CeilPixel(high + 0.5f, area.left, area.right);
     const auto row = static_cast<size_t>(y - tileY);
+    int end = area.right;
+    if (fullColor != 0) {
+      const int runLeft = tileX + fullLeft[row], runRight = tileX + fullRight[row];
+      if (left >= runLeft && left < runRight) left = runRight;
+      if (right > runLeft && right <= runRight) right = end = runLeft;
+    }
+    if (left >= right) continue;
     maskLeft[row] = std::min(maskLeft[row], left - tileX);
     maskRight[row] = std::max(maskRight[row], right - tileX);
     // Whole registers where there is room: the pixels behind are out of reach and stay as they are.
-    const int count = std::min((right - left + 3) & ~3, area.right - left);
+    const int count = std::min((right - left + 3) & ~3, end - left);
     operations.coverSegment(&mask[row * TileWidth + static_cast<size_t>(left - tileX)], count, left, y, s);
   }
 }

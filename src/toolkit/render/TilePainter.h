@@ -50,6 +50,10 @@ private:
   void DrawGlyphs(const PlanItem& item);
   size_t DrawStroke(std::span<const BinEntry> bin, size_t at);
   void CoverSegment(const StrokeSegment& segment);
+  /// Makes the runs those of the present ink; nothing is known of another one.
+  void UseFullRuns();
+  void ForgetFullRuns() { fullColor = 0; }
+  void ExtendFullRun(size_t row, int left, int right, const uint8_t* coverage);
   void DrawArea(const PlanItem& item);
   void AddEdge(Point from, Point to);
   void BeginGroup();
@@ -80,6 +84,10 @@ private:
   /// The coverage of the present stroke, all zero between two; and which part of each row is not.
   std::array<uint8_t, TileWidth * TileHeight> mask{};
   std::array<int, TileHeight> maskLeft{}, maskRight{};
+  /// In each row a run of pixels that are known to be of `fullColor`, which is opaque: more strokes of that colour
+  /// leave them as they are. Where thousands of connections leave one pin, nearly all of them are of this kind.
+  std::array<int, TileHeight> fullLeft{}, fullRight{};
+  Pixel fullColor = 0;
   /// Differences of the covered area from one pixel to the next, all zero between two items.
   std::vector<float> areas;
 };
