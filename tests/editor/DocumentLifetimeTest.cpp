@@ -126,10 +126,11 @@ TEST(DocumentLifetime, LeavesAnEmptyDocumentWhereALoadFails) {
   // A choice of root that fails leaves no document that a save could write over the file.
   const std::string good = directory.Write("good.json", R"({"$WorkspaceID": "Plain"})");
   window.Open(good);
-  window.dialogs.path.reset();
   EXPECT_FALSE(window.View().ChangeRootType("Lost"));
   EXPECT_EQ(window.View().FilePath(), "");
+  window.dialogs.path = directory / "none.json";
   EXPECT_FALSE(window.View().Save());
+  EXPECT_EQ(window.boxes.Texts().back(), "Export Error: Cannot export: No root node defined.");
   EXPECT_TRUE(graph.ContentNodes().empty());
   EXPECT_EQ(TemporaryDirectory::Read(good), R"({"$WorkspaceID": "Plain"})");
 }

@@ -152,6 +152,9 @@ TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
   EXPECT_EQ(SelectedId(), "2");
   window->Press(Key::Escape);
   EXPECT_FALSE(Panel().IsOpen());
+  window->Click(Button("Details"));
+  window->Press(Key::Return);
+  EXPECT_EQ(SelectedId(), "0") << "a list that is opened anew begins at its top";
 }
 
 TEST_F(LossNotices, ComeFromAChildForALargeDocument) {
