@@ -88,6 +88,9 @@ TEST_F(KeptWork, IsThereAFewMomentsAfterAnEditAndGoesWithASave) {
   LetACopyBeWritten();
   EXPECT_TRUE(Copied() == window.Exported());
   EXPECT_FALSE(Copied() == file);
+  const auto written = fs::last_write_time(Copies().at(0));
+  LetACopyBeWritten();
+  EXPECT_EQ(fs::last_write_time(Copies().at(0)), written) << "what is kept already is not written again";
   EXPECT_EQ(TemporaryDirectory::Read(view.FilePath()), file);
   // An edit while a copy is being written gets one of its own.
   Nudge();
