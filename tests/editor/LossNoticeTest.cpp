@@ -6,6 +6,7 @@
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/ItemsControl.h"
+#include "toolkit/controls/ScrollViewer.h"
 #include "toolkit/controls/TextBlock.h"
 #include "workspace/NodeDictionary.h"
 #include "workspace/RootType.h"
@@ -130,6 +131,7 @@ TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
   EXPECT_EQ(LineCount(), 100u);
   window->Click(Button("Details"));
   EXPECT_EQ(LineCount(), 60u) << "opened anew";
+  EXPECT_EQ(TestSupport::All<Toolkit::ScrollViewer>(Panel()).at(0)->ScrollOffset().y, 0);
   window->Press(Key::Down);
   window->Press(Key::Down);
   EXPECT_EQ(SelectedId(), "") << "a step alone shows no node";
@@ -176,18 +178,28 @@ TEST_F(LossNotices, ComeFromAChildForALargeDocument) {
   EXPECT_EQ(window->View().Notices().Lines().Count(), 0u) << "the file is written as it is";
 }
 
-/// Ends each process but this one at its first allocation for JSON, as a system that is short of memory may.
+/// Ends each process but this one at its first allocation for JSON, as a system that is short of memory may, but not
+/// before it is told.
 class DeadlyMemory {
 public:
-  DeadlyMemory() : former(JsonMemory::SetAllocator({&Allocate, &std::free})) { own = getpid(); }
-  ~DeadlyMemory() { JsonMemory::SetAllocator(former); }
+  DeadlyMemory() : former(JsonMemory::SetAllocator({&Allocate, &std::free})) {
+    own = getpid();
+    EXPECT_EQ(pipe(gate), 0);
+  }
+  ~DeadlyMemory() {
+    JsonMemory::SetAllocator(former);
+    for (const int end : gate) close(end);
+  }
+  void Strike() { EXPECT_EQ(write(gate[1], "x", 1), 1); }
 
 private:
   static void* Allocate(size_t size) {
-    if (getpid() != own) raise(SIGKILL);
+    char byte;
+    if (getpid() != own && read(gate[0], &byte, 1) == 1) raise(SIGKILL);
     return std::malloc(size);
   }
   static inline pid_t own = 0;
+  static inline int gate[2];
   JsonMemory::Allocator former;
 };
 
@@ -197,9 +209,10 @@ TEST_F(LossNotices, ComeWithoutAChildIfItDiesOrCanNotBe) {
   const JsonMemory routed;
   for (const bool isEdited : {false, true}) {
     SCOPED_TRACE(isEdited);
-    const DeadlyMemory memory;
+    DeadlyMemory memory;
     EXPECT_EQ(Told(large), Texts());
     if (isEdited) Nudge();
+    memory.Strike();
     WaitForTheChild(isEdited ? 20 : 1000);
     EXPECT_EQ(window->View().Notices().Lines().Count(), isEdited ? 0u : 1u) << "what was edited since is no loss";
     window->Undo();
