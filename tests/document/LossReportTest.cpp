@@ -134,6 +134,8 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "$.$NodeEditorMetadata.$Links: was [1] becomes {}\n$.$NodeEditorMetadata.$Other: was {} becomes nothing\n"},
       {"an object that goes, beside a floating node that was there before",
        "'$Mystery':{'$a':1},'$FloatingNodes':[{'$NodeId':'Item-2'}]", "$.$Mystery: was {'$a': 1} becomes nothing\n"},
+      {"a link that is none", "'$Links':{'L':5}",
+       "$.$Links.L: was 5 becomes {'$Position': {'$x': 0, '$y': 0}, 'inputConnections': [], 'outputConnections': […\n"},
       {"floating nodes that are no list", "'$FloatingNodes':5", "$.$FloatingNodes: was 5 becomes []\n"},
       {"ends of links that lead nowhere",
        "'Items':[{'$NodeId':'Item-2'}],'$NodeEditorMetadata':{'$Nodes':{'Item-2':{}},'$Links':{'L':{'$Position':{'$x':"
@@ -214,7 +216,8 @@ TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
       {"a pass-through node behind a single pin", "{'One':{'$Link':true,'Children':[{'$NodeId':'Item','Label':'a'}]}}"},
       {"the old place and name of the floating nodes", "{'FloatingFunctionNodes':[{'$NodeId':'Item-2','Label':'l'}]}"},
       {"a floating node that hangs on the tree by a link",
-       "{'$NodeId':'Doc-1','$FloatingNodes':[{'$NodeId':'Item-2','Label':'l'}],'$Links':{'L':{'inputConnections':"
+       "{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-3'}],'$FloatingNodes':[{'$NodeId':'Item-2','Label':'l'}],'$Links':"
+       "{'L':{'inputConnections':"
        "['Doc-1:items'],'outputConnections':['Item-2:in']}}}"},
       {"a floating node that hangs on another one as well",
        "{'$FloatingNodes':[{'$NodeId':'Item-2','Label':'l'},{'$NodeId':'Item-3','Items':[{'$NodeId':'Item-2'}]}]}"},
@@ -226,7 +229,10 @@ TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
   };
   for (const auto& [what, file] : cases) {
     SCOPED_TRACE(what);
-    EXPECT_EQ(Lines(file), "");
+    for (const bool writesDefaults : {false, true}) {
+      workspace->ExportDefaults = writesDefaults;
+      EXPECT_EQ(Lines(file), "") << writesDefaults;
+    }
   }
 }
 

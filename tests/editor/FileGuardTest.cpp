@@ -156,6 +156,7 @@ TEST_F(GuardedFile, TellsAtOnceAndReloads) {
   Save();
   EXPECT_TRUE(window.Exported() == edited);
   EXPECT_EQ(view.FilePath(), path);
+  EXPECT_EQ(TestSupport::Named<Toolkit::TextBlock>(view, "DocumentName").GetText(), "quest.json \u2022");
   window.boxes.boxes.clear();
   window.boxes.choice = std::nullopt;
   Save();

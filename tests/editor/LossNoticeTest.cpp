@@ -74,10 +74,14 @@ protected:
     });
   }
   LossPanel& Panel() { return *TestSupport::All<LossPanel>(window->Root()).front(); }
-  size_t LineCount() {
-    return TestSupport::Find<Toolkit::ItemsControl>(
-               Panel(), [](const Toolkit::ItemsControl& list) { return list.GetName() == "LineList"; })
-        ->ItemCount();
+  Toolkit::ItemsControl& List() { return TestSupport::Named<Toolkit::ItemsControl>(Panel(), "LineList"); }
+  size_t LineCount() { return List().ItemCount(); }
+  /// The indices of the lines that are shown as selected.
+  std::vector<size_t> Marked() {
+    std::vector<size_t> marked;
+    for (size_t i = 0; i < LineCount(); ++i)
+      if (static_cast<const LossLine*>(List().ItemAt(i))->IsSelected()) marked.push_back(i);
+    return marked;
   }
   std::string SelectedId() const {
     const auto& selected = window->View().GetGraph().Selected().GetNodes();
@@ -140,8 +144,10 @@ TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
   const Toolkit::Point away =
       WindowStage::MiddleOf(*window->View().GetGraph().FindNodeById("1")) - WindowStage::MiddleOf(window->Canvas());
   EXPECT_LT(std::abs(away.x) + std::abs(away.y), 2);
+  EXPECT_EQ(Marked(), std::vector<size_t>{1});
   window->Press(Key::Up);
   window->Press(Key::Up);
+  EXPECT_EQ(Marked(), std::vector<size_t>{0});
   window->Press(Key::Return);
   EXPECT_EQ(SelectedId(), "0");
   for (int i = 0; i < 12; ++i) window->Press(Key::PageDown);
