@@ -13,8 +13,9 @@ using TestSupport::Quoted;
 class LossReport : public TestSupport::DocumentTest {
 protected:
   LossReport() {
-    AddSchema(R"({'id':'Values','title':'Values','color':'green','inputs':[{'id':'in','Type':'T','color':'red'}],
-        'content':[{'Id':'level','Type':'IntSlider','Options':{}},
+    AddSchema(
+        R"({'id':'Values','title':'Values','color':'green','inputs':[{'id':'in','Type':'T','color':'red','Multiple':true}],
+        'content':[{'Id':'level','Type':'Int','Options':{'Default':0}},
                    {'Id':'list','Type':'List','Options':{'Type':'string'}},
                    {'Id':'table','Type':'Dictionary','Options':{'Type':'mixed'}},
                    {'Id':'mixed','Type':'Mixed'},
@@ -204,6 +205,8 @@ TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
        "{'one':{},'$nodeid':'Doc','$COMMENT':'c','Items':[{'Label':'b'},{'Label':'a'}],'Count':3.0}"},
       {"defaults that it leaves out, and dictionaries and maps without entries",
        "{'Name':'','Count':0,'Map':{},'One':{'$NodeId':'Values','Table':{},'Mixed':''}}"},
+      {"a default that the second place of a node names alone",
+       "{'Items':[{'$NodeId':'Values-9'},{'$NodeId':'Item-3','Items':[{'$NodeId':'Values-9','Level':0}]}]}"},
       {"other ways to write a number",
        "{'big':{'a':1e2,'b':100.0,'c':-0,'d':0.10000000000000001,'h':0.000012345678901234,'e':1E+2,'f':0."
        "3333333333333333,'g':100000000000000000000}}"},
