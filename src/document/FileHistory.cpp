@@ -1,6 +1,7 @@
 #include "document/FileHistory.h"
 
 #include "platform/AtomicFile.h"
+#include "platform/FileKey.h"
 #include "platform/JsonFile.h"
 #include "platform/StateDirectory.h"
 
@@ -19,15 +20,6 @@ using Clock = std::chrono::system_clock;
 namespace {
 
 constexpr std::string_view extension = ".version";
-
-/// As digits, by which names are told apart: FNV-1a.
-std::string HashOf(std::string_view text) {
-  uint64_t hash = 14695981039346656037u;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
-  char digits[17];
-  std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
-  return digits;
-}
 
 /// The milliseconds of its time, padded so that names sort by them, and the hash of its content.
 std::string NameOf(Clock::time_point time, const std::string& hash) {
@@ -60,12 +52,7 @@ bool FileHistory::IsWanted() {
   return !value || std::strcmp(value, "0") != 0;
 }
 
-fs::path FileHistory::DirectoryOf(const std::string& path) const {
-  std::error_code error;
-  fs::path whole = fs::weakly_canonical(fs::absolute(path, error), error);
-  if (error) whole = path;
-  return directory / (whole.filename().string().substr(0, 100) + "-" + HashOf(whole.string()));
-}
+fs::path FileHistory::DirectoryOf(const std::string& path) const { return directory / FileKeyOf(path); }
 
 bool FileHistory::Keep(const std::string& path, Clock::time_point now) {
   std::error_code error;

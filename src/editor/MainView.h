@@ -150,6 +150,8 @@ private:
   void OnDocumentChanged();
   /// What is unsaved is set aside before the document goes.
   bool KeepUnsaved();
+  /// Closes the document, and keeps what is unsaved of it. False if it stays open, which the user was told.
+  bool LeaveDocument();
   RescuedDocument DescribeForRescue() const;
   /// The text that a save would write, also of a document that can't be saved; empty if there is none.
   std::string PrintDocument();
@@ -179,6 +181,10 @@ private:
   void ShowNode(BaseNode& node);
   void OnClickEarlierVersions(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OpenVersion(const VersionLine& line);
+  /// Shows what a file held as its unsaved document.
+  bool ShowFormerText(const std::string& path, const std::filesystem::path& kept);
+  /// Tells of copies of the file that is to be loaded which a save that was cut off has left.
+  void OfferCutOffSaves();
   void OnClickShowHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnClickCloseHotkeys(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   static void OnOverlayChanged(Toolkit::DependencyObject& object, const Toolkit::PropertyChange& change);

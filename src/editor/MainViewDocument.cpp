@@ -4,6 +4,7 @@
 #include "commands/BatchMoveActionCommand.h"
 #include "commands/CreateConnectionActionCommand.h"
 #include "editor/ConnectionRefusal.h"
+#include "editor/FileGuard.h"
 #include "editor/LossNotice.h"
 #include "editor/NodeEditorCanvas.h"
 #include "editor/NodePanel.h"
@@ -89,6 +90,7 @@ void MainView::ClearDocument() {
   graph->Clear();
   nodeSearchPanel->Forget();
   lossNotice->End();
+  if (fileGuard) fileGuard->Take("");
   pendingPin.Clear();
   commandStates->Refresh();
   NoteSaved();

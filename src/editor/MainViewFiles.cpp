@@ -110,8 +110,7 @@ void MainView::Open() {
     return;
   }
   const std::optional<std::string> chosen = FileDialogs::Open(workspaces.currentRoot->workspace->FileFormat);
-  if (!chosen || !KeepUnsaved()) return;
-  ClearDocument();
+  if (!chosen || !LeaveDocument()) return;
   if (FindAssetRoot(*chosen) != FindAssetRoot(filePath)) {
     AssetFileIndex& index = AssetFileIndex::Instance();
     while (index.isBuilding) {
@@ -187,6 +186,7 @@ void MainView::LoadFileAndWorkspace() {
     ShowError("No file path specified.", "Error");
     return;
   }
+  OfferCutOffSaves();
   // Before it is read: what changes meanwhile is not in the document.
   readState = FileStateOf(filePath);
   AssetFile file = AssetFile::Read(filePath);
@@ -199,6 +199,7 @@ void MainView::LoadFileAndWorkspace() {
     id = override;
     LogFile::Write("Using CLI workspace override: " + id);
   }
+  if (!LeaveDocument()) return;
   if (workspaces.FindRoot(id)) {
     if (!ChangeRootType(id)) {
       refuse("Failed to load workspace for: " + id, "Error Loading File");
@@ -211,8 +212,6 @@ void MainView::LoadFileAndWorkspace() {
     LogFile::Write("No workspace ID found in file, showing workspace selection modal");
   else
     LogFile::Write("Unknown workspace ID '" + id + "' in file, showing workspace selection modal");
-  if (!KeepUnsaved()) return;
-  ClearDocument();
   waitingFile = std::move(file);
   OfferRoots(id);
 }

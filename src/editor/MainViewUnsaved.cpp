@@ -16,7 +16,10 @@
 #include "nodes/GroupNode.h"
 #include "platform/CommandLineOptions.h"
 #include "platform/EndSignals.h"
+#include "platform/FileState.h"
+#include "platform/LogFile.h"
 #include "platform/MessageBoxes.h"
+#include "platform/SpareCopy.h"
 #include "platform/StateDirectory.h"
 #include "toolkit/application/Application.h"
 #include "toolkit/application/MessageBox.h"
@@ -176,16 +179,43 @@ void MainView::OnClickEarlierVersions(Toolkit::Object*, const Toolkit::RoutedEve
 
 void MainView::OpenVersion(const VersionLine& line) {
   SetValue(VersionsModalVisibilityProperty, Toolkit::Visibility::Collapsed);
-  const std::string text = ReadTextFile(line.Version().file.string()).value_or("");
-  RescuedDocument document = DescribeForRescue();
-  const JsonParseResult parsed = ParseJson(text);
-  if (const std::string root = NodeImporterExporter::GetWorkspaceID(parsed.json.get()); workspaces.FindRoot(root))
-    document.root = root;
-  if (!ShowAsUnsaved(document, text)) return;
+  if (!ShowFormerText(filePath, line.Version().file)) return;
   noticeBar->Show({"earlier version",
                    "This is \"" + DocumentName() + "\" as it was until " + std::string(line.GetTime().View()) +
                        ". A save writes it over the present file.",
                    {}});
+}
+
+bool MainView::ShowFormerText(const std::string& path, const std::filesystem::path& kept) {
+  const std::string text = ReadTextFile(kept.string()).value_or("");
+  RescuedDocument document = DescribeForRescue();
+  if (path != filePath) document = {path, document.root, FileStateOf(path)};
+  const JsonParseResult parsed = ParseJson(text);
+  if (const std::string root = NodeImporterExporter::GetWorkspaceID(parsed.json.get()); workspaces.FindRoot(root))
+    document.root = root;
+  return ShowAsUnsaved(document, text);
+}
+
+void MainView::OfferCutOffSaves() {
+  for (const std::filesystem::path& kept : SpareCopy::LeftOf(filePath)) {
+    const std::string told = "A save of \"" + DocumentName() + "\" was cut off. What the file held before is kept";
+    LogFile::Write(told + ": " + kept.string());
+    const std::string id = "cut off " + kept.string();
+    noticeBar->Show({id,
+                     told + ".",
+                     {{"Open",
+                       [this, id, path = filePath, kept] {
+                         noticeBar->Dismiss(id);
+                         ShowFormerText(path, kept);
+                       }},
+                      {"Delete",
+                       [this, id, kept] {
+                         noticeBar->Dismiss(id);
+                         std::error_code error;
+                         std::filesystem::remove(kept, error);
+                       }}},
+                     "Later"});
+  }
 }
 
 void MainView::KeepWork(const std::filesystem::path& directory) {
@@ -224,6 +254,12 @@ bool MainView::KeepUnsaved() {
   return false;
 }
 
+bool MainView::LeaveDocument() {
+  if (!KeepUnsaved()) return false;
+  ClearDocument();
+  return true;
+}
+
 RescuedDocument MainView::DescribeForRescue() const {
   std::error_code error;
   const std::string path = filePath.empty() ? std::string() : std::filesystem::absolute(filePath, error).string();
@@ -245,8 +281,9 @@ std::string MainView::PrintDocument() {
 
 bool MainView::ShowAsUnsaved(const RescuedDocument& document, const std::string& text) {
   JsonParseResult parsed = ParseJson(text);
-  if (parsed && workspaces.FindRoot(document.root)) ChangeRootType(document.root);
-  if (!parsed || !workspaces.currentRoot || workspaces.currentRoot->MenuName != document.root) {
+  const bool isReadable = parsed && workspaces.FindRoot(document.root);
+  if (isReadable && !LeaveDocument()) return false;
+  if (!isReadable || !ChangeRootType(document.root)) {
     ShowError("The kept state of \"" + document.path + "\" cannot be read.", "Error");
     return false;
   }

@@ -1,13 +1,11 @@
 #include "platform/AtomicFile.h"
 
 #include "platform/JsonFile.h"
-#include "platform/StateDirectory.h"
+#include "platform/NewFile.h"
+#include "platform/SpareCopy.h"
 
-#include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <filesystem>
@@ -24,7 +22,6 @@ namespace Tesselor {
 namespace {
 
 constexpr int mostLinks = 40;
-constexpr int mostAttempts = 100;
 constexpr std::string_view temporaryPrefix = ".tesselor-", temporarySuffix = ".tmp";
 constexpr std::time_t leftoverSeconds = 600;
 
@@ -37,27 +34,6 @@ std::filesystem::path FollowLinks(std::filesystem::path path) {
     path = target.is_absolute() ? target : path.parent_path() / target;
   }
   return path;
-}
-
-bool WriteAll(int descriptor, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t count = write(descriptor, text.data(), text.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return false;
-    text.remove_prefix(static_cast<size_t>(count));
-  }
-  return true;
-}
-
-/// A new empty file whose name lies between two texts; its path goes into `path`. Negative on failure.
-int CreateNew(const std::filesystem::path& beginning, std::string_view end, mode_t mode, std::string& path) {
-  static std::atomic<unsigned> counter = 0;
-  for (int i = 0; i < mostAttempts; ++i) {
-    path = beginning.string() + std::to_string(getpid()) + "-" + std::to_string(counter++) + std::string(end);
-    const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-    if (descriptor >= 0 || errno != EEXIST) return descriptor;
-  }
-  return -1;
 }
 
 /// What is no regular file takes bytes and keeps none.
@@ -86,47 +62,27 @@ bool HasRoom(int descriptor, size_t size, size_t oldSize) {
 
 bool IsDiskFull(int error) { return error == ENOSPC || error == EDQUOT || error == EFBIG || error == EIO; }
 
-/// A copy of what a file holds, in a place of the user's, for as long as the file is being overwritten. It stays if
-/// the process ends meanwhile.
-std::string WriteSpare(const std::string& path, std::string_view text) {
-  std::filesystem::path directory = FindStateDirectory();
-  if (!directory.empty()) directory /= "overwritten";
-  std::error_code error;
-  if (!MakePrivateDirectory(directory)) directory = std::filesystem::temp_directory_path(error);
-  if (error) return {};
-  std::string spare;
-  const int descriptor =
-      CreateNew(directory / (std::filesystem::path(path).filename().string() + "-"), ".before", 0600, spare);
-  if (descriptor < 0) return {};
-  const bool isWritten = WriteAll(descriptor, text) && fsync(descriptor) == 0;
-  if (close(descriptor) == 0 && isWritten) return spare;
-  unlink(spare.c_str());
-  return {};
-}
-
 /// For a file that no other can take the place of: one with more names, or in a directory that takes no new entry.
 FileWriteResult WriteInPlace(const std::string& path, std::string_view text) {
   const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
   if (descriptor < 0) return FileWriteResult::OpenFailed;
   const std::optional<std::string> old = ReadTextFile(path);
-  const std::string spare = old ? WriteSpare(path, *old) : std::string();
+  SpareCopy spare;
   bool isWritten = false, isWhole = true;
-  if (!spare.empty() && HasRoom(descriptor, text.size(), old->size())) {
+  if (old && spare.Write(path, *old) && HasRoom(descriptor, text.size(), old->size())) {
     isWritten = Overwrite(descriptor, text);
     isWhole = isWritten || Overwrite(descriptor, *old);
   }
   // The bytes have reached the disk by now, or the old ones are back.
   close(descriptor);
   // Of a file that is neither the old nor the new one the spare is the last copy.
-  if (isWhole && !spare.empty()) unlink(spare.c_str());
+  if (isWhole) spare.Remove();
   return isWritten ? FileWriteResult::Written : FileWriteResult::WriteFailed;
 }
 
-/// Whether a temporary file's process doesn't run any more, as far as this machine can tell.
-bool IsLeftover(const std::string& name) {
-  if (!name.starts_with(temporaryPrefix) || !name.ends_with(temporarySuffix)) return false;
-  const int owner = std::atoi(name.c_str() + temporaryPrefix.size());
-  return owner > 0 && kill(owner, 0) != 0 && errno == ESRCH;
+bool IsLeftover(std::string_view name) {
+  return name.starts_with(temporaryPrefix) && name.ends_with(temporarySuffix) &&
+         HasEnded(ProcessOfNewFile(name.substr(temporaryPrefix.size())));
 }
 
 void RemoveLeftoversOf(const std::filesystem::path& directory, std::time_t before) {
@@ -175,7 +131,7 @@ FileWriteResult AtomicFile::Write(const std::string& path, std::string_view text
   const std::filesystem::path directory = target.has_parent_path() ? target.parent_path() : ".";
   RemoveOldLeftovers(directory);
   std::string temporary;
-  const int descriptor = CreateNew(directory / temporaryPrefix, temporarySuffix, 0666, temporary);
+  const int descriptor = CreateNewFile(directory / temporaryPrefix, temporarySuffix, 0666, temporary);
   if (descriptor < 0) {
     if (IsDiskFull(errno)) return FileWriteResult::WriteFailed;
     return exists ? WriteInPlace(target.string(), text) : FileWriteResult::OpenFailed;

@@ -18,8 +18,8 @@ enum class FileWriteResult {
 /// takes the file's name. On any failure the old file is there unchanged, and no temporary file stays behind.
 ///
 /// A file of several names, of another owner, or in a directory that takes no new entry is written in place instead,
-/// after a copy of the old bytes has reached the disk below the user's state directory; a write that fails brings them
-/// back. That copy stays only if the process ends in between.
+/// after a `SpareCopy` of the old bytes has reached the disk; a write that fails brings them back. That copy stays only
+/// if the process ends in between.
 class AtomicFile {
 public:
   /// Keeps the mode, the owner and the other names of an existing file; a new one gets the process's usual mode. A

@@ -3,10 +3,12 @@
 #include "WindowStage.h"
 #include "editor/NoticeBar.h"
 #include "editor/StatusLine.h"
+#include "platform/SpareCopy.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/TextBlock.h"
 
 #include <algorithm>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -54,6 +56,13 @@ protected:
     int status = 0;
     waitpid(child, &status, 0);
     ASSERT_EQ(status, 0);
+  }
+  /// As if a process had ended between the copy of a file that it writes in place and the last byte.
+  void LeaveSpare(const std::string& path, const std::string& text) {
+    setenv("XDG_STATE_HOME", state.Path().c_str(), 1);
+    const pid_t child = fork();
+    if (child == 0) _exit(SpareCopy().Write(path, text) ? 0 : 1);
+    waitpid(child, nullptr, 0);
   }
   std::vector<std::string> Told() {
     window.Settle();
@@ -215,6 +224,8 @@ TEST_F(KeptWork, IsSetAsideForAnotherDocumentAndRestored) {
 
 TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
   const std::string path = view.FilePath();
+  LeaveSpare(path, window.Exported());
+  window.Open(path);
   Nudge();
   const std::string changed = window.Exported();
   // Nothing can be written below a file.
@@ -223,6 +234,9 @@ TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
   const std::function<void()> ways[] = {
       [&] { window.Open(TESSELOR_DATA_DIR "/samples/dialogue.json"); },
       [&] { EXPECT_FALSE(view.ChangeRootType("Dialogue")); },
+      [&] { window.Open(path); },
+      [&] { view.LoadFileAndWorkspace(); },
+      [&] { Press("Open"); },
   };
   for (const auto& replace : ways) {
     window.boxes.boxes.clear();
@@ -235,6 +249,7 @@ TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
     EXPECT_FALSE(view.IsSaved());
     EXPECT_TRUE(window.Shows("Root Node: Quest"));
   }
+  unsetenv("XDG_STATE_HOME");
 }
 
 TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
@@ -272,6 +287,36 @@ TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
   EXPECT_TRUE(window.Exported() == text);
   EXPECT_EQ(view.FilePath(), "");
   EXPECT_EQ(Told().front(), "The unsaved changes of \"lost.json\" were kept.");
+}
+
+TEST_F(KeptWork, OffersWhatAFileHeldWhereASaveWasCutOff) {
+  const std::string text = window.Exported(), path = view.FilePath();
+  LeaveSpare(path, text);
+  // Of a process that is still at it.
+  SpareCopy present;
+  ASSERT_TRUE(present.Write(path, "{}"));
+  std::ofstream(path) << text.substr(0, text.size() / 2);
+  const Texts told{"A save of \"" + fs::path(path).filename().string() +
+                   "\" was cut off. What the file held before is kept."};
+  window.Open(path);
+  EXPECT_EQ(window.boxes.boxes.size(), 1u) << "the file can't be read";
+  EXPECT_EQ(Told(), told);
+  EXPECT_EQ(view.FilePath(), "");
+  Press("Later");
+  window.Open(path);
+  EXPECT_EQ(Told(), told);
+  Press("Open");
+  EXPECT_TRUE(window.Exported() == text);
+  EXPECT_EQ(view.FilePath(), path);
+  EXPECT_FALSE(view.IsSaved());
+  window.Chord({Key::LeftCtrl, Key::S});
+  EXPECT_TRUE(TemporaryDirectory::Read(path) == text) << "no question stands in the way";
+  window.Open(path);
+  EXPECT_EQ(Told(), told);
+  Press("Delete");
+  EXPECT_TRUE(SpareCopy::LeftOf(path).empty());
+  present.Remove();
+  unsetenv("XDG_STATE_HOME");
 }
 
 } // namespace
