@@ -154,7 +154,6 @@ void MainView::Reload() {
   LoadFileAndWorkspace();
   if (!filePath.empty() || graph->ContentNodes().empty()) return;
   filePath = path;
-  ShowDocumentName();
 }
 
 std::string MainView::DescribeRootMismatch() const {
