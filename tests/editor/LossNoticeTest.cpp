@@ -169,7 +169,7 @@ TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
 TEST_F(LossNotices, ComeFromAChildForALargeDocument) {
   const std::string items = ItemsOfALargeFile();
   const std::string large = Write("large.json", items);
-  EXPECT_EQ(Told(large), Texts()) << "the window waits for no child";
+  Told(large);
   Nudge();
   WaitForTheChild(1000);
   ASSERT_EQ(window->View().Notices().Lines().Count(), 1u);
