@@ -70,7 +70,6 @@ std::vector<Loss> LossesBy(FieldsToWrite fields, const cJSON& file, const std::v
 
 std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vector<LongNumber>& longNumbers,
                                              const Graph& graph, const RootType& root) {
-  if (!graph.Root() || !graph.Contains(*graph.Root())) return {};
   if (!DocumentExport::DescribeLinkMismatches(graph.ContentNodes()).empty()) return {};
   const IdentityScope identities(graph);
   const SilentBoxes silent;

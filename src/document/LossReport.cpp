@@ -179,7 +179,8 @@ private:
   void CompareMissing(const cJSON* value, const char* becomes) {
     const std::string_view uuid = UuidOf(value);
     const cJSON* moved = nodes.AmongFloating(uuid);
-    if (!moved && uuid.empty() && cJSON_IsObject(value)) moved = FindNewFloating(value);
+    // Also what stood behind a pass-through node, which gets a new UUID when it is read.
+    if (!moved && cJSON_IsObject(value) && !nodes.InTree(uuid)) moved = FindNewFloating(value);
     if (!moved) {
       AddMissing(value, becomes);
       return;
@@ -191,7 +192,7 @@ private:
     if (compared.insert(moved).second) CompareObjects(value, moved);
   }
 
-  /// The floating entry that a node without a UUID has become: those of the tree come before the file's own.
+  /// The floating entry that a node without a UUID of its own has become: those of the tree come before the file's own.
   const cJSON* FindNewFloating(const cJSON* value) {
     if (!areNewFloatingKnown) {
       areNewFloatingKnown = true;

@@ -3,7 +3,6 @@
 #include "document/ChildWalk.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeKeys.h"
-#include "nodes/ReferenceNode.h"
 
 #include <algorithm>
 #include <utility>
@@ -32,8 +31,6 @@ std::vector<ContentNode*> WrittenNodes::Below(const ContentNode& node) {
     for (size_t i = 0; i < node.Output().Count(); ++i) AppendOwners(*node.Output().Get(i), nodes);
     return nodes;
   }
-  // These write no children, whatever hangs on them.
-  if (Toolkit::DynamicCast<GenericContentNode>(&node) || Toolkit::DynamicCast<ReferenceNode>(&node)) return nodes;
   for (const std::string& key : node.Blueprint().schemaKeys) {
     const NodePinTarget* target = node.Blueprint().pinSchema.Find(key);
     const NodePinData* pin = target ? node.FindPin(target->pin) : nullptr;

@@ -154,6 +154,8 @@ private:
   void OnDocumentChanged();
   /// What is unsaved is set aside before the document goes.
   bool KeepUnsaved();
+  /// A new document keeps the path of the one before.
+  void TellOfFileBehindNewDocument();
   /// Closes the document, and keeps what is unsaved of it. False if it stays open, which the user was told.
   bool LeaveDocument();
   RescuedDocument DescribeForRescue() const;

@@ -55,7 +55,9 @@ void MainView::OnRootSelected(Toolkit::Object* sender, const RoutedEventArgs&) {
   MessageBox::Show("All unsaved changes will be lost. Do you want to continue?", "Attention!",
                    MessageBoxButton::OKCancel, MessageBoxImage::None, [view, name](MessageBoxResult result) {
                      if (result != MessageBoxResult::OK) return;
-                     if (view->ChangeRootType(name)) view->CreateDefaultRoot();
+                     if (!view->ChangeRootType(name)) return;
+                     view->CreateDefaultRoot();
+                     view->TellOfFileBehindNewDocument();
                    });
 }
 

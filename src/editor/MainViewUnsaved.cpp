@@ -34,6 +34,10 @@ namespace Tesselor {
 using Toolkit::MessageBox;
 using Toolkit::Ptr;
 
+namespace {
+constexpr char newDocumentNotice[] = "new document";
+} // namespace
+
 MainView::SaveQuestion MainView::Next(SaveQuestion question) {
   return static_cast<SaveQuestion>(static_cast<int>(question) + 1);
 }
@@ -43,6 +47,7 @@ bool MainView::IsSaved() const {
 }
 
 void MainView::NoteSaved() {
+  noticeBar->Dismiss(newDocumentNotice);
   savedState = ActionHistory::Instance().State();
   OnDocumentChanged();
 }
@@ -164,7 +169,6 @@ void MainView::Reload() {
   LoadFileAndWorkspace();
   if (!filePath.empty() || graph->ContentNodes().empty()) return;
   filePath = path;
-  ShowDocumentName();
 }
 
 std::string MainView::DescribeRootMismatch() const {
@@ -269,6 +273,13 @@ bool MainView::LeaveDocument() {
   if (!KeepUnsaved()) return false;
   ClearDocument();
   return true;
+}
+
+void MainView::TellOfFileBehindNewDocument() {
+  if (filePath.empty()) return;
+  noticeBar->Show({newDocumentNotice,
+                   "A save writes this new document over \"" + DocumentName() + "\".",
+                   {{"Save as", [this] { SaveAs(); }}}});
 }
 
 RescuedDocument MainView::DescribeForRescue() const {

@@ -117,8 +117,16 @@ TEST_F(KeptContent, WhatHangsOnTheTreeButIsWrittenNowhereCountsAsFloating) {
   ContentNode& typed = Add("Item");
   typed.SetNodeId("typed");
   Connect(root, "Generic", typed, "in");
+  // What stands behind a pass-through node of a node that floats is written there alone.
+  ContentNode& behind = Add("Item");
+  behind.SetNodeId("behind");
+  ContentNode &between = Add(BuiltIn::Link), &above = Add("Item");
+  above.SetNodeId("above");
+  Connect(above, "items", between, "GenericIn");
+  Connect(between, "GenericOut", behind, "in");
   EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted("[{'$NodeId':'Item-second'},{'$NodeId':'Item-loose','Items':[{"
-                                                     "'$NodeId':'Item-below'}]},{'$NodeId':'Item-typed'}]"));
+                                                     "'$NodeId':'Item-below'}]},{'$NodeId':'Item-typed'},{'$NodeId':'"
+                                                     "Item-above','Items':[{'$NodeId':'Item-behind'}]}]"));
 }
 
 TEST_F(KeptContent, FloatingNodesKeepTheirPlaceOverTwoSaves) {
@@ -165,10 +173,10 @@ TEST_F(KeptContent, AGenericRootHasItsMetadataOnce) {
 TEST_F(KeptContent, RefusesToSaveWhatCouldNotBeOpenedAgain) {
   const TestSupport::TemporaryDirectory directory;
   const std::string path = directory.Write("asset.json", "old");
-  const auto chain = [this](const char* pin, int length) {
+  const auto chain = [this](const char* pin, int length, bool floats = false) {
     StartView("Doc");
     EXPECT_TRUE(Import("{'$NodeId':'Doc-1'}"));
-    ContentNode* last = (*view)->Root();
+    ContentNode* last = floats ? &Add("Item") : (*view)->Root();
     for (int i = 0; i < length; ++i) {
       ContentNode& next = Add("Item");
       Connect(*last, pin, next, "in");
@@ -185,6 +193,14 @@ TEST_F(KeptContent, RefusesToSaveWhatCouldNotBeOpenedAgain) {
   EXPECT_EQ(Print(), "");
   EXPECT_FALSE(Save(path));
   EXPECT_EQ(boxes.Texts().back(), "Export Error: Cannot export: The file would nest 1001" + tail);
+  // Around the floating nodes are the document, the metadata and their list.
+  chain("one", 996, true);
+  EXPECT_TRUE(Save(path));
+  chain("one", 997, true);
+  EXPECT_FALSE(Save(path));
+  EXPECT_EQ(boxes.Texts().back(), "Export Error: Cannot export: The file would nest 1001" + tail);
+  EXPECT_EQ(DocumentExport(*(*view)->Root(), (*view)->ContentNodes(), FieldsToWrite::All).Measure().nesting, 1001u)
+      << "told before it is built";
   // What stands in raw text is known only once it is written.
   ContentNode* last = chain("items", 499);
   std::string raw = "1";
@@ -219,6 +235,14 @@ TEST_F(KeptContent, CountsHowOftenNodesWithSeveralParentsAreWritten) {
       EXPECT_FALSE(size.IsMultiplied(10));
     }
   }
+  // In a ring a node that is being written is only named.
+  ContentNode &start = Add("Item"), &ring = Add("Item"), &back = Add("Item");
+  Connect(start, "one", ring, "in");
+  Connect(ring, "one", back, "in");
+  Connect(back, "one", ring, "in");
+  const auto size = DocumentExport(start, {}, FieldsToWrite::All).Measure();
+  EXPECT_EQ(size.nodes, 4);
+  EXPECT_EQ(size.nesting, 4u);
   const TestSupport::TemporaryDirectory directory;
   EXPECT_EQ(Print(), "");
   EXPECT_FALSE(Save(directory / "asset.json"));

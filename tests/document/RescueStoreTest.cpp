@@ -59,13 +59,26 @@ TEST_F(RescueStores, GiveBackWhatAProcessLeftThatIsGone) {
   EXPECT_EQ(copy.document.fileState, document.fileState);
   EXPECT_NEAR(static_cast<double>(copy.time), static_cast<double>(std::time(nullptr)), 60);
   RescueCopy twin = copy;
+  EXPECT_TRUE(here.SetAside({"", "Quest", ""}, "first"));
   EXPECT_EQ(here.Claim(copy), text);
+  EXPECT_TRUE(here.SetAside({"", "Quest", ""}, "second"));
   RescueStore other(place);
   EXPECT_EQ(other.Claim(twin), std::nullopt) << "one of two takes it";
   EXPECT_EQ(here.Abandoned().size(), 2u) << "what is claimed is offered by nobody else";
   RescueStore::Delete(copy);
   here.Remove();
-  EXPECT_EQ(FileCount(), 4u);
+  EXPECT_EQ(FileCount(), 6u) << "what one process sets aside stays apart";
+}
+
+TEST_F(RescueStores, OfferTheNewestFirst) {
+  // Two of one second stand by their names.
+  const char* headers[] = {R"({"root":"b","time":20})", R"({"root":"d","time":10})", R"({"root":"a","time":30})",
+                           R"({"root":"c","time":20})"};
+  for (size_t i = 0; i < std::size(headers); ++i)
+    directory.Write("state/rescue/gone." + std::to_string(i) + ".rescue", headers[i] + std::string("\n{}"));
+  std::string roots;
+  for (const RescueCopy& copy : RescueStore(place).Abandoned()) roots += copy.document.root;
+  EXPECT_EQ(roots, "abcd");
 }
 
 TEST_F(RescueStores, AreTheUsersAlone) {

@@ -162,8 +162,11 @@ TEST_F(DocumentCommands, MakeADocumentOfAnotherKindIfTheUserAgrees) {
     EXPECT_EQ(graph.Root()->Title(), title);
     EXPECT_EQ(window.History().Size(), 0u);
     EXPECT_EQ(window.View().FilePath(), path) << "a save goes over the old file";
+    EXPECT_EQ(window.NoticesShown(), std::vector<std::string>{"A save writes this new document over \"quest.json\"."});
     EXPECT_EQ(panel.GetFieldsStack()->ChildCount(), 0u);
   }
+  EXPECT_TRUE(window.View().Save());
+  EXPECT_TRUE(window.NoticesShown().empty());
 }
 
 TEST_F(DocumentCommands, FindANodeAndTheRoot) {

@@ -87,8 +87,10 @@ TEST(DocumentLifetime, LeavesAnEmptyDocumentWhereALoadFails) {
   const TemporaryDirectory directory;
   const struct {
     const char *name, *text, *box;
+    size_t boxes = 1;
   } cases[] = {
       {"broken", "{", "Error Parsing File: Invalid JSON in file:\n"},
+      {"lost", R"({"$WorkspaceID": "Lost"})", "Error Loading File: Failed to load workspace for: Lost", 2},
       {"family", R"({"$WorkspaceID": "Doc"})",
        "Error Importing: Cannot import node tree: Missing variant field 'Kind' in file."},
   };
@@ -98,7 +100,13 @@ TEST(DocumentLifetime, LeavesAnEmptyDocumentWhereALoadFails) {
                       "Roots": {"Plain": {"RootNodeType": "Doc", "MenuName": "Plain"},
                                 "Doc": {"RootNodeType": "Family", "MenuName": "Doc"}},
                       "Variants": {"Family": {"VariantFieldName": "Kind", "Variants": {"a": "Doc"}}}})");
-  WindowStage window({.directory = workspace.Path()});
+  // A workspace that is there at the start, and gone by the time of its first document.
+  const std::string lost =
+      workspace.Write("Workspaces/Zone/_Workspace.json",
+                      R"({"WorkspaceName": "Zone", "Roots": {"Lost": {"RootNodeType": "Doc", "MenuName": "Lost"}}})");
+  WindowStage window(
+      {.document = directory.Write("first.json", R"({"$WorkspaceID": "Plain"})"), .directory = workspace.Path()});
+  std::filesystem::remove(lost);
   const Graph& graph = window.View().GetGraph();
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
@@ -106,8 +114,8 @@ TEST(DocumentLifetime, LeavesAnEmptyDocumentWhereALoadFails) {
     EXPECT_EQ(graph.ContentNodes().size(), 1u);
     window.boxes.boxes.clear();
     window.Open(directory.Write(c.name, c.text));
-    ASSERT_EQ(window.boxes.boxes.size(), 1u);
-    EXPECT_TRUE(window.boxes.Texts()[0].starts_with(c.box)) << window.boxes.Texts()[0];
+    ASSERT_EQ(window.boxes.boxes.size(), c.boxes);
+    EXPECT_TRUE(window.boxes.Texts().back().starts_with(c.box)) << window.boxes.Texts().back();
     EXPECT_TRUE(graph.ContentNodes().empty());
     EXPECT_EQ(window.View().FilePath(), "");
     EXPECT_EQ(window.View().GetTitle(), "");
@@ -115,6 +123,16 @@ TEST(DocumentLifetime, LeavesAnEmptyDocumentWhereALoadFails) {
   // A new document of a family has no root, since its type depends on a value.
   window.View().CreateDefaultRoot();
   EXPECT_TRUE(graph.ContentNodes().empty());
+  // A choice of root that fails leaves no document that a save could write over the file.
+  const std::string good = directory.Write("good.json", R"({"$WorkspaceID": "Plain"})");
+  window.Open(good);
+  EXPECT_FALSE(window.View().ChangeRootType("Lost"));
+  EXPECT_EQ(window.View().FilePath(), "");
+  window.dialogs.path = directory / "none.json";
+  EXPECT_FALSE(window.View().Save());
+  EXPECT_EQ(window.boxes.Texts().back(), "Export Error: Cannot export: No root node defined.");
+  EXPECT_TRUE(graph.ContentNodes().empty());
+  EXPECT_EQ(TemporaryDirectory::Read(good), R"({"$WorkspaceID": "Plain"})");
 }
 
 TEST(DocumentLifetime, IsNoneWithoutAWorkspace) {

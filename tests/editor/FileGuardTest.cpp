@@ -2,6 +2,7 @@
 #include "editor/KeptFileTest.h"
 #include "editor/NoticeBar.h"
 #include "editor/VersionsPanel.h"
+#include "platform/FileWatch.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/MenuItem.h"
@@ -164,12 +165,38 @@ TEST_F(GuardedFile, TellsAtOnceAndReloads) {
   Save();
   EXPECT_TRUE(window.Exported() == edited);
   EXPECT_EQ(view.FilePath(), path);
+  EXPECT_EQ(TestSupport::Named<Toolkit::TextBlock>(view, "DocumentName").GetText(), "quest.json \u2022");
   window.boxes.boxes.clear();
   window.boxes.choice = std::nullopt;
   Save();
   EXPECT_EQ(window.boxes.Texts(), question) << "it is still another program's";
   fs::remove(path);
   EXPECT_TRUE(IsTold("\"quest.json\" was removed by another program."));
+}
+
+TEST_F(GuardedFile, TellsOfEachChangeOnceAndNotOfOneThatIsTakenBack) {
+  Change(original + "\n");
+  ASSERT_TRUE(IsTold(changed));
+  window.Click(Captioned<Toolkit::Button>(view.Notices(), "Dismiss"));
+  // Another program that opens the file to write and leaves it as it is, until a watch of the test's own has heard of
+  // it twice.
+  int heard = 0;
+  const FileWatch watch(path, [&heard] { ++heard; });
+  for (int i = 1; i <= 2; ++i) {
+    std::ofstream(path, std::ios::app).close();
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (heard < i && std::chrono::steady_clock::now() < end) window.Settle();
+  }
+  EXPECT_EQ(heard, 2);
+  EXPECT_EQ(window.NoticesShown(), Texts());
+  window.boxes.choice = 0;
+  Save();
+  fs::rename(path, path + ".away");
+  ASSERT_TRUE(IsTold("\"quest.json\" was removed by another program."));
+  fs::rename(path + ".away", path);
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (!window.NoticesShown().empty() && std::chrono::steady_clock::now() < end) std::this_thread::yield();
+  EXPECT_EQ(window.NoticesShown(), Texts());
 }
 
 TEST_F(GuardedFile, ComesBackAsItWasBeforeASave) {
@@ -227,11 +254,22 @@ TEST_F(GuardedFile, IsNotWrittenWithARootThatTheNextLoadWouldNotTakeUnlessTheUse
   window.boxes.choice = 1;
   Save();
   EXPECT_FALSE(OnDisk() == original);
-  // A root of the right type asks nothing.
+  // A root of the right type asks nothing, and one that was deleted is none.
   window.boxes.boxes.clear();
   window.Undo();
   Save();
   EXPECT_EQ(window.boxes.Texts(), Texts());
+  window.Redo();
+  window.Press(Key::Delete);
+  Save();
+  EXPECT_EQ(window.boxes.Texts(), Texts{"Export Error: Cannot export: No root node defined."});
+  window.boxes.boxes.clear();
+  EXPECT_TRUE(view.ChangeRootType("Dialogue"));
+  view.CreateDefaultRoot();
+  window.dialogs.path = state / "new.json";
+  window.Chord({Key::LeftCtrl, Key::LeftShift, Key::S});
+  EXPECT_EQ(window.boxes.Texts(), Texts());
+  EXPECT_TRUE(fs::exists(state / "new.json"));
 }
 
 } // namespace

@@ -2,15 +2,20 @@
 #include "WindowStage.h"
 #include "editor/LossPanel.h"
 #include "editor/NoticeBar.h"
+#include "platform/JsonMemory.h"
 #include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/ItemsControl.h"
+#include "toolkit/controls/ScrollViewer.h"
 #include "toolkit/controls/TextBlock.h"
 #include "workspace/NodeDictionary.h"
 #include "workspace/RootType.h"
 #include "workspace/Workspace.h"
 
+#include <csignal>
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace Tesselor {
@@ -44,17 +49,40 @@ protected:
     for (size_t i = 0; i < lines.Count(); ++i) texts.push_back(lines.Get(i)->GetText().ToString());
     return texts;
   }
+  /// Of 600 nodes, the last of which has a value that a save changes.
+  static std::string ItemsOfALargeFile() {
+    std::string items;
+    for (int i = 0; i < 600; ++i)
+      items += (i ? "," : "") + std::string(R"({"$NodeId": "Item-n)") + std::to_string(i) + R"(", "Label": )" +
+               (i == 599 ? "5" : "\"t\"") + "}";
+    return R"("Items": [)" + items + "]";
+  }
+  void WaitForTheChild(int tries) {
+    for (int i = 0; i < tries && window->View().Notices().Lines().Count() == 0; ++i) {
+      usleep(10000);
+      window->Settle();
+    }
+  }
+  void Nudge() {
+    window->Focus(&window->View().GetGraph().Panel());
+    window->View().GetGraph().Selected().Add(*window->View().RootNode());
+    window->Press(Key::Right);
+  }
   Toolkit::Button& Button(const char* caption) {
     return *TestSupport::Find<Toolkit::Button>(window->View().Notices(), [&](const Toolkit::Button& button) {
       return button.GetContent().AsStringView() == caption;
     });
   }
   LossPanel& Panel() { return *TestSupport::All<LossPanel>(window->Root()).front(); }
-  size_t LineCount() {
-    return TestSupport::Find<Toolkit::ItemsControl>(
-               Panel(), [](const Toolkit::ItemsControl& list) { return list.GetName() == "LineList"; })
-        ->ItemsHost()
-        ->ChildCount();
+  Toolkit::ItemsControl& List() { return TestSupport::Named<Toolkit::ItemsControl>(Panel(), "LineList"); }
+  /// Of the lines that are made.
+  size_t LineCount() { return List().ItemsHost()->ChildCount(); }
+  /// The indices of the lines that are shown as selected.
+  std::vector<size_t> Marked() {
+    std::vector<size_t> marked;
+    for (size_t i = 0; i < LineCount(); ++i)
+      if (static_cast<const LossLine*>(List().ItemAt(i))->IsSelected()) marked.push_back(i);
+    return marked;
   }
   std::string SelectedId() const {
     const auto& selected = window->View().GetGraph().Selected().GetNodes();
@@ -84,6 +112,12 @@ TEST_F(LossNotices, TellHowManyValuesASaveChangesUntilTheyAreSavedOrLeft) {
   EXPECT_FALSE(Panel().IsOpen());
   EXPECT_EQ(window->View().Notices().Lines().Count(), 0u);
   EXPECT_EQ(Told(many), Texts()) << "the file is written as it is";
+  window->Open(none);
+  window->Focus(&window->View().GetGraph().Panel());
+  window->View().GetGraph().Selected().Add(*window->View().GetGraph().FindNodeById("1"));
+  window->Press(Key::Delete);
+  window->Wait(100);
+  EXPECT_EQ(window->View().Notices().Lines().Count(), 0u) << "what is deleted before is no loss";
 }
 
 TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
@@ -98,6 +132,11 @@ TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
   for (const char* text : {"Saving changes 100 values", "$.Items[1].Label", "1", "nothing"})
     EXPECT_TRUE(shows(text)) << text;
 
+  for (int i = 0; i < 60 && LineCount() == 60; ++i) window->Wheel(Panel(), -1);
+  EXPECT_EQ(LineCount(), 100u);
+  window->Click(Button("Details"));
+  EXPECT_EQ(LineCount(), 60u) << "opened anew";
+  EXPECT_EQ(TestSupport::All<Toolkit::ScrollViewer>(Panel()).at(0)->ScrollOffset().y, 0);
   window->Press(Key::Down);
   window->Press(Key::Down);
   EXPECT_EQ(SelectedId(), "") << "a step alone shows no node";
@@ -106,8 +145,10 @@ TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
   const Toolkit::Point away =
       WindowStage::MiddleOf(*window->View().GetGraph().FindNodeById("1")) - WindowStage::MiddleOf(window->Canvas());
   EXPECT_LT(std::abs(away.x) + std::abs(away.y), 2);
+  EXPECT_EQ(Marked(), std::vector<size_t>{1});
   window->Press(Key::Up);
   window->Press(Key::Up);
+  EXPECT_EQ(Marked(), std::vector<size_t>{0});
   window->Press(Key::Return);
   EXPECT_EQ(SelectedId(), "0");
   for (int i = 0; i < 12; ++i) window->Press(Key::PageDown);
@@ -120,33 +161,78 @@ TEST_F(LossNotices, ListTheValuesAndLeadToTheirNodesByClicksAndKeys) {
   EXPECT_EQ(SelectedId(), "2");
   window->Press(Key::Escape);
   EXPECT_FALSE(Panel().IsOpen());
+  window->Click(Button("Details"));
+  window->Press(Key::Return);
+  EXPECT_EQ(SelectedId(), "0") << "a list that is opened anew begins at its top";
 }
 
 TEST_F(LossNotices, ComeFromAChildForALargeDocument) {
-  std::string items;
-  for (int i = 0; i < 600; ++i)
-    items += (i ? "," : "") + std::string(R"({"$NodeId": "Item-n)") + std::to_string(i) + R"(", "Label": )" +
-             (i == 599 ? "5" : "\"t\"") + "}";
-  const std::string large = Write("large.json", R"("Items": [)" + items + "]");
-  EXPECT_EQ(Told(large), Texts()) << "the window waits for no child";
-  const auto wait = [this](int tries) {
-    for (int i = 0; i < tries && window->View().Notices().Lines().Count() == 0; ++i) {
-      usleep(10000);
-      window->Settle();
-    }
-  };
-  wait(1000);
+  const std::string items = ItemsOfALargeFile();
+  const std::string large = Write("large.json", items);
+  Told(large);
+  Nudge();
+  WaitForTheChild(1000);
   ASSERT_EQ(window->View().Notices().Lines().Count(), 1u);
   EXPECT_EQ(window->View().Notices().Lines().Get(0)->GetText(), "Saving this file changes 1 value");
   window->Click(Button("Details"));
   window->Press(Key::Return);
   EXPECT_EQ(SelectedId(), "n599");
 
-  Write("large.json", R"("Items": [)" + items + "]");
+  Write("large.json", items);
   Told(large);
   EXPECT_TRUE(window->View().Save());
-  wait(20);
+  WaitForTheChild(20);
   EXPECT_EQ(window->View().Notices().Lines().Count(), 0u) << "the file is written as it is";
+}
+
+/// Ends each process but this one at its first allocation for JSON, as a system that is short of memory may, but not
+/// before it is told.
+class DeadlyMemory {
+public:
+  DeadlyMemory() : former(JsonMemory::SetAllocator({&Allocate, &std::free})) {
+    own = getpid();
+    EXPECT_EQ(pipe(gate), 0);
+  }
+  ~DeadlyMemory() {
+    JsonMemory::SetAllocator(former);
+    for (const int end : gate) close(end);
+  }
+  void Strike() { EXPECT_EQ(write(gate[1], "x", 1), 1); }
+
+private:
+  static void* Allocate(size_t size) {
+    char byte;
+    if (getpid() != own && read(gate[0], &byte, 1) == 1) raise(SIGKILL);
+    return std::malloc(size);
+  }
+  static inline pid_t own = 0;
+  static inline int gate[2];
+  JsonMemory::Allocator former;
+};
+
+TEST_F(LossNotices, ComeWithoutAChildIfItDiesOrCanNotBe) {
+  const std::string large = Write("large.json", ItemsOfALargeFile());
+  const Texts told{"Saving this file changes 1 value"};
+  const JsonMemory routed;
+  for (const bool isEdited : {false, true}) {
+    SCOPED_TRACE(isEdited);
+    DeadlyMemory memory;
+    EXPECT_EQ(Told(large), Texts());
+    if (isEdited) Nudge();
+    memory.Strike();
+    WaitForTheChild(isEdited ? 20 : 1000);
+    EXPECT_EQ(window->View().Notices().Lines().Count(), isEdited ? 0u : 1u) << "what was edited since is no loss";
+    window->Undo();
+  }
+  // Without a descriptor for its answer.
+  window->Open(large);
+  rlimit former{};
+  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &former), 0);
+  const rlimit none{0, former.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+  window->Wait(100);
+  EXPECT_EQ(setrlimit(RLIMIT_NOFILE, &former), 0);
+  EXPECT_EQ(window->View().Notices().Lines().Count(), 1u);
 }
 
 TEST_F(LossNotices, AskBeforeASaveMultipliesTheDocument) {

@@ -77,6 +77,9 @@ TEST_F(KeptWork, IsThereAFewMomentsAfterAnEditAndGoesWithASave) {
   LetACopyBeWritten();
   EXPECT_TRUE(Copied() == window.Exported());
   EXPECT_FALSE(Copied() == file);
+  const auto written = fs::last_write_time(Copies().at(0));
+  LetACopyBeWritten();
+  EXPECT_EQ(fs::last_write_time(Copies().at(0)), written) << "what is kept already is not written again";
   EXPECT_EQ(TemporaryDirectory::Read(view.FilePath()), file);
   // An edit while a copy is being written gets one of its own.
   Nudge();
@@ -84,6 +87,15 @@ TEST_F(KeptWork, IsThereAFewMomentsAfterAnEditAndGoesWithASave) {
   Nudge();
   view.Keeper()->Finish();
   LetACopyBeWritten();
+  EXPECT_TRUE(Copied() == window.Exported());
+  // Its time runs from the first of such edits.
+  view.Keeper()->StartCopy();
+  Nudge();
+  window.Wait(400);
+  Nudge();
+  view.Keeper()->Finish();
+  window.Wait(200);
+  view.Keeper()->Finish();
   EXPECT_TRUE(Copied() == window.Exported());
   window.Chord({Key::LeftCtrl, Key::S});
   EXPECT_EQ(Copied(), "");

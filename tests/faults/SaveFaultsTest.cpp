@@ -16,7 +16,15 @@
 
 namespace {
 
-enum class Fault { Fail, DiskFull, Interrupt, ShortWrite, Kill };
+enum class Fault {
+  Fail,
+  DiskFull,
+  Interrupt,
+  ShortWrite,
+  Kill,
+  /// From that call on no write reaches the disk.
+  Dead
+};
 
 /// Armed in a child process only.
 struct Plan {
@@ -31,8 +39,9 @@ struct Plan {
 constexpr int KilledCode = 99, NotReached = 32, UnlinkFailed = 64;
 
 /// True if this call is the one that fails; sets `errno`.
-bool FailsHere() {
-  if (!plan.isArmed || ++plan.calls != plan.position) return false;
+bool FailsHere(bool isWrite = false) {
+  if (!plan.isArmed || ++plan.calls < plan.position) return false;
+  if (plan.calls > plan.position && !(plan.fault == Fault::Dead && isWrite)) return false;
   plan.hasHappened = true;
   if (plan.fault == Fault::Kill) _exit(KilledCode);
   errno = plan.fault == Fault::DiskFull ? ENOSPC : plan.fault == Fault::Interrupt ? EINTR : EIO;
@@ -56,7 +65,7 @@ int __wrap_open(const char* path, int flags, ...) {
 }
 ssize_t __real_write(int descriptor, const void* bytes, size_t size);
 ssize_t __wrap_write(int descriptor, const void* bytes, size_t size) {
-  if (FailsHere()) return -1;
+  if (FailsHere(true)) return -1;
   const bool isCut = plan.isArmed && plan.fault == Fault::ShortWrite && plan.calls == plan.position && size > 1;
   return __real_write(descriptor, bytes, isCut ? size / 2 : size);
 }
@@ -153,12 +162,12 @@ bool SaveWithFault(const Scenario& scenario, const std::string& newText, Fault f
   const int code = WEXITSTATUS(status);
   const std::string text = fs::exists(path) ? TemporaryDirectory::Read(path) : std::string();
   const bool isOld = existed ? text == oldText : !fs::exists(path);
-  if (code == KilledCode) {
+  if (code == KilledCode || fault == Fault::Dead) {
     if (scenario.isInPlace && !isOld && text != newText)
       EXPECT_EQ(Count(state.Path(), oldText).first, 1) << "the old bytes are nowhere";
     else
       EXPECT_TRUE(isOld || text == newText) << "the file is torn";
-    return true;
+    return (code & NotReached) == 0 || code == KilledCode;
   }
   if ((code & 31) == static_cast<int>(FileWriteResult::Written))
     EXPECT_EQ(text, newText);
@@ -176,7 +185,8 @@ TEST(SaveFaults, LeaveTheOldFileOrTheNewOneAtEachCall) {
   int saves = 0;
   for (const Scenario& scenario : scenarios)
     for (const size_t size : {size_t(10), size_t(200000)})
-      for (const Fault fault : {Fault::Fail, Fault::DiskFull, Fault::Interrupt, Fault::ShortWrite, Fault::Kill}) {
+      for (const Fault fault :
+           {Fault::Fail, Fault::DiskFull, Fault::Interrupt, Fault::ShortWrite, Fault::Kill, Fault::Dead}) {
         SCOPED_TRACE(std::string(scenario.name) + ", " + std::to_string(size) + " bytes, fault " +
                      std::to_string(static_cast<int>(fault)));
         int position = 1;

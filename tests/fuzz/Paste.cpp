@@ -139,7 +139,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string after = Exported(graph);
   std::optional<NodeCopy> copy = CopySelection(*graph);
   bool isOdd = HoldsEditorKeys(nodes);
-  BatchPasteNodeActionCommand command(*graph, std::move(nodes));
+  BatchPasteNodeActionCommand command(*graph, std::move(nodes), {});
   command.Undo();
   Require(Exported(graph) == before, "a paste is not taken away");
   command.Do();

@@ -3,9 +3,7 @@
 #include "support/TemporaryDirectory.h"
 
 #include <chrono>
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -147,22 +145,6 @@ TEST(AtomicFile, TellsWhenNothingCanBeOpened) {
   ASSERT_EQ(mkfifo((directory / "pipe").c_str(), 0600), 0);
   EXPECT_EQ(AtomicFile::Write(directory / "pipe", "x"), FileWriteResult::OpenFailed);
   EXPECT_EQ(CountEntries(directory / "folder"), 0u);
-}
-
-TEST(AtomicFile, KeepsTheOldFileWhenTheDiskIsFull) {
-  TemporaryDirectory directory;
-  const std::string path = directory.Write("asset.json", "old");
-  EXPECT_EXIT(
-      {
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{};
-        limit.rlim_cur = limit.rlim_max = 4096;
-        setrlimit(RLIMIT_FSIZE, &limit);
-        std::_Exit(AtomicFile::Write(path, std::string(10000, 'x')) == FileWriteResult::WriteFailed ? 0 : 1);
-      },
-      testing::ExitedWithCode(0), "");
-  EXPECT_EQ(TemporaryDirectory::Read(path), "old");
-  EXPECT_EQ(CountEntries(directory.Path()), 1u);
 }
 
 TEST(AtomicFile, WritesADeviceInPlace) {

@@ -156,6 +156,35 @@ TEST_F(UnattendedRun, TellsWhatASaveLosesByItsExitCodeAndItsLines) {
   EXPECT_EQ(RoundTrip("out.json", "again.json").exitCode, 0);
 }
 
+TEST_F(UnattendedRun, TellsTheSizeToComeOfAFileThatASaveMultiplies) {
+  fs::remove(Here() / "Workspaces");
+  directory.Write("Workspaces/Test/_Workspace.json",
+                  R"({"WorkspaceName": "Test", "Roots": {"Doc": {"RootNodeType": "Doc", "MenuName": "Doc"}}})");
+  directory.Write("Workspaces/Test/Doc.json", R"({"id": "Doc", "title": "Doc", "color": "blue",
+      "inputs": [{"id": "in", "Type": "T", "color": "red", "Multiple": true}],
+      "outputs": [{"id": "items", "Type": "T", "color": "red", "Multiple": true}],
+      "Schema": {"Items": {"node": "Doc", "pin": "items"}}})");
+  // Each of two nodes has the next pair below it, which only the first one's object holds in full.
+  std::string pair = "[]";
+  for (int i = 9; i-- > 0;) {
+    const auto node = [&](char side, const std::string& items) {
+      return R"({"$NodeId": "Doc-)" + std::string(1, side) + std::to_string(i) + R"(", "Items": )" + items + "}";
+    };
+    const std::string next = std::to_string(i + 1);
+    const std::string again =
+        i == 8 ? "[]" : R"([{"$NodeId": "Doc-l)" + next + R"("}, {"$NodeId": "Doc-r)" + next + R"("}])";
+    pair = "[" + node('l', pair) + ", " + node('r', again) + "]";
+  }
+  directory.Write("pairs.json", R"({"$WorkspaceID": "Doc", "$NodeId": "Doc-root", "Items": )" + pair + "}");
+  for (const bool isStrict : {true, false}) {
+    const ProgramRun run = RoundTrip("pairs.json", "out.json", {isStrict ? "--strict" : "--logs-dir=."});
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_NE(run.standardError.find("$: was 19 nodes becomes 1023\n"), std::string::npos) << run.standardError;
+    EXPECT_EQ(fs::exists(Here() / "out.json"), !isStrict);
+  }
+  EXPECT_GT(fs::file_size(Here() / "out.json"), 1023u * 30);
+}
+
 TEST_F(UnattendedRun, FailsWhenTheOutputCannotBeWritten) {
   const ProgramRun run = RoundTripSample("quest", "no/such/directory/out.json");
   EXPECT_EQ(run.exitCode, 1);
@@ -199,6 +228,15 @@ TEST_F(UnattendedRun, TellsWhenDiskOrMemoryRunsOutAndLosesNothing) {
   EXPECT_EQ(memory.exitCode, 1);
   EXPECT_NE(memory.standardError.find("Out of memory: the editor ends"), std::string::npos) << memory.standardError;
   EXPECT_TRUE(memory.Logged("Out of memory: the editor ends"));
+  EXPECT_EQ(Read("out.json"), "old content");
+
+  // A text that fits, and a tree that doesn't.
+  std::string wide = "{\"$WorkspaceID\": \"Quest\", \"Tags\": [0";
+  for (int i = 0; i < 6000000; ++i) wide += ",0";
+  directory.Write("wide.json", wide + "]}");
+  const ProgramRun tree = RoundTrip("wide.json", "out.json", {}, [] { Limit(RLIMIT_AS, 400 << 20); });
+  EXPECT_EQ(tree.exitCode, 1);
+  EXPECT_TRUE(tree.Logged("Not enough memory to open file:\nwide.json")) << tree.log;
   EXPECT_EQ(Read("out.json"), "old content");
 #endif
 
