@@ -131,6 +131,7 @@ private:
   bool SaveThen(const std::function<void()>& done, SaveQuestion question = SaveQuestion::RootType);
   /// The same under a name that the user chooses.
   bool SaveAsThen(const std::function<void()>& done);
+  bool SaveUnder(const std::string& path, const std::function<void()>& done);
   /// Asks one question of a save, which waits for the answer, and all other saves with it.
   void AskBeforeSave(std::string text, std::vector<std::string> choices, size_t defaultChoice,
                      std::function<void(std::optional<size_t>)> chosen);

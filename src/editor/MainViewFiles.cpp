@@ -33,6 +33,7 @@
 #include "workspace/Workspace.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 namespace Tesselor {
@@ -144,7 +145,19 @@ bool MainView::SaveAsThen(const std::function<void()>& done) {
   const size_t dot = chosen->find_last_of('.');
   const size_t slash = chosen->find_last_of("/\\");
   const bool hasExtension = dot != std::string::npos && (slash == std::string::npos || dot > slash);
-  filePath = chosen->substr(0, hasExtension ? dot : std::string::npos) + "." + format;
+  const std::string path = chosen->substr(0, hasExtension ? dot : std::string::npos) + "." + format;
+  std::error_code error;
+  if (path == *chosen || path == filePath || !std::filesystem::exists(path, error)) return SaveUnder(path, done);
+  // The dialog has asked about the name that was chosen, and about no other.
+  AskBeforeSave("\"" + path.substr(path.find_last_of("/\\") + 1) + "\" is there already. Do you want to replace it?",
+                {"Replace", "Cancel"}, 1, [this, path, done](std::optional<size_t> choice) {
+                  if (choice == 0u) SaveUnder(path, done);
+                });
+  return false;
+}
+
+bool MainView::SaveUnder(const std::string& path, const std::function<void()>& done) {
+  filePath = path;
   ShowTitleOfFile();
   return SaveThen(done);
 }
