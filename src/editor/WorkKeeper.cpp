@@ -12,6 +12,7 @@ namespace {
 
 /// Milliseconds. With the time that a copy of fifty thousand nodes takes, a change is on the disk within two seconds.
 constexpr double copyDelay = 500;
+constexpr char failureNotice[] = "copy failed";
 
 std::string NameOf(const RescuedDocument& document) {
   return document.path.empty() ? "Untitled" : std::filesystem::path(document.path).filename().string();
@@ -56,6 +57,7 @@ void WorkKeeper::Discard() {
   Toolkit::Dispatcher::Current().Cancel(std::exchange(copyTimer, 0));
   changedAt = -1;
   DeleteReplaced();
+  notices.Dismiss(failureNotice);
   if (!mayExist) return;
   // One that is not done would bring the copy back.
   copying.reset();
@@ -83,11 +85,21 @@ void WorkKeeper::Finish() {
 }
 
 void WorkKeeper::Ended(bool isWritten) {
-  if (isWritten)
+  if (isWritten) {
+    notices.Dismiss(failureNotice);
     DeleteReplaced();
-  else
-    LogFile::Write("The copy of the unsaved document could not be written");
+  } else {
+    TellOfFailure();
+  }
   Schedule();
+}
+
+void WorkKeeper::TellOfFailure() {
+  LogFile::Write("The copy of the unsaved document could not be written");
+  notices.Show({failureNotice,
+                "Unsaved changes can't be kept beside the file: nothing can be written to \"" +
+                    store.Directory().string() + "\". Save often.",
+                {}});
 }
 
 void WorkKeeper::WriteNow() {

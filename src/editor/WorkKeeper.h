@@ -54,6 +54,7 @@ public:
 
 private:
   void Ended(bool isWritten);
+  void TellOfFailure();
   void Schedule();
   void Offer(const RescueCopy& copy, std::string text);
   void Restore(RescueCopy copy);

@@ -230,6 +230,22 @@ TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
     EXPECT_TRUE(window.Shows("Root Node: Quest"));
   }
   unsetenv("XDG_STATE_HOME");
+  // Nothing waits for the user to try.
+  Nudge();
+  LetACopyBeWritten();
+  const Texts told{"Unsaved changes can't be kept beside the file: nothing can be written to \"" +
+                   (state.Path() / "rescue").string() + "\". Save often."};
+  EXPECT_EQ(window.NoticesShown(), told);
+  fs::remove(state.Path() / "rescue");
+  Nudge();
+  LetACopyBeWritten();
+  EXPECT_EQ(window.NoticesShown(), Texts());
+  // What a save replaces.
+  fs::remove_all(state.Path() / "history");
+  state.Write("history", "");
+  window.Chord({Key::LeftCtrl, Key::S});
+  EXPECT_TRUE(view.IsSaved());
+  EXPECT_EQ(window.NoticesShown(), Texts{"What \"quest.json\" held before this save could not be kept."});
 }
 
 TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
