@@ -12,6 +12,7 @@
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NodesMenu.h"
+#include "editor/NoticeBar.h"
 #include "editor/UnattendedSave.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
@@ -167,7 +168,8 @@ bool MainView::Export() {
   ContentNode* root = graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr;
   const RootType& type = *workspaces.currentRoot;
   // A save that can't keep what it replaces is still the save that the user wants.
-  if (fileHistory && !fileHistory->Keep(filePath)) LogFile::Write("The former version could not be kept: " + filePath);
+  const bool isKept = !fileHistory || fileHistory->Keep(filePath);
+  if (!isKept) LogFile::Write("The former version could not be kept: " + filePath);
   bool isWritten = false;
   WithFinishedTyping([&] {
     isWritten = NodeImporterExporter::ExportNodeTree(filePath, root, graph->ContentNodes(), graph->GroupNodes(),
@@ -178,6 +180,8 @@ bool MainView::Export() {
     if (fileGuard) fileGuard->Take(filePath);
     NoteSaved();
     lossNotice->End();
+    if (!isKept)
+      noticeBar->Show({"not kept", "What \"" + DocumentName() + "\" held before this save could not be kept.", {}});
   }
   const std::string file = filePath.substr(filePath.find_last_of("/\\") + 1);
   if (isWritten)

@@ -35,7 +35,8 @@ using Toolkit::MessageBox;
 using Toolkit::Ptr;
 
 namespace {
-constexpr char newDocumentNotice[] = "new document";
+/// Of what a save will replace.
+constexpr char replacedNotice[] = "replaced";
 } // namespace
 
 MainView::SaveQuestion MainView::Next(SaveQuestion question) {
@@ -47,7 +48,7 @@ bool MainView::IsSaved() const {
 }
 
 void MainView::NoteSaved() {
-  noticeBar->Dismiss(newDocumentNotice);
+  noticeBar->Dismiss(replacedNotice);
   savedState = ActionHistory::Instance().State();
   OnDocumentChanged();
 }
@@ -195,7 +196,7 @@ void MainView::OnClickEarlierVersions(Toolkit::Object*, const Toolkit::RoutedEve
 void MainView::OpenVersion(const VersionLine& line) {
   SetValue(VersionsModalVisibilityProperty, Toolkit::Visibility::Collapsed);
   if (!ShowFormerText(filePath, line.Version().file)) return;
-  noticeBar->Show({"earlier version",
+  noticeBar->Show({replacedNotice,
                    "This is \"" + DocumentName() + "\" as it was until " + std::string(line.GetTime().View()) +
                        ". A save writes it over the present file.",
                    {}});
@@ -277,7 +278,7 @@ bool MainView::LeaveDocument() {
 
 void MainView::TellOfFileBehindNewDocument() {
   if (filePath.empty()) return;
-  noticeBar->Show({newDocumentNotice,
+  noticeBar->Show({replacedNotice,
                    "A save writes this new document over \"" + DocumentName() + "\".",
                    {{"Save as", [this] { SaveAs(); }}}});
 }

@@ -93,8 +93,9 @@ void WorkKeeper::Ended(bool isWritten) {
   } else {
     LogFile::Write("The copy of the unsaved document could not be written");
     if (!std::exchange(hasFailed, true))
-      notices.Show(
-          {failureId, "The unsaved changes can't be kept beside the file for now. Only a save keeps them.", {}});
+      notices.Show({failureId,
+                    "Unsaved changes can't be kept in \"" + store.Directory().string() + "\" for now. Save often.",
+                    {}});
   }
   Schedule();
 }

@@ -119,7 +119,9 @@ void AtomicFile::RemoveLeftovers(const std::filesystem::path& directory) {
 
 FileWriteResult AtomicFile::Write(const std::string& path, std::string_view text) {
   const std::filesystem::path target = FollowLinks(path);
-  if (!target.has_filename()) return FileWriteResult::OpenFailed;
+  // A link that leads back to itself leads to no file.
+  std::error_code error;
+  if (!target.has_filename() || std::filesystem::is_symlink(target, error)) return FileWriteResult::OpenFailed;
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
   if (exists && S_ISDIR(old.st_mode)) return FileWriteResult::OpenFailed;

@@ -210,7 +210,8 @@ TEST_F(KeptWork, IsSetAsideForAnotherDocumentAndRestored) {
 }
 
 TEST_F(KeptWork, TellsOnceThatItIsNotThereAndIsTriedAgain) {
-  const std::string told = "The unsaved changes can't be kept beside the file for now. Only a save keeps them.";
+  const std::string told =
+      "Unsaved changes can't be kept in \"" + (state.Path() / "rescue").string() + "\" for now. Save often.";
   // Nothing can be written below a file.
   state.Write("rescue", "");
   Nudge();
@@ -289,6 +290,22 @@ TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
     EXPECT_TRUE(window.Shows("Root Node: Quest"));
   }
   unsetenv("XDG_STATE_HOME");
+  // Nothing waits for the user to try.
+  Nudge();
+  LetACopyBeWritten();
+  const Texts told{"Unsaved changes can't be kept in \"" + (state.Path() / "rescue").string() +
+                   "\" for now. Save often."};
+  EXPECT_EQ(window.NoticesShown(), told);
+  fs::remove(state.Path() / "rescue");
+  Nudge();
+  LetACopyBeWritten();
+  EXPECT_EQ(window.NoticesShown(), Texts());
+  // What a save replaces.
+  fs::remove_all(state.Path() / "history");
+  state.Write("history", "");
+  window.Chord({Key::LeftCtrl, Key::S});
+  EXPECT_TRUE(view.IsSaved());
+  EXPECT_EQ(window.NoticesShown(), Texts{"What \"quest.json\" held before this save could not be kept."});
 }
 
 TEST_F(KeptWork, OfRunsThatEndedIsOffered) {

@@ -70,6 +70,9 @@ TEST(AtomicFile, FollowsLinksAndLeavesThemInPlace) {
   directory.Write("real/asset.json", "old");
   fs::create_symlink("real/asset.json", directory / "link.json");
   fs::create_symlink("real/fresh.json", directory / "dangling.json");
+  fs::create_symlink("loop.json", directory / "loop.json");
+  EXPECT_EQ(AtomicFile::Write(directory / "loop.json", "new"), FileWriteResult::OpenFailed);
+  EXPECT_TRUE(fs::is_symlink(directory / "loop.json"));
   EXPECT_EQ(AtomicFile::Write(directory / "link.json", "new"), FileWriteResult::Written);
   EXPECT_EQ(AtomicFile::Write(directory / "dangling.json", "made"), FileWriteResult::Written);
   EXPECT_TRUE(fs::is_symlink(directory / "link.json"));
