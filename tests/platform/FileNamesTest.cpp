@@ -2,9 +2,11 @@
 #include "platform/FileKey.h"
 #include "platform/FileWatch.h"
 #include "platform/SpareCopy.h"
+#include "platform/StateDirectory.h"
 #include "support/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -33,12 +35,37 @@ TEST(FileKey, IsTheSameByEachWayToAFileAndAnotherForEachFile) {
   EXPECT_NO_THROW(Tesselor::FileWatch("a.json", [] {}));
 }
 
+TEST(StateDirectory, LiesInTheUsersHome) {
+  const fs::path own = fs::path(getpwuid(geteuid())->pw_dir) / ".local/state/tesselor";
+  const struct {
+    const char *state, *home;
+    fs::path found;
+  } cases[] = {
+      {"/state", "/home/a", "/state/tesselor"},
+      {"state", "/home/a", "/home/a/.local/state/tesselor"},
+      {nullptr, "/home/a", "/home/a/.local/state/tesselor"},
+      {nullptr, nullptr, own},
+      {nullptr, "", ""},
+  };
+  const auto set = [](const char* name, const char* value) { value ? setenv(name, value, 1) : unsetenv(name); };
+  for (const auto& c : cases)
+    EXPECT_EXIT(
+        {
+          set("XDG_STATE_HOME", c.state);
+          set("HOME", c.home);
+          std::_Exit(Tesselor::FindStateDirectory() == c.found ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "")
+        << c.found;
+}
+
 TEST(SpareCopy, IsNoneThatAnotherUserHasMade) {
   TemporaryDirectory temporary;
   const std::string path = temporary / "asset.json";
   const pid_t child = fork();
   if (child == 0) {
-    for (const char* name : {"XDG_STATE_HOME", "HOME"}) unsetenv(name);
+    unsetenv("XDG_STATE_HOME");
+    setenv("HOME", "", 1);
     setenv("TMPDIR", temporary.Path().c_str(), 1);
     _exit(SpareCopy().Write(path, "before") ? 0 : 1);
   }
