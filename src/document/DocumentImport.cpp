@@ -64,7 +64,7 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
   const std::optional<std::string> type = ResolveRootType(rootNodeType);
   if (!type) return false;
   const Toolkit::Ptr<ContentNode> root = workspace.nodeDictionary->CreateNode(*type, true);
-  if (!root) {
+  if (!root || !HasPinFields(root->Blueprint())) {
     ReportError("ImportNodeTree: Failed to create root node", "Cannot import node tree: Failed to create root node.",
                 Caption);
     return false;
@@ -141,8 +141,10 @@ void DocumentImport::ReadFloatingNode(const cJSON* item, NodeReader& reader) {
       break;
     }
   }
-  if (!node) node = dictionary.CreateNode(BuiltIn::Generic, false);
-  if (!node) return;
+  if (!node) {
+    node = dictionary.CreateNode(BuiltIn::Generic, false);
+    MarkStandIn(dictionary, *node, {}, {});
+  }
   if (!uuid.empty()) node->SetNodeId(uuid);
   reader.Add(*node);
   node->Deserialize(item, reader);

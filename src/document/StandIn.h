@@ -8,6 +8,11 @@ namespace Tesselor {
 
 class ContentNode;
 class NodeDictionary;
+struct NodeBlueprint;
+
+/// Whether all fields on the pins of a type can be made. A node is made without the others, and would write the ids of
+/// its fields in place of their values.
+bool HasPinFields(const NodeBlueprint& blueprint);
 
 /// Makes the node of an entry of the type `id`, with its defaults. If its schema is broken - a field of it can't be
 /// made, or there is no such type while some schema file could not be read - the user is told and a generic node stands

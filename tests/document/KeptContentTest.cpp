@@ -23,6 +23,10 @@ protected:
   KeptContent() {
     AddSchema("{'id':'Broken','title':'Broken','color':'red','inputs':[{'id':'in','Type':'T','color':'red'}],"
               "'content':[{'Id':'x','Type':'no such type'}],'Schema':{'X':'x'}}");
+    AddSchema("{'id':'Torn','title':'Torn','color':'red','inputs':[{'id':'in','Type':'T','color':'red'}],'outputs':[{"
+              "'id':'out','Type':'T','color':'red','fields':[{'Id':'x','Type':'no such type'}]}],'Schema':{'X':'x'}}");
+    AddSchema("{'id':'Frayed','title':'Frayed','color':'red','inputs':[{'id':'in','Type':'T','color':'red','fields':[{"
+              "'Id':'x','Type':'no such type'}]}],'Schema':{'X':'x'}}");
     AddSchema("{'id':'Open','title':'Open','color':'red','inputs':[{'id':'in','Type':'T','color':'red'}],"
               "'outputs':[{'id':'loose','Type':'T','color':'red','Multiple':true}],'Schema':{}}");
   }
@@ -61,6 +65,7 @@ TEST_F(KeptContent, EntriesOfTypesThatCanNotBeMadeGoOutAsTheyCame) {
       {"in an array, between others", "'Items':[{'$NodeId':'Item-2'},{'$NodeId':'Broken-3','X':{'deep':[1]}},{'$NodeId'"
                                       ":'Nothing-4','a':1},{'$NodeId':'Item-5'}]"},
       {"behind a single pin, with a comment", "'One':{'$NodeId':'Broken-3','$Comment':'c','X':null}"},
+      {"with fields on pins", "'Items':[{'$NodeId':'Torn-3','X':1},{'$NodeId':'Item-4'},{'$NodeId':'Frayed-5','X':2}]"},
       {"in a map", "'Map':{'k':{'$NodeId':'Nothing-3','a':1}}"},
       {"twice in the tree", "'Items':[{'$NodeId':'Broken-3','X':1},{'$NodeId':'Item-4','Items':[{'$NodeId':'Broken-3',"
                             "'X':1}]}]"},
