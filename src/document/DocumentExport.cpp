@@ -1,11 +1,14 @@
 #include "document/DocumentExport.h"
 
+#include "document/KeptMetadata.h"
+#include "document/StandIn.h"
 #include "document/WrittenNodes.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/GroupNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
+#include "nodes/StandInRecord.h"
 #include "platform/Uuid.h"
 
 #include <algorithm>
@@ -42,7 +45,9 @@ std::string EndpointOf(const NodePinData& pin) {
   ContentNode& owner = *pin.owner;
   if (owner.IsPassthrough()) return "link:" + EnsureLinkId(owner);
   owner.EnsureNodeId();
-  return owner.Identity() + ":" + owner.KeyOf(pin);
+  const StandInRecord* record = StandInOf(owner);
+  const bool isNamed = record && !record->inputPin.empty();
+  return owner.Identity() + ":" + (isNamed ? record->inputPin : owner.KeyOf(pin));
 }
 
 /// The pins of real nodes that are reached from links on one side, each by the first connections of its own and other
@@ -157,6 +162,7 @@ JsonPtr DocumentExport::BuildNodes() const {
     SavePosition(*node, entry);
     if (!node->Title().empty()) NodeWriter::WriteTitle(entry, *node);
   }
+  KeptMetadata(nodes).AddPlaces(json.get());
   return json;
 }
 
@@ -198,6 +204,7 @@ JsonPtr DocumentExport::BuildFloatingNodes() {
 JsonPtr DocumentExport::BuildLinks() const {
   JsonPtr json(cJSON_CreateObject());
   FarEnds sources(FarEnds::Side::Upstream), targets(FarEnds::Side::Downstream);
+  const KeptMetadata kept(nodes);
   for (const auto& node : nodes) {
     if (!node->IsPassthrough()) continue;
     cJSON* entry = cJSON_AddObjectToObject(json.get(), EnsureLinkId(*node).c_str());
@@ -209,6 +216,7 @@ JsonPtr DocumentExport::BuildLinks() const {
       cJSON_AddStringToObject(entry, Keys::SourceEndpoint, EndpointOf(*source).c_str());
     if (const NodePinData* target = targets.Of(*node))
       cJSON_AddStringToObject(entry, Keys::TargetEndpoint, EndpointOf(*target).c_str());
+    kept.AddEndpoints(entry, node->linkId);
   }
   return json;
 }

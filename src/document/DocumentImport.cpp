@@ -3,6 +3,7 @@
 #include "document/DocumentPrint.h"
 #include "document/FrameReader.h"
 #include "document/ImportTarget.h"
+#include "document/KeptMetadata.h"
 #include "document/NodeEntry.h"
 #include "document/NodeReader.h"
 #include "document/StandIn.h"
@@ -76,6 +77,7 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
               JsonText(cJSON_GetObjectItem(document, Keys::NodeId)).value_or(std::string()));
 
   const NodeSet placed = ReadNodes(*root);
+  KeepMetadataOfStandIns(metadata, view);
   ReadGroups();
   ReadComments();
   LinkImport links(metadata, workspace, view);

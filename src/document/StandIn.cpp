@@ -29,19 +29,21 @@ Toolkit::Ptr<ContentNode> MakeNodeOrStandIn(const NodeDictionary& dictionary, co
     return node;
   }
   node = dictionary.CreateNode(BuiltIn::Generic, false);
-  static_cast<GenericContentNode&>(*node).StandFor(identity);
+  static_cast<GenericContentNode&>(*node).StandFor(id, identity);
   return node;
 }
 
 void MarkStandIn(const NodeDictionary& dictionary, ContentNode& node, const std::string& id,
                  const std::string& identity) {
   auto* generic = Toolkit::DynamicCast<GenericContentNode>(&node);
-  if (generic && dictionary.lacksSchemas && id != BuiltIn::Generic) generic->StandFor(identity);
+  if (generic && dictionary.lacksSchemas && id != BuiltIn::Generic) generic->StandFor(id, identity);
 }
 
-bool IsStandIn(const ContentNode& node) {
+StandInRecord* StandInOf(const ContentNode& node) {
   const auto* generic = Toolkit::DynamicCast<GenericContentNode>(&node);
-  return generic && generic->IsStandIn();
+  return generic ? generic->StandsFor() : nullptr;
 }
+
+bool IsStandIn(const ContentNode& node) { return StandInOf(node) != nullptr; }
 
 } // namespace Tesselor

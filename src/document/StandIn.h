@@ -9,6 +9,7 @@ namespace Tesselor {
 class ContentNode;
 class NodeDictionary;
 struct NodeBlueprint;
+struct StandInRecord;
 
 /// Whether all fields on the pins of a type can be made. A node is made without the others, and would write the ids of
 /// its fields in place of their values.
@@ -27,5 +28,7 @@ void MarkStandIn(const NodeDictionary& dictionary, ContentNode& node, const std:
                  const std::string& identity);
 
 bool IsStandIn(const ContentNode& node);
+/// Null unless the node stands in for something.
+StandInRecord* StandInOf(const ContentNode& node);
 
 } // namespace Tesselor
