@@ -13,8 +13,9 @@ GenericContentNode::GenericContentNode(const NodeBlueprint& blueprint) : Content
 
 void GenericContentNode::StandFor(std::string type, std::string identity) {
   standsFor = std::make_unique<StandInRecord>();
-  standsFor->type = std::move(type);
   standsFor->identity = std::move(identity);
+  // The entry may name another type than the one that it was read as.
+  standsFor->type = standsFor->identity.empty() ? std::move(type) : NodeIdentity::Of(standsFor->identity).type;
 }
 
 std::string GenericContentNode::Identity() const {
