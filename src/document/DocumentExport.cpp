@@ -81,11 +81,14 @@ private:
   std::unordered_map<const ContentNode*, const NodePinData*> known;
 };
 
-void AddEndpoints(cJSON* json, const char* key, const NodePinData* pin) {
+void AddEndpoints(cJSON* json, const char* key, const NodePinData* pin, const std::string& linkId,
+                  const KeptMetadata& kept) {
+  std::vector<std::string> texts;
+  if (pin)
+    for (const NodePinData* other : pin->connections) texts.push_back(EndpointOf(*other));
+  kept.InsertEndpoints(texts, linkId, key);
   cJSON* array = cJSON_AddArrayToObject(json, key);
-  if (!pin) return;
-  for (const NodePinData* other : pin->connections)
-    cJSON_AddItemToArray(array, cJSON_CreateString(EndpointOf(*other).c_str()));
+  for (const std::string& text : texts) cJSON_AddItemToArray(array, cJSON_CreateString(text.c_str()));
 }
 
 using TypeNames = std::vector<std::string>;
@@ -210,13 +213,12 @@ JsonPtr DocumentExport::BuildLinks() const {
     cJSON* entry = cJSON_AddObjectToObject(json.get(), EnsureLinkId(*node).c_str());
     SavePosition(*node, entry);
     NodeWriter::WriteTitle(entry, *node);
-    AddEndpoints(entry, Keys::InputConnections, node->FirstInput());
-    AddEndpoints(entry, Keys::OutputConnections, node->FirstOutput());
+    AddEndpoints(entry, Keys::InputConnections, node->FirstInput(), node->linkId, kept);
+    AddEndpoints(entry, Keys::OutputConnections, node->FirstOutput(), node->linkId, kept);
     if (const NodePinData* source = sources.Of(*node))
       cJSON_AddStringToObject(entry, Keys::SourceEndpoint, EndpointOf(*source).c_str());
     if (const NodePinData* target = targets.Of(*node))
       cJSON_AddStringToObject(entry, Keys::TargetEndpoint, EndpointOf(*target).c_str());
-    kept.AddEndpoints(entry, node->linkId);
   }
   return json;
 }

@@ -29,7 +29,7 @@ void GenericContentNode::SerializeChild(cJSON* json, NodeWriter& writer) {
 
 void GenericContentNode::SerializeWithId(cJSON* json, NodeWriter&, NodeLayout position) {
   const StandInRecord* record = StandsFor();
-  if (record && !(record->identity.empty() && NodeId().empty()))
+  if (record && !record->identity.empty())
     cJSON_AddStringToObject(json, Keys::NodeId, (NodeId().empty() ? record->identity : Identity()).c_str());
   NodeWriter::WriteComment(json, *this);
   if (position == NodeLayout::Written) SavePosition(*this, json);

@@ -9,6 +9,7 @@
 #include "nodes/NodeKeys.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <unordered_set>
 #include <utility>
 
@@ -38,7 +39,7 @@ Holders FindHolders(const Graph& view) {
 }
 
 /// Notes the end of a link if it is one of a text, or the pin by which it names what stands in for a node.
-void KeepEndpoint(const cJSON* link, const char* key, size_t index, const cJSON* item, const Graph& view,
+void KeepEndpoint(const cJSON* link, std::string_view key, size_t index, const cJSON* item, const Graph& view,
                   const Holders& holders) {
   if (!cJSON_IsString(item)) return;
   const std::string_view text = item->valuestring;
@@ -49,9 +50,7 @@ void KeepEndpoint(const cJSON* link, const char* key, size_t index, const cJSON*
   if (holder == holders.end()) return;
   const ContentNode* node = view.FindNodeById(uuid);
   if (node && !IsStandIn(*node)) return;
-  const std::string_view side = key;
-  const bool isTarget = side == Keys::OutputConnections || side == Keys::TargetEndpoint;
-  if (node && isTarget)
+  if (node && key == Keys::OutputConnections)
     holder->second->inputPin = text.substr(colon + 1);
   else
     holder->second->endpoints.push_back({link->string, key, index, std::string(text)});
@@ -67,8 +66,8 @@ void KeepMetadataOfStandIns(const cJSON* metadata, const Graph& view) {
     if (!place->string) continue;
     const std::string uuid(NodeIdentity::Of(place->string).uuid);
     const auto holder = holders.find(uuid);
-    if (holder == holders.end() || view.FindNodeById(uuid)) continue;
-    holder->second->places.push_back({place->string, JsonPtr(cJSON_Duplicate(place, true))});
+    if (holder != holders.end())
+      holder->second->places.push_back({place->string, JsonPtr(cJSON_Duplicate(place, true))});
   }
   const cJSON* link = nullptr;
   cJSON_ArrayForEach(link, cJSON_GetObjectItem(metadata, Keys::Links)) {
@@ -78,8 +77,6 @@ void KeepMetadataOfStandIns(const cJSON* metadata, const Graph& view) {
       const cJSON* item = nullptr;
       cJSON_ArrayForEach(item, cJSON_GetObjectItem(link, key)) KeepEndpoint(link, key, index++, item, view, holders);
     }
-    for (const char* key : {Keys::SourceEndpoint, Keys::TargetEndpoint})
-      KeepEndpoint(link, key, 0, cJSON_GetObjectItem(link, key), view, holders);
   }
 }
 
@@ -100,21 +97,17 @@ void KeptMetadata::AddPlaces(cJSON* places) const {
   for (const auto& node : nodes) known.insert(node->NodeId());
   for (const StandInRecord* record : records)
     for (const auto& [key, json] : record->places)
-      if (known.insert(NodeIdentity::Of(key).uuid).second)
+      if (!known.contains(NodeIdentity::Of(key).uuid))
         cJSON_AddItemToObject(places, key.c_str(), cJSON_Duplicate(json.get(), true));
 }
 
-void KeptMetadata::AddEndpoints(cJSON* entry, const std::string& linkId) const {
+void KeptMetadata::InsertEndpoints(std::vector<std::string>& list, const std::string& linkId,
+                                   std::string_view key) const {
   const auto found = endpoints.find(linkId);
   if (found == endpoints.end()) return;
-  for (const StandInRecord::Endpoint* endpoint : found->second) {
-    cJSON* member = cJSON_GetObjectItem(entry, endpoint->key);
-    // A list counts what stands in it already.
-    if (cJSON_IsArray(member))
-      cJSON_InsertItemInArray(member, static_cast<int>(endpoint->index), cJSON_CreateString(endpoint->text.c_str()));
-    else if (!member)
-      cJSON_AddStringToObject(entry, endpoint->key, endpoint->text.c_str());
-  }
+  for (const StandInRecord::Endpoint* endpoint : found->second)
+    if (endpoint->key == key)
+      list.insert(list.begin() + static_cast<std::ptrdiff_t>(std::min(endpoint->index, list.size())), endpoint->text);
 }
 
 } // namespace Tesselor

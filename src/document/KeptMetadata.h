@@ -26,8 +26,8 @@ public:
 
   /// Adds the entries of nodes that have none of their own.
   void AddPlaces(cJSON* places) const;
-  /// Adds the ends that the pass-through node of that id has in texts to its entry.
-  void AddEndpoints(cJSON* entry, const std::string& linkId) const;
+  /// Adds the ends that the pass-through node of that id has in texts to its list `key`, at their places.
+  void InsertEndpoints(std::vector<std::string>& list, const std::string& linkId, std::string_view key) const;
 
 private:
   const std::vector<Toolkit::Ptr<ContentNode>>& nodes;

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Tesselor {
@@ -16,10 +17,10 @@ struct StandInRecord {
     std::string key;
     JsonPtr json;
   };
-  /// What a pass-through node names of the text: a pin as the value of `key`, in a list at `index`.
+  /// A pin of the text that a pass-through node names at `index` in its list `key`.
   struct Endpoint {
     std::string linkId;
-    const char* key;
+    std::string_view key;
     size_t index;
     std::string text;
   };

@@ -411,6 +411,8 @@ TEST_F(CopyAndPaste, MakeNodesOfAnyObjects) {
     EXPECT_EQ((*view)->Selected().AllNodes().size(), pasted.size());
     EXPECT_EQ(Node(0).FindPin("items")->connections.size(), 2u) << "the nodes of the document stay as they are";
   }
+  Paste(Quoted("{'$NodeId':'Broken','X':1}"), {});
+  EXPECT_NE(ExportMetadata("$FloatingNodes").find(Quoted("{'$NodeId':'Broken','X':1}")), std::string::npos);
 }
 
 TEST_F(CopyAndPaste, PutTheUpperLeftCornerOfTheObjectsToThePlace) {

@@ -83,6 +83,11 @@ TEST_F(KeptContent, EntriesOfTypesThatCanNotBeMadeGoOutAsTheyCame) {
   ASSERT_TRUE(Import("{'$FloatingNodes':[{'$NodeId':'Broken-3','X':1}]}"));
   EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted("[{'$NodeId':'Broken-3','X':1}]"));
   EXPECT_EQ(boxes.Texts().back(), "Error: Unable to create Field: no such type");
+  StartView("Doc");
+  ASSERT_TRUE(Import("{'Items':[{'$NodeId':'Nothing','X':1}],'$FloatingNodes':[{'Type':'gone','X':1}]}"));
+  EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted("[{'Type':'gone','X':1}]"));
+  (*view)->ContentNodes()[1]->SetNodeId("2");
+  EXPECT_NE(ExportAsset().find(Quoted("{'$NodeId':'Nothing-2','X':1}")), std::string::npos);
   // A root is refused instead: nothing is left to edit.
   for (const char* root : {"Broken", "Torn"}) {
     StartView(root);
@@ -123,13 +128,15 @@ TEST_F(KeptContent, ComesBackWholeOnceABrokenSchemaIsRepaired) {
       "190,'$y':60}},'Part-8':{'$Position':{'$x':1,'$y':200}},'Part-9':{'$Position':{'$x':2,'$y':300}},'Item-10':{"
       "'$Position':{'$x':95,'$y':90}},'Part-11':{'$Position':{'$x':3,'$y':400}},'Part-12':{'$Position':{'$x':4,'$y':400"
       "}}},'$FloatingNodes':[" +
-      entry("11", entry("12")) +
+      entry("11", entry("12") + "," + several) +
       "],'$Links':{"
       // From the tree to a part, in it, from it and the tree to one node, from link to link, and behind a single pin.
       "'to':{'$Position':{'$x':5,'$y':5},'inputConnections':['Doc-1:items'],'outputConnections':['Part-3:in']},"
       "'in':{'$Position':{'$x':6,'$y':5},'inputConnections':['Part-3:parts'],'outputConnections':['Part-4:in',"
-      "'Part-5:in']},'of':{'$Position':{'$x':7,'$y':95},'$Title':'both','inputConnections':['Part-3:parts',"
-      "'Doc-1:items'],'outputConnections':['Item-10:in']},'first':{'$Position':{'$x':8,'$y':5},'inputConnections':["
+      "'Part-5:in']},'of':{'$Position':{'$x':7,'$y':95},'$Title':'both','inputConnections':['Part-11:parts',"
+      "'Part-3:parts','Doc-1:items'],'outputConnections':['Item-10:in']},'from':{'$Position':{'$x':11,'$y':95},"
+      "'inputConnections':['Item-10:items'],'outputConnections':[]},'first':{'$Position':{'$x':8,'$y':5},'"
+      "inputConnections':["
       "'Part-4:parts'],'outputConnections':['link:second']},'second':{'$Position':{'$x':9,'$y':5},'inputConnections':["
       "'link:first'],'outputConnections':['Item-6:in','Part-7:in']},'one':{'$Position':{'$x':10,'$y':200},"
       "'inputConnections':['Doc-1:one'],'outputConnections':['Part-8:in']}},'$Groups':[{'$Position':{'$x':0,'$y':0},"
