@@ -1,11 +1,14 @@
 #include "document/DocumentExport.h"
 
+#include "document/KeptMetadata.h"
+#include "document/StandIn.h"
 #include "document/WrittenNodes.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/GroupNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
+#include "nodes/StandInRecord.h"
 #include "platform/JsonMemory.h"
 #include "platform/Uuid.h"
 
@@ -43,7 +46,9 @@ std::string EndpointOf(const NodePinData& pin) {
   ContentNode& owner = *pin.owner;
   if (owner.IsPassthrough()) return "link:" + EnsureLinkId(owner);
   owner.EnsureNodeId();
-  return owner.Identity() + ":" + owner.KeyOf(pin);
+  const StandInRecord* record = StandInOf(owner);
+  const bool isNamed = record && !record->inputPin.empty();
+  return owner.Identity() + ":" + (isNamed ? record->inputPin : owner.KeyOf(pin));
 }
 
 /// The pins of real nodes that are reached from links on one side, each by the first connections of its own and other
@@ -77,11 +82,14 @@ private:
   std::unordered_map<const ContentNode*, const NodePinData*> known;
 };
 
-void AddEndpoints(cJSON* json, const char* key, const NodePinData* pin) {
+void AddEndpoints(cJSON* json, const char* key, const NodePinData* pin, const std::string& linkId,
+                  const KeptMetadata& kept) {
+  std::vector<std::string> texts;
+  if (pin)
+    for (const NodePinData* other : pin->connections) texts.push_back(EndpointOf(*other));
+  kept.InsertEndpoints(texts, linkId, key);
   cJSON* array = cJSON_AddArrayToObject(json, key);
-  if (!pin) return;
-  for (const NodePinData* other : pin->connections)
-    cJSON_AddItemToArray(array, cJSON_CreateString(EndpointOf(*other).c_str()));
+  for (const std::string& text : texts) cJSON_AddItemToArray(array, cJSON_CreateString(text.c_str()));
 }
 
 using TypeNames = std::vector<std::string>;
@@ -168,6 +176,7 @@ JsonPtr DocumentExport::BuildNodes() const {
     SavePosition(*node, entry);
     if (!node->Title().empty()) NodeWriter::WriteTitle(entry, *node);
   }
+  KeptMetadata(nodes).AddPlaces(json.get());
   return json;
 }
 
@@ -209,13 +218,14 @@ JsonPtr DocumentExport::BuildFloatingNodes() {
 JsonPtr DocumentExport::BuildLinks() const {
   JsonPtr json(cJSON_CreateObject());
   FarEnds sources(FarEnds::Side::Upstream), targets(FarEnds::Side::Downstream);
+  const KeptMetadata kept(nodes);
   for (const auto& node : nodes) {
     if (!node->IsPassthrough()) continue;
     cJSON* entry = cJSON_AddObjectToObject(json.get(), EnsureLinkId(*node).c_str());
     SavePosition(*node, entry);
     NodeWriter::WriteTitle(entry, *node);
-    AddEndpoints(entry, Keys::InputConnections, node->FirstInput());
-    AddEndpoints(entry, Keys::OutputConnections, node->FirstOutput());
+    AddEndpoints(entry, Keys::InputConnections, node->FirstInput(), node->linkId, kept);
+    AddEndpoints(entry, Keys::OutputConnections, node->FirstOutput(), node->linkId, kept);
     if (const NodePinData* source = sources.Of(*node))
       cJSON_AddStringToObject(entry, Keys::SourceEndpoint, EndpointOf(*source).c_str());
     if (const NodePinData* target = targets.Of(*node))

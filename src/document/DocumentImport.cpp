@@ -3,6 +3,7 @@
 #include "document/DocumentPrint.h"
 #include "document/FrameReader.h"
 #include "document/ImportTarget.h"
+#include "document/KeptMetadata.h"
 #include "document/NodeEntry.h"
 #include "document/NodeReader.h"
 #include "document/StandIn.h"
@@ -64,7 +65,7 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
   const std::optional<std::string> type = ResolveRootType(rootNodeType);
   if (!type) return false;
   const Toolkit::Ptr<ContentNode> root = workspace.nodeDictionary->CreateNode(*type, true);
-  if (!root) {
+  if (!root || !HasPinFields(root->Blueprint())) {
     ReportError("ImportNodeTree: Failed to create root node", "Cannot import node tree: Failed to create root node.",
                 Caption);
     return false;
@@ -76,6 +77,7 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
               JsonText(cJSON_GetObjectItem(document, Keys::NodeId)).value_or(std::string()));
 
   const NodeSet placed = ReadNodes(*root);
+  KeepMetadataOfStandIns(metadata, view);
   ReadGroups();
   ReadComments();
   LinkImport links(metadata, workspace, view);
@@ -141,8 +143,10 @@ void DocumentImport::ReadFloatingNode(const cJSON* item, NodeReader& reader) {
       break;
     }
   }
-  if (!node) node = dictionary.CreateNode(BuiltIn::Generic, false);
-  if (!node) return;
+  if (!node) {
+    node = dictionary.CreateNode(BuiltIn::Generic, false);
+    MarkStandIn(dictionary, *node, {}, {});
+  }
   if (!uuid.empty()) node->SetNodeId(uuid);
   reader.Add(*node);
   node->Deserialize(item, reader);

@@ -28,10 +28,12 @@ void GenericContentNode::SerializeChild(cJSON* json, NodeWriter& writer) {
 }
 
 void GenericContentNode::SerializeWithId(cJSON* json, NodeWriter&, NodeLayout position) {
-  if (IsStandIn() && !FormerIdentity().empty()) cJSON_AddStringToObject(json, Keys::NodeId, FormerIdentity().c_str());
+  const StandInRecord* record = StandsFor();
+  if (record && !record->identity.empty())
+    cJSON_AddStringToObject(json, Keys::NodeId, (NodeId().empty() ? record->identity : Identity()).c_str());
   NodeWriter::WriteComment(json, *this);
   if (position == NodeLayout::Written) SavePosition(*this, json);
-  if (!IsStandIn()) cJSON_AddTrueToObject(json, Keys::Generic);
+  if (!record) cJSON_AddTrueToObject(json, Keys::Generic);
   FieldRawJson* field = RawField();
   if (!field) return;
   const Toolkit::SharedString text = field->TextToSave();

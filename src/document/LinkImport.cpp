@@ -1,5 +1,6 @@
 #include "document/LinkImport.h"
 
+#include "document/StandIn.h"
 #include "nodes/ContentNode.h"
 #include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
@@ -111,6 +112,12 @@ LinkImport::Endpoint LinkImport::Resolve(std::string_view text) const {
   return {found->second, found->second->FindPin(text.substr(colon + 1))};
 }
 
+LinkImport::Endpoint LinkImport::ResolveTarget(std::string_view text) const {
+  Endpoint target = Resolve(text);
+  if (target.node && !target.pin && IsStandIn(*target.node)) target.pin = target.node->FindPin(BuiltIn::Generic);
+  return target;
+}
+
 LinkImport::Record* LinkImport::FindLink(std::string_view text) {
   if (!text.starts_with(LinkPrefix)) return nullptr;
   const auto found = recordsById.find(std::string(text.substr(LinkPrefix.size())));
@@ -195,7 +202,7 @@ void LinkImport::TakeDirectConnectionsOut() {
     const Sources sources = SourcesOf(*record, known);
     known.emplace(record, sources);
     for (const std::string& text : record->outputConnections) {
-      const Endpoint target = isReal(text) ? Resolve(text) : Endpoint();
+      const Endpoint target = isReal(text) ? ResolveTarget(text) : Endpoint();
       if (!target) continue;
       for (const Endpoint& source : *sources) {
         size_t first = NoPlace;
@@ -293,7 +300,7 @@ void LinkImport::PutLinkConnectionsIn() {
         const Record* link = FindLink(text);
         if (link && link->node->FirstInput())
           appended.push_back({link->node, link->node->FirstInput(), record.node, out});
-      } else if (const Endpoint target = Resolve(text)) {
+      } else if (const Endpoint target = ResolveTarget(text)) {
         appended.push_back({target.node, target.pin, record.node, out});
       }
     }

@@ -62,6 +62,8 @@ private:
   using PlacedLinks = std::vector<std::pair<Record*, size_t>>;
 
   Endpoint Resolve(std::string_view text) const;
+  /// As an end to which a link leads: what stands in for a type has one pin for all that the type has.
+  Endpoint ResolveTarget(std::string_view text) const;
   Record* FindLink(std::string_view text);
   void ResolveUpstream();
   /// Upstream links before those that they lead to, as far as there is no ring.

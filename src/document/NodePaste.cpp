@@ -94,8 +94,7 @@ void NodePaste::Read(const cJSON* object) {
 void NodePaste::ReadNode(const cJSON* object, const std::string& type) {
   const bool isKnown = type == BuiltIn::Generic || workspace.nodeDictionary->FindBlueprint(type);
   if (!isKnown) NoteUnknown(type);
-  const Ptr<ContentNode> node = workspace.nodeDictionary->CreateNode(isKnown ? type : BuiltIn::Generic, true);
-  if (!node) return LogFile::Write("Pasted node of type '" + type + "' can't be made, ignoring...");
+  const Ptr<ContentNode> node = MakeNodeOrStandIn(*workspace.nodeDictionary, isKnown ? type : BuiltIn::Generic, type);
   MarkStandIn(*workspace.nodeDictionary, *node, type, type);
   DocumentPrint print(object);
   NodeReader reader(graph, workspace, NewNodes::Selected, &print, &details);

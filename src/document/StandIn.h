@@ -8,6 +8,12 @@ namespace Tesselor {
 
 class ContentNode;
 class NodeDictionary;
+struct NodeBlueprint;
+struct StandInRecord;
+
+/// Whether all fields on the pins of a type can be made. A node is made without the others, and would write the ids of
+/// its fields in place of their values.
+bool HasPinFields(const NodeBlueprint& blueprint);
 
 /// Makes the node of an entry of the type `id`, with its defaults. If its schema is broken - a field of it can't be
 /// made, or there is no such type while some schema file could not be read - the user is told and a generic node stands
@@ -22,5 +28,7 @@ void MarkStandIn(const NodeDictionary& dictionary, ContentNode& node, const std:
                  const std::string& identity);
 
 bool IsStandIn(const ContentNode& node);
+/// Null unless the node stands in for something.
+StandInRecord* StandInOf(const ContentNode& node);
 
 } // namespace Tesselor

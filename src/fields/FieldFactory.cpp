@@ -67,4 +67,6 @@ Toolkit::Ptr<BaseField> CreateField(std::string_view type, const cJSON* options,
   return field;
 }
 
+bool IsFieldType(std::string_view type) { return factories.contains(type); }
+
 } // namespace Tesselor

@@ -15,4 +15,7 @@ Toolkit::Ptr<BaseField> sCreateField(const NodeFieldBlueprint* blueprint, bool a
 /// The same from the parts of a blueprint. `options` may be null and is not kept.
 Toolkit::Ptr<BaseField> CreateField(std::string_view type, const cJSON* options, bool applyDefaults);
 
+/// Whether there are fields of that type.
+bool IsFieldType(std::string_view type);
+
 } // namespace Tesselor

@@ -26,6 +26,8 @@ void FieldObject::InitializeComponent() {
 void FieldObject::Serialize(cJSON* object, const std::string& key) {
   cJSON* nested = cJSON_CreateObject();
   for (const std::string& id : fieldOrder) fields.at(id)->Serialize(nested, id);
+  const cJSON* member = nullptr;
+  cJSON_ArrayForEach(member, kept.get()) cJSON_AddItemToObject(nested, member->string, cJSON_Duplicate(member, true));
   cJSON_AddItemToObject(object, key.c_str(), nested);
 }
 
@@ -33,6 +35,10 @@ void FieldObject::Deserialize(const cJSON* object, const std::string& key) {
   const cJSON* item = cJSON_GetObjectItem(object, key.c_str());
   if (!cJSON_IsObject(item)) return;
   for (const std::string& id : fieldOrder) fields.at(id)->Deserialize(item, id);
+  if (lacksFields) {
+    kept.reset(cJSON_Duplicate(item, true));
+    for (const std::string& id : fieldOrder) cJSON_DeleteItemFromObject(kept.get(), id.c_str());
+  }
   hasLoadedValue = true;
 }
 
@@ -48,10 +54,13 @@ void FieldObject::DeserializeOptions(const cJSON* options, bool applyDefaults) {
 void FieldObject::AddField(const cJSON* description, bool applyDefaults) {
   const cJSON* id = cJSON_GetObjectItem(description, "Id");
   const cJSON* type = cJSON_GetObjectItem(description, "Type");
-  if (!cJSON_IsString(id) || !cJSON_IsString(type)) return;
-  Toolkit::Ptr<BaseField> field =
-      CreateField(type->valuestring, cJSON_GetObjectItem(description, "Options"), applyDefaults);
-  if (!field) return;
+  Toolkit::Ptr<BaseField> field;
+  if (cJSON_IsString(id) && cJSON_IsString(type))
+    field = CreateField(type->valuestring, cJSON_GetObjectItem(description, "Options"), applyDefaults);
+  if (!field) {
+    lacksFields = true;
+    return;
+  }
   fieldOrder.emplace_back(id->valuestring);
   if (fieldsContainer) fieldsContainer->AddChild(field.Get());
   fields[id->valuestring] = std::move(field);

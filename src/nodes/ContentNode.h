@@ -88,7 +88,7 @@ public:
   /// Who follows this node; null ends that.
   void SetObserver(NodeObserver* value) { observer = value; }
   /// "<typeId>-<nodeId>", or the type id alone for a node without UUID.
-  std::string Identity() const;
+  virtual std::string Identity() const;
 
   // Pins and fields.
   NodePinData* AddPin(bool isInput, const NodePinBlueprint& pinBlueprint);

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "nodes/ContentNode.h"
+#include "nodes/StandInRecord.h"
 
-#include <optional>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -24,17 +25,19 @@ public:
   /// The key under which a parent writes this node from a dynamic pin; empty until the node is read.
   const std::string& TargetKey() const { return targetKey; }
   void SetTargetKey(std::string key) { targetKey = std::move(key); }
-  /// From now on the node is written without the mark of generic ones, and with the former "$NodeId" of what it stands
-  /// for, unless that is empty.
-  void StandFor(std::string formerIdentity) { standsFor = std::move(formerIdentity); }
-  bool IsStandIn() const { return standsFor.has_value(); }
-  const std::string& FormerIdentity() const { return *standsFor; }
+  /// From now on the node is written without the mark of generic ones, and with the "$NodeId" of what it stands for,
+  /// unless that is empty.
+  void StandFor(std::string type, std::string identity);
+  /// Null unless it stands in for something.
+  StandInRecord* StandsFor() const { return standsFor.get(); }
+  /// With the type of what it stands for.
+  std::string Identity() const override;
   /// Null if the schema has another field in its place.
   FieldRawJson* RawField() const;
 
 private:
   std::string targetKey;
-  std::optional<std::string> standsFor;
+  std::unique_ptr<StandInRecord> standsFor;
 };
 
 } // namespace Tesselor

@@ -62,13 +62,17 @@ std::unique_ptr<NodePinBlueprint> MakeGenericPin(std::string id) {
 NodeDictionary::NodeDictionary() { AddBuiltInTypes(); }
 
 void NodeDictionary::AddSchema(const cJSON* schema) {
+  if (!TakeSchema(schema)) lacksSchemas = true;
+}
+
+bool NodeDictionary::TakeSchema(const cJSON* schema) {
   std::string color;
-  if (!ReadText(schema, "color", color)) return;
+  if (!ReadText(schema, "color", color)) return false;
   auto blueprint = std::make_unique<NodeBlueprint>();
   blueprint->color = ParseColor(color);
 
   std::string id;
-  if (!ReadText(schema, "id", id) || !ReadText(schema, "title", blueprint->title)) return;
+  if (!ReadText(schema, "id", id) || !ReadText(schema, "title", blueprint->title)) return false;
   ReadText(schema, "Description", blueprint->Description);
   ReadText(schema, "NamingField", blueprint->namingField);
   ParsePins(cJSON_GetObjectItem(schema, "inputs"), blueprint->inputs);
@@ -79,15 +83,14 @@ void NodeDictionary::AddSchema(const cJSON* schema) {
     if (ReadText(schema, "filerefkey", blueprint->fileRefKey) &&
         ReadText(schema, "filerefvalue", blueprint->fileRefValue))
       ReadText(schema, "modifykey", blueprint->modifyKey);
-    Register(id, std::move(blueprint));
-    return;
+    return Register(id, std::move(blueprint));
   }
 
   blueprint->isPassthrough = ReadTrue(schema, "ispassthrough");
   ParsePins(cJSON_GetObjectItem(schema, "outputs"), blueprint->outputs);
   ParseFields(cJSON_GetObjectItem(schema, "content"), blueprint->content);
   ParseSchemaKeys(cJSON_GetObjectItem(schema, "Schema"), *blueprint);
-  Register(id, std::move(blueprint));
+  return Register(id, std::move(blueprint));
 }
 
 void NodeDictionary::AddToCategory(const std::string& category, const std::string& nodeId) {
@@ -106,6 +109,18 @@ const NodeVariant* NodeDictionary::FindVariant(std::string_view id) const {
 const NodeBlueprint* NodeDictionary::FindBlueprint(std::string_view id) const {
   const auto* blueprint = blueprints.Find(id);
   return blueprint ? blueprint->get() : nullptr;
+}
+
+bool NodeDictionary::KnowsType(std::string_view id) const { return FindBlueprint(id) || FindVariant(id); }
+
+bool NodeDictionary::NamesUnknownTypes() const {
+  for (const auto& [family, variant] : variants)
+    for (const auto& [value, id] : variant->Variants)
+      if (!KnowsType(id)) return true;
+  for (const auto& [id, blueprint] : blueprints)
+    for (const auto& [key, target] : blueprint->pinSchema)
+      if (!KnowsType(target.node)) return true;
+  return false;
 }
 
 void NodeDictionary::AddBuiltInTypes() {
@@ -132,9 +147,9 @@ void NodeDictionary::AddBuiltInTypes() {
   Register("Link", std::move(link));
 }
 
-void NodeDictionary::Register(const std::string& id, std::unique_ptr<NodeBlueprint> blueprint) {
+bool NodeDictionary::Register(const std::string& id, std::unique_ptr<NodeBlueprint> blueprint) {
   nodeIds.push_back(id);
-  blueprints.Insert(id, std::move(blueprint));
+  return blueprints.Insert(id, std::move(blueprint)).second;
 }
 
 void NodeDictionary::ParsePins(const cJSON* entries, std::vector<std::unique_ptr<NodePinBlueprint>>& pins) const {

@@ -26,7 +26,7 @@ public:
   NodeDictionary();
 
   /// Registers the node type that a schema file describes. A schema without a usable colour, id or title is ignored
-  /// without a message; of two schemas with one id the first stays. The JSON is not kept.
+  /// without a message; of two schemas with one id the first stays. Either sets `lacksSchemas`. The JSON is not kept.
   void AddSchema(const cJSON* schema);
   /// Appends to a category, which is created on first use.
   void AddToCategory(const std::string& category, const std::string& nodeId);
@@ -37,6 +37,10 @@ public:
   const NodeVariant* FindVariant(std::string_view id) const;
   /// Null if there is no such node type.
   const NodeBlueprint* FindBlueprint(std::string_view id) const;
+  /// Whether there is a node type or a family of that id.
+  bool KnowsType(std::string_view id) const;
+  /// Whether a family or a pin names a type that is none: the slip may be in the id of its schema.
+  bool NamesUnknownTypes() const;
 
   /// Makes a node with its pins and fields. An unknown id gives a generic node and a message; null comes back only
   /// when a field of the schema can't be made.
@@ -47,14 +51,16 @@ public:
   /// Category name to node ids.
   OrderedTable<std::vector<std::string>> categories;
   OrderedTable<std::unique_ptr<NodeVariant>> variants;
-  /// A schema file of the workspace could not be read, so an unknown type may be one of it.
+  /// Not all that the workspace's files mean to describe is here, so an unknown type may be one of it.
   bool lacksSchemas = false;
   /// Every id in order of registration; a repeated id stands here twice.
   std::vector<std::string> nodeIds;
 
 private:
   void AddBuiltInTypes();
-  void Register(const std::string& id, std::unique_ptr<NodeBlueprint> blueprint);
+  // These return false for a schema that is not taken.
+  bool TakeSchema(const cJSON* schema);
+  bool Register(const std::string& id, std::unique_ptr<NodeBlueprint> blueprint);
   void ParsePins(const cJSON* entries, std::vector<std::unique_ptr<NodePinBlueprint>>& pins) const;
   Toolkit::Color ParseColor(const std::string& text) const;
 };

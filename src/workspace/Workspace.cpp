@@ -110,6 +110,15 @@ void Workspace::ReadAssetTypeComponents(const cJSON* configuration) {
   }
 }
 
+bool Workspace::NamesUnknownTypes() const {
+  const NodeDictionary& dictionary = *nodeDictionary;
+  for (const auto& [name, root] : Roots)
+    if (!dictionary.KnowsType(root->RootNodeType)) return true;
+  for (const auto& [assetType, id] : AssetTypeComponents)
+    if (!dictionary.KnowsType(id)) return true;
+  return dictionary.NamesUnknownTypes();
+}
+
 void Workspace::LoadSchemas() {
   size_t count = 0;
   std::vector<std::string> failures;
@@ -133,7 +142,7 @@ void Workspace::LoadSchemas() {
   };
   WalkFiles(directory, load, {}, [](const std::string& message) { LogFile::Write(message); });
 
-  nodeDictionary->lacksSchemas = !failures.empty();
+  if (!failures.empty() || NamesUnknownTypes()) nodeDictionary->lacksSchemas = true;
   if (!failures.empty()) {
     std::string lines;
     for (const std::string& failure : failures) lines += "  - " + failure + "\n";

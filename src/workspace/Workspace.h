@@ -46,6 +46,8 @@ private:
   void ReadVariants(const cJSON* configuration);
   void ReadAssetTypeComponents(const cJSON* configuration);
   void LoadSchemas();
+  /// Whether anything of the workspace names a type that no schema describes.
+  bool NamesUnknownTypes() const;
 };
 
 } // namespace Tesselor

@@ -379,9 +379,9 @@ TEST_F(CopyAndPaste, MakeNodesOfAnyObjects) {
       {"{'$Position':{'$x':1,'$y':2},'$width':'50','$height':50,'$name':'g'}", "", {noFrame}},
       {"{'$text':'t'}", "", {"Pasted comment has no position, ignoring..."}},
       {"{'$NodeId':7}", "", {"Pasted node has no type, ignoring..."}},
-      {"{'$NodeId':'Broken'}{}{'$NodeId':'Item'}word",
-       "Item at 0,0 Item 'Comment' \n",
-       {"Pasted node of type 'Broken' can't be made, ignoring...", noFrame}},
+      {"{'$NodeId':'Broken','$Position':{'$x':1,'$y':2}}{}{'$NodeId':'Item','$Position':{'$x':1,'$y':2}}word",
+       "Item at 0,0 Item 'Comment' \nRaw JSON Node at 0,0 Generic 'Comment' \n",
+       {noFrame}},
       // Details that tell nonsense.
       {"{'$NodeId':'Item','$Title':'i','$Copied':{'$x':1e99,'$y':0,'label':'1','mapKey':7,'connections':"
        "{'items':['1:in','1:items','2:in','1','',7,'1:in'],'in':['1:in'],'none':['1:in'],'one':[]},"
@@ -411,6 +411,8 @@ TEST_F(CopyAndPaste, MakeNodesOfAnyObjects) {
     EXPECT_EQ((*view)->Selected().AllNodes().size(), pasted.size());
     EXPECT_EQ(Node(0).FindPin("items")->connections.size(), 2u) << "the nodes of the document stay as they are";
   }
+  Paste(Quoted("{'$NodeId':'Broken','X':1}"), {});
+  EXPECT_NE(ExportMetadata("$FloatingNodes").find(Quoted("{'$NodeId':'Broken','X':1}")), std::string::npos);
 }
 
 TEST_F(CopyAndPaste, PutTheUpperLeftCornerOfTheObjectsToThePlace) {

@@ -74,6 +74,12 @@ DocumentTest::DocumentTest(std::string rootNodeType) {
     Tesselor::RegisterNodeTypes();
   });
   Toolkit::SetLogHandler(&FailOnWarning);
+  StartWorkspace();
+  StartView(rootNodeType);
+}
+
+void DocumentTest::StartWorkspace() {
+  view.reset();
   workspace->nodeDictionary = std::make_unique<Tesselor::NodeDictionary>();
   for (const char* schema : schemas) AddSchema(schema);
   auto family = std::make_unique<Tesselor::NodeVariant>();
@@ -82,7 +88,6 @@ DocumentTest::DocumentTest(std::string rootNodeType) {
   family->Variants.Assign("other", "Other");
   family->Variants.Assign("", "Item");
   workspace->nodeDictionary->AddVariant("Family", std::move(family));
-  StartView(rootNodeType);
 }
 
 DocumentTest::~DocumentTest() {

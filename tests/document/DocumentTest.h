@@ -23,6 +23,8 @@ protected:
   explicit DocumentTest(std::string rootNodeType = "Doc");
   ~DocumentTest() override;
 
+  /// Starts a workspace with those node types alone. The view belongs to the former one and goes.
+  void StartWorkspace();
   void AddSchema(const std::string& json);
   bool Import(const std::string& json);
   /// The whole document, unformatted.

@@ -3,6 +3,7 @@
 #include "TemporaryDirectory.h"
 #include "document/DocumentExport.h"
 #include "document/DocumentPrint.h"
+#include "document/LossReport.h"
 #include "document/NodeImporterExporter.h"
 #include "fields/FieldRawJson.h"
 #include "nodes/GenericContentNode.h"
@@ -23,6 +24,10 @@ protected:
   KeptContent() {
     AddSchema("{'id':'Broken','title':'Broken','color':'red','inputs':[{'id':'in','Type':'T','color':'red'}],"
               "'content':[{'Id':'x','Type':'no such type'}],'Schema':{'X':'x'}}");
+    AddSchema("{'id':'Torn','title':'Torn','color':'red','inputs':[{'id':'in','Type':'T','color':'red'}],'outputs':[{"
+              "'id':'out','Type':'T','color':'red','fields':[{'Id':'x','Type':'no such type'}]}],'Schema':{'X':'x'}}");
+    AddSchema("{'id':'Frayed','title':'Frayed','color':'red','inputs':[{'id':'in','Type':'T','color':'red','fields':[{"
+              "'Id':'x','Type':'no such type'}]}],'Schema':{'X':'x'}}");
     AddSchema("{'id':'Open','title':'Open','color':'red','inputs':[{'id':'in','Type':'T','color':'red'}],"
               "'outputs':[{'id':'loose','Type':'T','color':'red','Multiple':true}],'Schema':{}}");
   }
@@ -66,6 +71,7 @@ TEST_F(KeptContent, EntriesOfTypesThatCanNotBeMadeGoOutAsTheyCame) {
       {"in an array, between others", "'Items':[{'$NodeId':'Item-2'},{'$NodeId':'Broken-3','X':{'deep':[1]}},{'$NodeId'"
                                       ":'Nothing-4','a':1},{'$NodeId':'Item-5'}]"},
       {"behind a single pin, with a comment", "'One':{'$NodeId':'Broken-3','$Comment':'c','X':null}"},
+      {"with fields on pins", "'Items':[{'$NodeId':'Torn-3','X':1},{'$NodeId':'Item-4'},{'$NodeId':'Frayed-5','X':2}]"},
       {"in a map", "'Map':{'k':{'$NodeId':'Nothing-3','a':1}}"},
       {"twice in the tree", "'Items':[{'$NodeId':'Broken-3','X':1},{'$NodeId':'Item-4','Items':[{'$NodeId':'Broken-3',"
                             "'X':1}]}]"},
@@ -82,6 +88,99 @@ TEST_F(KeptContent, EntriesOfTypesThatCanNotBeMadeGoOutAsTheyCame) {
   ASSERT_TRUE(Import("{'$FloatingNodes':[{'$NodeId':'Broken-3','X':1}]}"));
   EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted("[{'$NodeId':'Broken-3','X':1}]"));
   EXPECT_EQ(boxes.Texts().back(), "Error: Unable to create Field: no such type");
+  StartView("Doc");
+  ASSERT_TRUE(Import("{'Items':[{'$NodeId':'Nothing','X':1}],'$FloatingNodes':[{'Type':'gone','X':1}]}"));
+  EXPECT_EQ(ExportMetadata("$FloatingNodes"), Quoted("[{'Type':'gone','X':1}]"));
+  (*view)->ContentNodes()[1]->SetNodeId("2");
+  EXPECT_NE(ExportAsset().find(Quoted("{'$NodeId':'Nothing-2','X':1}")), std::string::npos);
+  // A root is refused instead: nothing is left to edit.
+  for (const char* root : {"Broken", "Torn"}) {
+    StartView(root);
+    EXPECT_FALSE(Import("{'X':1}")) << root;
+  }
+}
+
+TEST_F(KeptContent, ComesBackWholeOnceABrokenSchemaIsRepaired) {
+  const auto part = [](const std::string& head, const std::string& field, const std::string& onPin,
+                       const std::string& inObject) {
+    return "{'title':'Part'," + head +
+           ",'inputs':[{'id':'in','Type':'T','color':'red','Multiple':true}],'outputs':[{"
+           "'id':'parts','Type':'T','color':'red','Multiple':true,'fields':[{'Id':'onPin','Type':'" +
+           onPin +
+           "'}]}],"
+           "'content':[{'Id':'field','Type':'" +
+           field +
+           "'},{'Id':'object','Type':'Object','Options':{'Fields':[{'Id':"
+           "'A','Type':'Int'},{'Id':'B'," +
+           inObject +
+           "}]}}],'Schema':{'X':'field','Object':'object','Pin':'onPin',"
+           "'Parts':{'node':'Part','pin':'parts'}}}";
+  };
+  const std::string head = "'id':'Part','color':'red'", text = "SmallString", number = "'Type':'Float'";
+  const auto entry = [](const char* id, const std::string& parts = {}) {
+    return "{'$NodeId':'Part-" + std::string(id) + "','X':'x','Object':{'A':1,'B':2.5},'Pin':'p'" +
+           (parts.empty() ? "" : ",'Parts':[" + parts + "]") + "}";
+  };
+  const std::string several = "{'$NodeId':'Item-10'}";
+  const std::string file =
+      "{'$NodeId':'Doc-1','Items':[{'$NodeId':'Item-2'}," +
+      entry("3", entry("4", "{'$NodeId':'Item-6'}," + entry("7")) + "," + entry("5") + "," + several) + "," + several +
+      "],'Map':{'k':" + entry("9") + "},'One':" + entry("8") +
+      ",'$NodeEditorMetadata':{'$Nodes':{"
+      "'Doc-1':{'$Position':{'$x':-90,'$y':0}},'Item-2':{'$Position':{'$x':0,'$y':-50}},"
+      "'Part-3':{'$Position':{'$x':0,'$y':0},'$Title':'three'},'Part-4':{'$Position':{'$x':90,'$y':0},'$Title':'four'},"
+      "'Part-5':{'$Position':{'$x':90,'$y':50}},'Item-6':{'$Position':{'$x':190,'$y':-7}},'Part-7':{'$Position':{'$x':"
+      "190,'$y':60}},'Part-8':{'$Position':{'$x':1,'$y':200}},'Part-9':{'$Position':{'$x':2,'$y':300}},'Item-10':{"
+      "'$Position':{'$x':95,'$y':90}},'Part-11':{'$Position':{'$x':3,'$y':400}},'Part-12':{'$Position':{'$x':4,'$y':400"
+      "}}},'$FloatingNodes':[" +
+      entry("11", entry("12") + "," + several) +
+      "],'$Links':{"
+      // From the tree to a part, in it, from it and the tree to one node, from link to link, and behind a single pin.
+      "'to':{'$Position':{'$x':5,'$y':5},'inputConnections':['Doc-1:items'],'outputConnections':['Part-3:in']},"
+      "'in':{'$Position':{'$x':6,'$y':5},'inputConnections':['Part-3:parts'],'outputConnections':['Part-4:in',"
+      "'Part-5:in']},'of':{'$Position':{'$x':7,'$y':95},'$Title':'both','inputConnections':['Part-11:parts',"
+      "'Part-3:parts','Doc-1:items'],'outputConnections':['Item-10:in']},'from':{'$Position':{'$x':11,'$y':95},"
+      "'inputConnections':['Item-10:items'],'outputConnections':[]},'first':{'$Position':{'$x':8,'$y':5},'"
+      "inputConnections':["
+      "'Part-4:parts'],'outputConnections':['link:second']},'second':{'$Position':{'$x':9,'$y':5},'inputConnections':["
+      "'link:first'],'outputConnections':['Item-6:in','Part-7:in']},'one':{'$Position':{'$x':10,'$y':200},"
+      "'inputConnections':['Doc-1:one'],'outputConnections':['Part-8:in']}},'$Groups':[{'$Position':{'$x':0,'$y':0},"
+      "'$width':300,'$height':300,'$name':'g'}],'$Comments':[],'$WorkspaceID':'Root menu'}}";
+  const auto save = [this](const std::string& schema, const std::string& json, const char* root = "Doc") {
+    StartWorkspace();
+    if (schema.empty())
+      workspace->nodeDictionary->lacksSchemas = true;
+    else
+      AddSchema(schema);
+    StartView(root);
+    EXPECT_TRUE(Import(json));
+    return Export();
+  };
+  const std::string intact = part(head, text, text, number);
+  const std::string saved = save(intact, file);
+  ASSERT_TRUE(FindLosses(*ParseJson(Quoted(file)).json, *ParseJson(saved).json).empty()) << saved;
+  const struct {
+    const char* what;
+    std::string schema;
+    const char* root = "Doc";
+  } cases[] = {
+      {"no file", ""},
+      {"an unknown field", part(head, "SmallStrng", text, number)},
+      {"an unknown field on a pin", part(head, text, "SmallStrng", number)},
+      {"an unknown field in an object", part(head, text, text, "'Type':'Floot'")},
+      {"no type of a field in an object", part(head, text, text, "'Typ':'Float'")},
+      {"no colour", part("'id':'Part'", text, text, number)},
+      {"no id", part("'idd':'Part','color':'red'", text, text, number)},
+      {"the id of another", part("'id':'Item','color':'red'", text, text, number)},
+      {"no type of the root", "", "Gone"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    const std::string broken = save(c.schema, saved, c.root);
+    for (const Loss& loss : FindLosses(*ParseJson(saved).json, *ParseJson(broken).json)) ADD_FAILURE() << loss.Line();
+    EXPECT_EQ(save(c.schema, broken, c.root), broken);
+    EXPECT_EQ(save(intact, broken), saved);
+  }
 }
 
 TEST_F(KeptContent, PropertiesWhoseTypeCanNotBeMadeStayProperties) {

@@ -63,6 +63,7 @@ TEST(SampleWorkspaces, LoadWithoutAComplaintAndNameOnlyWhatIsThere) {
             (std::vector<std::string>{"Quest", "Dialogue", "Character", "Sound bank", "Mixer"}));
   for (const auto& [name, root] : workspaces.Roots) {
     EXPECT_TRUE(root->workspace->LoadNodeDictionary());
+    EXPECT_FALSE(root->workspace->nodeDictionary->lacksSchemas) << name;
     EXPECT_TRUE(root->workspace->nodeDictionary->FindBlueprint(root->RootNodeType)) << name;
     for (const auto& [type, id] : root->workspace->AssetTypeComponents)
       EXPECT_TRUE(root->workspace->nodeDictionary->FindBlueprint(id)) << type;

@@ -148,6 +148,50 @@ TEST_F(Discovery, LoadsSchemasOnceAndTellsTheBrokenOnes) {
   EXPECT_EQ(TakeMessages(), "");
 }
 
+TEST_F(Discovery, KnowsWhetherItLacksSchemas) {
+  const auto schema = [](const std::string& id, const std::string& child) {
+    return R"({"color": "red", "title": "T", "id": ")" + id + R"(", "Schema": {"K": {"node": ")" + child +
+           R"(", "pin": "p"}}})";
+  };
+  const std::string at = "Workspaces/w/", root = schema("Root", "Family"), leaf = schema("Leaf", "Root");
+  const auto configuration = [](const char* ofFamily, const char* parts) {
+    return Configuration("W", "Root",
+                         R"("Variants": {"Family": {"VariantFieldName": "Type", "Variants": {"a": ")" +
+                             std::string(ofFamily) + R"("}}}, "AssetTypeComponents": {"A": ")" + parts + "\"}");
+  };
+  const std::string intact = configuration("Leaf", "Leaf");
+  const struct {
+    const char* what;
+    bool lacks;
+    std::string configuration, root, leaf, more;
+  } cases[] = {
+      {"nothing", false, intact, root, leaf, schema("More", "Leaf")},
+      {"a file that is no JSON", true, intact, root, leaf, "{"},
+      {"a list", true, intact, root, leaf, "[]"},
+      {"a colour", true, intact, root, leaf, R"({"id": "More", "title": "T"})"},
+      {"an id", true, intact, root, leaf, R"({"color": "red", "title": "T"})"},
+      {"a title", true, intact, root, leaf, R"({"color": "red", "id": "More"})"},
+      {"an id of its own", true, intact, root, leaf, leaf},
+      {"an id of its own, for a reference", true, intact, root, leaf,
+       R"({"color": "red", "title": "T", "id": "Leaf", "isreference": true})"},
+      {"the root's type", true, intact, schema("Rot", "Leaf"), schema("Leaf", "Rot"), schema("More", "Leaf")},
+      {"a type behind a pin", true, intact, root, leaf, schema("More", "Laef")},
+      {"a type of a family", true, configuration("Laef", "Leaf"), root, leaf, schema("More", "Leaf")},
+      {"a type of components", true, configuration("Leaf", "Laef"), root, leaf, schema("More", "Leaf")},
+  };
+  for (const auto& c : cases) {
+    Write({{at + "_Workspace.json", c.configuration},
+           {at + "a.json", c.root},
+           {at + "b.json", c.leaf},
+           {at + "c.json", c.more}});
+    Workspaces workspaces;
+    ASSERT_TRUE(workspaces.ImportWorkspaces("Workspaces/")) << c.what;
+    Tesselor::Workspace& workspace = *workspaces.FindRoot("Root")->workspace;
+    ASSERT_TRUE(workspace.LoadNodeDictionary());
+    EXPECT_EQ(workspace.nodeDictionary->lacksSchemas, c.lacks) << c.what;
+  }
+}
+
 TEST_F(Discovery, TellsAConfigurationThatIsGoneAndTriesAgainLater) {
   const std::string config = "Workspaces/w/_Workspace.json";
   Write({{config, Configuration("W", "Root")}});
