@@ -1,6 +1,7 @@
 #include "document/DocumentLosses.h"
 
 #include "document/DocumentExport.h"
+#include "document/NodeShapes.h"
 #include "document/RoundedCount.h"
 #include "graph/Graph.h"
 #include "nodes/CommentNode.h"
@@ -67,7 +68,10 @@ std::vector<Loss> LossesBy(FieldsToWrite fields, const cJSON& file, const std::v
     text = PrintJson(built.get());
   }
   const JsonPtr exported = ParseJson(text, JsonTail::Refused).json;
-  return exported ? FindLosses(file, *exported, longNumbers) : std::vector<Loss>();
+  if (!exported) return {};
+  static const NodeDictionary builtIn;
+  const NodeShapes shapes(root.workspace ? *root.workspace->nodeDictionary : builtIn, graph.ContentNodes());
+  return FindLosses(file, *exported, shapes, longNumbers);
 }
 
 } // namespace
