@@ -3,7 +3,7 @@
 #include "document/DocumentPrint.h"
 #include "document/FrameReader.h"
 #include "document/ImportTarget.h"
-#include "document/LinkedGenerics.h"
+#include "document/UnnamedNodes.h"
 #include "document/NodeEntry.h"
 #include "document/NodeReader.h"
 #include "document/StandIn.h"
@@ -79,7 +79,7 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
   const NodeSet placed = ReadNodes(*root);
   ReadGroups();
   ReadComments();
-  LinkedGenerics::Identify(cJSON_GetObjectItem(metadata, Keys::Links), view);
+  UnnamedNodes::Identify(cJSON_GetObjectItem(metadata, Keys::Links), view);
   LinkImport links(metadata, workspace, view);
   links.Read();
   links.SpliceIntoPendingConnections();

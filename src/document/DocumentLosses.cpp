@@ -1,9 +1,9 @@
 #include "document/DocumentLosses.h"
 
 #include "document/DocumentExport.h"
-#include "document/LinkedGenerics.h"
 #include "document/NodeShapes.h"
 #include "document/RoundedCount.h"
+#include "document/UnnamedNodes.h"
 #include "graph/Graph.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GroupNode.h"
@@ -107,10 +107,12 @@ std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vecto
     const auto found = nodes.find(loss.nodeId);
     result.push_back({std::move(loss), found == nodes.end() ? nullptr : found->second});
   }
-  for (ContentNode* link : LinkedGenerics::FindUnidentified(graph))
-    result.push_back(
-        {{"$", "connections of \"" + std::string(link->Title()) + "\" to raw JSON", "none after the next load", {}},
-         link});
+  for (ContentNode* link : UnnamedNodes::FindUnidentified(graph))
+    result.push_back({{"$",
+                       "connections of \"" + std::string(link->Title()) + "\" to nodes without identity",
+                       "none after the next load",
+                       {}},
+                      link});
   return result;
 }
 

@@ -138,6 +138,16 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "$.Items[0].Obj: was {'a': 1} becomes a node without that key\n"
        "$.Items[1].Note: was 1 becomes nothing\n"
        "$.Items[2].Children: was 'text' becomes nothing\n"},
+      {"raw JSON of which a load can't tell behind which pass-through node it stands",
+       "'Items':[{'$Link':true,'Children':[{'a':1}]},{'$Generic':true}],"
+       "'One':{'$Link':true,'Children':[{'a':1},{'$NodeId':'Item-2'}]},'Pair':{'$Link':true,'Children':[{'$Link':true,'"
+       "Children':[{'a':1}]},{'a':2}]}",
+       "$.One.Children[1]: was {'$NodeId': 'Item-2'} moves to $FloatingNodes\n"
+       "$.One.Children[1].$NodeId: was 'Item-2' becomes 'Item-<new>'\n"
+       "$.Pair.Children[1]: was {'a': 2} moves to $FloatingNodes\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"},
       {"nodes behind a pass-through node of a map",
        "'Map':{'k':{'$Link':true,'n':1,'Children':[{'$NodeId':'Item','Label':'a'}]},'z':{'$NodeId':'Item'}}",
        "$.Map.k.n: was 1 becomes nothing\n"
@@ -302,6 +312,36 @@ TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
       workspace->ExportDefaults = writesDefaults;
       EXPECT_EQ(Lines(file), "") << writesDefaults;
     }
+  }
+}
+
+TEST_F(LossReport, FindsNoneInWhatASaveHasWritten) {
+  AddSchema("{'id':'File','title':'File','color':'red','isreference':true,'filerefkey':'Ref','filerefvalue':'Id',"
+            "'modifykey':'Changes','inputs':[{'id':'in','Type':'T','color':'red'}]}");
+  AddSchema(
+      "{'id':'Files','title':'Files','color':'red','inputs':[{'id':'in','Type':'T','color':'red'}],'outputs':[{"
+      "'id':'files','Type':'T','color':'red','Multiple':true}],'Schema':{'Files':{'node':'File','pin':'files'}}}");
+  const std::pair<const char*, const char*> cases[] = {
+      {"one node behind several pins, in the tree and floating, each with its place",
+       "{'$NodeId':'Doc-1','Pair':{'$NodeId':'Item-2','$Position':{'$x':20,'$y':2}},'One':{'$NodeId':'Item-2','Label':'"
+       "a',"
+       "'$Position':{'$x':300,'$y':3}},'$FloatingNodes':[{'$NodeId':'Item-2','$Title':'t','$Position':{'$x':4000,'$y':"
+       "4}}]}"},
+      {"raw JSON behind a pass-through node", "{'Items':[{'$NodeId':'Item'},{'$Link':true,'Children':[{'a':1},{'$"
+                                              "NodeId':'Item'},{'b':2}]},{'$NodeId':'Item-3'}]}"},
+      {"raw JSON behind several pass-through nodes, and behind a pin for one",
+       "{'Items':[{'$Link':true,'Children':[{'$Link':true,'Children':[{'a':1}]}]}],'One':{'$Link':true,'Children':[{'a'"
+       ":1}]}}"},
+      {"a reference behind a pass-through node", "{'One':{'$NodeId':'Files-2','Files':[{'$Link':true,'Children':[{'$"
+                                                 "NodeId':'File','Ref':'r','$FileName':'f'}]}]}}"},
+      {"pass-through nodes before nothing", "{'Items':[{'$Link':true},{'Label':'a'}],'One':{'$Link':true}}"},
+  };
+  for (const auto& [what, file] : cases) {
+    SCOPED_TRACE(what);
+    Losses(file);
+    const std::string saved = Export();
+    EXPECT_EQ(Lines(saved), "");
+    EXPECT_EQ(Export(), saved);
   }
 }
 

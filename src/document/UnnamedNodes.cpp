@@ -1,4 +1,4 @@
-#include "document/LinkedGenerics.h"
+#include "document/UnnamedNodes.h"
 
 #include "document/ChildWalk.h"
 #include "document/LinkImport.h"
@@ -7,35 +7,37 @@
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeIdentity.h"
 #include "nodes/NodeKeys.h"
+#include "nodes/ReferenceNode.h"
 #include "platform/JsonFile.h"
 
 #include <algorithm>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
+#include <utility>
 
 namespace Tesselor {
 
 namespace {
 
 /// Whether the node is written without its UUID.
-bool IsUnnamed(const ContentNode& node) { return Toolkit::DynamicCast<GenericContentNode>(&node) && !IsStandIn(node); }
+bool IsUnnamed(const ContentNode& node) {
+  if (Toolkit::DynamicCast<ReferenceNode>(&node)) return true;
+  return Toolkit::DynamicCast<GenericContentNode>(&node) && !IsStandIn(node);
+}
 
-/// The UUIDs of a link's generic nodes that no node has, in their order.
-std::vector<std::string> UnknownGenericsOf(const cJSON* link,
+/// What a link's outputs name that no node has, in their order.
+std::vector<NodeIdentity> UnknownOutputsOf(const cJSON* link,
                                            const std::unordered_map<std::string_view, ContentNode*>& nodes) {
-  std::vector<std::string> uuids;
+  std::vector<NodeIdentity> identities;
   const cJSON* output = nullptr;
   const cJSON* outputs = cJSON_GetObjectItem(link, Keys::OutputConnections);
-  if (!cJSON_IsArray(outputs)) return uuids;
+  if (!cJSON_IsArray(outputs)) return identities;
   cJSON_ArrayForEach(output, outputs) {
-    if (!cJSON_IsString(output)) continue;
-    const std::string_view text = output->valuestring;
+    const std::string_view text = cJSON_IsString(output) ? output->valuestring : "";
     const NodeIdentity identity = NodeIdentity::Of(text.substr(0, text.find(':')));
-    if (identity.type != BuiltIn::Generic || identity.uuid.empty() || nodes.contains(identity.uuid)) continue;
-    uuids.emplace_back(identity.uuid);
+    if (!identity.uuid.empty() && !nodes.contains(identity.uuid)) identities.push_back(identity);
   }
-  return uuids;
+  return identities;
 }
 
 const NodePinData* SourceOf(const cJSON* link, const std::unordered_map<std::string_view, ContentNode*>& nodes) {
@@ -59,73 +61,83 @@ const NodePinData* SourceOf(const ContentNode& link) {
   return nullptr;
 }
 
+/// How many such nodes are written below a pin, on which one hangs.
+size_t CountUnnamed(const NodePinData& pin) {
+  if (!pin.blueprint->Multiple) return 1;
+  const std::vector<ContentNode*> children = ChildrenOf(pin);
+  const auto isUnnamed = [](const ContentNode* child) { return IsUnnamed(*child); };
+  return static_cast<size_t>(std::count_if(children.begin(), children.end(), isUnnamed));
+}
+
 } // namespace
 
-void LinkedGenerics::Identify(const cJSON* links, Graph& view) {
+void UnnamedNodes::Identify(const cJSON* links, Graph& view) {
   if (!cJSON_IsObject(links)) return;
   const std::unordered_map<std::string_view, ContentNode*> nodes = NodesById(view);
   struct Named {
-    std::vector<std::string> uuids;
+    std::vector<NodeIdentity> identities;
     size_t links = 0;
     std::vector<ContentNode*> children;
   };
   std::unordered_map<const NodePinData*, Named> byPin;
   const cJSON* link = nullptr;
   cJSON_ArrayForEach(link, links) {
-    std::vector<std::string> uuids = UnknownGenericsOf(link, nodes);
-    const NodePinData* source = uuids.empty() ? nullptr : SourceOf(link, nodes);
+    std::vector<NodeIdentity> identities = UnknownOutputsOf(link, nodes);
+    const NodePinData* source = identities.empty() ? nullptr : SourceOf(link, nodes);
     if (!source) continue;
     Named& named = byPin[source];
     ++named.links;
-    named.uuids = std::move(uuids);
+    named.identities = std::move(identities);
   }
   for (const PendingConnection& pending : view.PendingConnections()) {
     const auto found = byPin.find(pending.parentPin);
     ContentNode& child = *pending.childPin->owner;
     if (found != byPin.end() && IsUnnamed(child) && child.NodeId().empty()) found->second.children.push_back(&child);
   }
-  for (const auto& [pin, named] : byPin) {
+  for (auto& [pin, named] : byPin) {
     // A pin that takes one node is written with the first, and the others float.
-    const bool areAll = !pin->blueprint->Multiple || named.children.size() == named.uuids.size();
-    if (named.links != 1 || !areAll) continue;
-    for (size_t i = 0; i < std::min(named.children.size(), named.uuids.size()); ++i)
-      named.children[i]->SetNodeId(named.uuids[i]);
+    if (!pin->blueprint->Multiple && named.children.size() == 1) named.identities.resize(1);
+    const bool areThese = named.links == 1 && std::equal(named.children.begin(), named.children.end(),
+                                                         named.identities.begin(), named.identities.end(),
+                                                         [](const ContentNode* child, const NodeIdentity& identity) {
+                                                           return child->TypeId() == identity.type;
+                                                         });
+    if (!areThese) continue;
+    for (size_t i = 0; i < named.children.size(); ++i)
+      named.children[i]->SetNodeId(std::string(named.identities[i].uuid));
   }
 }
 
-std::vector<ContentNode*> LinkedGenerics::FindUnidentified(const Graph& view) {
+std::vector<ContentNode*> UnnamedNodes::FindUnidentified(const Graph& view) {
   struct Linked {
     std::vector<ContentNode*> links;
-    std::unordered_set<const ContentNode*> generics;
+    NodeSet unnamed;
   };
   std::unordered_map<const NodePinData*, Linked> byPin;
-  std::vector<ContentNode*> found;
+  NodeSet found;
   for (const auto& node : view.ContentNodes()) {
     if (!node->IsPassthrough() || !node->FirstOutput()) continue;
-    std::vector<const ContentNode*> generics;
+    std::vector<const ContentNode*> unnamed;
     for (const NodePinData* other : node->FirstOutput()->connections)
-      if (IsUnnamed(*other->owner)) generics.push_back(other->owner);
-    if (generics.empty()) continue;
+      if (IsUnnamed(*other->owner)) unnamed.push_back(other->owner);
+    if (unnamed.empty()) continue;
     const NodePinData* source = SourceOf(*node);
     if (!source) {
-      found.push_back(node.Get());
+      found.insert(node.Get());
       continue;
     }
     Linked& linked = byPin[source];
     linked.links.push_back(node.Get());
-    linked.generics.insert(generics.begin(), generics.end());
+    linked.unnamed.insert(unnamed.begin(), unnamed.end());
   }
   for (const auto& [pin, linked] : byPin) {
-    size_t count = 1;
-    if (pin->blueprint->Multiple) {
-      const std::vector<ContentNode*> children = ChildrenOf(*pin);
-      count = static_cast<size_t>(
-          std::count_if(children.begin(), children.end(), [](const ContentNode* child) { return IsUnnamed(*child); }));
-    }
-    const bool areIdentified = linked.links.size() == 1 && linked.generics.size() == count;
-    if (!areIdentified) found.insert(found.end(), linked.links.begin(), linked.links.end());
+    if (linked.links.size() > 1 || linked.unnamed.size() != CountUnnamed(*pin))
+      found.insert(linked.links.begin(), linked.links.end());
   }
-  return found;
+  std::vector<ContentNode*> inOrder;
+  for (const auto& node : view.ContentNodes())
+    if (found.contains(node.Get())) inOrder.push_back(node.Get());
+  return inOrder;
 }
 
 } // namespace Tesselor
