@@ -125,11 +125,11 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "$.Items[0].x: was 1 becomes nothing\n"
        "$.Items[0].y: was 2 becomes nothing\n"},
       {"what a pass-through node has beside its children, and one that has none",
-       "'Items':[{'$Link':true,'$Position':{'$x':3,'$y':4},'$Title':'t','$NodeId':'Link','Note':'keep','X':[1],'Y':"
+       "'Items':[{'$Link':true,'$Position':{'$x':3.9,'$y':-4},'$Title':'t','$NodeId':'Link','Note':'keep','X':[1],'Y':"
        "null,'$Odd':5,"
        "'$Comment':'c','Obj':{'a':1},'Children':[{'$NodeId':'Item','Label':'b'}]},{'$Link':true,'Note':1,'Children':[]}"
        ","
-       "{'$Link':true,'Children':'text','$Position':{'$x':50,'y':1}}]",
+       "{'$Link':true,'Children':{'b':1}},{'$Link':true,'Children':'text','$Position':{'$x':50,'y':1}}]",
        "$.Items[0].Note: was 'keep' becomes nothing\n"
        "$.Items[0].X: was [1] becomes nothing\n"
        "$.Items[0].Y: was null becomes nothing\n"
@@ -137,19 +137,30 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "$.Items[0].$Comment: was 'c' becomes nothing\n"
        "$.Items[0].Obj: was {'a': 1} becomes a node without that key\n"
        "$.Items[1].Note: was 1 becomes nothing\n"
-       "$.Items[2].Children: was 'text' becomes nothing\n"},
+       "$.Items[2].Children: was {'b': 1} becomes a node without that key\n"
+       "$.Items[3].Children: was 'text' becomes nothing\n"},
       {"raw JSON of which a load can't tell behind which pass-through node it stands",
-       "'Items':[{'$Link':true,'Children':[{'a':1}]},{'$Generic':true}],"
-       "'One':{'$Link':true,'Children':[{'a':1},{'$NodeId':'Item-2'}]},'Pair':{'$Link':true,'Children':[{'$Link':true,'"
-       "Children':[{'a':1}]},{'a':2}]}",
-       "$.One.Children[1]: was {'$NodeId': 'Item-2'} moves to $FloatingNodes\n"
-       "$.One.Children[1].$NodeId: was 'Item-2' becomes 'Item-<new>'\n"
+       "'Items':[{'$NodeId':'Item-2','Items':[{'$Link':true,'Children':[{'a':1}]},{'$Generic':true}]},{'$Link':true,"
+       "'Children':[{'a':1}]},{'$Link':true,'Children':[{'b':1}]}],'One':{'$Link':true,'Children':[{'a':1},{'b':2}]},"
+       "'Pair':{'$Link':true,'Children':[{'$Link':true,'Children':[{'a':1}]},{'a':2}]}",
+       "$.One.Children[1]: was {'b': 2} moves to $FloatingNodes\n"
        "$.Pair.Children[1]: was {'a': 2} moves to $FloatingNodes\n"
        "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
        "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
        "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"},
+      {"pass-through nodes of one pin that name raw JSON, of which a load couldn't tell",
+       "'Items':[{'$Generic':true,'a':1},{'$Generic':true,'b':1}],'$Links':{'L':{'inputConnections':['Doc-1:items'],"
+       "'outputConnections':['Generic-7:Generic'],'sourceEndpoint':'Doc-1:items'},'M':{'inputConnections':['Doc-1:"
+       "items'],"
+       "'outputConnections':['Generic-8:Generic','Generic-9:Generic'],'sourceEndpoint':'Doc-1:items'}}",
+       "$.$Links.L.outputConnections[0]: was 'Generic-7:Generic' becomes nothing\n"
+       "$.$Links.M.outputConnections[0]: was 'Generic-8:Generic' becomes nothing\n"
+       "$.$Links.M.outputConnections[1]: was 'Generic-9:Generic' becomes nothing\n"},
       {"nodes behind a pass-through node of a map",
-       "'Map':{'k':{'$Link':true,'n':1,'Children':[{'$NodeId':'Item','Label':'a'}]},'z':{'$NodeId':'Item'}}",
+       "'Map':{'z':{'$NodeId':'Item'},'k':{'$Link':true,'n':1,'Children':[{'$NodeId':'Item','Label':'a'}]}}",
        "$.Map.k.n: was 1 becomes nothing\n"
        "$.Map.k.Children[0]: was {'$NodeId': 'Item', 'Label': 'a'} becomes the member Item\n"},
       {"what moves to the floating nodes, and what it loses there",
