@@ -44,8 +44,7 @@ NodeShapes::NodeShapes(const NodeDictionary& dictionary, const std::vector<Toolk
 const NodeBlueprint* NodeShapes::BlueprintOf(const cJSON* written) const {
   const cJSON* id = cJSON_IsObject(written) ? cJSON_GetObjectItem(written, Keys::NodeId) : nullptr;
   if (!cJSON_IsString(id)) return nullptr;
-  const NodeBlueprint* blueprint = dictionary.FindBlueprint(NodeIdentity::Of(id->valuestring).type);
-  return blueprint && !blueprint->isReference ? blueprint : nullptr;
+  return dictionary.FindBlueprint(NodeIdentity::Of(id->valuestring).type);
 }
 
 NodeShapes::Content NodeShapes::ContentOf(const NodeBlueprint* blueprint, const cJSON* member) {
@@ -58,9 +57,7 @@ NodeShapes::Content NodeShapes::ContentOf(const NodeBlueprint* blueprint, const 
       return pin->IsMap ? Content::Map : Content::Node;
     }
   }
-  const bool isTaken = blueprint->pinSchema.Contains(Keys::AdditionalProperties) ||
-                       blueprint->pinSchema.Contains(Keys::AdditionalParameters);
-  return cJSON_IsObject(member) && !isTaken ? Content::Node : Content::Data;
+  return Content::Data;
 }
 
 std::vector<std::string> NodeShapes::OriginsOf(const cJSON* written, const cJSON* member) const {

@@ -159,6 +159,11 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "$.$Links.L.outputConnections[0]: was 'Generic-7:Generic' becomes nothing\n"
        "$.$Links.M.outputConnections[0]: was 'Generic-8:Generic' becomes nothing\n"
        "$.$Links.M.outputConnections[1]: was 'Generic-9:Generic' becomes nothing\n"},
+      {"a pass-through node that names several on a pin for one, of which the first is known",
+       "'One':{'$Generic':true,'a':1},'$FloatingNodes':[{'$Generic':true,'b':2}],'$Links':{'L':{'inputConnections':['"
+       "Doc-1:"
+       "one'],'outputConnections':['Generic-7:Generic','Generic-8:Generic'],'sourceEndpoint':'Doc-1:one'}}",
+       "$.$Links.L.outputConnections[1]: was 'Generic-8:Generic' becomes nothing\n"},
       {"nodes behind a pass-through node of a map",
        "'Map':{'z':{'$NodeId':'Item'},'k':{'$Link':true,'n':1,'Children':[{'$NodeId':'Item','Label':'a'}]}}",
        "$.Map.k.n: was 1 becomes nothing\n"
