@@ -9,6 +9,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <string_view>
 
 #ifdef TESSELOR_JEMALLOC
 /// Read by the allocator when it starts: huge pages, since a document's objects are many and stay. No thread of the
@@ -29,22 +30,30 @@ const char* LevelName(Toolkit::LogLevel level) {
   return names[static_cast<uint32_t>(level) % 5];
 }
 
+/// A source file by its path in the source tree: where the program was built tells nobody anything.
+const char* InTree(const char* file) {
+  const std::string_view path(file), root("/src/");
+  const size_t at = path.rfind(root);
+  return at == path.npos ? file : file + at + root.size();
+}
+
 void OnLog(const char* file, uint32_t line, Toolkit::LogLevel level, const char*, const char* message) {
   char text[DiagnosticLength];
-  std::snprintf(text, sizeof text, "[NOESIS/%s] %s:%d %s", LevelName(level), file, static_cast<int>(line), message);
+  std::snprintf(text, sizeof text, "[NOESIS/%s] %s:%d %s", LevelName(level), InTree(file), static_cast<int>(line),
+                message);
   LogFile::Write(text);
 }
 
 void OnError(const char* file, uint32_t line, const char* message, bool fatal) {
   char text[DiagnosticLength];
-  std::snprintf(text, sizeof text, "[NOESIS/Error] %s:%d %s (%s)", file, static_cast<int>(line), message,
+  std::snprintf(text, sizeof text, "[NOESIS/Error] %s:%d %s (%s)", InTree(file), static_cast<int>(line), message,
                 fatal ? "fatal" : "");
   LogFile::Write(text);
 }
 
 bool OnAssert(const char* file, uint32_t line, const char* expression) {
   char text[DiagnosticLength];
-  std::snprintf(text, sizeof text, "[NOESIS/Assert] %s:%d %s", file, static_cast<int>(line), expression);
+  std::snprintf(text, sizeof text, "[NOESIS/Assert] %s:%d %s", InTree(file), static_cast<int>(line), expression);
   LogFile::Write(text);
   return true;
 }

@@ -6,6 +6,7 @@
 #include "nodes/GroupNode.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
+#include "platform/JsonMemory.h"
 #include "platform/Uuid.h"
 
 #include <algorithm>
@@ -148,6 +149,16 @@ JsonPtr DocumentExport::Build(const std::vector<Toolkit::Ptr<GroupNode>>& groups
   cJSON_AddStringToObject(metadata.get(), Keys::WorkspaceId, workspaceId.c_str());
   cJSON_AddItemToObject(document.get(), Keys::Metadata, metadata.release());
   return document;
+}
+
+std::string DocumentExport::Print(const std::vector<Toolkit::Ptr<GroupNode>>& groups,
+                                  const std::vector<Toolkit::Ptr<CommentNode>>& comments,
+                                  const std::string& workspaceId) {
+  if (!Measure().CanBeRead()) return {};
+  const JsonMemory memory;
+  std::string text = PrintJson(Build(groups, comments, workspaceId).get());
+  // Members that there was no memory for are left out without a word.
+  return memory.RanOut() || JsonNesting(text) > JsonNestingLimit ? std::string() : text;
 }
 
 JsonPtr DocumentExport::BuildNodes() const {

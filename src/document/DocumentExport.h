@@ -29,12 +29,18 @@ public:
     bool IsMultiplied(size_t nodesOfDocument) const { return nodes > 10 * static_cast<double>(nodesOfDocument); }
     /// A file of so many nodes takes more memory than machines have.
     bool IsTooLarge() const { return nodes > 10'000'000; }
+    /// False for what would be refused when it is read again.
+    bool CanBeRead() const { return nesting <= JsonNestingLimit && !IsTooLarge(); }
   };
   /// How large the document becomes, in time linear in its connections.
   Size Measure() const;
 
   JsonPtr Build(const std::vector<Toolkit::Ptr<GroupNode>>& groups,
                 const std::vector<Toolkit::Ptr<CommentNode>>& comments, const std::string& workspaceId);
+
+  /// The text of the same; empty if it could not be read again, or if there is not enough memory for it.
+  std::string Print(const std::vector<Toolkit::Ptr<GroupNode>>& groups,
+                    const std::vector<Toolkit::Ptr<CommentNode>>& comments, const std::string& workspaceId);
 
   /// Why the pass-through nodes can't be written: those whose sides are connected to different types. Empty if all are
   /// sound.

@@ -62,12 +62,8 @@ size_t CountObjects(const cJSON* value) {
 
 std::vector<Loss> LossesBy(FieldsToWrite fields, const cJSON& file, const std::vector<LongNumber>& longNumbers,
                            const Graph& graph, const RootType& root) {
-  DocumentExport document(*graph.Root(), graph.ContentNodes(), fields);
-  std::string text;
-  {
-    const JsonPtr built = document.Build(graph.GroupNodes(), graph.CommentNodes(), root.MenuName);
-    text = PrintJson(built.get());
-  }
+  const std::string text = DocumentExport(*graph.Root(), graph.ContentNodes(), fields)
+                               .Print(graph.GroupNodes(), graph.CommentNodes(), root.MenuName);
   const JsonPtr exported = ParseJson(text, JsonTail::Refused).json;
   if (!exported) return {};
   static const NodeDictionary builtIn;
@@ -85,7 +81,7 @@ std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vecto
   const bool saveAllFields = root.workspace && root.workspace->ExportDefaults;
   const size_t count = graph.ContentNodes().size();
   const DocumentExport::Size size = DocumentExport(*graph.Root(), graph.ContentNodes(), FieldsToWrite::All).Measure();
-  if (size.nesting > JsonNestingLimit || size.IsTooLarge()) return {};
+  if (!size.CanBeRead()) return {};
   if (size.IsMultiplied(std::max(count, CountObjects(&file)))) {
     Loss loss{"$", std::to_string(count) + " nodes", RoundedCount(size.nodes), {}};
     return {{std::move(loss), {}}};

@@ -33,6 +33,7 @@ struct RescueCopy {
 class RescueStore {
 public:
   explicit RescueStore(std::filesystem::path directory);
+  const std::filesystem::path& Directory() const { return directory; }
 
   /// Replaces the copy of this process's document. Safe in a forked child, which writes the parent's.
   bool Write(const RescuedDocument& document, std::string_view text) const;

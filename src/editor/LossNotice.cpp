@@ -4,6 +4,7 @@
 #include "editor/LossPanel.h"
 #include "editor/NoticeBar.h"
 #include "graph/Graph.h"
+#include "nodes/NodeNames.h"
 #include "platform/ForkedWork.h"
 #include "toolkit/base/Dispatcher.h"
 #include "values/ActionHistory.h"
@@ -63,7 +64,7 @@ void LossNotice::Compare() {
 
 void LossNotice::Show(std::vector<DocumentLoss> losses) {
   if (losses.empty()) return;
-  const std::string count = losses.size() == 1 ? "1 value" : std::to_string(losses.size()) + " values";
+  const std::string count = Counted(losses.size(), "value", "values");
   bar.Show({NoticeId, "Saving this file changes " + count, {{"Details", [this, losses = std::move(losses)] {
                                                                panel.Open(losses);
                                                              }}}});

@@ -1,5 +1,6 @@
 #include "editor/LossPanel.h"
 
+#include "nodes/NodeNames.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/markup/GUI.h"
@@ -43,8 +44,7 @@ LossPanel::LossPanel() : lines(Toolkit::MakePtr<Lines>()) {
 
 void LossPanel::Open(std::vector<DocumentLoss> losses) {
   Close();
-  SetValue(CaptionProperty, losses.size() == 1 ? std::string("Saving changes 1 value")
-                                               : "Saving changes " + std::to_string(losses.size()) + " values");
+  SetValue(CaptionProperty, "Saving changes " + Counted(losses.size(), "value", "values"));
   SetValue(PanelVisibilityProperty, Visibility::Visible);
   for (DocumentLoss& loss : losses) lines->Add(Toolkit::MakePtr<LossLine>(std::move(loss)));
   list->Focus();

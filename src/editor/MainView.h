@@ -23,6 +23,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -130,6 +131,10 @@ private:
   bool SaveThen(const std::function<void()>& done, SaveQuestion question = SaveQuestion::RootType);
   /// The same under a name that the user chooses.
   bool SaveAsThen(const std::function<void()>& done);
+  bool SaveUnder(const std::string& path, const std::function<void()>& done);
+  /// Asks one question of a save, which waits for the answer, and all other saves with it.
+  void AskBeforeSave(std::string text, std::vector<std::string> choices, size_t defaultChoice,
+                     std::function<void(std::optional<size_t>)> chosen);
   /// Asks unless there is nothing to ask; what is answered goes on with the question behind this one.
   bool IsAsked(SaveQuestion question, const std::function<void()>& done);
   /// About a save that makes much more of the document than its file held.
@@ -155,7 +160,7 @@ private:
   /// Closes the document, and keeps what is unsaved of it. False if it stays open, which the user was told.
   bool LeaveDocument();
   RescuedDocument DescribeForRescue() const;
-  /// The text that a save would write, also of a document that can't be saved; empty if there is none.
+  /// The text that a save would write, also of a document that lacks a root; empty if it could not be read again.
   std::string PrintDocument();
   /// Shows what is no file's content as the unsaved document of that file; false, with a box, if it can't be read.
   bool ShowAsUnsaved(const RescuedDocument& document, const std::string& text);
@@ -316,7 +321,7 @@ private:
   /// Nobody is there to answer.
   bool isUnattended = false;
   std::unique_ptr<EditInProgress> editInProgress;
-  bool isAskedToClose = false;
+  bool isAskedToClose = false, isAskedBeforeSave = false;
   std::unique_ptr<WorkKeeper> keeper;
   std::unique_ptr<EndSignals> endSignals;
   std::unique_ptr<FileGuard> fileGuard;

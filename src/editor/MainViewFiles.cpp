@@ -12,6 +12,7 @@
 #include "editor/NodePanel.h"
 #include "editor/NodeSearchPanel.h"
 #include "editor/NodesMenu.h"
+#include "editor/NoticeBar.h"
 #include "editor/UnattendedSave.h"
 #include "nodes/CommentNode.h"
 #include "nodes/ContentNode.h"
@@ -33,6 +34,7 @@
 #include "workspace/Workspace.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 namespace Tesselor {
@@ -144,7 +146,19 @@ bool MainView::SaveAsThen(const std::function<void()>& done) {
   const size_t dot = chosen->find_last_of('.');
   const size_t slash = chosen->find_last_of("/\\");
   const bool hasExtension = dot != std::string::npos && (slash == std::string::npos || dot > slash);
-  filePath = chosen->substr(0, hasExtension ? dot : std::string::npos) + "." + format;
+  const std::string path = chosen->substr(0, hasExtension ? dot : std::string::npos) + "." + format;
+  std::error_code error;
+  if (path == *chosen || path == filePath || !std::filesystem::exists(path, error)) return SaveUnder(path, done);
+  // The dialog has asked about the name that was chosen, and about no other.
+  AskBeforeSave("\"" + path.substr(path.find_last_of("/\\") + 1) + "\" is there already. Do you want to replace it?",
+                {"Replace", "Cancel"}, 1, [this, path, done](std::optional<size_t> choice) {
+                  if (choice == 0u) SaveUnder(path, done);
+                });
+  return false;
+}
+
+bool MainView::SaveUnder(const std::string& path, const std::function<void()>& done) {
+  filePath = path;
   ShowTitleOfFile();
   return SaveThen(done);
 }
@@ -154,7 +168,8 @@ bool MainView::Export() {
   ContentNode* root = graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr;
   const RootType& type = *workspaces.currentRoot;
   // A save that can't keep what it replaces is still the save that the user wants.
-  if (fileHistory && !fileHistory->Keep(filePath)) LogFile::Write("The former version could not be kept: " + filePath);
+  const bool isKept = !fileHistory || fileHistory->Keep(filePath);
+  if (!isKept) LogFile::Write("The former version could not be kept: " + filePath);
   bool isWritten = false;
   WithFinishedTyping([&] {
     isWritten = NodeImporterExporter::ExportNodeTree(filePath, root, graph->ContentNodes(), graph->GroupNodes(),
@@ -165,6 +180,8 @@ bool MainView::Export() {
     if (fileGuard) fileGuard->Take(filePath);
     NoteSaved();
     lossNotice->End();
+    if (!isKept)
+      noticeBar->Show({"not kept", "What \"" + DocumentName() + "\" held before this save could not be kept.", {}});
   }
   const std::string file = filePath.substr(filePath.find_last_of("/\\") + 1);
   if (isWritten)

@@ -35,7 +35,8 @@ using Toolkit::MessageBox;
 using Toolkit::Ptr;
 
 namespace {
-constexpr char newDocumentNotice[] = "new document";
+/// Of what a save will replace.
+constexpr char replacedNotice[] = "replaced";
 } // namespace
 
 MainView::SaveQuestion MainView::Next(SaveQuestion question) {
@@ -47,7 +48,7 @@ bool MainView::IsSaved() const {
 }
 
 void MainView::NoteSaved() {
-  noticeBar->Dismiss(newDocumentNotice);
+  noticeBar->Dismiss(replacedNotice);
   savedState = ActionHistory::Instance().State();
   OnDocumentChanged();
 }
@@ -88,6 +89,8 @@ void MainView::RequestClose() {
 bool MainView::Save() { return SaveThen({}); }
 
 bool MainView::SaveThen(const std::function<void()>& done, SaveQuestion question) {
+  // A box that waits goes on with its own save.
+  if (isAskedBeforeSave) return false;
   if (filePath.empty()) return SaveAsThen(done);
   if (!workspaces.currentRoot) {
     ShowError("No workspace selected. Cannot save file.", "Cannot Save");
@@ -100,13 +103,25 @@ bool MainView::SaveThen(const std::function<void()>& done, SaveQuestion question
   return isWritten;
 }
 
-bool MainView::IsAsked(SaveQuestion question, const std::function<void()>& done) {
+void MainView::AskBeforeSave(std::string text, std::vector<std::string> choices, size_t defaultChoice,
+                             std::function<void(std::optional<size_t>)> chosen) {
+  isAskedBeforeSave = true;
   // By the time of the answer the window may be gone for everybody else.
-  const auto goOn = [view = Ptr<MainView>(this), done, next = Next(question)] { view->SaveThen(done, next); };
+  MessageBox::Ask(
+      std::move(text), "Attention!", std::move(choices),
+      [view = Ptr<MainView>(this), chosen = std::move(chosen)](std::optional<size_t> choice) {
+        view->isAskedBeforeSave = false;
+        chosen(choice);
+      },
+      defaultChoice);
+}
+
+bool MainView::IsAsked(SaveQuestion question, const std::function<void()>& done) {
+  const auto goOn = [this, done, next = Next(question)] { SaveThen(done, next); };
   switch (question) {
   case SaveQuestion::RootType:
     if (const std::string mismatch = DescribeRootMismatch(); !mismatch.empty()) {
-      MessageBox::Ask(mismatch, "Attention!", {"Cancel", "Save anyway"}, [goOn](std::optional<size_t> choice) {
+      AskBeforeSave(mismatch, {"Cancel", "Save anyway"}, 0, [goOn](std::optional<size_t> choice) {
         if (choice == 1u) goOn();
       });
       return true;
@@ -115,15 +130,12 @@ bool MainView::IsAsked(SaveQuestion question, const std::function<void()>& done)
   case SaveQuestion::Size: return AskAboutSize(goOn);
   case SaveQuestion::ChangedFile:
     if (!fileGuard || !fileGuard->IsChanged(filePath)) return false;
-    MessageBox::Ask(
-        "\"" + DocumentName() + "\" was changed by another program since it was opened here.", "Attention!",
-        {"Overwrite", "Save as", "Reload", "Cancel"},
-        [goOn, view = Ptr<MainView>(this), done](std::optional<size_t> choice) {
-          if (choice == 0u) goOn();
-          if (choice == 1u) view->SaveAsThen(done);
-          if (choice == 2u) view->Reload();
-        },
-        3);
+    AskBeforeSave("\"" + DocumentName() + "\" was changed by another program since it was opened here.",
+                  {"Overwrite", "Save as", "Reload", "Cancel"}, 3, [this, goOn, done](std::optional<size_t> choice) {
+                    if (choice == 0u) goOn();
+                    if (choice == 1u) SaveAsThen(done);
+                    if (choice == 2u) Reload();
+                  });
     return true;
   case SaveQuestion::None: break;
   }
@@ -137,15 +149,14 @@ bool MainView::AskAboutSize(const std::function<void()>& goOn) {
   const size_t count = graph->ContentNodes().size();
   // What is too large is refused by the export.
   if (!size.IsMultiplied(count) || size.nodes <= nodesOfFile || size.IsTooLarge()) return false;
-  MessageBox::Ask("Nodes with several parents are written below each of them. The file will hold " +
-                      RoundedCount(size.nodes) + " nodes, and the document has " + std::to_string(count) +
-                      ". Do you want to save it?",
-                  "Attention!", {"Save", "Cancel"},
-                  [view = Ptr<MainView>(this), goOn, nodes = size.nodes](std::optional<size_t> choice) {
-                    if (choice != 0u) return;
-                    view->nodesOfFile = nodes;
-                    goOn();
-                  });
+  AskBeforeSave("Nodes with several parents are written below each of them. The file will hold " +
+                    RoundedCount(size.nodes) + " nodes, and the document has " + std::to_string(count) +
+                    ". Do you want to save it?",
+                {"Save", "Cancel"}, 0, [this, goOn, nodes = size.nodes](std::optional<size_t> choice) {
+                  if (choice != 0u) return;
+                  nodesOfFile = nodes;
+                  goOn();
+                });
   return true;
 }
 
@@ -185,7 +196,7 @@ void MainView::OnClickEarlierVersions(Toolkit::Object*, const Toolkit::RoutedEve
 void MainView::OpenVersion(const VersionLine& line) {
   SetValue(VersionsModalVisibilityProperty, Toolkit::Visibility::Collapsed);
   if (!ShowFormerText(filePath, line.Version().file)) return;
-  noticeBar->Show({"earlier version",
+  noticeBar->Show({replacedNotice,
                    "This is \"" + DocumentName() + "\" as it was until " + std::string(line.GetTime().View()) +
                        ". A save writes it over the present file.",
                    {}});
@@ -235,7 +246,7 @@ void MainView::KeepWork(const std::filesystem::path& directory) {
       *noticeBar, directory / "rescue");
   keeper->OfferAbandoned();
   fileGuard = std::make_unique<FileGuard>(*noticeBar, [this] { Reload(); });
-  if (!filePath.empty()) fileGuard->Take(filePath);
+  if (!filePath.empty()) fileGuard->Take(filePath, readState);
   fileHistory = FileHistory::IsWanted() ? std::make_unique<FileHistory>(directory / "history") : nullptr;
   commandStates->Refresh();
 }
@@ -267,7 +278,7 @@ bool MainView::LeaveDocument() {
 
 void MainView::TellOfFileBehindNewDocument() {
   if (filePath.empty()) return;
-  noticeBar->Show({newDocumentNotice,
+  noticeBar->Show({replacedNotice,
                    "A save writes this new document over \"" + DocumentName() + "\".",
                    {{"Save as", [this] { SaveAs(); }}}});
 }
@@ -280,15 +291,15 @@ RescuedDocument MainView::DescribeForRescue() const {
 }
 
 std::string MainView::PrintDocument() {
-  if (!HasWorkspace() || graph->ContentNodes().empty()) return {};
+  if (!HasWorkspace()) return {};
   const RootType& type = *workspaces.currentRoot;
   Ptr<ContentNode> root(graph->Root() && graph->Contains(*graph->Root()) ? graph->Root() : nullptr);
   // The rest of a document whose root was deleted floats beside a new one.
   if (!root && Dictionary()) root = Dictionary()->CreateNode(type.RootNodeType, true);
   if (!root) return {};
   const FieldsToWrite fields = type.workspace->ExportDefaults ? FieldsToWrite::All : FieldsToWrite::Changed;
-  DocumentExport document(*root, graph->ContentNodes(), fields);
-  return PrintJson(document.Build(graph->GroupNodes(), graph->CommentNodes(), type.MenuName).get());
+  return DocumentExport(*root, graph->ContentNodes(), fields)
+      .Print(graph->GroupNodes(), graph->CommentNodes(), type.MenuName);
 }
 
 bool MainView::ShowAsUnsaved(const RescuedDocument& document, const std::string& text) {
@@ -302,6 +313,7 @@ bool MainView::ShowAsUnsaved(const RescuedDocument& document, const std::string&
   filePath = document.path;
   AssetFile file;
   file.json = std::move(parsed.json);
+  file.longNumbers = FindLongNumbers(text);
   FinishLoad(std::move(file));
   if (graph->ContentNodes().empty()) return false;
   // No state of the history is that of the file.

@@ -1,5 +1,6 @@
 #include "editor/NodeSearchPanel.h"
 
+#include "nodes/NodeNames.h"
 #include "platform/AsciiCase.h"
 #include "toolkit/base/Diagnostics.h"
 #include "toolkit/base/Dispatcher.h"
@@ -105,9 +106,7 @@ void NodeSearchPanel::ReadAhead() {
 
 void NodeSearchPanel::ShowCount() {
   const size_t count = results->Count();
-  SetValue(CountTextProperty, count == 0   ? std::string("No node matches")
-                              : count == 1 ? std::string("1 match")
-                                           : std::to_string(count) + " matches");
+  SetValue(CountTextProperty, count == 0 ? std::string("No node matches") : Counted(count, "match", "matches"));
 }
 
 void NodeSearchPanel::SearchNow() {

@@ -38,6 +38,7 @@ void NoticeBar::Describe(Toolkit::TypeBuilder<NoticeBar>& type) {
   type.Member<&NoticeBar::ReflectedLines>("Lines");
   type.Handler<&NoticeBar::OnActionClicked>("OnActionClicked", Toolkit::ButtonBase::ClickEvent);
   type.Handler<&NoticeBar::OnDismissClicked>("OnDismissClicked", Toolkit::ButtonBase::ClickEvent);
+  type.Handler<&NoticeBar::OnPreviewMouseDown>("OnPreviewMouseDown", PreviewMouseDownEvent);
 }
 
 NoticeBar::NoticeBar() : lines(Toolkit::MakePtr<Toolkit::ObservableCollection<NoticeLine>>()) {
@@ -54,6 +55,11 @@ void NoticeBar::Show(Notice notice) {
 void NoticeBar::Dismiss(std::string_view id) {
   for (size_t i = 0; i < lines->Count(); ++i)
     if (lines->Get(i)->Id() == id) return lines->RemoveAt(i);
+}
+
+void NoticeBar::OnPreviewMouseDown(Toolkit::Object*, const Toolkit::MouseButtonEventArgs& args) {
+  // The first click of a double click may have brought another button under the mouse.
+  if (args.clickCount > 1) args.handled = true;
 }
 
 void NoticeBar::OnActionClicked(Toolkit::Object*, const Toolkit::RoutedEventArgs& args) {

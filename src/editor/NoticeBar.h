@@ -4,6 +4,7 @@
 #include "toolkit/base/ObservableCollection.h"
 #include "toolkit/base/SharedString.h"
 #include "toolkit/controls/UserControl.h"
+#include "toolkit/visual/InputEvents.h"
 
 #include <functional>
 #include <string>
@@ -78,6 +79,7 @@ public:
 
 private:
   Toolkit::ObservableCollectionBase* ReflectedLines() const { return lines.Get(); }
+  void OnPreviewMouseDown(Toolkit::Object* sender, const Toolkit::MouseButtonEventArgs& args);
   void OnActionClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
   void OnDismissClicked(Toolkit::Object* sender, const Toolkit::RoutedEventArgs& args);
 

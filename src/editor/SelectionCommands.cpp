@@ -67,10 +67,14 @@ void FrameResizes::Resize(FrameNode& frame, Toolkit::Point moved) {
   const Toolkit::Rect before = frame.Bounds();
   frame.SetBounds({before.x, before.y, before.width + moved.x, before.height + moved.y});
   if (frame.Bounds() == before) return;
-  if (run && history.Revision() == revision && &run->Frame() == &frame) return run->Settle();
-  auto step = std::make_unique<ResizeGroupNodeActionCommand>(frame, before, frame.Bounds());
-  run = step.get();
-  history.Push(std::move(step));
+  if (run && history.Revision() == revision && &run->Frame() == &frame) {
+    run->Settle();
+    history.NoteExtension();
+  } else {
+    auto step = std::make_unique<ResizeGroupNodeActionCommand>(frame, before, frame.Bounds());
+    run = step.get();
+    history.Push(std::move(step));
+  }
   revision = history.Revision();
 }
 

@@ -12,6 +12,7 @@ namespace {
 
 /// Milliseconds. With the time that a copy of fifty thousand nodes takes, a change is on the disk within two seconds.
 constexpr double copyDelay = 500;
+constexpr char failureId[] = "copy failed";
 
 std::string NameOf(const RescuedDocument& document) {
   return document.path.empty() ? "Untitled" : std::filesystem::path(document.path).filename().string();
@@ -31,6 +32,8 @@ WorkKeeper::WorkKeeper(Document document, NoticeBar& notices, std::filesystem::p
 
 WorkKeeper::~WorkKeeper() {
   Toolkit::Dispatcher::Current().Cancel(copyTimer);
+  // No copy follows the last one.
+  changedAt = -1;
   Finish();
 }
 
@@ -56,6 +59,7 @@ void WorkKeeper::Discard() {
   Toolkit::Dispatcher::Current().Cancel(std::exchange(copyTimer, 0));
   changedAt = -1;
   DeleteReplaced();
+  ForgetFailure();
   if (!mayExist) return;
   // One that is not done would bring the copy back.
   copying.reset();
@@ -83,11 +87,21 @@ void WorkKeeper::Finish() {
 }
 
 void WorkKeeper::Ended(bool isWritten) {
-  if (isWritten)
+  if (isWritten) {
     DeleteReplaced();
-  else
+    ForgetFailure();
+  } else {
     LogFile::Write("The copy of the unsaved document could not be written");
+    if (!std::exchange(hasFailed, true))
+      notices.Show({failureId,
+                    "Unsaved changes can't be kept in \"" + store.Directory().string() + "\" for now. Save often.",
+                    {}});
+  }
   Schedule();
+}
+
+void WorkKeeper::ForgetFailure() {
+  if (std::exchange(hasFailed, false)) notices.Dismiss(failureId);
 }
 
 void WorkKeeper::WriteNow() {
@@ -95,7 +109,7 @@ void WorkKeeper::WriteNow() {
   const bool isBehind = changedAt >= 0;
   changedAt = -1;
   Finish();
-  if (!isBehind || document.isSaved()) return;
+  if ((!isBehind && !hasFailed) || document.isSaved()) return;
   mayExist = true;
   const std::string text = document.print();
   if (!text.empty() && store.Write(document.describe(), text)) DeleteReplaced();
@@ -123,14 +137,14 @@ void WorkKeeper::OfferAbandoned() {
                      LocalTime(copy->time) + ".");
 }
 
-void WorkKeeper::Offer(const RescueCopy& copy, std::string text) {
+void WorkKeeper::Offer(const RescueCopy& copy, const std::string& text) {
   const std::string id = "rescue " + copy.file.string();
   notices.Show({id,
-                std::move(text),
+                text,
                 {{"Restore",
-                  [this, copy, id] {
+                  [this, copy, id, text] {
                     notices.Dismiss(id);
-                    Restore(copy);
+                    Restore(copy, text);
                   }},
                  {"Delete",
                   [this, copy, id] {
@@ -140,13 +154,14 @@ void WorkKeeper::Offer(const RescueCopy& copy, std::string text) {
                 "Later"});
 }
 
-void WorkKeeper::Restore(RescueCopy copy) {
-  const std::optional<std::string> text = store.Claim(copy);
-  if (!text) {
+void WorkKeeper::Restore(RescueCopy copy, const std::string& text) {
+  const std::optional<std::string> kept = store.Claim(copy);
+  if (!kept) {
     notices.Show({"rescue gone", "These changes are not there any more.", {}});
     return;
   }
-  if (!document.restore(copy.document, *text)) return;
+  // What can't be shown now is there for another try.
+  if (!document.restore(copy.document, *kept)) return Offer(copy, text);
   replaced.push_back(std::move(copy));
   Follow();
 }

@@ -23,7 +23,7 @@ public:
   struct Document {
     std::function<bool()> isSaved;
     std::function<RescuedDocument()> describe;
-    /// The text that a save would write; empty if there is none.
+    /// The text that a save would write; empty if none can be made.
     std::function<std::string()> print;
     /// Shows a text as an unsaved document; false if it can't be read, which the user was told.
     std::function<bool(const RescuedDocument&, const std::string& text)> restore;
@@ -54,9 +54,11 @@ public:
 
 private:
   void Ended(bool isWritten);
+  void ForgetFailure();
   void Schedule();
-  void Offer(const RescueCopy& copy, std::string text);
-  void Restore(RescueCopy copy);
+  /// `text` tells the user what it is.
+  void Offer(const RescueCopy& copy, const std::string& text);
+  void Restore(RescueCopy copy, const std::string& text);
   void DeleteReplaced();
 
   Document document;
@@ -68,6 +70,8 @@ private:
   /// if it did not.
   double changedAt = -1;
   bool mayExist = false;
+  /// The last copy could not be written, which the user was told.
+  bool hasFailed = false;
   /// Restored copies, which go when the document's own copy is there.
   std::vector<RescueCopy> replaced;
 };

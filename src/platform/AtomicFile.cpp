@@ -51,16 +51,16 @@ bool Overwrite(int descriptor, std::string_view text) {
          ftruncate(descriptor, static_cast<off_t>(text.size())) == 0 && fsync(descriptor) == 0;
 }
 
-/// Asks for the room before the first byte of the old file is touched. Not every file system can tell.
+bool IsDiskFull(int error) { return error == ENOSPC || error == EDQUOT || error == EFBIG || error == EIO; }
+
+/// Asks for the room before the first byte of the old file is touched. Where a file system can't tell, the write will.
 bool HasRoom(int descriptor, size_t size, size_t oldSize) {
   if (size <= oldSize) return true;
-  const int error = posix_fallocate(descriptor, 0, static_cast<off_t>(size));
-  if (error == 0 || error == EOPNOTSUPP || error == EINVAL) return true;
+  // Not the portable call: what stands in for it where a file system can't tell has to read the file.
+  if (fallocate(descriptor, 0, 0, static_cast<off_t>(size)) == 0 || !IsDiskFull(errno)) return true;
   [[maybe_unused]] const int truncated = ftruncate(descriptor, static_cast<off_t>(oldSize));
   return false;
 }
-
-bool IsDiskFull(int error) { return error == ENOSPC || error == EDQUOT || error == EFBIG || error == EIO; }
 
 /// For a file that no other can take the place of: one with more names, or in a directory that takes no new entry.
 FileWriteResult WriteInPlace(const std::string& path, std::string_view text) {
@@ -119,7 +119,9 @@ void AtomicFile::RemoveLeftovers(const std::filesystem::path& directory) {
 
 FileWriteResult AtomicFile::Write(const std::string& path, std::string_view text) {
   const std::filesystem::path target = FollowLinks(path);
-  if (!target.has_filename()) return FileWriteResult::OpenFailed;
+  // A link that leads back to itself leads to no file.
+  std::error_code error;
+  if (!target.has_filename() || std::filesystem::is_symlink(target, error)) return FileWriteResult::OpenFailed;
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
   if (exists && S_ISDIR(old.st_mode)) return FileWriteResult::OpenFailed;
@@ -138,9 +140,11 @@ FileWriteResult AtomicFile::Write(const std::string& path, std::string_view text
   }
   bool isWritten = WriteAll(descriptor, text), isReplaceable = true;
   if (exists) {
-    // Only a privileged process may give files away: what belongs to another user or group stays theirs in place. A
-    // change of owner clears special mode bits, so the mode comes last.
-    if (old.st_uid != geteuid() || old.st_gid != getegid())
+    // Only a privileged process may give files away: what belongs to another user or group stays theirs in place. The
+    // new file may have its group from the directory. A change of owner clears special mode bits, so the mode comes
+    // last.
+    struct stat made {};
+    if (fstat(descriptor, &made) != 0 || made.st_uid != old.st_uid || made.st_gid != old.st_gid)
       isReplaceable = fchown(descriptor, old.st_uid, old.st_gid) == 0;
     isWritten = isWritten && fchmod(descriptor, old.st_mode & 07777) == 0;
   }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int dialogAccepted = 1;
 using DialogFunction = int (*)(const char* filterList, const char* defaultPath, char** outPath);
-using TurnFunction = void (*)();
+using TurnFunction = bool (*)();
 
 /// The desktop's dialogs live in a module of their own that is loaded by the first dialog: their toolkit takes far
 /// longer to start than the whole program, and an unattended run must not need it. The module is never unloaded,
@@ -86,7 +86,7 @@ std::optional<std::string> FileDialogs::Save(const std::string& filter) {
 
 void FileDialogs::SetCurrentFile(std::function<std::string()> path) { currentFile = std::move(path); }
 
-void FileDialogs::SetWhileOpen(void (*turn)()) { whileOpen = turn; }
+void FileDialogs::SetWhileOpen(bool (*turn)()) { whileOpen = turn; }
 
 FileDialogBackend* FileDialogs::SetBackend(FileDialogBackend* backend) {
   return std::exchange(currentBackend, backend);

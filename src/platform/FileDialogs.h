@@ -33,8 +33,9 @@ public:
   /// Tells the path of the file that is worked on, where dialogs start; empty if there is none. Null, as at the start,
   /// means that there is none.
   static void SetCurrentFile(std::function<std::string()> path);
-  /// What is called again and again while a dialog of the desktop is open, so that the window behind it can repaint.
-  static void SetWhileOpen(void (*turn)());
+  /// What is called again and again while a dialog of the desktop is open, so that the window behind it can repaint and
+  /// unsaved work is kept. False ends the dialog as if it were cancelled.
+  static void SetWhileOpen(bool (*turn)());
 };
 
 } // namespace Tesselor

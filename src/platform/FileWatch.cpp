@@ -28,8 +28,9 @@ bool Names(std::string_view bytes, const std::string& name) {
 
 FileWatch::FileWatch(const std::string& path, std::function<void()> touched) {
   std::error_code error;
+  std::filesystem::path file = std::filesystem::absolute(path, error);
   // Behind a link it is the file's own directory that changes.
-  const std::filesystem::path file = std::filesystem::weakly_canonical(std::filesystem::absolute(path), error);
+  if (!error) file = std::filesystem::weakly_canonical(file, error);
   const int descriptor = error ? -1 : inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
   if (descriptor < 0) return;
   // Other programs replace a file as well as write into it.

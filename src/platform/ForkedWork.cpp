@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <new>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
@@ -14,10 +15,12 @@ namespace Tesselor {
 
 namespace {
 
-[[noreturn]] void RunChild(int descriptor, const std::function<ForkedWork::Result()>& work) {
-  // The loop of the parent answers signals and writes the log.
+/// An exception ends the child, or it would go on as a second editor where the parent has its handlers.
+[[noreturn]] void RunChild(int descriptor, const std::function<ForkedWork::Result()>& work) noexcept {
+  // The loop of the parent answers signals and writes the log, and tells the user itself what a failed child means.
   for (const int signal : {SIGTERM, SIGHUP, SIGINT}) std::signal(signal, SIG_IGN);
   LogFile::SetSink([](std::string_view) {});
+  std::set_new_handler([] { _exit(1); });
   [[maybe_unused]] const int niceness = nice(10);
   const ForkedWork::Result text = work();
   if (!text) _exit(1);
@@ -36,7 +39,11 @@ std::unique_ptr<ForkedWork> ForkedWork::Start(const std::function<Result()>& wor
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return nullptr;
   const pid_t child = fork();
-  if (child == 0) RunChild(ends[1], work);
+  if (child == 0) {
+    // With a reader of its own the child would wait for ever once the parent is gone.
+    close(ends[0]);
+    RunChild(ends[1], work);
+  }
   close(ends[1]);
   if (child < 0) {
     close(ends[0]);
@@ -72,7 +79,9 @@ void ForkedWork::Ended() {
   while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
   }
   child = -1;
-  done(status == 0 ? Result(std::move(text)) : std::nullopt);
+  // What the callback holds, such as a whole document, is needed no longer than for this call.
+  const auto tell = std::exchange(done, nullptr);
+  tell(status == 0 ? Result(std::move(text)) : std::nullopt);
 }
 
 } // namespace Tesselor

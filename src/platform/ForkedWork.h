@@ -17,8 +17,8 @@ class ForkedWork {
 public:
   using Result = std::optional<std::string>;
 
-  /// `done` gets what `work` returns, by the loop; nothing also if the child failed. It must not let go of this. Null
-  /// if there can be no child.
+  /// `done` gets what `work` returns, by the loop; nothing also if the child failed. It must not let go of this, and
+  /// goes after the call. Null if there can be no child.
   static std::unique_ptr<ForkedWork> Start(const std::function<Result()>& work, std::function<void(Result)> done);
   /// Ends the child; `done` is not called any more.
   ~ForkedWork();

@@ -130,7 +130,11 @@ JsonParseResult ParseJson(const std::string& original, JsonTail tail) {
   } else if (!result.json) {
     const char* position = cJSON_GetErrorPtr();
     if (!position || position < text.c_str() || position > text.c_str() + text.size()) position = text.c_str();
-    result.detail = DescribePlace(text, static_cast<size_t>(position - text.c_str()));
+    const auto place = static_cast<size_t>(position - text.c_str());
+    result.detail = DescribePlace(text, place);
+    // One more would be too deep.
+    if (JsonNesting(std::string_view(text).substr(0, place + 1)) > JsonNestingLimit)
+      result.detail += ", nested more than " + std::to_string(JsonNestingLimit) + " levels deep";
   }
   return result;
 }

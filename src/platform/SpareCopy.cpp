@@ -5,6 +5,7 @@
 #include "platform/StateDirectory.h"
 
 #include <algorithm>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -26,6 +27,12 @@ fs::path OwnDirectory() {
 fs::path TemporaryDirectory() {
   std::error_code error;
   return fs::temp_directory_path(error);
+}
+
+/// Anybody may put a file of that name into a directory of temporary files.
+bool IsOwn(const fs::path& file) {
+  struct stat status {};
+  return lstat(file.c_str(), &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid();
 }
 
 } // namespace
@@ -57,7 +64,7 @@ std::vector<fs::path> SpareCopy::LeftOf(const std::string& path) {
     fs::directory_iterator entries(directory, error);
     for (const fs::directory_iterator end; !error && entries != end; entries.increment(error)) {
       const std::string name = entries->path().filename().string();
-      if (!name.starts_with(beginning) || !name.ends_with(extension)) continue;
+      if (!name.starts_with(beginning) || !name.ends_with(extension) || !IsOwn(entries->path())) continue;
       std::error_code timeError;
       if (HasEnded(ProcessOfNewFile(std::string_view(name).substr(beginning.size()))))
         found.emplace_back(entries->last_write_time(timeError), entries->path());

@@ -1,8 +1,10 @@
 #include "platform/StateDirectory.h"
 
 #include <cstdlib>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace Tesselor {
 
@@ -11,8 +13,13 @@ namespace fs = std::filesystem;
 fs::path FindStateDirectory() {
   // A relative path would mean another place in each directory from which the program is started.
   if (const char* state = std::getenv("XDG_STATE_HOME"); state && *state == '/') return fs::path(state) / "tesselor";
-  if (const char* home = std::getenv("HOME"); home && *home == '/') return fs::path(home) / ".local/state/tesselor";
-  return {};
+  const char* home = std::getenv("HOME");
+  if (!home) {
+    // Whoever starts a program without an environment has a home all the same.
+    const passwd* user = getpwuid(geteuid());
+    home = user ? user->pw_dir : nullptr;
+  }
+  return home && *home == '/' ? fs::path(home) / ".local/state/tesselor" : fs::path();
 }
 
 bool MakePrivateDirectory(const fs::path& directory) {

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Drives the window and the desktop's own file dialog as a user does: presses the button of a file path field, types a
-# path into the dialog, saves by Ctrl+S and reads what was saved. Opens the dialog a second time and cancels it.
+# path into the dialog, saves by Ctrl+S and reads what was saved. Opens the dialog a second time and cancels it, and a
+# third time with unsaved changes to end the program by a signal.
 #   choose-a-file.sh PROGRAM DATA_DIRECTORY
 # Needs Xvfb and xdotool, and starts an X server of its own.
 set -euo pipefail
@@ -88,4 +89,21 @@ Save
 await IsSaved || fail "Ctrl+S does not save"
 cmp before.json asset.json || fail "a cancelled dialog changed the document"
 kill -0 "$editor" 2>/dev/null || fail "the editor has ended"
+
+# While a dialog is open, unsaved work is kept and a signal ends the program. The button of the field is the last thing
+# that the focus was on; what is typed before the dialog opens is not saved by then.
+xdotool windowfocus --sync "$window"
+eval "$(xdotool getwindowgeometry --shell "$window")"
+xdotool mousemove --window "$window" $((WIDTH / 4)) $((HEIGHT / 4)) click 1
+xdotool key ctrl+a Right ctrl+o
+await Dialog || fail "Ctrl+O opens no dialog"
+IsKept() { grep -qs chosen-id "$HOME"/.local/state/tesselor/rescue/*.rescue; }
+await IsKept || fail "nothing is kept while a dialog is open"
+kill -TERM "$editor"
+Ended() { ! kill -0 "$editor"; }
+await Ended || fail "the dialog holds the program"
+result=0
+wait "$editor" || result=$?
+[ $result -eq 143 ] || fail "SIGTERM ends with $result"
+IsKept || fail "the copy of unsaved work has gone"
 echo "A file was chosen in one dialog, and another dialog was cancelled."

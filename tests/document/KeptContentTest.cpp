@@ -36,6 +36,11 @@ protected:
     EXPECT_EQ(Export(), first);
     return first;
   }
+  /// What is kept of a document that is not saved.
+  std::string Print() const {
+    return DocumentExport(*(*view)->Root(), (*view)->ContentNodes(), FieldsToWrite::All)
+        .Print((*view)->GroupNodes(), (*view)->CommentNodes(), "Doc");
+  }
   bool Save(const std::string& path) {
     return NodeImporterExporter::ExportNodeTree(path, (*view)->Root(), (*view)->ContentNodes(), (*view)->GroupNodes(),
                                                 (*view)->CommentNodes(), "Root", false);
@@ -183,7 +188,9 @@ TEST_F(KeptContent, RefusesToSaveWhatCouldNotBeOpenedAgain) {
   chain("one", 999);
   EXPECT_TRUE(Save(path));
   EXPECT_TRUE(ParseJson(TestSupport::TemporaryDirectory::Read(path)));
+  EXPECT_TRUE(ParseJson(Print()));
   chain("one", 1000);
+  EXPECT_EQ(Print(), "");
   EXPECT_FALSE(Save(path));
   EXPECT_EQ(boxes.Texts().back(), "Export Error: Cannot export: The file would nest 1001" + tail);
   // Around the floating nodes are the document, the metadata and their list.
@@ -204,6 +211,7 @@ TEST_F(KeptContent, RefusesToSaveWhatCouldNotBeOpenedAgain) {
   generic.SetTargetKey("g");
   generic.RawField()->GetFieldTextData()->SetValue(raw);
   Connect(*last, BuiltIn::Generic, generic, BuiltIn::Generic);
+  EXPECT_EQ(Print(), "");
   EXPECT_FALSE(Save(path));
   EXPECT_EQ(boxes.Texts().back(), "Export Error: Cannot export: The file would nest 1002" + tail);
 }
@@ -236,6 +244,7 @@ TEST_F(KeptContent, CountsHowOftenNodesWithSeveralParentsAreWritten) {
   EXPECT_EQ(size.nodes, 4);
   EXPECT_EQ(size.nesting, 4u);
   const TestSupport::TemporaryDirectory directory;
+  EXPECT_EQ(Print(), "");
   EXPECT_FALSE(Save(directory / "asset.json"));
   EXPECT_EQ(
       boxes.Texts().back(),
@@ -290,6 +299,15 @@ TEST_F(KeptContent, AnyAllocationThatFailsRefusesTheSave) {
     if (isSaved) break;
   }
   EXPECT_GT(refused, 100);
+  const std::string whole = Print();
+  for (int i = 1; i < refused; ++i) {
+    FailingMemory memory(i);
+    const std::string text = Print();
+    if (memory.HasFailed())
+      EXPECT_EQ(text, "") << "allocation " << i;
+    else
+      EXPECT_EQ(text, whole);
+  }
 }
 
 TEST(DocumentPrint, CutsTextsOnceTheyHaveGrownFarBeyondTheDocument) {

@@ -76,11 +76,32 @@ TEST(DocumentLifetime, NamesAFileInTheFormOfItsWorkspace) {
     EXPECT_EQ(window.View().FilePath(), directory / c.written);
     EXPECT_EQ(window.View().GetTitle(), c.title);
   }
+  // The dialog has asked about the name that was chosen only.
+  const std::string taken = directory.Write("taken.json", "old"), before = window.View().FilePath();
+  window.dialogs.path = directory / "taken.txt";
+  for (const std::optional<size_t> refusal : {std::optional<size_t>(), std::optional<size_t>(1)}) {
+    window.boxes.choice = refusal;
+    window.View().SaveAs();
+    EXPECT_EQ(TemporaryDirectory::Read(taken), "old");
+    EXPECT_EQ(window.View().FilePath(), before);
+  }
+  window.boxes.choice = 0;
+  window.View().SaveAs();
+  EXPECT_EQ(window.boxes.Texts(),
+            std::vector<std::string>(3, "Attention!: \"taken.json\" is there already. Do you want to replace it?"));
+  EXPECT_EQ(TemporaryDirectory::Read(taken), text);
+  EXPECT_EQ(window.View().FilePath(), taken);
+  // Nothing is asked about the document's own file, nor twice about one that the dialog has asked about.
+  for (const char* agreed : {"taken.txt", "a.b.json"}) {
+    window.dialogs.path = directory / agreed;
+    EXPECT_TRUE(window.View().SaveAs()) << agreed;
+  }
+  EXPECT_EQ(window.boxes.boxes.size(), 3u);
   // A save follows also when the dialog was cancelled: it goes to the file as it was.
   window.dialogs.path.reset();
-  directory.Write("v1.2/name.json", "old");
+  directory.Write("a.b.json", "old");
   saveAs();
-  EXPECT_EQ(TemporaryDirectory::Read(directory / "v1.2/name.json"), text);
+  EXPECT_EQ(TemporaryDirectory::Read(directory / "a.b.json"), text);
 }
 
 TEST(DocumentLifetime, LeavesAnEmptyDocumentWhereALoadFails) {

@@ -3,6 +3,7 @@
 #include "editor/NoticeBar.h"
 #include "editor/VersionsPanel.h"
 #include "platform/FileWatch.h"
+#include "toolkit/application/MessageBox.h"
 #include "toolkit/controls/ButtonBase.h"
 #include "toolkit/controls/MenuItem.h"
 #include "toolkit/controls/TextBlock.h"
@@ -101,6 +102,34 @@ TEST_F(GuardedFile, AsksBeforeASaveGoesOverWhatAnotherProgramWrote) {
   Save();
   EXPECT_EQ(window.boxes.Texts(), Texts());
   EXPECT_TRUE(fs::exists(elsewhere));
+}
+
+TEST_F(GuardedFile, KnowsWhatWasReadBeforeTheFileWasGuarded) {
+  Change(original + "\n");
+  view.KeepWork(state.Path());
+  Nudge();
+  Save();
+  EXPECT_EQ(window.boxes.Texts(), question);
+}
+
+TEST_F(GuardedFile, AsksOnceHoweverManySavesWaitForTheAnswer) {
+  std::vector<Toolkit::MessageBox::Request> waiting;
+  auto former = Toolkit::MessageBox::SetPresenter(
+      [&](Toolkit::MessageBox::Request request) { waiting.push_back(std::move(request)); });
+  for (const std::optional<size_t> answer : {std::optional<size_t>(), std::optional<size_t>(0)}) {
+    SCOPED_TRACE(answer.has_value());
+    waiting.clear();
+    Nudge();
+    Change(original + "\n");
+    Save();
+    Save();
+    ASSERT_EQ(waiting.size(), 1u);
+    waiting[0].chosen(answer);
+    EXPECT_EQ(waiting.size(), 1u);
+    EXPECT_EQ(view.IsSaved(), answer.has_value());
+  }
+  EXPECT_TRUE(OnDisk() == window.Exported());
+  Toolkit::MessageBox::SetPresenter(std::move(former));
 }
 
 TEST_F(GuardedFile, ClosesTheWindowOnceAllQuestionsAreAnswered) {

@@ -43,6 +43,26 @@ TEST_F(Notices, StandNewestFirstAndAtMostThreeAtOnce) {
   EXPECT_EQ(WindowStage::BoxOf(window.Canvas()).y, canvasTop);
 }
 
+/// Lines and buttons move under the mouse, and one of them may delete.
+TEST_F(Notices, TakeADoubleClickForOne) {
+  int count = 0;
+  const auto show = [&](const char* id) {
+    bar.Show({id, id, {{"Delete", [this, &count, id] {
+                          ++count;
+                          bar.Dismiss(id);
+                        }}}});
+  };
+  show("a");
+  show("b");
+  const Toolkit::Rect first = WindowStage::BoxOf(Button("Delete"));
+  const Toolkit::Point at{first.x + first.width / 2, first.y + first.height / 2};
+  window.DoubleClick(at);
+  EXPECT_EQ(count, 1);
+  EXPECT_EQ(window.NoticesShown(), Texts{"a"});
+  window.Click(at);
+  EXPECT_EQ(count, 2);
+}
+
 TEST_F(Notices, RunTheirActionsByMouseAndKeysAndLeaveTheRestOfTheKeysToTheGraph) {
   std::string ran;
   bar.Show({"a", "text", {{"Once", [&] { ran += "once "; }}, {"Last", [&] {

@@ -60,6 +60,16 @@ TEST_F(UnsavedWork, IsADotBehindTheNameUntilASaveOrAnUndo) {
   window.Chord({Key::LeftCtrl, Key::S});
   window.Undo();
   EXPECT_EQ(ShownName(), dotted) << "the file holds what was undone";
+  // And so does one that resizes a frame.
+  view.GetGraph().Selected().Clear();
+  view.GetGraph().Selected().Add(*view.GroupNodes().front());
+  for (int i = 0; i < 2; ++i) {
+    window.Chord({Key::LeftCtrl, Key::LeftShift, Key::Right});
+    EXPECT_EQ(ShownName(), dotted) << i;
+    window.Chord({Key::LeftCtrl, Key::S});
+    EXPECT_EQ(ShownName(), plain) << i;
+  }
+  window.Undo();
   // Another step in place of the undone one leads to another document, although there are as many steps.
   window.Undo();
   Nudge();

@@ -149,6 +149,13 @@ TEST_F(KeptWork, SurvivesADocumentWithoutARoot) {
   LetACopyBeWritten();
   EXPECT_NE(Copied().find("$FloatingNodes"), std::string::npos);
   EXPECT_NE(Copied().find("The nest"), std::string::npos);
+  // And one without any node, which no save takes.
+  window.Chord({Key::LeftCtrl, Key::A});
+  window.Press(Key::Delete);
+  ASSERT_TRUE(view.ContentNodes().empty());
+  window.Open(TESSELOR_DATA_DIR "/samples/dialogue.json");
+  EXPECT_EQ(window.boxes.Texts(), Texts());
+  EXPECT_EQ(window.NoticesShown(), Texts{"The unsaved changes of \"quest.json\" were kept."});
 }
 
 TEST_F(KeptWork, GoesWithTheUsersWordOnly) {
@@ -202,6 +209,59 @@ TEST_F(KeptWork, IsSetAsideForAnotherDocumentAndRestored) {
   EXPECT_TRUE(view.IsSaved());
 }
 
+TEST_F(KeptWork, TellsOnceThatItIsNotThereAndIsTriedAgain) {
+  const std::string told =
+      "Unsaved changes can't be kept in \"" + (state.Path() / "rescue").string() + "\" for now. Save often.";
+  // Nothing can be written below a file.
+  state.Write("rescue", "");
+  Nudge();
+  LetACopyBeWritten();
+  EXPECT_EQ(window.NoticesShown(), Texts{told});
+  Press("Dismiss");
+  Nudge();
+  LetACopyBeWritten();
+  EXPECT_EQ(window.NoticesShown(), Texts());
+  fs::remove(state.Path() / "rescue");
+  view.Keeper()->WriteNow();
+  EXPECT_TRUE(Copied() == window.Exported()) << "no edit came since the copy that failed";
+  // It is true as long as there is no copy, and something to keep.
+  for (const bool isSaved : {false, true}) {
+    SCOPED_TRACE(isSaved);
+    Nudge();
+    LetACopyBeWritten();
+    fs::remove_all(state.Path() / "rescue");
+    state.Write("rescue", "");
+    Nudge();
+    LetACopyBeWritten();
+    EXPECT_EQ(window.NoticesShown(), Texts{told});
+    if (!isSaved) fs::remove(state.Path() / "rescue");
+    Nudge();
+    if (isSaved)
+      window.Chord({Key::LeftCtrl, Key::S});
+    else
+      LetACopyBeWritten();
+    EXPECT_EQ(window.NoticesShown(), Texts());
+  }
+}
+
+TEST_F(KeptWork, NeedsNoKeeperAfterItsLastCopy) {
+  window.Wait(60000);
+  ASSERT_LT(Toolkit::Dispatcher::Current().TimeToNext(), 0);
+  {
+    WorkKeeper keeper({[] { return false; }, [] { return RescuedDocument(); },
+                       [] {
+                         usleep(100000);
+                         return std::string("text");
+                       },
+                       [](const RescuedDocument&, const std::string&) { return false; }},
+                      view.Notices(), state.Path() / "rescue");
+    keeper.StartCopy();
+    keeper.Follow();
+  }
+  EXPECT_EQ(Copied(), "text");
+  EXPECT_LT(Toolkit::Dispatcher::Current().TimeToNext(), 0) << "a copy is due that nobody can write";
+}
+
 TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
   const std::string path = view.FilePath();
   LeaveSpare(path, window.Exported());
@@ -230,6 +290,22 @@ TEST_F(KeptWork, KeepsTheDocumentOpenWhereNothingCanBeKept) {
     EXPECT_TRUE(window.Shows("Root Node: Quest"));
   }
   unsetenv("XDG_STATE_HOME");
+  // Nothing waits for the user to try.
+  Nudge();
+  LetACopyBeWritten();
+  const Texts told{"Unsaved changes can't be kept in \"" + (state.Path() / "rescue").string() +
+                   "\" for now. Save often."};
+  EXPECT_EQ(window.NoticesShown(), told);
+  fs::remove(state.Path() / "rescue");
+  Nudge();
+  LetACopyBeWritten();
+  EXPECT_EQ(window.NoticesShown(), Texts());
+  // What a save replaces.
+  fs::remove_all(state.Path() / "history");
+  state.Write("history", "");
+  window.Chord({Key::LeftCtrl, Key::S});
+  EXPECT_TRUE(view.IsSaved());
+  EXPECT_EQ(window.NoticesShown(), Texts{"What \"quest.json\" held before this save could not be kept."});
 }
 
 TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
@@ -257,6 +333,7 @@ TEST_F(KeptWork, OfRunsThatEndedIsOffered) {
   };
   restore("\"broken.json\"");
   EXPECT_EQ(window.boxes.Texts(), Texts{"Error: The kept state of \"/somewhere/broken.json\" cannot be read."});
+  EXPECT_EQ(window.NoticesShown().size(), 3u) << "it is there for another try";
   EXPECT_TRUE(view.IsSaved());
   restore("\"lost.json\"");
   EXPECT_TRUE(window.Exported() == text);
@@ -295,6 +372,13 @@ TEST_F(KeptWork, OffersWhatAFileHeldWhereASaveWasCutOff) {
   EXPECT_EQ(window.NoticesShown(), told);
   Press("Delete");
   EXPECT_TRUE(SpareCopy::LeftOf(path).empty());
+  // What a save changes of it is told as after any load.
+  std::string withDigits = text;
+  LeaveSpare(path, withDigits.insert(1, R"("Extra": {"n": 0.12345678901234567890123},)"));
+  window.Open(path);
+  Press("Open");
+  window.Wait(100);
+  EXPECT_EQ(window.NoticesShown(), Texts{"Saving this file changes 1 value"});
   present.Remove();
   unsetenv("XDG_STATE_HOME");
 }

@@ -48,6 +48,8 @@ bool FailsHere(bool isWrite = false) {
   return plan.fault != Fault::ShortWrite;
 }
 bool unlinkFailed = false;
+/// As on file systems that can't set room apart.
+bool isRoomUnknown = false;
 
 } // namespace
 
@@ -91,9 +93,10 @@ WRAP(fchown, (int descriptor, uid_t user, gid_t group), descriptor, user, group)
 WRAP(ftruncate, (int descriptor, off_t size), descriptor, size)
 WRAP(rename, (const char* from, const char* to), from, to)
 WRAP(mkdir, (const char* path, mode_t mode), path, mode)
-int __real_posix_fallocate(int descriptor, off_t offset, off_t size);
-int __wrap_posix_fallocate(int descriptor, off_t offset, off_t size) {
-  return FailsHere() ? errno : __real_posix_fallocate(descriptor, offset, size);
+int __real_fallocate(int descriptor, int mode, off_t offset, off_t size);
+int __wrap_fallocate(int descriptor, int mode, off_t offset, off_t size) {
+  if (isRoomUnknown) errno = EOPNOTSUPP;
+  return isRoomUnknown || FailsHere() ? -1 : __real_fallocate(descriptor, mode, offset, size);
 }
 }
 
@@ -196,6 +199,19 @@ TEST(SaveFaults, LeaveTheOldFileOrTheNewOneAtEachCall) {
       }
   RecordProperty("saves", saves);
   std::printf("%d saves with a fault\n", saves);
+}
+
+TEST(SaveFaults, DoNotComeFromAFileSystemThatKnowsNoRoom) {
+  TemporaryDirectory directory, state;
+  directory.Write("asset.json", oldText);
+  fs::create_hard_link(directory / "asset.json", directory / "twin.json");
+  const std::string newText = oldText + oldText;
+  setenv("XDG_STATE_HOME", state.Path().c_str(), 1);
+  isRoomUnknown = true;
+  EXPECT_EQ(AtomicFile::Write(directory / "asset.json", newText), FileWriteResult::Written);
+  isRoomUnknown = false;
+  unsetenv("XDG_STATE_HOME");
+  EXPECT_EQ(TemporaryDirectory::Read(directory / "twin.json"), newText);
 }
 
 } // namespace

@@ -20,6 +20,11 @@ unsigned ModeOf(const std::string& path) {
   return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
 }
 
+gid_t GroupOf(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 ? status.st_gid : static_cast<gid_t>(-1);
+}
+
 size_t CountEntries(const fs::path& directory) {
   return static_cast<size_t>(std::distance(fs::directory_iterator(directory), fs::directory_iterator()));
 }
@@ -50,6 +55,13 @@ TEST(AtomicFile, KeepsTheModeOfAFileAndGivesANewOneTheProcesss) {
   EXPECT_EQ(TemporaryDirectory::Read(path), "new");
   EXPECT_EQ(ModeOf(path), 0604u);
   EXPECT_EQ(ModeOf(fresh), 0640u);
+  // Nor does the file take the group of a directory that gives its own to new ones, where this user may set one up.
+  if (chown(directory.Path().c_str(), geteuid(), getegid() + 1) == 0) {
+    chmod(directory.Path().c_str(), 02755);
+    EXPECT_EQ(AtomicFile::Write(path, "newer"), FileWriteResult::Written);
+    EXPECT_EQ(GroupOf(path), getegid());
+    EXPECT_EQ(AtomicFile::Write(path, "new"), FileWriteResult::Written);
+  }
   EXPECT_EQ(CountEntries(directory.Path()), 2u);
 }
 
@@ -58,6 +70,9 @@ TEST(AtomicFile, FollowsLinksAndLeavesThemInPlace) {
   directory.Write("real/asset.json", "old");
   fs::create_symlink("real/asset.json", directory / "link.json");
   fs::create_symlink("real/fresh.json", directory / "dangling.json");
+  fs::create_symlink("loop.json", directory / "loop.json");
+  EXPECT_EQ(AtomicFile::Write(directory / "loop.json", "new"), FileWriteResult::OpenFailed);
+  EXPECT_TRUE(fs::is_symlink(directory / "loop.json"));
   EXPECT_EQ(AtomicFile::Write(directory / "link.json", "new"), FileWriteResult::Written);
   EXPECT_EQ(AtomicFile::Write(directory / "dangling.json", "made"), FileWriteResult::Written);
   EXPECT_TRUE(fs::is_symlink(directory / "link.json"));

@@ -4,6 +4,7 @@
 #include <cJSON.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <regex>
 #include <sys/resource.h>
@@ -106,7 +107,7 @@ TEST_F(UnattendedRun, TellsEveryFailureByItsExitCodeAndLeavesTheOutputAlone) {
       {"two.json", "Invalid JSON in file:\ntwo.json\n\nError: line 2, column 1: {\"b\": 2}"},
       {"empty.json", "Invalid JSON in file:\nempty.json"},
       {"binary.json", "Invalid JSON in file:\nbinary.json"},
-      {"deep.json", "Invalid JSON in file:\ndeep.json"},
+      {"deep.json", "Invalid JSON in file:\ndeep.json\n\nError: line 1, column 1001"},
       {"folder.json", "Failed to open file:\nfolder.json"},
       {"pipe.json", "Failed to open file:\npipe.json"},
       {"device.json", "Failed to open file:\ndevice.json"},
@@ -123,6 +124,10 @@ TEST_F(UnattendedRun, TellsEveryFailureByItsExitCodeAndLeavesTheOutputAlone) {
     EXPECT_FALSE(run.hung);
     EXPECT_EQ(run.exitCode, 1) << run.log.substr(0, 2000);
     EXPECT_TRUE(run.Logged(logged)) << run.log.substr(0, 2000);
+    EXPECT_EQ(run.log.find("/src/"), std::string::npos) << "where the program was built";
+    std::string told = logged;
+    std::replace(told.begin(), told.end(), '\n', ' ');
+    EXPECT_EQ(run.standardError.find(told) != std::string::npos, isKnown) << run.standardError;
     EXPECT_EQ(Read("out.json"), "old content");
   }
 }

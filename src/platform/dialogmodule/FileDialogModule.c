@@ -3,6 +3,7 @@
 
 #include <gtk/gtk.h>
 #include <locale.h>
+#include <stdbool.h>
 #include <stdlib.h>
 #include <string.h>
 
@@ -22,13 +23,13 @@ static gboolean Start(void) {
   return isStarted;
 }
 
-/* What the program wants to be done while a dialog is open, or null. */
-static void (*while_open)(void) = NULL;
+/* What the program wants to be done while a dialog is open, or null. False ends the dialog as if it were cancelled. */
+static bool (*while_open)(void) = NULL;
 enum { TURN_MILLISECONDS = 15 };
 
-static gboolean Turn(gpointer unused) {
-  (void)unused;
-  while_open();
+static gboolean Turn(gpointer dialog) {
+  if (!while_open())
+    gtk_native_dialog_hide(GTK_NATIVE_DIALOG(dialog));
   return G_SOURCE_CONTINUE;
 }
 
@@ -113,7 +114,7 @@ static int RunDialog(GtkFileChooserAction action, const char* title, const char*
     StartAt(chooser, action, defaultPath);
   AddFilters(chooser, filterList);
 
-  guint timer = while_open ? g_timeout_add(TURN_MILLISECONDS, Turn, NULL) : 0;
+  guint timer = while_open ? g_timeout_add(TURN_MILLISECONDS, Turn, dialog) : 0;
   int result = RESULT_CANCELLED;
   if (gtk_native_dialog_run(GTK_NATIVE_DIALOG(dialog)) == GTK_RESPONSE_ACCEPT) {
     char* chosen = gtk_file_chooser_get_filename(chooser);
@@ -132,7 +133,7 @@ static int RunDialog(GtkFileChooserAction action, const char* title, const char*
   return result;
 }
 
-EXPORTED void NFD_SetWhileOpen(void (*turn)(void)) { while_open = turn; }
+EXPORTED void NFD_SetWhileOpen(bool (*turn)(void)) { while_open = turn; }
 
 EXPORTED int NFD_OpenDialog(const char* filterList, const char* defaultPath, char** outPath) {
   return RunDialog(GTK_FILE_CHOOSER_ACTION_OPEN, "Open File", filterList, defaultPath, outPath);

@@ -41,11 +41,14 @@ Scene* currentScene = nullptr;
 
 } // namespace
 
-void Launcher::TurnWhileWaiting() {
-  if (!currentScene) return;
+bool Launcher::TurnWhileWaiting() {
+  if (!currentScene) return true;
   currentScene->display.DropInput();
+  Dispatcher::Current().RunDue();
+  if (currentScene->window.IsClosed()) return false;
   currentScene->FollowSize();
   currentScene->ShowFrame();
+  return true;
 }
 
 std::unique_ptr<Display> Launcher::CreateDisplay() {

@@ -20,9 +20,10 @@ public:
   /// The application's exit code when its window has closed; 1, with the reason on the standard error stream, if it
   /// could not start, or if nobody can act any more and the window is still open.
   int Run();
-  /// Repaints the window while the caller waits for something outside of the loop, such as a dialog of the desktop.
-  /// What the user does to the window meanwhile is dropped. Does nothing while no loop turns.
-  static void TurnWhileWaiting();
+  /// Runs what is due and repaints the window while the caller waits for something outside of the loop, such as a
+  /// dialog of the desktop. What the user does to the window meanwhile is dropped. False once the window is closed, so
+  /// that nothing is worth waiting for. Does nothing while no loop turns.
+  static bool TurnWhileWaiting();
 
 protected:
   const std::vector<std::string>& Arguments() const { return arguments; }

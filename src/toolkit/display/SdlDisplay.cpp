@@ -1,5 +1,6 @@
 #include "toolkit/display/SdlDisplay.h"
 
+#include "toolkit/base/Diagnostics.h"
 #include "toolkit/base/Dispatcher.h"
 #include "toolkit/display/DesktopScale.h"
 #include "toolkit/visual/Input.h"
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <unordered_map>
 #include <utility>
 
@@ -82,6 +84,20 @@ SdlDisplay::~SdlDisplay() {
   if (started) SDL_Quit();
 }
 
+/// The window of another program may go just when it is asked for something: Xlib would end this one for that. The
+/// client library is the one that SDL has loaded; without it there is nothing to do.
+static void OutliveX11Errors() {
+  using Handler = int (*)(void* display, void* event);
+  void* xlib = dlopen("libX11.so.6", RTLD_NOW | RTLD_NOLOAD);
+  if (!xlib) return;
+  if (const auto set = reinterpret_cast<Handler (*)(Handler)>(dlsym(xlib, "XSetErrorHandler")))
+    set([](void*, void*) {
+      TOOLKIT_WARN("Display", "The X server has refused a request");
+      return 0;
+    });
+  dlclose(xlib);
+}
+
 bool SdlDisplay::Open(UIElement&, InputState& inputState, const std::string& title, std::string& error) {
   // A plain pixel buffer that is shared with the window system: the accelerated kind costs a copy through a texture.
   SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
@@ -106,6 +122,7 @@ bool SdlDisplay::Open(UIElement&, InputState& inputState, const std::string& tit
     error = SDL_GetError();
     return false;
   }
+  OutliveX11Errors();
   ReadScale();
   rasterizer = std::make_unique<TileRasterizer>();
   input = &inputState;
