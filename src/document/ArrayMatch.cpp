@@ -2,6 +2,7 @@
 
 #include "document/ExportedNodes.h"
 #include "document/LossText.h"
+#include "document/SchemaKey.h"
 #include "nodes/NodeKeys.h"
 
 #include <algorithm>
@@ -9,7 +10,6 @@
 #include <limits>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 
 namespace Tesselor {
 
@@ -19,21 +19,37 @@ constexpr size_t NoPlace = std::numeric_limits<size_t>::max();
 
 bool IsScalar(const cJSON* value) { return !cJSON_IsObject(value) && !cJSON_IsArray(value); }
 
+/// What a pass-through node has under that key, and whether it is the list of its children.
+bool IsChildren(const cJSON* member) {
+  return cJSON_IsArray(member) && member->string && std::string_view(member->string) == Keys::Children;
+}
+
 void CollectBehind(const cJSON* link, size_t index, const std::string& below, std::vector<ArrayElement>& elements) {
-  size_t child = 0;
-  const cJSON* value = nullptr;
-  const cJSON* children = cJSON_GetObjectItem(link, Keys::Children);
-  if (!cJSON_IsArray(children)) return;
-  cJSON_ArrayForEach(value, children) {
+  elements.push_back({link, index, below, true});
+  const cJSON* member = nullptr;
+  cJSON_ArrayForEach(member, link) {
+    if (!IsChildren(member)) continue;
+    size_t child = 0;
+    const cJSON* value = nullptr;
+    cJSON_ArrayForEach(value, member) {
+      std::string path = below;
+      AppendKey(path, Keys::Children);
+      AppendIndex(path, child++);
+      if (IsLinkElement(value))
+        CollectBehind(value, index, path, elements);
+      else
+        elements.push_back({value, index, std::move(path)});
+    }
+  }
+  cJSON_ArrayForEach(member, link) {
+    if (!cJSON_IsObject(member) || IsEditorKey(member->string)) continue;
     std::string path = below;
-    AppendKey(path, Keys::Children);
-    AppendIndex(path, child++);
-    if (IsLinkElement(value))
-      CollectBehind(value, index, path, elements);
-    else
-      elements.push_back({value, index, std::move(path)});
+    AppendKey(path, member->string);
+    elements.push_back({member, index, std::move(path), false, true});
   }
 }
+
+} // namespace
 
 std::vector<ArrayElement> ElementsOf(const cJSON* array) {
   std::vector<ArrayElement> elements;
@@ -49,7 +65,12 @@ std::vector<ArrayElement> ElementsOf(const cJSON* array) {
   return elements;
 }
 
-} // namespace
+std::vector<ArrayElement> PlainElementsOf(const cJSON* array) {
+  std::vector<ArrayElement> elements;
+  const cJSON* value = nullptr;
+  cJSON_ArrayForEach(value, array) elements.push_back({value, elements.size(), {}});
+  return elements;
+}
 
 bool IsLinkElement(const cJSON* value) {
   return cJSON_IsObject(value) && cJSON_IsTrue(cJSON_GetObjectItem(value, Keys::Link));
@@ -73,48 +94,75 @@ bool Resembles(const cJSON* value, const cJSON* written) {
   return equal >= different;
 }
 
-ArrayMatch::ArrayMatch(const cJSON* array, const cJSON* written, const Test& isElsewhere, const Test& isTaken) {
-  struct Written {
-    const cJSON* value;
-    bool isFree;
-  };
-  std::vector<Written> targets;
-  std::unordered_map<std::string_view, std::pair<std::vector<size_t>, size_t>> byUuid;
+ArrayMatch::ArrayMatch(std::vector<ArrayElement> elements, const cJSON* written, const Options& options) {
   const cJSON* value = nullptr;
   bool hasScalarsOnly = true;
   cJSON_ArrayForEach(value, written) {
     hasScalarsOnly = hasScalarsOnly && IsScalar(value);
-    const bool isFree = !isTaken || !isTaken(value);
-    if (const std::string_view uuid = UuidOf(value); isFree && !uuid.empty())
-      byUuid[uuid].first.push_back(targets.size());
-    targets.push_back({value, isFree});
+    targets.push_back({value, !options.isTaken || !options.isTaken(value)});
   }
-  for (ArrayElement& element : ElementsOf(array)) pairs.push_back({std::move(element)});
+  for (ArrayElement& element : elements) pairs.push_back({std::move(element)});
   places.assign(pairs.size(), NoPlace);
   hasMoreScalars = hasScalarsOnly && targets.size() > pairs.size();
+  MatchByOrder(MatchKnown(options), !options.origins.empty());
+}
 
-  std::vector<size_t> others;
-  for (size_t i = 0; i < pairs.size(); ++i) {
-    const auto found = byUuid.find(UuidOf(pairs[i].element.value));
-    if (found != byUuid.end()) {
-      auto& [known, next] = found->second;
-      pairs[i].isRepeated = next == known.size();
-      if (pairs[i].isRepeated) continue;
-      places[i] = known[next++];
-      targets[places[i]].isFree = false;
-      pairs[i].counterpart = targets[places[i]].value;
-    } else if (!isElsewhere(pairs[i].element.value)) {
-      others.push_back(i);
-    }
+void ArrayMatch::Take(size_t pair, size_t place) {
+  places[pair] = place;
+  targets[place].isFree = false;
+  pairs[pair].counterpart = targets[place].value;
+}
+
+std::vector<size_t> ArrayMatch::MatchKnown(const Options& options) {
+  /// Places in the written array, each of which is taken once.
+  struct Places {
+    std::vector<size_t> all;
+    size_t next = 0;
+  };
+  std::unordered_map<std::string_view, Places> byUuid, byOrigin;
+  for (size_t place = 0; place < targets.size(); ++place) {
+    if (!targets[place].isFree) continue;
+    if (const std::string_view uuid = UuidOf(targets[place].value); !uuid.empty()) byUuid[uuid].all.push_back(place);
+    if (options.origins.size() == targets.size()) byOrigin[options.origins[place]].all.push_back(place);
   }
+  std::vector<size_t> unnamed, others;
+  for (size_t i = 0; i < pairs.size(); ++i) {
+    if (pairs[i].element.isLink) continue;
+    const auto found = byUuid.find(UuidOf(pairs[i].element.value));
+    if (found == byUuid.end()) {
+      unnamed.push_back(i);
+      continue;
+    }
+    Places& known = found->second;
+    pairs[i].isRepeated = known.next == known.all.size();
+    if (!pairs[i].isRepeated) Take(i, known.all[known.next++]);
+  }
+  for (const size_t i : unnamed) {
+    std::string origin;
+    AppendIndex(origin, pairs[i].element.index);
+    origin += pairs[i].element.below;
+    if (const auto found = byOrigin.find(origin); found != byOrigin.end()) {
+      Places& known = found->second;
+      while (known.next < known.all.size() && !targets[known.all[known.next]].isFree) ++known.next;
+      if (known.next < known.all.size()) {
+        Take(i, known.all[known.next++]);
+        continue;
+      }
+    }
+    if (!options.isElsewhere || !options.isElsewhere(pairs[i].element.value)) others.push_back(i);
+  }
+  return others;
+}
+
+void ArrayMatch::MatchByOrder(const std::vector<size_t>& others, bool areOriginsKnown) {
   std::vector<const cJSON*> left;
   for (const Written& target : targets)
     if (target.isFree) left.push_back(target.value);
   size_t next = 0;
   for (size_t i = 0; i < others.size() && next < left.size(); ++i) {
     Pair& pair = pairs[others[i]];
-    const bool isOneOfMany = others.size() - i > left.size() - next;
-    if (!isOneOfMany || Resembles(pair.element.value, left[next])) pair.counterpart = left[next++];
+    const bool isSure = !areOriginsKnown && others.size() - i <= left.size() - next;
+    if (isSure || Resembles(pair.element.value, left[next])) pair.counterpart = left[next++];
   }
 }
 

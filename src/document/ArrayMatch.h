@@ -9,34 +9,49 @@ struct cJSON;
 
 namespace Tesselor {
 
-/// An element of an array, or one behind a pass-through node that stands in the array.
+/// An element of an array of nodes, or one behind a pass-through node that stands in the array.
 struct ArrayElement {
   const cJSON* value;
   size_t index;
   /// The path from the element of that index on, if the value stands behind it.
   std::string below;
+  /// The pass-through node itself, which is written elsewhere.
+  bool isLink = false;
+  /// A member of a pass-through node for which that has no place: it is written as an element without its key.
+  bool losesKey = false;
 };
 
 /// Whether an entry of a tree is a pass-through node, which leaves no trace when it is written.
 bool IsLinkElement(const cJSON* value);
-/// What stands behind such a node, through others of its kind.
+/// Such a node, and behind it what stands there, through others of its kind.
 std::vector<ArrayElement> ElementsBehind(const cJSON* link);
+/// The elements of an array, with what stands behind links among them.
+std::vector<ArrayElement> ElementsOf(const cJSON* array);
+/// The elements of an array in which no link is one.
+std::vector<ArrayElement> PlainElementsOf(const cJSON* array);
 
 /// Whether two objects may be one node: of their plain values with equal keys, as many are equal as not.
 bool Resembles(const cJSON* value, const cJSON* written);
 
-/// Finds out which elements of a written array are those of a file's array: by their UUIDs, and the others by their
-/// order. Takes linear time.
+/// Finds out which elements of a written array are those of a file's: by their UUIDs, then by where the written ones
+/// are known to come from, and the others by their order. Takes linear time.
 class ArrayMatch {
 public:
   using Test = std::function<bool(const cJSON*)>;
-  /// An element for which `isElsewhere` holds has its counterpart outside of `written` if none there has its UUID;
-  /// elements of `written` for which `isTaken` holds are nobody's counterpart.
-  ArrayMatch(const cJSON* array, const cJSON* written, const Test& isElsewhere, const Test& isTaken = {});
+  struct Options {
+    /// An element for which this holds has its counterpart elsewhere if none in the array has its UUID.
+    Test isElsewhere;
+    /// Elements of the written array for which this holds are nobody's counterpart.
+    Test isTaken;
+    /// For each written element the path of the one that it was read from, such as `[1].Children[0]`; empty if nothing
+    /// is known.
+    std::vector<std::string> origins;
+  };
+  ArrayMatch(std::vector<ArrayElement> elements, const cJSON* written, const Options& options);
 
   struct Pair {
     ArrayElement element;
-    /// Null if there is none.
+    /// Null if there is none, as of a link.
     const cJSON* counterpart = nullptr;
     /// An earlier element of the array is the same node.
     bool isRepeated = false;
@@ -50,7 +65,17 @@ public:
   std::string OrderOfWritten() const;
 
 private:
-  /// For each pair the place of its counterpart, if a UUID told it.
+  struct Written {
+    const cJSON* value;
+    bool isFree;
+  };
+  void Take(size_t pair, size_t place);
+  /// Returns the pairs that have none.
+  std::vector<size_t> MatchKnown(const Options& options);
+  void MatchByOrder(const std::vector<size_t>& others, bool areOriginsKnown);
+
+  std::vector<Written> targets;
+  /// For each pair the place of its counterpart, if that is known and not only likely.
   std::vector<size_t> places;
 };
 

@@ -32,6 +32,12 @@ ContentNode* ChildWalk::Next() {
   return nullptr;
 }
 
+std::vector<const ContentNode*> ChildWalk::Links() const {
+  std::vector<const ContentNode*> links;
+  for (size_t i = 1; i < levels.size(); ++i) links.push_back(levels[i].link);
+  return links;
+}
+
 bool ChildWalk::MayEnter(const ContentNode& link) {
   if (!repeats || entered.insert(&link).second) return true;
   if (*repeats == 0) return false;

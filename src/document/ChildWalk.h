@@ -28,6 +28,8 @@ public:
 
   /// Null at the end.
   ContentNode* Next();
+  /// The pass-through nodes that lead from the pin to what came last, outermost first.
+  std::vector<const ContentNode*> Links() const;
 
 private:
   struct Level {

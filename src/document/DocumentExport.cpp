@@ -142,13 +142,14 @@ DocumentExport::Size DocumentExport::Measure() const {
 JsonPtr DocumentExport::Build(const std::vector<Toolkit::Ptr<GroupNode>>& groups,
                               const std::vector<Toolkit::Ptr<CommentNode>>& comments, const std::string& workspaceId) {
   JsonPtr document(cJSON_CreateObject());
-  // The trees come first: they give the nodes the identities by which their places are found again.
+  // The trees and the links come first: they give the nodes the identities by which their places are found again.
   rootNode.SerializeChild(document.get(), writer);
   JsonPtr floating = BuildFloatingNodes();
+  JsonPtr links = BuildLinks();
   JsonPtr metadata(cJSON_CreateObject());
   cJSON_AddItemToObject(metadata.get(), Keys::Nodes, BuildNodes().release());
   if (!nodes.empty()) cJSON_AddItemToObject(metadata.get(), Keys::FloatingNodes, floating.release());
-  cJSON_AddItemToObject(metadata.get(), Keys::Links, BuildLinks().release());
+  cJSON_AddItemToObject(metadata.get(), Keys::Links, links.release());
   cJSON* groupArray = cJSON_AddArrayToObject(metadata.get(), Keys::Groups);
   for (const auto& group : groups) cJSON_AddItemToArray(groupArray, group->ToJson().release());
   cJSON* commentArray = cJSON_AddArrayToObject(metadata.get(), Keys::Comments);

@@ -7,6 +7,7 @@
 #include "document/NodeEntry.h"
 #include "document/NodeReader.h"
 #include "document/StandIn.h"
+#include "document/UnnamedNodes.h"
 #include "document/UnplacedNodes.h"
 #include "graph/Graph.h"
 #include "graph/TreeLayout.h"
@@ -80,6 +81,7 @@ bool DocumentImport::Run(const std::string& rootNodeType) {
   KeepMetadataOfStandIns(metadata, view);
   ReadGroups();
   ReadComments();
+  UnnamedNodes::Identify(cJSON_GetObjectItem(metadata, Keys::Links), view);
   LinkImport links(metadata, workspace, view);
   links.Read();
   links.SpliceIntoPendingConnections();
@@ -169,20 +171,8 @@ void DocumentImport::ReadComments() {
 
 void DocumentImport::ApplyLayout(const NodeSet& inlinePlaced) {
   const cJSON* nodes = cJSON_GetObjectItem(metadata, Keys::Nodes);
-  const std::unordered_map<std::string_view, ContentNode*> nodesById = NodesById(view);
   NodeSet placed = inlinePlaced;
-  if (cJSON_IsObject(nodes)) {
-    const cJSON* member = nullptr;
-    cJSON_ArrayForEach(member, nodes) {
-      const auto found = nodesById.find(NodeIdentity::Of(member->string ? member->string : "").uuid);
-      if (found == nodesById.end()) continue;
-      if (const cJSON* position = cJSON_GetObjectItem(member, Keys::Position); cJSON_IsObject(position)) {
-        ApplyPosition(*found->second, position, PositionPrecision::Fraction);
-        placed.insert(found->second);
-      }
-      if (const auto title = JsonText(cJSON_GetObjectItem(member, Keys::Title))) found->second->SetTitle(*title);
-    }
-  }
+  if (cJSON_IsObject(nodes)) ApplyPlaces(nodes, placed);
   const bool hasNodes = cJSON_IsObject(nodes) && nodes->child;
   if (!hasNodes && !HasInlinePosition(document)) {
     target.onLaidOut(TreeLayout(TreeLayout::Order::AsImported).Run(*view.ContentNodes().front()));
@@ -191,6 +181,33 @@ void DocumentImport::ApplyLayout(const NodeSet& inlinePlaced) {
   for (const auto& node : view.ContentNodes())
     if (node->IsPassthrough()) placed.insert(node.Get());
   PlaceUnplacedNodes(view, std::move(placed));
+}
+
+void DocumentImport::ApplyPlaces(const cJSON* places, NodeSet& placed) {
+  std::unordered_map<std::string_view, std::vector<ContentNode*>> nodesById;
+  for (const auto& node : view.ContentNodes())
+    if (!node->NodeId().empty()) nodesById[node->NodeId()].push_back(node.Get());
+  const auto uuidOf = [](const cJSON* member) { return NodeIdentity::Of(member->string ? member->string : "").uuid; };
+  std::unordered_map<std::string_view, size_t> left;
+  const cJSON* member = nullptr;
+  cJSON_ArrayForEach(member, places)++ left[uuidOf(member)];
+  cJSON_ArrayForEach(member, places) {
+    const auto found = nodesById.find(uuidOf(member));
+    if (found == nodesById.end()) continue;
+    const std::vector<ContentNode*>& nodes = found->second;
+    const auto apply = [&](ContentNode& node) {
+      if (const cJSON* position = cJSON_GetObjectItem(member, Keys::Position); cJSON_IsObject(position)) {
+        ApplyPosition(node, position, PositionPrecision::Fraction);
+        placed.insert(&node);
+      }
+      if (const auto title = JsonText(cJSON_GetObjectItem(member, Keys::Title))) node.SetTitle(*title);
+    };
+    apply(*nodes.back());
+    // One node behind several pins comes several times with one UUID, and then its key stands here as often: those
+    // before the last have their own places.
+    const size_t behind = --left[found->first];
+    if (behind > 0 && behind < nodes.size()) apply(*nodes[nodes.size() - 1 - behind]);
+  }
 }
 
 void DocumentImport::HideUnusedPins() {

@@ -34,6 +34,8 @@ private:
   void ReadComments();
   /// `inlinePlaced` are the nodes whose objects gave them a place.
   void ApplyLayout(const NodeSet& inlinePlaced);
+  /// Places and titles from the metadata; `placed` gets the nodes that have a place there.
+  void ApplyPlaces(const cJSON* places, NodeSet& placed);
   void HideUnusedPins();
 
   const cJSON* document;

@@ -1,7 +1,9 @@
 #include "document/DocumentLosses.h"
 
 #include "document/DocumentExport.h"
+#include "document/NodeShapes.h"
 #include "document/RoundedCount.h"
+#include "document/UnnamedNodes.h"
 #include "graph/Graph.h"
 #include "nodes/CommentNode.h"
 #include "nodes/GroupNode.h"
@@ -63,7 +65,10 @@ std::vector<Loss> LossesBy(FieldsToWrite fields, const cJSON& file, const std::v
   const std::string text = DocumentExport(*graph.Root(), graph.ContentNodes(), fields)
                                .Print(graph.GroupNodes(), graph.CommentNodes(), root.MenuName);
   const JsonPtr exported = ParseJson(text, JsonTail::Refused).json;
-  return exported ? FindLosses(file, *exported, longNumbers) : std::vector<Loss>();
+  if (!exported) return {};
+  static const NodeDictionary builtIn;
+  const NodeShapes shapes(root.workspace ? *root.workspace->nodeDictionary : builtIn, graph.ContentNodes());
+  return FindLosses(file, *exported, shapes, longNumbers);
 }
 
 } // namespace
@@ -98,6 +103,12 @@ std::vector<DocumentLoss> FindDocumentLosses(const cJSON& file, const std::vecto
     const auto found = nodes.find(loss.nodeId);
     result.push_back({std::move(loss), found == nodes.end() ? nullptr : found->second});
   }
+  for (ContentNode* link : UnnamedNodes::FindUnidentified(graph))
+    result.push_back({{"$",
+                       "connections of \"" + std::string(link->Title()) + "\" to nodes without identity",
+                       "none after the next load",
+                       {}},
+                      link});
   return result;
 }
 

@@ -16,9 +16,18 @@ ExportedNodes::ExportedNodes(const cJSON& exported) : metadata(cJSON_GetObjectIt
   Collect(&exported, metadata, tree);
   Collect(cJSON_GetObjectItem(metadata, Keys::FloatingNodes), nullptr, floating);
   const cJSON* place = nullptr;
-  // Of several nodes with one UUID the last one takes the place that a file gives.
-  cJSON_ArrayForEach(place, cJSON_GetObjectItem(metadata, Keys::Nodes)) if (place->string)
-      places[NodeIdentity::Of(place->string).uuid] = place;
+  cJSON_ArrayForEach(
+      place,
+      cJSON_GetObjectItem(metadata, Keys::Nodes)) if (const std::string_view uuid =
+                                                          NodeIdentity::Of(place->string ? place->string : "").uuid;
+                                                      !uuid.empty()) places[uuid]
+      .push_back(place);
+}
+
+const std::vector<const cJSON*>& ExportedNodes::PlacesOf(std::string_view uuid) const {
+  static const std::vector<const cJSON*> none;
+  const auto found = places.find(uuid);
+  return found == places.end() ? none : found->second;
 }
 
 const cJSON* ExportedNodes::Find(const Index& index, std::string_view uuid) {

@@ -19,8 +19,8 @@ public:
   /// Null if there is none.
   const cJSON* InTree(std::string_view uuid) const { return Find(tree, uuid); }
   const cJSON* AmongFloating(std::string_view uuid) const { return Find(floating, uuid); }
-  /// The entry of the metadata with the node's place and title.
-  const cJSON* PlaceOf(std::string_view uuid) const { return Find(places, uuid); }
+  /// The entries of the metadata with the node's place and title, several if several nodes have the UUID.
+  const std::vector<const cJSON*>& PlacesOf(std::string_view uuid) const;
   const cJSON* Metadata() const { return metadata; }
 
 private:
@@ -29,7 +29,8 @@ private:
   static void Collect(const cJSON* value, const cJSON* except, Index& index);
 
   const cJSON* metadata;
-  Index tree, floating, places;
+  Index tree, floating;
+  std::unordered_map<std::string_view, std::vector<const cJSON*>> places;
 };
 
 } // namespace Tesselor

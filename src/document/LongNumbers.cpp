@@ -72,7 +72,8 @@ std::vector<LongNumber> FindLongNumbers(std::string_view text) {
     const size_t start = i;
     while (i + 1 < text.size() && IsNumberPart(text[i + 1])) ++i;
     const std::string_view token = text.substr(start, i + 1 - start);
-    if (token.size() > SafeDigits && !IsKept(std::string(token))) found.push_back({index, std::string(token)});
+    const bool mayBeLost = token.size() > SafeDigits || token.find_first_of("eE") != token.npos;
+    if (mayBeLost && !IsKept(std::string(token))) found.push_back({index, std::string(token)});
     ++index;
   }
   return found;

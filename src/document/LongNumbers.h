@@ -7,7 +7,8 @@
 
 namespace Tesselor {
 
-/// A number of a file whose digits no double holds, so that a tree that was parsed from it has lost them already.
+/// A number of a file that no double holds, for its digits or its size, so that a tree that was parsed from it has lost
+/// them already.
 struct LongNumber {
   /// How many numbers stand before it in the text.
   size_t index = 0;

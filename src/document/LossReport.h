@@ -9,6 +9,8 @@ struct cJSON;
 
 namespace Tesselor {
 
+class NodeShapes;
+
 /// One value of a file that a save would not write as it is.
 struct Loss {
   /// The value's place in the file, such as `$.Stages[3].Name`.
@@ -33,6 +35,7 @@ inline constexpr char MovesToFloatingNodes[] = "moves to $FloatingNodes";
 /// No loss are: objects without members that go, what the export adds, the order and letter case of keys, another way
 /// to write an equal number, a place or title in a node that arrives in the metadata, fractions of places, and the
 /// places of nodes that aren't there.
-std::vector<Loss> FindLosses(const cJSON& file, const cJSON& exported, const std::vector<LongNumber>& longNumbers = {});
+std::vector<Loss> FindLosses(const cJSON& file, const cJSON& exported, const NodeShapes& shapes,
+                             const std::vector<LongNumber>& longNumbers = {});
 
 } // namespace Tesselor

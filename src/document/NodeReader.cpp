@@ -4,6 +4,7 @@
 #include "document/NodeEntry.h"
 #include "document/PasteDetails.h"
 #include "document/PinReader.h"
+#include "document/SchemaKey.h"
 #include "graph/Graph.h"
 #include "nodes/NodeKeys.h"
 #include "nodes/NodePosition.h"
@@ -17,24 +18,6 @@
 namespace Tesselor {
 
 namespace {
-
-/// Keys of the editor that no schema sees, whatever it lists.
-bool IsSkipped(std::string_view key) {
-  if (key == Keys::FormerFloatingNodes) return true;
-  return key.starts_with('$') && key != Keys::Key && key != Keys::Value;
-}
-
-/// The key of the schema behind a key of the file: of a pair of field and pin, the one that the value fits.
-std::string ResolveSchemaKey(const NodeBlueprint& blueprint, const char* key, const cJSON* value) {
-  std::string result = key;
-  const std::string asField = result + "$Ref";
-  const std::string asPin = result + "$Pin";
-  if (blueprint.schema.Contains(asField)) result = asField;
-  const bool fitsPin =
-      cJSON_IsObject(value) || (cJSON_IsArray(value) && (!value->child || cJSON_IsObject(value->child)));
-  if (fitsPin && blueprint.pinSchema.Contains(asPin)) result = asPin;
-  return result;
-}
 
 void ReadField(const ContentNode& node, const cJSON* json, const char* key, const std::string& fieldId) {
   if (std::string_view(key) == Keys::Value) {
@@ -104,7 +87,7 @@ void NodeReader::ReadBody(ContentNode& node, const cJSON* json) {
 
 void NodeReader::ReadMember(ContentNode& node, const cJSON* json, const cJSON* member) {
   const char* key = member->string;
-  if (IsSkipped(key)) return;
+  if (IsEditorKey(key)) return;
   const NodeBlueprint& blueprint = node.Blueprint();
   const std::string schemaKey = ResolveSchemaKey(blueprint, key, member);
   const std::string* fieldId = blueprint.schema.Find(schemaKey);

@@ -5,6 +5,7 @@
 #include "document/DocumentPrint.h"
 #include "document/LossReport.h"
 #include "document/NodeImporterExporter.h"
+#include "document/NodeShapes.h"
 #include "fields/FieldRawJson.h"
 #include "nodes/GenericContentNode.h"
 #include "nodes/NodeKeys.h"
@@ -156,9 +157,10 @@ TEST_F(KeptContent, ComesBackWholeOnceABrokenSchemaIsRepaired) {
     EXPECT_TRUE(Import(json));
     return Export();
   };
+  const auto shapes = [this] { return NodeShapes(*workspace->nodeDictionary); };
   const std::string intact = part(head, text, text, number);
   const std::string saved = save(intact, file);
-  ASSERT_TRUE(FindLosses(*ParseJson(Quoted(file)).json, *ParseJson(saved).json).empty()) << saved;
+  ASSERT_TRUE(FindLosses(*ParseJson(Quoted(file)).json, *ParseJson(saved).json, shapes()).empty()) << saved;
   const struct {
     const char* what;
     std::string schema;
@@ -177,7 +179,8 @@ TEST_F(KeptContent, ComesBackWholeOnceABrokenSchemaIsRepaired) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     const std::string broken = save(c.schema, saved, c.root);
-    for (const Loss& loss : FindLosses(*ParseJson(saved).json, *ParseJson(broken).json)) ADD_FAILURE() << loss.Line();
+    for (const Loss& loss : FindLosses(*ParseJson(saved).json, *ParseJson(broken).json, shapes()))
+      ADD_FAILURE() << loss.Line();
     EXPECT_EQ(save(c.schema, broken, c.root), broken);
     EXPECT_EQ(save(intact, broken), saved);
   }

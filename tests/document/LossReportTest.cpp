@@ -76,6 +76,20 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "$.big.a[0]: was 9007199254740993 becomes 9.00719925474099e+15\n"
        "$.big.b: was 9007199254740992 becomes 9.00719925474099e+15\n"
        "$.big.c: was 0.1234567890123456789 becomes 0.12345678901234568\n"},
+      {"a number beyond all doubles, and one that is nearer to zero than any", "'big':{'a':1e999,'b':[-1e-999]}",
+       "$.big.a: was 1e999 becomes null\n$.big.b[0]: was -1e-999 becomes -0\n"},
+      {"the editor's own keys among values, where they say nothing",
+       "'One':{'$NodeId':'Values-2','List':[{'$Link':true,'Children':[{'a':1}]},'x',{'$NodeId':'Item-9'}],"
+       "'Table':{'$Generic':{'x':1},'$NodeId':'Item','$Link':true,'Children':[1]},"
+       "'Object':{'x':5,'$Link':true,'$Generic':true,'$Title':'Values'}},'any':{'a':[{'$Link':true,'Children':[1,2]},3]"
+       "}",
+       "$.One.List[0]: was {'$Link': true, 'Children': [{'a': 1}]} becomes ''\n"
+       "$.One.List[2]: was {'$NodeId': 'Item-9'} becomes ''\n"
+       "$.One.Table.$Generic: was {'x': 1} becomes ''\n"
+       "$.One.Table.Children: was [1] becomes ''\n"
+       "$.One.Object.$Link: was true becomes nothing\n"
+       "$.One.Object.$Generic: was true becomes nothing\n"
+       "$.One.Object.$Title: was 'Values' becomes nothing\n"},
       {"the second of two equal keys", "'Name':'a','Name':'b'",
        "$.Name: was 'b' becomes nothing (the key stands there twice)\n"},
       {"keys that differ in case and in value", "'name':'a','Name':'b'",
@@ -86,6 +100,13 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "$.Unknown: was 'aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa… becomes "
        "nothing\n"},
       // Nodes.
+      {"a mark of generic nodes that is another",
+       "'Items':[{'$Generic':'text','a':1},{'$Generic':false},{'$Generic':true}],'any':{'$Generic':{'x':5}},'$Generic':"
+       "true",
+       "$.Items[0].$Generic: was 'text' becomes true\n"
+       "$.Items[1].$Generic: was false becomes true\n"
+       "$.any.$Generic: was {'x': 5} becomes true\n"
+       "$.$Generic: was true becomes nothing\n"},
       {"one node twice, with another content",
        "'Items':[{'$NodeId':'Item-2','One':{'$NodeId':'Item-9','Label':'a'}},{'$NodeId':'Item-3',"
        "'Items':[{'$NodeId':'Item-9','Label':'b'}]}]",
@@ -94,6 +115,59 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "'Items':[{'$NodeId':'Item-2','$Position':{'$x':0,'$y':90}},{'$NodeId':'Item-3',"
        "'$Position':{'$x':0,'$y':10}}]",
        "$.Items: was elements in their order becomes the order 1, 0\n"},
+      {"another order of nodes that say nothing else, and where they were placed",
+       "'Items':[{'$Position':{'$x':10,'$y':20}},{'Label':'a','$Position':{'$x':10,'$y':-20}},{'$Link':true,'Children':"
+       "["
+       "{'$NodeId':'Item'}]}]",
+       "$.Items: was elements in their order becomes the order 1, 2, 0\n"},
+      {"two arrays under one key, of which both are read",
+       "'Items':[{'Label':'a','x':1}],'Items':[{'Label':'b','y':2}]",
+       "$.Items[0].x: was 1 becomes nothing\n"
+       "$.Items[0].y: was 2 becomes nothing\n"},
+      {"what a pass-through node has beside its children, and one that has none",
+       "'Items':[{'$Link':true,'$Position':{'$x':3.9,'$y':-4},'$Title':'t','$NodeId':'Link','Note':'keep','X':[1],'Y':"
+       "null,'$Odd':5,"
+       "'$Comment':'c','Obj':{'a':1},'Children':[{'$NodeId':'Item','Label':'b'}]},{'$Link':true,'Note':1,'Children':[]}"
+       ","
+       "{'$Link':true,'Children':{'b':1}},{'$Link':true,'Children':'text','$Position':{'$x':50,'y':1}}]",
+       "$.Items[0].Note: was 'keep' becomes nothing\n"
+       "$.Items[0].X: was [1] becomes nothing\n"
+       "$.Items[0].Y: was null becomes nothing\n"
+       "$.Items[0].$Odd: was 5 becomes nothing\n"
+       "$.Items[0].$Comment: was 'c' becomes nothing\n"
+       "$.Items[0].Obj: was {'a': 1} becomes a node without that key\n"
+       "$.Items[1].Note: was 1 becomes nothing\n"
+       "$.Items[2].Children: was {'b': 1} becomes a node without that key\n"
+       "$.Items[3].Children: was 'text' becomes nothing\n"},
+      {"raw JSON of which a load can't tell behind which pass-through node it stands",
+       "'Items':[{'$NodeId':'Item-2','Items':[{'$Link':true,'Children':[{'a':1}]},{'$Generic':true}]},{'$Link':true,"
+       "'Children':[{'a':1}]},{'$Link':true,'Children':[{'b':1}]}],'One':{'$Link':true,'Children':[{'a':1},{'b':2}]},"
+       "'Pair':{'$Link':true,'Children':[{'$Link':true,'Children':[{'a':1}]},{'a':2}]}",
+       "$.One.Children[1]: was {'b': 2} moves to $FloatingNodes\n"
+       "$.Pair.Children[1]: was {'a': 2} moves to $FloatingNodes\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"
+       "$: was connections of 'Link' to nodes without identity becomes none after the next load\n"},
+      {"pass-through nodes of one pin that name raw JSON, of which a load couldn't tell",
+       "'Items':[{'$Generic':true,'a':1},{'$Generic':true,'b':1}],'$Links':{'L':{'inputConnections':['Doc-1:items'],"
+       "'outputConnections':['Generic-7:Generic'],'sourceEndpoint':'Doc-1:items'},'M':{'inputConnections':['Doc-1:"
+       "items'],"
+       "'outputConnections':['Generic-8:Generic','Generic-9:Generic'],'sourceEndpoint':'Doc-1:items'}}",
+       "$.$Links.L.outputConnections[0]: was 'Generic-7:Generic' becomes nothing\n"
+       "$.$Links.M.outputConnections[0]: was 'Generic-8:Generic' becomes nothing\n"
+       "$.$Links.M.outputConnections[1]: was 'Generic-9:Generic' becomes nothing\n"},
+      {"a pass-through node that names several on a pin for one, of which the first is known",
+       "'One':{'$Generic':true,'a':1},'$FloatingNodes':[{'$Generic':true,'b':2}],'$Links':{'L':{'inputConnections':['"
+       "Doc-1:"
+       "one'],'outputConnections':['Generic-7:Generic','Generic-8:Generic'],'sourceEndpoint':'Doc-1:one'}}",
+       "$.$Links.L.outputConnections[1]: was 'Generic-8:Generic' becomes nothing\n"},
+      {"nodes behind a pass-through node of a map",
+       "'Map':{'z':{'$NodeId':'Item'},'k':{'$Link':true,'n':1,'Children':[{'$NodeId':'Item','Label':'a'}]}}",
+       "$.Map.k.n: was 1 becomes nothing\n"
+       "$.Map.k.Children[0]: was {'$NodeId': 'Item', 'Label': 'a'} becomes the member Item\n"},
       {"what moves to the floating nodes, and what it loses there",
        "'Items':[{'$NodeId':'Item-2'},{'$NodeId':'Property-3','x':5},{'$NodeId':'Item-4'}]",
        "$.Items[1]: was {'$NodeId': 'Property-3', 'x': 5} moves to $FloatingNodes\n"
@@ -123,12 +197,25 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "$.One.Children[1]: was {'$NodeId': 'Item-3', 'Label': 'b', 'x': 1} moves to $FloatingNodes\n"
        "$.One.Children[1].$NodeId: was 'Item-3' becomes 'Item-<new>'\n"
        "$.One.Children[1].x: was 1 becomes nothing\n"
-       "$.Pair: was {'$Link': true, 'a': 1} becomes nothing\n"},
+       "$.Pair.a: was 1 becomes nothing\n"},
       // The editor's own data.
       {"a title of the wrong type, and a place that is overruled",
        "'One':{'$NodeId':'Item-2','$Title':5,'$Position':{'$x':50,'$y':7}},"
        "'$Nodes':{'Item-2':{'$Position':{'$x':'far','$y':7},'$Title':'t'}}",
-       "$.One.$Title: was 5 becomes nothing\n$.One.$Position: was {'$x': 50, '$y': 7} becomes nothing\n"},
+       "$.One.$Title: was 5 becomes nothing\n$.One.$Position: was {'$x': 50, '$y': 7} becomes nothing\n"
+       "$.$Nodes['Item-2'].$Position.$x: was 'far' becomes 0\n"},
+      {"places that are none, and what they have beside the coordinates",
+       "'$Position':{'$x':'a','note':5,'empty':{}},'One':{'$Position':'x'},'$Groups':[{'$Position':{'$x':1,'$y':2,'$z':"
+       "3}}]",
+       "$.$Position.$x: was 'a' becomes 0\n"
+       "$.$Position.note: was 5 becomes nothing\n"
+       "$.One.$Position: was 'x' becomes nothing\n"
+       "$.$Groups[0].$Position.$z: was 3 becomes nothing\n"},
+      {"what the metadata say of nodes that aren't there",
+       "'$Nodes':{'Item-9':{'$Title':'lost','$Position':{'$x':1,'$y':1}},'Item':{'$Extra':1},'Doc-9':{'$Title':'[ROOT] "
+       "Doc'}}",
+       "$.$Nodes['Item-9'].$Title: was 'lost' becomes nothing\n"
+       "$.$Nodes.Item.$Extra: was 1 becomes nothing\n"},
       {"unknown members of the metadata",
        "'$NodeEditorMetadata':{'$Nodes':{'Doc-1':{'$Extra':1}},'$Links':[1],'$Other':{}}",
        "$.$NodeEditorMetadata.$Nodes['Doc-1'].$Extra: was 1 becomes nothing\n"
@@ -226,6 +313,11 @@ TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
        "{'$FloatingNodes':[{'$NodeId':'Item-2','Label':'l'},{'$NodeId':'Item-3','Items':[{'$NodeId':'Item-2'}]}]}"},
       {"places of nodes that aren't there, and the root that was chosen",
        "{'$NodeEditorMetadata':{'$Nodes':{'Item-9':{'$Position':{'$x':1,'$y':1}},'Item':5},'$WorkspaceID':'Other'}}"},
+      {"one node behind several pins, each with its place",
+       "{'$NodeId':'Doc-1','One':{'$NodeId':'Item-2'},'Pair':{'$NodeId':'Item-2'},'$FloatingNodes':[{'$NodeId':'Item-2'"
+       "}],"
+       "'$Nodes':{'Item-2':{'$Position':{'$x':1,'$y':1}},'Item-2':{'$Position':{'$x':20,'$y':2}},"
+       "'Item-2':{'$Position':{'$x':300,'$y':3}}}}"},
       {"fractions of frames",
        "{'$Groups':[{'$Position':{'$x':0.1,'$y':0.2},'$width':300.1,'$height':200,'$name':''}]}"},
       {"raw JSON with equal keys, in which nothing is lost", "{'any':{'a':1,'a':2,'in':{'$Position':{'$x':1}}}}"},
@@ -236,6 +328,36 @@ TEST_F(LossReport, IsSilentOnWhatASaveKeeps) {
       workspace->ExportDefaults = writesDefaults;
       EXPECT_EQ(Lines(file), "") << writesDefaults;
     }
+  }
+}
+
+TEST_F(LossReport, FindsNoneInWhatASaveHasWritten) {
+  AddSchema("{'id':'File','title':'File','color':'red','isreference':true,'filerefkey':'Ref','filerefvalue':'Id',"
+            "'modifykey':'Changes','inputs':[{'id':'in','Type':'T','color':'red'}]}");
+  AddSchema(
+      "{'id':'Files','title':'Files','color':'red','inputs':[{'id':'in','Type':'T','color':'red'}],'outputs':[{"
+      "'id':'files','Type':'T','color':'red','Multiple':true}],'Schema':{'Files':{'node':'File','pin':'files'}}}");
+  const std::pair<const char*, const char*> cases[] = {
+      {"one node behind several pins, in the tree and floating, each with its place",
+       "{'$NodeId':'Doc-1','Pair':{'$NodeId':'Item-2','$Position':{'$x':20,'$y':2}},'One':{'$NodeId':'Item-2','Label':'"
+       "a',"
+       "'$Position':{'$x':300,'$y':3}},'$FloatingNodes':[{'$NodeId':'Item-2','$Title':'t','$Position':{'$x':4000,'$y':"
+       "4}}]}"},
+      {"raw JSON behind a pass-through node", "{'Items':[{'$NodeId':'Item'},{'$Link':true,'Children':[{'a':1},{'$"
+                                              "NodeId':'Item'},{'b':2}]},{'$NodeId':'Item-3'}]}"},
+      {"raw JSON behind several pass-through nodes, and behind a pin for one",
+       "{'Items':[{'$Link':true,'Children':[{'$Link':true,'Children':[{'a':1}]}]}],'One':{'$Link':true,'Children':[{'a'"
+       ":1}]}}"},
+      {"a reference behind a pass-through node", "{'One':{'$NodeId':'Files-2','Files':[{'$Link':true,'Children':[{'$"
+                                                 "NodeId':'File','Ref':'r','$FileName':'f'}]}]}}"},
+      {"pass-through nodes before nothing", "{'Items':[{'$Link':true},{'Label':'a'}],'One':{'$Link':true}}"},
+  };
+  for (const auto& [what, file] : cases) {
+    SCOPED_TRACE(what);
+    Losses(file);
+    const std::string saved = Export();
+    EXPECT_EQ(Lines(saved), "");
+    EXPECT_EQ(Export(), saved);
   }
 }
 
