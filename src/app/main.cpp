@@ -12,8 +12,8 @@
 #include <string_view>
 
 #ifdef TESSELOR_JEMALLOC
-/// Read by the allocator when it starts: huge pages, since a document's objects are many and stay. No thread of the
-/// allocator's own, and one arena, since one thread does the work.
+/// Read by the allocator when it starts: huge pages, since a document's objects are many and stay, until a window
+/// shows. No thread of the allocator's own, and one arena, since one thread does the work.
 extern "C" {
 const char* malloc_conf = "thp:always,narenas:1,background_thread:false,dirty_decay_ms:10000";
 }

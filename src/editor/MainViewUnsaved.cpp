@@ -17,6 +17,7 @@
 #include "platform/CommandLineOptions.h"
 #include "platform/EndSignals.h"
 #include "platform/FileState.h"
+#include "platform/HugePages.h"
 #include "platform/LogFile.h"
 #include "platform/MessageBoxes.h"
 #include "platform/SpareCopy.h"
@@ -254,6 +255,7 @@ void MainView::KeepWork(const std::filesystem::path& directory) {
 void MainView::OnPresented() {
   // A build server's run leaves nothing behind and answers no offer.
   if (!CommandLineOptions::Instance().saveTo.empty()) return;
+  UseSmallPages();
   if (const std::filesystem::path directory = FindStateDirectory(); !directory.empty()) KeepWork(directory);
   endSignals = std::make_unique<EndSignals>([this](int signal) {
     if (keeper) keeper->WriteNow();
