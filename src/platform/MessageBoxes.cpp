@@ -13,26 +13,19 @@ using Toolkit::MessageBox;
 using Toolkit::MessageBoxButton;
 using Toolkit::MessageBoxImage;
 
-namespace {
-
-/// Where no window asks anybody, standard error is what is read.
-void Show(std::string text, std::string caption, MessageBoxImage image) {
-  if (!MessageBox::HasPresenter()) {
-    std::string line = caption + ": " + text + "\n";
-    std::replace(line.begin(), line.end() - 1, '\n', ' ');
-    std::fputs(line.c_str(), stderr);
-  }
-  MessageBox::Show(std::move(text), std::move(caption), MessageBoxButton::OK, image);
-}
-
-} // namespace
-
 void ShowError(std::string text, std::string caption) {
-  Show(std::move(text), std::move(caption), MessageBoxImage::Error);
+  // Where no window asks anybody, standard error is what is read. What only calls for attention is told there as what a
+  // save changes.
+  if (!MessageBox::HasPresenter() && caption != AttentionCaption) {
+    std::string line = caption + ": " + text;
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    std::fprintf(stderr, "%s\n", line.c_str());
+  }
+  MessageBox::Show(std::move(text), std::move(caption), MessageBoxButton::OK, MessageBoxImage::Error);
 }
 
 void ShowWarning(std::string text, std::string caption) {
-  Show(std::move(text), std::move(caption), MessageBoxImage::Warning);
+  MessageBox::Show(std::move(text), std::move(caption), MessageBoxButton::OK, MessageBoxImage::Warning);
 }
 
 void ReportError(std::string_view logLine, std::string text, std::string caption) {

@@ -151,7 +151,7 @@ TEST_F(UnattendedRun, TellsWhatASaveLosesByItsExitCodeAndItsLines) {
     const ProgramRun run = RoundTrip("one.json", "out.json", c.options);
     EXPECT_EQ(run.exitCode, c.exitCode);
     EXPECT_EQ(Read("out.json") != "old content", c.isWritten);
-    EXPECT_NE(run.standardError.find(one + (c.isWritten ? "" : refused)), std::string::npos) << run.standardError;
+    EXPECT_TRUE(run.standardError.starts_with(one + (c.isWritten ? "" : refused))) << run.standardError;
     EXPECT_TRUE(run.Logged(one));
   }
   const ProgramRun run = RoundTrip("many.json", "out.json");
