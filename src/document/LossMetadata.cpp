@@ -134,7 +134,9 @@ void LossComparison::ComparePlace(const cJSON* place, const cJSON* written,
     const PathScope step(path, KeyOf(member));
     const cJSON* counterpart = cJSON_GetObjectItem(written, member->string);
     if (HasKey(member, Keys::Position) && ComparePosition(member, counterpart)) continue;
-    if (HasKey(member, Keys::Title) && (!counterpart || cJSON_Compare(member, counterpart, true))) continue;
+    if (counterpart && HasKey(member, Keys::Title) && cJSON_Compare(member, counterpart, true)) continue;
+    // None is written for a node that has the title of its type; what is no text is no title.
+    if (!counterpart && HasKey(member, Keys::Title) && cJSON_IsString(member)) continue;
     if (counterpart)
       Add(ShortText(member), ShortText(counterpart));
     else

@@ -204,6 +204,8 @@ TEST_F(LossReport, TellsEachValueThatASaveDropsMovesOrChanges) {
        "'$Nodes':{'Item-2':{'$Position':{'$x':'far','$y':7},'$Title':'t'}}",
        "$.One.$Title: was 5 becomes nothing\n$.One.$Position: was {'$x': 50, '$y': 7} becomes nothing\n"
        "$.$Nodes['Item-2'].$Position.$x: was 'far' becomes 0\n"},
+      {"a title in the metadata that is none", "'One':{'$NodeId':'Item-2'},'$Nodes':{'Item-2':{'$Title':5}}",
+       "$.$Nodes['Item-2'].$Title: was 5 becomes nothing\n"},
       {"places that are none, and what they have beside the coordinates",
        "'$Position':{'$x':'a','note':5,'empty':{}},'One':{'$Position':'x'},'$Groups':[{'$Position':{'$x':1,'$y':2,'$z':"
        "3}}]",
